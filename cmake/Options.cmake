@@ -1,0 +1,15 @@
+# What every room of the program is compiled with.
+add_library(frimbolate_options INTERFACE)
+target_include_directories(frimbolate_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(frimbolate_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+
+if(FRIMBOLATE_SANITIZE)
+  target_compile_options(frimbolate_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(frimbolate_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(FRIMBOLATE_COVERAGE)
+  target_compile_options(frimbolate_options INTERFACE --coverage -O0)
+  target_link_options(frimbolate_options INTERFACE --coverage)
+endif()

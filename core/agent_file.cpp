@@ -1,0 +1,140 @@
+#include "core/agent_file.h"
+
+#include "core/conversions.h"
+
+#include <array>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr std::string_view fileSuffix = ".plist";
+
+struct Interpreter {
+    std::string_view extension;
+    std::string_view program;
+};
+
+constexpr std::array<Interpreter, 6> interpreters = {{{"sh", "/bin/sh"},
+                                                      {"py", "/usr/bin/python"},
+                                                      {"rb", "/usr/bin/ruby"},
+                                                      {"pl", "/usr/bin/perl"},
+                                                      {"workflow", "/usr/bin/automator"},
+                                                      {"scpt", "/usr/bin/osascript"}}};
+
+Array programArguments(const AgentForm& form) {
+    if (form.targetType != TargetType::File)
+        return {Value("/bin/sh"), Value("-c"), Value(form.scriptText)};
+    for (const auto& [extension, program] : interpreters)
+        if (targetExtension(form.targetPath) == extension)
+            return {Value(program), Value(form.targetPath)};
+    return {Value(form.targetPath)};
+}
+
+/// The integer that a field's text begins with, times a factor, in the 32 bits that launchd gets.
+std::int32_t scaledInteger(std::string_view text, std::uint64_t factor) {
+    const auto number = static_cast<std::uint64_t>(leadingInteger(text));
+    return truncatedTo32Bits(static_cast<std::int64_t>(number * factor));
+}
+
+std::uint64_t secondsPer(int unit) {
+    return unit == IntervalUnit::Hours ? 3600 : unit == IntervalUnit::Minutes ? 60 : 1;
+}
+
+Dictionary calendarInterval(const AgentForm& form) {
+    Dictionary calendar = {{"Hour", form.scheduleTime.hour}, {"Minute", form.scheduleTime.minute}};
+    const int type = form.scheduleType;
+    if (type >= ScheduleType::EverySunday && type <= ScheduleType::EverySaturday)
+        calendar["Weekday"] = type - ScheduleType::EverySunday;
+    if (type == ScheduleType::OnceAMonth)
+        calendar["Day"] = scaledInteger(form.dayOfMonthText, 1);
+    return calendar;
+}
+
+void writeSchedule(AgentFile& file, const AgentForm& form) {
+    if (form.scheduleType <= ScheduleType::EverySaturday ||
+        form.scheduleType == ScheduleType::OnceAMonth)
+        file["StartCalendarInterval"] = calendarInterval(form);
+    else if (form.scheduleType == ScheduleType::OnInterval)
+        file["StartInterval"] = scaledInteger(form.intervalText, secondsPer(form.intervalUnit));
+    else if (form.scheduleType == ScheduleType::AtLoad)
+        file["RunAtLoad"] = true;
+}
+
+Value keepAlive(const AgentForm& form) {
+    const bool atLoad = form.scheduleType == ScheduleType::AtLoad;
+    if (atLoad && !form.allowSuccessfulExit)
+        return true;
+    Dictionary conditions;
+    if (!atLoad)
+        conditions["AfterInitialDemand"] = true;
+    if (form.allowSuccessfulExit)
+        conditions["SuccessfulExit"] = false;
+    return conditions;
+}
+
+void writeLaunchCondition(AgentFile& file, const AgentForm& form) {
+    if (form.action <= AgentAction::KeepRunning)
+        writeSchedule(file, form);
+    if (form.action == AgentAction::KeepRunning)
+        file["KeepAlive"] = keepAlive(form);
+    if (form.action == AgentAction::PathModified)
+        file["WatchPaths"] = Array{Value(form.watchPath)};
+    if (form.action == AgentAction::VolumeMounted)
+        file["StartOnMount"] = true;
+}
+
+void writeAdvancedKeys(AgentFile& file, const AgentForm& form) {
+    file["EnableGlobbing"] = form.enableGlobbing;
+    file["LowPriorityIO"] = form.priorityLevel == PriorityLevel::Low;
+    file["Nice"] = form.niceLevel;
+
+    const auto writeText = [&file](const char* key, const std::string& text) {
+        if (!text.empty())
+            file[key] = text;
+    };
+    writeText("StandardInPath", form.standardInPath);
+    writeText("StandardOutPath", form.standardOutPath);
+    writeText("StandardErrorPath", form.standardErrorPath);
+    writeText("WorkingDirectory", form.workingDirectory);
+    writeText("RootDirectory", form.rootDirectory);
+    if (!form.queueDirectory.empty())
+        file["QueueDirectories"] = Array{Value(form.queueDirectory)};
+}
+
+/// Written last, so that an additional condition replaces a main one of the same key.
+void writeAdditionalConditions(AgentFile& file, const AgentForm& form) {
+    if (form.alsoRunAtLoad)
+        file["RunAtLoad"] = true;
+    if (form.alsoRunOnVolumeMount)
+        file["StartOnMount"] = true;
+    if (form.alsoRunOnPathChange)
+        file["WatchPaths"] = Array{Value(form.alsoRunPath)};
+}
+
+} // namespace
+
+AgentFile agentFile(const AgentForm& form, std::string_view label) {
+    AgentFile file;
+    file["Label"] = label;
+    file["ProgramArguments"] = programArguments(form);
+    writeLaunchCondition(file, form);
+    writeAdvancedKeys(file, form);
+    writeAdditionalConditions(file, form);
+    return file;
+}
+
+std::string proposedFileName(std::string_view agentName) {
+    return std::string(labelPrefix).append(agentName).append(fileSuffix);
+}
+
+std::string labelForFileName(std::string_view fileName) {
+    std::string label(fileName);
+    if (const auto last = label.rfind(fileSuffix); last != std::string::npos)
+        label.erase(last, fileSuffix.size());
+    return label;
+}
+
+std::string_view targetExtension(std::string_view path) { return lastPiece(path, "."); }
+
+} // namespace frimbolate

@@ -1,0 +1,28 @@
+// The launch agent as launchd reads it: which keys the form turns into, and with what values.
+#pragma once
+
+#include "core/agent_form.h"
+#include "core/value.h"
+
+#include <string>
+#include <string_view>
+
+namespace frimbolate {
+
+/// One dictionary of launchd keys, stored as an XML property list.
+using AgentFile = Dictionary;
+
+/// The agent file for a form that passed validation. It starts from nothing, so a key of an agent
+/// that was read before survives only when the form writes it again.
+AgentFile agentFile(const AgentForm& form, std::string_view label);
+
+/// The file name that the program proposes for an agent: prefix, name as typed, ".plist".
+std::string proposedFileName(std::string_view agentName);
+
+/// The label of a file name: the name without its last ".plist", wherever that stands in it.
+std::string labelForFileName(std::string_view fileName);
+
+/// What decides the interpreter of a chosen file: all that follows the last "." of the whole path.
+std::string_view targetExtension(std::string_view path);
+
+} // namespace frimbolate

@@ -1,0 +1,57 @@
+// The few conversions of text and values that the platform defines and the rules rely on.
+#pragma once
+
+#include "core/value.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace frimbolate {
+
+/// The integer that a text begins with: blanks are skipped, then a sign and digits are taken; no
+/// digits give 0, and a number beyond 64 bits saturates at INT64_MIN or INT64_MAX.
+std::int64_t leadingInteger(std::string_view text);
+
+/// The low 32 bits of a number, as a signed number: 99999999999 gives 1215752191.
+std::int32_t truncatedTo32Bits(std::int64_t number);
+
+/// A text is true when, after blanks, a sign and zeros, it goes on with Y, y, T, t or 1 to 9.
+bool truthOfText(std::string_view text);
+
+/// The truth of a boolean, a number (not zero) or a text.
+/// \throws Failure for data, dates, arrays and dictionaries, which have none.
+bool truth(const Value& value);
+
+/// The same where it must not raise: what has no truth is not true.
+bool isTrue(const Value& value);
+
+/// The integer of a boolean, a number (fractions cut off) or a text.
+/// \throws Failure for data, dates, arrays and dictionaries, which have none.
+std::int64_t integerValue(const Value& value);
+
+/// A text as it is, or the decimal text of a number.
+/// \throws Failure for data, dates, arrays and dictionaries.
+std::string textOf(const Value& value);
+
+/// The pieces of a text between the separators; n separators give n + 1 pieces, so "" gives one
+/// empty piece and "a." gives "a" and "".
+std::vector<std::string> split(std::string_view text, std::string_view separator);
+
+/// What follows the last separator, or the whole text where there is none.
+std::string_view lastPiece(std::string_view text, std::string_view separator);
+
+/// What stands before the first separator, or the whole text where there is none.
+std::string_view firstPiece(std::string_view text, std::string_view separator);
+
+/// The text without any occurrence of a part, or with each replaced.
+std::string replacedAll(std::string_view text, std::string_view part, std::string_view by);
+inline std::string without(std::string_view text, std::string_view part) {
+    return replacedAll(text, part, "");
+}
+
+/// The file URL of an absolute path, percent-encoded: "/a b" gives "file:///a%20b".
+std::string fileUrl(std::string_view path);
+
+} // namespace frimbolate

@@ -1,0 +1,180 @@
+// Every control of the window, the drawer, the pop-over and the sheets, as plain data.
+//
+// This is the only state of the editor: rules change it, the window mirrors it, and nothing else
+// remembers anything. A member is a control and bears its outlet's name.
+#pragma once
+
+#include "core/agent_form.h"
+
+#include <set>
+#include <string>
+
+namespace frimbolate {
+
+/// The platform's check-box states. "On" is exactly 1; only the globbing box counts Mixed as on.
+namespace CheckState {
+enum : int { Mixed = -1, Off = 0, On = 1 };
+}
+
+struct TextField {
+    std::string stringValue;
+    bool hidden = false;
+};
+
+struct PopUp {
+    int selectedItem = 0; ///< item index, -1 for no selection
+    bool enabled = true;
+    bool hidden = false;
+    int width = 0; ///< points; 0 where the layout decides
+    std::set<int> disabledItems;
+};
+
+struct CheckBox {
+    int state = CheckState::Off;
+    bool enabled = true;
+};
+
+struct DatePicker {
+    LocalDateTime dateValue;
+    bool hidden = false;
+    int width = 146; ///< points
+};
+
+struct Box {
+    bool hidden = false;
+};
+
+struct Button {
+    bool hidden = false;
+    std::string toolTip;
+};
+
+struct Slider {
+    double value = 0.0;
+};
+
+/// A picture by what it is, so that the rules need no pixels: a named resource of the program, or
+/// the icon that the desktop shows for a path.
+struct Image {
+    enum class Kind { None, Resource, FileIcon };
+    Kind kind = Kind::None;
+    std::string name; ///< resource name or path
+
+    static Image none() { return {}; }
+    static Image resource(std::string name) { return {Kind::Resource, std::move(name)}; }
+    static Image iconForFile(std::string path) { return {Kind::FileIcon, std::move(path)}; }
+    friend bool operator==(const Image&, const Image&) = default;
+};
+
+struct ImageWell {
+    Image image;
+    std::string toolTip; ///< the chosen path itself lives here; empty = nothing chosen
+    bool hidden = false;
+
+    void clear() { image = Image::none(), toolTip.clear(); }
+};
+
+/// An error marker beside a row: shown by validation alone.
+struct Marker {
+    bool hidden = true;
+};
+
+struct PopOver {
+    bool shown = false;
+    bool animates = false;
+    enum class Behavior { ApplicationDefined = 0, Transient = 1 } behavior = {};
+};
+
+struct Size {
+    int width = 0;
+    int height = 0;
+    friend bool operator==(const Size&, const Size&) = default;
+};
+
+struct Drawer {
+    bool open = false;
+    int edge = 2; ///< 2 = the right edge of the window
+    Size contentSize, minContentSize, maxContentSize;
+};
+
+struct ToolbarItem {
+    /// What a click on the item does next.
+    enum class Action { openAdvancedDrawer, closeAdvancedDrawer } action = {};
+};
+
+struct Toolbar {
+    bool allowsUserCustomization = true;
+    int sizeMode = 0; ///< 0 = the platform's default, 1 = regular
+};
+
+struct MenuItem {
+    bool enabled = true;
+};
+
+struct TextView {
+    std::string string;
+    bool editable = false;
+};
+
+struct Window {
+    bool visible = false;
+};
+
+struct FormModel {
+    Window mainWindow;
+    Toolbar mainWindowToolbar;
+    ToolbarItem advancedToolbarItem;
+    MenuItem preferencesMenuItem;
+
+    // The form
+    TextField agentNameTextField;
+    PopUp agentTargetButton;
+    ImageWell agentTargetImageWell;
+    Button showPopOverScriptButton;
+    PopUp agentActionButton;
+    ImageWell agentWatchPathImageWell;
+    PopUp agentScheduleTypeButton;
+    DatePicker agentScheduleDatePicker;
+    TextField agentIntervalField;
+    PopUp agentIntervalTypeButton;
+    Box onMonthTextBox;
+    TextField onMonthTextField;
+    Marker nameErrorImageWell, targetErrorImageWell, actionErrorImageWell, scheduleErrorImageWell;
+
+    // The script pop-over
+    PopOver popoverScriptObject;
+    TextField scriptPopOverScriptField;
+    PopUp scriptPopOverLanguageButton;
+
+    // The advanced drawer
+    Drawer advancedDrawer;
+    PopUp priorityLevelButton;
+    Slider niceLevelSlider;
+    TextField niceLevelTextField;
+    TextField standardInPathField, standardOutPathField, standardErrorPathField;
+    TextField workingDirectoryField, rootDirectoryField, queueDirectoryField;
+    CheckBox enableGlobbingCheckbox;
+    CheckBox alsoRunAtLoadCheckbox, alsoRunVolumeCheckbox, alsoRunPathChangeCheckbox;
+    ImageWell alsoRunPathChangeImageWell;
+    CheckBox allowSuccessfulExitCheckbox;
+
+    // The tips
+    Button agentNameTipButton, agentTargetTipButton, agentActionTipButton, agentScheduleTipButton;
+    Button advancedDrawerTipButton;
+
+    // The welcome sheet
+    CheckBox showWelcomeCheckbox{CheckState::On};
+
+    // The preferences sheet
+    CheckBox showWelcomeWindowCheckbox, autoCopyScriptCheckbox, warnSuccessfulExitCheckbox;
+    PopUp globalGlobbingCheckbox, globalPriorityCheckbox;
+
+    // The command sheet
+    TextView actionScriptTextView;
+    CheckBox autoCopyScriptsCheckbox2;
+};
+
+/// The record of the agent that the controls show now.
+AgentForm agentForm(const FormModel& model);
+
+} // namespace frimbolate

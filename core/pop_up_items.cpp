@@ -1,0 +1,54 @@
+#include "core/pop_up_items.h"
+
+namespace frimbolate {
+
+namespace {
+
+constexpr PopUpItem separator{"", PopUpItem::Kind::Separator};
+
+constexpr PopUpItem targets[] = {
+    {"None"}, separator, {"Application or script\u2026"}, {"New script\u2026"}};
+
+constexpr PopUpItem actions[] = {{"Choose\u2026"},
+                                 separator,
+                                 {"Launch on schedule"},
+                                 {"Launch on schedule and keep alive"},
+                                 {"Launch when a path is modified\u2026"},
+                                 {"Launch when a volume is mounted"}};
+
+constexpr PopUpItem schedules[] = {{"Every Day"},      separator,         {"Every Sunday"},
+                                   {"Every Monday"},   {"Every Tuesday"}, {"Every Wednesday"},
+                                   {"Every Thursday"}, {"Every Friday"},  {"Every Saturday"},
+                                   separator,          {"Once a Month"},  separator,
+                                   {"On Login/Load"},  separator,         {"On Interval"}};
+
+constexpr PopUpItem units[] = {{"seconds"}, {"minutes"}, {"hours"}};
+
+constexpr PopUpItem priorities[] = {{"Low"}, {"Normal"}};
+
+// A typed script always runs under /bin/sh, so no other language is offered.
+constexpr PopUpItem languages[] = {{"Shell (/bin/sh)"}};
+
+constexpr PopUpItem globbing[] = {{"Expand wildcards"}, {"Leave wildcards as they are"}};
+
+constexpr PopUpItem defaultPriorities[] = {{"Normal"}, {"Low"}};
+
+} // namespace
+
+std::span<const PopUpItem> agentTargetItems() { return targets; }
+std::span<const PopUpItem> agentActionItems() { return actions; }
+std::span<const PopUpItem> agentScheduleTypeItems() { return schedules; }
+std::span<const PopUpItem> agentIntervalTypeItems() { return units; }
+std::span<const PopUpItem> priorityLevelItems() { return priorities; }
+std::span<const PopUpItem> scriptLanguageItems() { return languages; }
+std::span<const PopUpItem> globalGlobbingItems() { return globbing; }
+std::span<const PopUpItem> globalPriorityItems() { return defaultPriorities; }
+
+int itemWithTitle(std::span<const PopUpItem> items, std::string_view title) {
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (items[i].kind == PopUpItem::Kind::Choice && items[i].title == title)
+            return static_cast<int>(i);
+    return -1;
+}
+
+} // namespace frimbolate
