@@ -1,0 +1,271 @@
+#include "core/agent_reader.h"
+
+#include "core/conversions.h"
+#include "core/failure.h"
+#include "core/pop_up_items.h"
+
+#include <array>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr int normalScheduleWidth = 160;
+constexpr int wideScheduleWidth = 311;
+constexpr int normalDatePickerWidth = 146;
+constexpr int narrowDatePickerWidth = 90;
+
+/// launchd counts Sunday as 0 or 7.
+constexpr std::array<std::string_view, 8> weekdayTitles = {
+    "Every Sunday",   "Every Monday", "Every Tuesday",  "Every Wednesday",
+    "Every Thursday", "Every Friday", "Every Saturday", "Every Sunday"};
+
+std::int64_t integerOrZero(const Value* value) { return value ? integerValue(*value) : 0; }
+
+/// The time of day that hours and minutes make, also beyond their usual bounds.
+LocalDateTime timeOfDay(std::int64_t hour, std::int64_t minute) {
+    constexpr std::int64_t minutesPerDay = 24 * 60;
+    const auto minutes = (hour % 24) * 60 + minute % minutesPerDay;
+    const auto inDay = ((minutes % minutesPerDay) + minutesPerDay) % minutesPerDay;
+    LocalDateTime time;
+    time.hour = static_cast<int>(inDay / 60);
+    time.minute = static_cast<int>(inDay % 60);
+    return time;
+}
+
+/// The last element of an array, nullptr when it is empty; raises when it is no array.
+const Value* lastElement(const Value& array) {
+    const auto& elements = array.asArray();
+    return elements.empty() ? nullptr : &elements.back();
+}
+
+std::string textOrEmpty(const Value* text) { return text ? text->asString() : std::string(); }
+
+} // namespace
+
+AgentOrigin agentOrigin(std::string_view path) {
+    if (path.find(earlierLabelPrefix) != std::string_view::npos)
+        return AgentOrigin::EarlierVersion;
+    if (path.find(labelPrefix) != std::string_view::npos)
+        return AgentOrigin::Own;
+    return AgentOrigin::Foreign;
+}
+
+std::string bareAgentName(std::string_view labelOrFileName) {
+    const auto withoutPrefix = without(labelOrFileName, labelPrefix);
+    return without(without(withoutPrefix, earlierLabelPrefix), ".plist");
+}
+
+void AgentReader::read(const AgentFile& file) {
+    readName(file);
+    readTarget(file);
+    readAction(file);
+    readRunAtLoad(file);
+    readSchedule(file);
+    lookForAdvancedKeys(file);
+    editor_.log("Completed evaluating primary keys for editing");
+}
+
+void AgentReader::readName(const AgentFile& file) {
+    const Value* label = find(file, "Label");
+    if (!label)
+        throw Failure("Missing value", "The agent has no label");
+    editor_.form().agentNameTextField.stringValue = bareAgentName(label->asString());
+}
+
+void AgentReader::readTarget(const AgentFile& file) {
+    constexpr std::size_t typedScriptArguments = 3;
+    auto& form = editor_.form();
+    const Value none{Array{}};
+    const Value* found = find(file, "ProgramArguments");
+    const Value& arguments = found ? *found : none;
+    const auto showFile = [&](const std::string& path) {
+        editor_.evaluateScriptExtension(path);
+        form.agentTargetButton.selectedItem = TargetType::File;
+    };
+    try {
+        const auto last = textOrEmpty(lastElement(arguments));
+        if (arguments.array()->size() != typedScriptArguments) {
+            showFile(last);
+            return;
+        }
+        form.agentTargetButton.selectedItem = TargetType::Script;
+        form.scriptPopOverScriptField.stringValue = last;
+        form.showPopOverScriptButton.hidden = false;
+        editor_.showPopOverScript();
+        return;
+    } catch (const Failure&) {
+    }
+    if (const auto* path = arguments.string()) {
+        showFile(*path);
+        return;
+    }
+    editor_.log("ProgramArguments key could not be read or key contained unexpected content.");
+    editor_.showAlertThatResets("This launch agent could not be read.",
+                                "An error occurred while reading some key values.");
+    editor_.createNewAgent();
+}
+
+void AgentReader::readAction(const AgentFile& file) {
+    auto& form = editor_.form();
+    const Value* keepAlive = find(file, "KeepAlive");
+    if (!keepAlive) {
+        form.agentActionButton.selectedItem = AgentAction::OnSchedule;
+        return;
+    }
+    auto& box = form.allowSuccessfulExitCheckbox;
+    form.agentActionButton.selectedItem = AgentAction::KeepRunning;
+    box.enabled = true;
+    if (const auto* conditions = keepAlive->dictionary()) {
+        editor_.log("KeepAlive key is dictionary");
+        const Value* successfulExit = find(*conditions, "SuccessfulExit");
+        editor_.log("SuccessfulExit key value is: " + description(successfulExit));
+        if (successfulExit && !truth(*successfulExit)) {
+            box.state = CheckState::On;
+            editor_.openAdvancedDrawer();
+        }
+    } else if (isTrue(*keepAlive)) {
+        editor_.log("KeepAlive key is bool, key is true and does not allow successful exit");
+        box.state = CheckState::Off;
+    } else {
+        editor_.log("KeepAlive key does not exist or has unexpected value");
+        box.enabled = false;
+    }
+}
+
+void AgentReader::readRunAtLoad(const AgentFile& file) {
+    if (find(file, "RunAtLoad")) // whatever its value
+        selectAtLoad();
+}
+
+void AgentReader::readSchedule(const AgentFile& file) {
+    const Value* interval = find(file, "StartInterval");
+    if (interval && !interval->dictionary()) {
+        readInterval(file);
+        return;
+    }
+    try {
+        readCalendar(file);
+    } catch (const Failure&) {
+        // Never told: what cannot be read as a calendar is read as an interval.
+        readInterval(file);
+    }
+}
+
+void AgentReader::readCalendar(const AgentFile& file) {
+    static const Dictionary none;
+    auto& form = editor_.form();
+    const Value* value = find(file, "StartCalendarInterval");
+    const Dictionary& calendar = value ? value->asDictionary() : none;
+    const Value* hour = find(calendar, "Hour");
+    const Value* minute = find(calendar, "Minute");
+    const Value* day = find(calendar, "Day");
+
+    form.agentIntervalField.hidden = true;
+    form.agentScheduleDatePicker.width = normalDatePickerWidth;
+    editor_.log("Agent Hour key is: " + description(hour));
+    editor_.log("Agent Minute key is: " + description(minute));
+    form.agentScheduleDatePicker.dateValue = timeOfDay(integerOrZero(hour), integerOrZero(minute));
+
+    if (calendar.empty()) {
+        readOnDemand(file);
+    } else if (calendar.size() == 2) {
+        editor_.log("Agent runs on every day on a schedule");
+        selectScheduleTitled("Every Day");
+        form.agentScheduleDatePicker.hidden = false;
+        form.onMonthTextBox.hidden = true;
+        form.agentScheduleTypeButton.width = normalScheduleWidth;
+    } else if (calendar.size() == 3) {
+        editor_.log("Agent runs on a specific day - or monthly - on a schedule");
+        if (day)
+            readDayOfMonth(*day);
+        else
+            readWeekday(find(calendar, "Weekday"));
+    }
+}
+
+void AgentReader::readDayOfMonth(const Value& day) {
+    auto& form = editor_.form();
+    editor_.log("Agent runs once a month " + description(day));
+    form.agentIntervalField.hidden = true;
+    form.onMonthTextField.stringValue = textOf(day);
+    form.agentScheduleDatePicker.width = narrowDatePickerWidth;
+    selectScheduleTitled("Once a Month");
+    form.agentScheduleDatePicker.hidden = false;
+    form.onMonthTextBox.hidden = false;
+    form.agentScheduleTypeButton.width = normalScheduleWidth;
+}
+
+void AgentReader::readWeekday(const Value* weekday) {
+    auto& form = editor_.form();
+    editor_.log("Agent runs once a week on day : " + description(weekday));
+    const auto number = integerOrZero(weekday);
+    if (number >= 0 && number < static_cast<std::int64_t>(weekdayTitles.size()))
+        selectScheduleTitled(weekdayTitles[static_cast<std::size_t>(number)]);
+    form.agentScheduleTypeButton.width = normalScheduleWidth;
+    form.agentScheduleDatePicker.hidden = false;
+}
+
+void AgentReader::readOnDemand(const AgentFile& file) {
+    auto& form = editor_.form();
+    const Value* interval = find(file, "StartInterval");
+    const bool oddInterval = interval && interval->dictionary() && !interval->dictionary()->empty();
+    if (oddInterval || form.agentScheduleTypeButton.selectedItem == ScheduleType::AtLoad)
+        return;
+    editor_.log("Agent has no schedule and runs on demand instead.");
+    if (const Value* paths = find(file, "WatchPaths")) {
+        const Value* last = lastElement(*paths);
+        editor_.log("Agent contains a WatchPath key: " + description(last));
+        leaveScheduleToTrigger(AgentAction::PathModified);
+        showPath(form.agentWatchPathImageWell, last);
+    } else if (const Value* mount = find(file, "StartOnMount"); mount && *mount != Value("")) {
+        editor_.log("Agent contains StartOnMount key: " + description(mount));
+        leaveScheduleToTrigger(AgentAction::VolumeMounted);
+    } else {
+        selectAtLoad();
+    }
+}
+
+void AgentReader::readInterval(const AgentFile& file) {
+    auto& form = editor_.form();
+    editor_.log("Agent runs on interval");
+    form.agentScheduleDatePicker.hidden = true;
+    form.agentIntervalTypeButton.hidden = false;
+    form.agentIntervalField.hidden = false;
+    form.onMonthTextBox.hidden = true;
+    form.agentScheduleTypeButton.width = normalScheduleWidth;
+    const Value* seconds = find(file, "StartInterval");
+    form.agentIntervalField.stringValue = seconds ? description(*seconds) : std::string();
+    selectScheduleTitled("On Interval");
+}
+
+void AgentReader::selectAtLoad() {
+    auto& form = editor_.form();
+    form.agentScheduleTypeButton.selectedItem = ScheduleType::AtLoad;
+    form.agentScheduleDatePicker.hidden = true;
+    form.alsoRunAtLoadCheckbox.state = CheckState::Off;
+    form.alsoRunAtLoadCheckbox.enabled = false;
+    form.agentScheduleTypeButton.width = wideScheduleWidth;
+}
+
+void AgentReader::selectScheduleTitled(std::string_view title) {
+    editor_.form().agentScheduleTypeButton.selectedItem =
+        itemWithTitle(agentScheduleTypeItems(), title);
+}
+
+void AgentReader::leaveScheduleToTrigger(int action) {
+    auto& form = editor_.form();
+    form.agentScheduleTypeButton.selectedItem = ScheduleType::NoSelection;
+    form.agentScheduleTypeButton.enabled = false;
+    form.agentScheduleDatePicker.hidden = true;
+    form.agentScheduleTypeButton.width = wideScheduleWidth;
+    form.agentActionButton.selectedItem = action;
+}
+
+void AgentReader::showPath(ImageWell& well, const Value* path) {
+    well.toolTip = textOrEmpty(path);
+    well.image = Image::iconForFile(well.toolTip);
+    well.hidden = false;
+}
+
+} // namespace frimbolate

@@ -1,0 +1,80 @@
+// Turns an agent file back into the form: the lenient inverse of the writer.
+#pragma once
+
+#include "core/agent_file.h"
+#include "core/form_model.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace frimbolate {
+
+/// What the reader asks of the editor, so that it stays free of any window.
+class ReaderEditor {
+  public:
+    virtual ~ReaderEditor() = default;
+    virtual FormModel& form() = 0;
+    virtual void log(const std::string& line) = 0;
+    /// Resets the form to a new agent.
+    virtual void createNewAgent() = 0;
+    virtual void openAdvancedDrawer() = 0;
+    virtual void showPopOverScript() = 0;
+    /// Shows the icon of a stored target and records its path.
+    virtual void evaluateScriptExtension(const std::string& path) = 0;
+    /// Shows an alert with one button, whose closing resets the form.
+    virtual void showAlertThatResets(const std::string& message, const std::string& text) = 0;
+    virtual std::optional<Value> preference(std::string_view key) = 0;
+};
+
+/// Where an agent file comes from, told by its path alone.
+enum class AgentOrigin { Foreign, Own, EarlierVersion };
+AgentOrigin agentOrigin(std::string_view path);
+
+/// An agent's name: its label, or file name, without either prefix and without ".plist".
+std::string bareAgentName(std::string_view labelOrFileName);
+
+class AgentReader {
+  public:
+    explicit AgentReader(ReaderEditor& editor) : editor_(editor) {}
+
+    /// Fills the form from the file, group by group; a group that fails costs an alert or a
+    /// fall-back, not the reading.
+    /// \throws Failure when something outside the guarded groups fails.
+    void read(const AgentFile& file);
+    /// The keys of the advanced drawer alone; opens the drawer where they differ from a new agent.
+    void lookForAdvancedKeys(const AgentFile& file);
+
+  private:
+    /// A key that holds one text, and the field that shows it.
+    struct TextKey {
+        const char* key;
+        TextField FormModel::*field;
+    };
+
+    void readName(const AgentFile& file);
+    void readTarget(const AgentFile& file);
+    void readAction(const AgentFile& file);
+    void readRunAtLoad(const AgentFile& file);
+    void readSchedule(const AgentFile& file);
+    void readCalendar(const AgentFile& file);
+    void readDayOfMonth(const Value& day);
+    void readWeekday(const Value* weekday);
+    void readOnDemand(const AgentFile& file);
+    void readInterval(const AgentFile& file);
+    void readGlobbing(const AgentFile& file);
+    void readPriority(const AgentFile& file);
+    void readNice(const AgentFile& file);
+    void readTexts(const AgentFile& file, std::span<const TextKey> keys);
+    void readQueue(const AgentFile& file);
+    void readAdditionalConditions(const AgentFile& file);
+    void showPath(ImageWell& well, const Value* path);
+    void selectAtLoad();
+    void selectScheduleTitled(std::string_view title);
+    void leaveScheduleToTrigger(int action);
+
+    ReaderEditor& editor_;
+};
+
+} // namespace frimbolate

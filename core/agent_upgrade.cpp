@@ -1,0 +1,16 @@
+#include "core/agent_upgrade.h"
+
+#include "core/agent_form.h"
+#include "core/agent_reader.h"
+#include "core/conversions.h"
+
+namespace frimbolate {
+
+UpgradedNames upgradedNames(std::string_view oldPath) {
+    // Everywhere in the path, not only in the file name.
+    const auto path = replacedAll(oldPath, "fr\u0131mbolate", "frimbolate");
+    const std::string fileName(lastPiece(path, "/"));
+    return {fileName, std::string(labelPrefix) + bareAgentName(fileName)};
+}
+
+} // namespace frimbolate
