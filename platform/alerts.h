@@ -1,0 +1,41 @@
+// Questions and messages, shown as sheets on the main window.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace frimbolate {
+
+/// The answers of an alert: 1000 for its first button, and on from there.
+namespace AlertAnswer {
+enum : int { First = 1000, Second = 1001, Third = 1002 };
+}
+
+/// An alert in the warning style, the only one that the program uses.
+struct SheetAlert {
+    std::string messageText;
+    std::string informativeText;
+    std::vector<std::string> buttons = {"Ok"}; ///< one to three; the first is the default
+    bool showsSuppressionButton = false;       ///< "Do not show this message again", off at first
+};
+
+struct AlertOutcome {
+    int answer = AlertAnswer::First;
+    int suppressionState = 0; ///< state of the suppression check box: 0 off, 1 on
+};
+
+class Alerts {
+  public:
+    using Completion = std::function<void(AlertOutcome)>;
+
+    virtual ~Alerts() = default;
+    /// Returns at once. The completion runs exactly once, later, when the alert has left the
+    /// screen. An alert asked for while another sheet is up is shown after it.
+    virtual void show(const SheetAlert& alert, Completion completion) = 0;
+    void show(const SheetAlert& alert) {
+        show(alert, [](AlertOutcome) {});
+    }
+};
+
+} // namespace frimbolate
