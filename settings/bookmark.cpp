@@ -1,0 +1,149 @@
+#include "settings/bookmark.h"
+
+#include "core/conversions.h"
+#include "core/failure.h"
+#include "settings/preferences.h"
+
+namespace frimbolate {
+
+namespace {
+
+std::optional<Data> storedBookmark(Services& services) {
+    const auto value = services.defaults.object(PreferenceKey::bookmark);
+    return value && value->data() ? std::optional(*value->data()) : std::nullopt;
+}
+
+/// The granted folder, or nothing when there is no bookmark or it leads nowhere.
+std::optional<std::string> grantedFolder(Services& services) {
+    const auto bookmark = storedBookmark(services);
+    return bookmark ? services.folderAccess.resolve(*bookmark) : std::nullopt;
+}
+
+std::string libraryOf(const std::string& userName) { return "/Users/" + userName + "/Library/"; }
+
+OpenPanel grantPanel(const std::string& folder) {
+    OpenPanel panel;
+    panel.canChooseFiles = false;
+    panel.canChooseDirectories = true;
+    panel.canCreateDirectories = true;
+    panel.prompt = "Choose";
+    panel.message =
+        "Frimbolate needs access to your LaunchAgents folder. Please select it and click "
+        "\"Choose.\" \n"
+        "\n"
+        "Selecting a folder other than your LaunchAgents folder (~/Library/LaunchAgents)\n"
+        " will prevent your launch agents from running as expected.\n"
+        "\n"
+        " If a LaunchAgents folder does not exist, you must create one with the exact name "
+        "LaunchAgents (no space).";
+    panel.directory = folder;
+    return panel;
+}
+
+std::string responseLine(int answer) {
+    return "Must choose LaunchAgents folder response: " + std::to_string(answer);
+}
+
+} // namespace
+
+std::optional<std::string> FolderGrant::open() {
+    const auto folder = grantedFolder(services_);
+    services_.folderAccess.begin(folder);
+    return folder;
+}
+
+void FolderGrant::close(const std::optional<std::string>& folder) {
+    services_.folderAccess.end(folder);
+}
+
+void BookmarkClass::startAccessingBookmark() {
+    try {
+        const auto bookmark = storedBookmark(services_);
+        if (!bookmark)
+            throw Failure("Bookmark not found", "Key Not Found in Plist");
+        // What the bookmark leads to is not examined: access to nothing is begun and logged too.
+        services_.folderAccess.begin(services_.folderAccess.resolve(*bookmark));
+        services_.log.line("Found bookmark: " + description(*bookmark));
+    } catch (const Failure&) {
+        services_.log.line("ERROR WITH ACCESSING BOOKMARK");
+        scopeABookmarkWithWindow();
+    }
+}
+
+void BookmarkClass::scopeABookmarkWithWindow() {
+    const auto library = libraryOf(services_.workspace.userName());
+    services_.log.line("Path to Library: " + library);
+    services_.filePanels.open(grantPanel(library), lifetime_.whileAlive([this](const auto& folder) {
+        folderChosen(folder);
+    }));
+}
+
+void BookmarkClass::folderChosen(const std::optional<std::string>& folder) {
+    if (!folder) {
+        askAgainAfterCancel();
+        return;
+    }
+    // Compared with the URL's text as it stands: a name that needs percent-encoding never matches.
+    const auto url = fileUrl(*folder);
+    const auto expected = libraryOf(services_.workspace.userName()) + "LaunchAgents";
+    if (url.find(expected) == std::string::npos) {
+        services_.log.line("Chosen LaunchAgents path does not match expected path:\n" + url + "\n" +
+                           expected);
+        askAgainAfterMismatch(*folder);
+        return;
+    }
+    services_.log.line("Chosen LaunchAgents path matches expected path. Creating bookmark");
+    createBookmark(*folder);
+}
+
+void BookmarkClass::askAgainAfterCancel() {
+    services_.alerts.show(
+        {"You must select your user LaunchAgents folder (~/Library/LaunchAgents).",
+         "This is not optional and is a required step for Frimbolate to function. Please try "
+         "again.",
+         {"Try Again", "Quit"}},
+        lifetime_.whileAlive([this](AlertOutcome outcome) {
+            services_.log.line(responseLine(outcome.answer));
+            if (outcome.answer == AlertAnswer::First) {
+                scopeABookmarkWithWindow();
+                return;
+            }
+            services_.log.line("User wants to quit, QUITTING.");
+            services_.application.terminate();
+        }));
+}
+
+void BookmarkClass::askAgainAfterMismatch(const std::string& folder) {
+    services_.alerts.show(
+        {"Frimbolate could not validate if you chose your user LaunchAgents folder "
+         "(~/Library/LaunchAgents).",
+         "Choosing this folder is a required step for Frimbolate to function. If you choose a "
+         "different folder, your LaunchAgents may not run as expected.",
+         {"Choose Again", "Continue Anyways"}},
+        lifetime_.whileAlive([this, folder](AlertOutcome outcome) {
+            services_.log.line(responseLine(outcome.answer));
+            if (outcome.answer == AlertAnswer::First)
+                scopeABookmarkWithWindow();
+            else
+                createBookmark(folder);
+        }));
+}
+
+void BookmarkClass::createBookmark(const std::string& folder) {
+    try {
+        const auto bookmark = services_.folderAccess.createBookmark(folder);
+        services_.log.line("Created bookmark: " + description(bookmark));
+        services_.defaults.synchronize();
+        services_.defaults.set(PreferenceKey::bookmark, bookmark);
+    } catch (const Failure& failure) {
+        services_.log.line("Error creating bookmark for URL (" + fileUrl(folder) +
+                           "): " + failure.reason());
+        services_.application.presentError(failure.reason());
+    }
+}
+
+void BookmarkClass::stopAccessingBookmark() {
+    services_.folderAccess.end(grantedFolder(services_));
+}
+
+} // namespace frimbolate
