@@ -1,0 +1,31 @@
+// Deletes an agent file after a warning, a choice and a confirmation.
+#pragma once
+
+#include "platform/lifetime.h"
+#include "platform/services.h"
+#include "settings/loaded_agent_warning.h"
+
+#include <optional>
+#include <string>
+
+namespace frimbolate {
+
+class AgentDeletion {
+  public:
+    explicit AgentDeletion(Services& services) : services_(services), warning_(services) {}
+
+    void deleteLaunchAgent();
+    /// The same without the warning.
+    void deleteLaunchAgentContinue();
+
+  private:
+    using Folder = std::optional<std::string>;
+    void confirm(const std::string& path, const Folder& folder);
+    void remove(const std::string& path);
+
+    Services& services_;
+    LoadedAgentWarning warning_;
+    Lifetime lifetime_;
+};
+
+} // namespace frimbolate

@@ -1,0 +1,29 @@
+// Switches an agent on or off through the "Enabled" key of its file.
+#pragma once
+
+#include "core/agent_file.h"
+#include "platform/lifetime.h"
+#include "platform/services.h"
+
+#include <optional>
+#include <string>
+
+namespace frimbolate {
+
+class AgentSwitch {
+  public:
+    explicit AgentSwitch(Services& services) : services_(services) {}
+
+    void onOffLaunchAgent();
+
+  private:
+    using Folder = std::optional<std::string>;
+    void agentChosen(const std::string& path, const Folder& folder);
+    void confirm(const std::string& path, const Folder& folder, AgentFile agent, bool enable);
+    void write(const std::string& path, const AgentFile& agent, bool enable);
+
+    Services& services_;
+    Lifetime lifetime_;
+};
+
+} // namespace frimbolate

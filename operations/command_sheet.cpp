@@ -1,0 +1,75 @@
+#include "operations/command_sheet.h"
+
+#include "operations/agent_panel.h"
+#include "settings/bookmark.h"
+#include "settings/preferences.h"
+
+namespace frimbolate {
+
+namespace {
+
+std::string command(std::string_view verb, std::string_view path) {
+    return std::string("launchctl ").append(verb).append(" '").append(path).append("'");
+}
+
+} // namespace
+
+std::string loadCommand(std::string_view path) { return command("load", path); }
+std::string unloadCommand(std::string_view path) { return command("unload", path); }
+
+void CommandSheet::loadLaunchAgent() {
+    chooseAgent("Please choose a launch agent to load:", loadCommand);
+}
+
+void CommandSheet::unloadLaunchAgent() {
+    chooseAgent("Please choose a launch agent to unload:", unloadCommand);
+}
+
+void CommandSheet::chooseAgent(std::string message, std::string (*compose)(std::string_view)) {
+    const auto folder = FolderGrant(services_).open();
+    services_.filePanels.open(
+        agentPanel(std::move(message), folder),
+        lifetime_.whileAlive([this, folder, compose](const std::optional<std::string>& path) {
+            if (!path)
+                return; // access deliberately stays begun
+            put(compose(*path));
+            show();
+            FolderGrant(services_).close(folder);
+        }));
+}
+
+void CommandSheet::put(const std::string& command) {
+    form_.actionScriptTextView.editable = true;
+    form_.actionScriptTextView.string = command;
+    form_.actionScriptTextView.editable = false;
+    evaluateAutoCopyScripts(command);
+}
+
+void CommandSheet::evaluateAutoCopyScripts(const std::string& command) {
+    form_.preferencesMenuItem.enabled = false;
+    const bool copies = holdsString(services_.defaults, PreferenceKey::autoCopyScripts, "True");
+    form_.autoCopyScriptsCheckbox2.state = copies ? CheckState::On : CheckState::Off;
+    if (copies) {
+        services_.pasteboard.clearContents();
+        services_.pasteboard.setString(command);
+    }
+}
+
+void CommandSheet::show() {
+    services_.sheets.begin(Sheet::executeScriptWindow);
+    services_.sheets.makeFirstResponder(Sheet::executeScriptWindow, "launchTerminalButton");
+}
+
+void CommandSheet::closeExecuteScriptWindow() {
+    services_.sheets.end(Sheet::executeScriptWindow);
+    form_.preferencesMenuItem.enabled = true;
+    const bool copies = form_.autoCopyScriptsCheckbox2.state != CheckState::Off;
+    services_.log.line(copies ? "User wants to autocopy scripts, writing key"
+                              : "User does not want to autocopy scripts, writing key");
+    services_.defaults.set(PreferenceKey::autoCopyScripts, copies ? "True" : "False");
+    form_.autoCopyScriptCheckbox.state = copies ? CheckState::On : CheckState::Off;
+}
+
+void CommandSheet::launchTerminal() { services_.workspace.openTerminal(); }
+
+} // namespace frimbolate
