@@ -1,0 +1,108 @@
+// From the save command over validation to the agent file on disk.
+#include "ui/app_delegate.h"
+
+#include "core/conversions.h"
+#include "core/failure.h"
+#include "core/validation.h"
+#include "operations/path_failure.h"
+
+namespace frimbolate {
+
+namespace {
+
+std::string folderOf(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+} // namespace
+
+void AppDelegate::validateAgentConfig() {
+    const auto report = validate(agentForm(form_));
+    form_.nameErrorImageWell.hidden = !report.name;
+    form_.actionErrorImageWell.hidden = !report.action;
+    form_.targetErrorImageWell.hidden = !report.target;
+    form_.scheduleErrorImageWell.hidden = !report.schedule;
+    if (report.passed()) {
+        log("Agent passed initial validation, moving on...");
+        saveLaunchAgent();
+        return;
+    }
+    log("Agent failed initial validation with the following errors:\n" + report.text);
+    services_.alerts.show({"Some information is missing or incorrect.", report.text});
+}
+
+void AppDelegate::saveLaunchAgent() {
+    const auto folder = folderGrant_.open();
+    SavePanel panel;
+    panel.nameFieldStringValue = proposedFileName(form_.agentNameTextField.stringValue);
+    panel.prompt = "Save";
+    panel.message = "Saving outside of ~/Library/LaunchAgents\n will cause the agent not to run "
+                    "automatically.";
+    panel.directory = folder;
+    services_.filePanels.save(
+        panel, lifetime_.whileAlive([this](const std::optional<SaveLocation>& location) {
+            if (location)
+                saveAgent(*location);
+        }));
+    // Deliberately before the person has answered: the panel itself opens what it returns.
+    folderGrant_.close(folder);
+}
+
+void AppDelegate::saveAgent(const SaveLocation& location) {
+    const auto& path = location.path;
+    log("Saving launch agent, logging all saved values...");
+    const auto agent = loggedAgentFile(location);
+    try {
+        log("Path: " + path);
+        if (!services_.files.isWritable(folderOf(path)))
+            throw pathNotWritable(path);
+        // Whether the write succeeded is not examined.
+        services_.files.writeDictionary(path, agent);
+        commandSheet_.put(loadCommand(path));
+        showSuccess();
+    } catch (const Failure& failure) {
+        log("Error occurred while saving the launch agent!");
+        log(failure.reason());
+        log("Path: " + path);
+        log("Agent content: " + description(agent));
+        showSaveFailure();
+    }
+}
+
+AgentFile AppDelegate::loggedAgentFile(const SaveLocation& location) {
+    const auto form = agentForm(form_);
+    const auto label = labelForFileName(location.nameFieldStringValue);
+    log("Agent label key: " + label);
+    log("Agent target type is " + std::to_string(form.targetType));
+    if (form.targetType == TargetType::File)
+        log("Creating agent arguments, last path component is: " +
+            std::string(targetExtension(form.targetPath)));
+    return agentFile(form, label);
+}
+
+void AppDelegate::showSuccess() {
+    services_.alerts.show(
+        {"Your launch agent was created.",
+         "In order to start your launch agent, it must be loaded into launchd. If you saved your "
+         "launch agent in ~/Library/LaunchAgents/ then it will load automatically the next time "
+         "you log in.\n\nIf you'd like to load your launch agent now, click Continue below.",
+         {"Continue", "Skip"}},
+        lifetime_.whileAlive([this](AlertOutcome outcome) {
+            createNewAgent();
+            if (outcome.answer == AlertAnswer::First)
+                commandSheet_.show();
+            else
+                log("User skipped loading agent.");
+        }));
+}
+
+void AppDelegate::showSaveFailure() {
+    services_.alerts.show(
+        {"Your launch agent could not be created.",
+         "Please ensure you are saving your launch agent to your user Library's LaunchAgents "
+         "folder (and not the root Library's LaunchAgents folder). Check the system log for more "
+         "information, or contact Frimbolate support if the issue continues."});
+}
+
+} // namespace frimbolate

@@ -1,0 +1,165 @@
+// What the agent launches, and the additional path that it watches.
+#include "ui/app_delegate.h"
+
+#include "core/agent_file.h"
+#include "core/conversions.h"
+#include "core/failure.h"
+
+#include <array>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr std::string_view executableFolder = "/Contents/MacOS/";
+
+struct ScriptImage {
+    std::string_view extension;
+    const char* image;
+};
+
+constexpr std::array<ScriptImage, 6> scriptImages = {{{"sh", "iconScriptBash.png"},
+                                                      {"py", "iconScriptPython.png"},
+                                                      {"rb", "iconScriptRuby.png"},
+                                                      {"pl", "iconScriptPerl.png"},
+                                                      {"scpt", "iconScriptAppleScript.png"},
+                                                      {"workflow", "iconScriptWorkflow.png"}}};
+
+/// The image for a script with this extension; none for any other file.
+Image scriptImage(std::string_view extension) {
+    for (const auto& row : scriptImages)
+        if (row.extension == extension)
+            return Image::resource(row.image);
+    return Image::none();
+}
+
+} // namespace
+
+void AppDelegate::clearTarget() { form_.agentTargetImageWell.clear(); }
+
+void AppDelegate::closeScriptPopOver() { form_.popoverScriptObject.shown = false; }
+
+void AppDelegate::showPopOverScript() { form_.popoverScriptObject.shown = true; }
+
+void AppDelegate::chooseAgentTarget() {
+    closeScriptPopOver();
+    const int target = form_.agentTargetButton.selectedItem;
+    if (target == TargetType::File || target == TargetType::None) {
+        form_.showPopOverScriptButton.hidden = true;
+        clearTarget();
+    }
+}
+
+void AppDelegate::chooseApplicationOrScript() {
+    form_.showPopOverScriptButton.hidden = true;
+    OpenPanel panel;
+    panel.prompt = "Select";
+    panel.message = "Please choose an application, script, or workflow (.app, .sh, .py, .rb, .pl, "
+                    ".scpt, .workflow):";
+    panel.allowedFileTypes = {"app", "sh", "py", "rb", "pl", "scpt", "workflow"};
+    panel.directory = "/Applications";
+    services_.filePanels.open(panel,
+                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
+                                  if (path) {
+                                      targetChosen(*path);
+                                      return;
+                                  }
+                                  form_.agentTargetButton.selectedItem = TargetType::None;
+                                  clearTarget();
+                                  form_.scriptPopOverScriptField.stringValue.clear();
+                              }));
+}
+
+void AppDelegate::targetChosen(const std::string& path) {
+    // Of the URL's text, as it stands: a folder's trailing "/" is part of it.
+    const auto url = fileUrl(path);
+    const auto extension = targetExtension(url);
+    log("Last path component: " + std::string(extension));
+    if (extension == "app") {
+        chooseExecutableOf(path);
+    } else if (const auto image = scriptImage(extension); image != Image::none()) {
+        form_.agentTargetImageWell.image = image;
+        form_.agentTargetImageWell.toolTip = path;
+    }
+    validateSuccessfulExit();
+}
+
+void AppDelegate::chooseExecutableOf(const std::string& bundlePath) {
+    try {
+        form_.agentTargetImageWell.image = Image::iconForFile(bundlePath);
+        const auto info = services_.files.readDictionary(bundlePath + "/Contents/Info.plist");
+        const Value* name = info ? find(*info, "CFBundleExecutable") : nullptr;
+        if (!name)
+            throw Failure("Missing value", "The application names no executable");
+        const auto executable = bundlePath + std::string(executableFolder).append(name->asString());
+        log("PATH TO EXECUTABLE: " + executable);
+        if (!services_.files.exists(executable)) {
+            log("Executable does not exist!!");
+            throw Failure("Executable does not exist", "Could not find executable: " + executable);
+        }
+        log("Executable does exist and will be used");
+        form_.agentTargetImageWell.toolTip = executable;
+    } catch (const Failure&) {
+        log("exception raised.");
+        services_.alerts.show(
+            {"This application may be corrupted or may not conform to the bundle structure "
+             "programming standards.",
+             "The executable for this application does not exist, is not accessible, or does not "
+             "match the corresponding key in the application's Info.plist"},
+            lifetime_.whileAlive([this](AlertOutcome) {
+                form_.agentTargetButton.selectedItem = TargetType::None;
+                clearTarget();
+            }));
+    }
+}
+
+void AppDelegate::evaluateScriptExtension(const std::string& path) {
+    const auto extension = targetExtension(path);
+    log("Last path component: " + std::string(extension));
+    auto& well = form_.agentTargetImageWell;
+    well.image = scriptImage(extension);
+    if (well.image == Image::none()) {
+        const std::string bundle(firstPiece(path, executableFolder));
+        log("Path for icon will be: " + bundle);
+        well.image = Image::iconForFile(bundle);
+    }
+    well.toolTip = path;
+}
+
+void AppDelegate::createNewScript() {
+    clearTarget();
+    form_.showPopOverScriptButton.hidden = false;
+    showPopOverScript();
+    validateSuccessfulExit();
+}
+
+void AppDelegate::chooseAdditionalWathPath() {
+    if (form_.alsoRunPathChangeCheckbox.state != CheckState::On) {
+        additionalWatchPathChosen(std::nullopt);
+        return;
+    }
+    OpenPanel panel;
+    panel.canChooseDirectories = true;
+    panel.canCreateDirectories = true;
+    panel.prompt = "Select";
+    panel.message = "Please choose folder:";
+    panel.directory = "/Applications";
+    services_.filePanels.open(panel,
+                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
+                                  additionalWatchPathChosen(path);
+                              }));
+}
+
+/// Without a path the option is off: it is never on without one.
+void AppDelegate::additionalWatchPathChosen(const std::optional<std::string>& path) {
+    auto& well = form_.alsoRunPathChangeImageWell;
+    if (path) {
+        well.toolTip = *path;
+        well.image = Image::iconForFile(*path);
+    } else {
+        well.clear();
+        form_.alsoRunPathChangeCheckbox.state = CheckState::Off;
+    }
+}
+
+} // namespace frimbolate

@@ -1,0 +1,77 @@
+// Agents of the earlier version: written anew under the current prefix, then the old file removed.
+#include "ui/app_delegate.h"
+
+#include "core/agent_upgrade.h"
+#include "core/failure.h"
+#include "operations/path_failure.h"
+
+namespace frimbolate {
+
+namespace {
+
+constexpr const char* notUpgraded = "This launch agent could not be upgraded.";
+
+} // namespace
+
+void AppDelegate::askForUpgrade(const std::string& path) {
+    log("Agent must be upgraded!");
+    services_.alerts.show(
+        {"This launch agent needs to be upgraded.",
+         "It appears that the launch agent you selected was  created with an earlier version of "
+         "Frimbolate. This agent needs to be upgraded before being edited.",
+         {"Ok", "Cancel"}},
+        lifetime_.whileAlive([this, path](AlertOutcome outcome) {
+            if (outcome.answer == AlertAnswer::First)
+                upgrade(path);
+            else
+                createNewAgent();
+        }));
+}
+
+void AppDelegate::upgrade(const std::string& oldPath) {
+    log("Upgrading Agent...");
+    auto agent = services_.files.readDictionary(oldPath);
+    if (!agent) {
+        showAlertThatResets(notUpgraded, "The file path is not accessible, or there is already an "
+                                         "agent with the same name in the file path.");
+        return;
+    }
+    const auto names = upgradedNames(oldPath);
+    agent->insert_or_assign("Label", Value(names.label));
+    chooseUpgradePath(*agent, names.fileName, oldPath);
+}
+
+void AppDelegate::chooseUpgradePath(const AgentFile& agent, const std::string& fileName,
+                                    const std::string& oldPath) {
+    SavePanel panel;
+    panel.nameFieldStringValue = fileName;
+    panel.prompt = "Save";
+    panel.message = "Saving outside of ~/Library/LaunchAgents\n may cause the agent not to run "
+                    "automatically.";
+    panel.directory = folderGrant_.open(); // deliberately never ended
+    services_.filePanels.save(
+        panel,
+        lifetime_.whileAlive([this, agent, oldPath](const std::optional<SaveLocation>& location) {
+            if (location)
+                writeUpgraded(agent, location->path, oldPath);
+        }));
+}
+
+void AppDelegate::writeUpgraded(const AgentFile& agent, const std::string& path,
+                                const std::string& oldPath) {
+    try {
+        // Whether the write succeeded is not examined, only whether a file is there now.
+        services_.files.writeDictionary(path, agent);
+        if (!services_.files.exists(path))
+            throw pathNotDeletable(path);
+        log("The upgraded path exists, removing the old path");
+        // Also when both are one: an agent saved under its old name ends with no file.
+        services_.files.remove(oldPath);
+    } catch (const Failure&) {
+        services_.alerts.show(
+            {notUpgraded, "An unknown error occurred. Please make sure the agent is located in a "
+                          "path accessible by Sandboxed applications."});
+    }
+}
+
+} // namespace frimbolate
