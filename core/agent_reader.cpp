@@ -24,7 +24,7 @@ std::int64_t integerOrZero(const Value* value) { return value ? integerValue(*va
 
 /// The time of day that hours and minutes make, also beyond their usual bounds.
 LocalDateTime timeOfDay(std::int64_t hour, std::int64_t minute) {
-    constexpr std::int64_t minutesPerDay = 24 * 60;
+    constexpr std::int64_t minutesPerDay = 1440;
     const auto minutes = (hour % 24) * 60 + minute % minutesPerDay;
     const auto inDay = ((minutes % minutesPerDay) + minutesPerDay) % minutesPerDay;
     LocalDateTime time;

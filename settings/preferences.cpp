@@ -50,8 +50,8 @@ bool equals(const std::optional<Value>& value, std::string_view expected) {
 
 } // namespace
 
-bool holdsString(Defaults& defaults, std::string_view key, std::string_view expected) {
-    return equals(defaults.object(key), expected);
+bool holdsString(Defaults& defaults, std::string_view key, std::string_view text) {
+    return equals(defaults.object(key), text);
 }
 
 void Preferences::setUpDefaults() {
@@ -159,8 +159,8 @@ void Preferences::resetPreferences() {
     services_.application.terminate();
 }
 
-void Preferences::store(std::string_view key, std::string_view value) {
-    services_.defaults.set(key, Value(value));
+void Preferences::store(std::string_view key, std::string_view text) {
+    services_.defaults.set(key, Value(text));
 }
 
 void Preferences::storeCheckBox(std::string_view key, const CheckBox& box, std::string_view on,
