@@ -1,0 +1,27 @@
+// Folder access inside the sandbox, through security-scoped bookmarks.
+#pragma once
+
+#include "platform/services.h"
+
+#include <memory>
+
+namespace frimbolate {
+
+class ScopedFolderAccess : public FolderAccess {
+  public:
+    ScopedFolderAccess();
+    ~ScopedFolderAccess() override;
+
+    Data createBookmark(const std::string& folder) override;
+    std::optional<std::string> resolve(const Data& bookmark) override;
+    void begin(const std::optional<std::string>& folder) override;
+    void end(const std::optional<std::string>& folder) override;
+
+  private:
+    /// The URLs by path: the scope belongs to the URL that a bookmark was resolved to, and one made
+    /// anew from the path would have none.
+    struct Urls;
+    std::unique_ptr<Urls> urls_;
+};
+
+} // namespace frimbolate

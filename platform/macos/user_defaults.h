@@ -1,0 +1,18 @@
+// The person's settings in the user defaults of the program.
+#pragma once
+
+#include "platform/services.h"
+
+namespace frimbolate {
+
+class UserDefaults : public Defaults {
+  public:
+    std::optional<Value> object(std::string_view key) override;
+    void set(std::string_view key, Value value) override;
+    void remove(std::string_view key) override;
+    /// The keys of the program alone, without those that every program sees.
+    std::vector<std::string> keys() override;
+    void synchronize() override;
+};
+
+} // namespace frimbolate

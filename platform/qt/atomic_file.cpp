@@ -1,0 +1,130 @@
+#include "platform/qt/atomic_file.h"
+
+#include "platform/qt/file_descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+
+namespace frimbolate {
+
+namespace {
+
+struct Place {
+    std::string folder; ///< with its slash at the end
+    std::string name;
+};
+
+Place placeOf(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return {path.substr(0, slash + 1), path.substr(slash + 1)};
+}
+
+/// The text of a symbolic link, or nothing where the path is none.
+std::optional<std::string> linkText(const std::string& path) {
+    std::array<char, PATH_MAX> text{};
+    const ssize_t size = ::readlink(path.c_str(), text.data(), text.size());
+    if (size < 0)
+        return std::nullopt;
+    return std::string(text.data(), static_cast<std::size_t>(size));
+}
+
+/// The place that the last component stands for; nothing when its links go in a circle.
+std::optional<Place> followLinks(std::string path) {
+    constexpr int maximumLinks = 40;
+    for (int i = 0; i < maximumLinks; ++i) {
+        const auto text = linkText(path);
+        if (!text)
+            return placeOf(path);
+        path = text->starts_with('/') ? *text : placeOf(path).folder + *text;
+    }
+    return std::nullopt;
+}
+
+/// Short whatever the file is called, since a name may fill all that the file system allows.
+std::string temporaryName() {
+    std::uint64_t number = 0;
+    if (::getentropy(&number, sizeof number) != 0)
+        number = static_cast<std::uint64_t>(::getpid());
+    std::array<char, 40> name{};
+    std::snprintf(name.data(), name.size(), ".frimbolate-%016llx",
+                  static_cast<unsigned long long>(number));
+    return name.data();
+}
+
+/// The new file under its temporary name, which is gone with this object unless it was moved.
+class TemporaryFile {
+  public:
+    TemporaryFile(int folder, mode_t mode)
+        : folder_(folder), name_(temporaryName()),
+          file_(::openat(folder, name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode)),
+          created_(static_cast<bool>(file_)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (created_)
+            ::unlinkat(folder_, name_.c_str(), 0);
+    }
+
+    bool isOpen() const { return static_cast<bool>(file_); }
+    /// The owner first: changing it takes bits of the mode away.
+    bool takeOver(const struct stat& original) {
+        if (::fchown(file_.number(), original.st_uid, original.st_gid) != 0)
+            static_cast<void>(!::fchown(file_.number(), uid_t(-1), original.st_gid));
+        return ::fchmod(file_.number(), original.st_mode & 07777) == 0;
+    }
+    bool write(std::string_view content) {
+        return writeWholly(file_.number(), content) && ::fsync(file_.number()) == 0 &&
+               file_.close();
+    }
+    bool moveTo(const std::string& name) {
+        if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0)
+            return false;
+        created_ = false;
+        return true;
+    }
+
+  private:
+    int folder_;
+    std::string name_;
+    FileDescriptor file_;
+    bool created_;
+};
+
+} // namespace
+
+std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
+                                               mode_t newFileMode) {
+    if (path.find('\0') != std::string::npos)
+        return "its path holds a NUL";
+    const auto place = followLinks(path);
+    if (!place)
+        return "its links go in a circle";
+    const FileDescriptor folder(::open(place->folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder)
+        return systemError();
+
+    struct stat original {};
+    const bool exists =
+        ::fstatat(folder.number(), place->name.c_str(), &original, AT_SYMLINK_NOFOLLOW) == 0;
+    if (!exists && errno != ENOENT)
+        return systemError();
+    if (exists && !S_ISREG(original.st_mode))
+        return "it is not a regular file";
+
+    // Nobody else may look in before the mode of the original is set.
+    TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
+    if (!temporary.isOpen() || (exists && !temporary.takeOver(original)) ||
+        !temporary.write(content) || !temporary.moveTo(place->name))
+        return systemError();
+    // The new file is in place. Should this fail, a power cut may bring the old one back, whole.
+    static_cast<void>(::fsync(folder.number()));
+    return std::nullopt;
+}
+
+} // namespace frimbolate

@@ -1,0 +1,46 @@
+// An open file that closes itself.
+#pragma once
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+#include <utility>
+
+namespace frimbolate {
+
+class FileDescriptor {
+  public:
+    /// \param number as open() returns it; negative is none
+    explicit FileDescriptor(int number) : number_(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&&) = delete;
+    ~FileDescriptor() { close(); }
+
+    explicit operator bool() const { return number_ >= 0; }
+    int number() const { return number_; }
+    /// Whether closing went well; some file systems tell a failed write only then.
+    bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
+
+  private:
+    int number_;
+};
+
+/// Whether all of the content went out; errno says why not.
+inline bool writeWholly(int file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// What the last failed call of the system said, such as "No space left on device".
+inline std::string systemError() { return std::strerror(errno); }
+
+} // namespace frimbolate

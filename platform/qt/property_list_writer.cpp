@@ -1,0 +1,134 @@
+#include "platform/qt/property_list_writer.h"
+
+#include "core/failure.h"
+#include "platform/qt/property_list_text.h"
+#include "platform/qt/utc_date.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr std::string_view header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                    "<plist version=\"1.0\">\n";
+constexpr std::size_t base64LineLength = 68;
+
+std::string escaped(std::string_view text) {
+    if (const auto reason = reasonNotXml(text))
+        throw Failure("Unwritable content", "A text of this content cannot be written: " + *reason);
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        switch (c) {
+        case '&':
+            result += "&amp;";
+            break;
+        case '<':
+            result += "&lt;";
+            break;
+        case '>':
+            result += "&gt;";
+            break;
+        case '\r':
+            result += "&#13;";
+            break;
+        default:
+            result += c;
+        }
+    }
+    return result;
+}
+
+class Writer {
+  public:
+    std::string document(const Dictionary& dictionary) {
+        text_ = header;
+        write(dictionary);
+        return text_ + "</plist>\n";
+    }
+
+  private:
+    void line(std::string_view content) { text_.append(depth_, '\t').append(content) += '\n'; }
+    void element(std::string_view name, std::string_view content) {
+        text_.append(depth_, '\t').append("<").append(name).append(">");
+        text_.append(content).append("</").append(name).append(">\n");
+    }
+    void write(const Value& value);
+    void write(const Array& array);
+    void write(const Dictionary& dictionary);
+    void write(const Data& data);
+    void write(Date date);
+
+    std::string text_;
+    std::size_t depth_ = 0;
+};
+
+void Writer::write(const Value& value) {
+    if (const auto* text = value.string())
+        element("string", escaped(*text));
+    else if (const auto* truth = value.boolean())
+        line(*truth ? "<true/>" : "<false/>");
+    else if (const auto* number = value.integer())
+        element("integer", std::to_string(*number));
+    else if (const auto* bigNumber = value.bigInteger())
+        element("integer", std::to_string(*bigNumber));
+    else if (const auto* real = value.real())
+        element("real", textOfReal(*real));
+    else if (const auto* data = value.data())
+        write(*data);
+    else if (const auto* date = value.date())
+        write(*date);
+    else if (const auto* array = value.array())
+        write(*array);
+    else
+        write(*value.dictionary());
+}
+
+void Writer::write(const Array& array) {
+    if (array.empty())
+        return line("<array/>");
+    line("<array>");
+    ++depth_;
+    for (const Value& element : array)
+        write(element);
+    --depth_;
+    line("</array>");
+}
+
+void Writer::write(const Dictionary& dictionary) {
+    if (dictionary.empty())
+        return line("<dict/>");
+    line("<dict>");
+    ++depth_;
+    for (const auto& [key, value] : dictionary) {
+        element("key", escaped(key));
+        write(value);
+    }
+    --depth_;
+    line("</dict>");
+}
+
+void Writer::write(const Data& data) {
+    line("<data>");
+    const std::string base64 = textOfData(data);
+    for (std::size_t start = 0; start < base64.size(); start += base64LineLength)
+        line(std::string_view(base64).substr(start, base64LineLength));
+    line("</data>");
+}
+
+void Writer::write(Date date) {
+    const auto text = textOfDate(date);
+    if (!text)
+        throw Failure("Unwritable content", "A date lies outside of the years 1 to 9999");
+    element("date", *text);
+}
+
+} // namespace
+
+std::string xmlPropertyList(const Dictionary& dictionary) { return Writer().document(dictionary); }
+
+} // namespace frimbolate

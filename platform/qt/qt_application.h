@@ -1,0 +1,24 @@
+// The running program. Needs a QCoreApplication.
+#pragma once
+
+#include "platform/services.h"
+
+#include <functional>
+#include <utility>
+
+namespace frimbolate {
+
+class QtApplication : public Application {
+  public:
+    /// \param present shows an error; it belongs to whoever has a window
+    explicit QtApplication(std::function<void(std::string)> present)
+        : present_(std::move(present)) {}
+
+    void terminate() override;
+    void presentError(const std::string& text) override { present_(text); }
+
+  private:
+    std::function<void(std::string)> present_;
+};
+
+} // namespace frimbolate

@@ -1,0 +1,14 @@
+// The clipboard of the desktop. Needs a QGuiApplication.
+#pragma once
+
+#include "platform/services.h"
+
+namespace frimbolate {
+
+class QtPasteboard : public Pasteboard {
+  public:
+    void clearContents() override;
+    void setString(const std::string& text) override;
+};
+
+} // namespace frimbolate

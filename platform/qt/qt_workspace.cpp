@@ -1,0 +1,39 @@
+#include "platform/qt/qt_workspace.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace frimbolate {
+
+QStringList QtWorkspace::terminalCommands() {
+    QStringList commands = {"xdg-terminal-exec", "x-terminal-emulator"};
+    if (const QString chosen = qEnvironmentVariable("TERMINAL"); !chosen.trimmed().isEmpty())
+        commands += chosen;
+    return commands + QStringList{"gnome-terminal", "konsole", "xfce4-terminal", "xterm"};
+}
+
+void QtWorkspace::openTerminal() {
+    for (const QString& command : terminalCommands()) {
+        QStringList arguments = QProcess::splitCommand(command);
+        const QString program = arguments.takeFirst();
+        if (QProcess::startDetached(program, arguments, QDir::homePath()))
+            return;
+    }
+}
+
+void QtWorkspace::launchNewInstance() {
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), {newInstanceArgument});
+}
+
+std::string QtWorkspace::userName() {
+    if (const passwd* entry = ::getpwuid(::geteuid()); entry && *entry->pw_name)
+        return entry->pw_name;
+    return qEnvironmentVariable("USER").toStdString();
+}
+
+} // namespace frimbolate
