@@ -1,0 +1,212 @@
+#include "ui/widgets/drawer_panel.h"
+
+#include "ui/widgets/form_mirror.h"
+#include "ui/widgets/image_well_button.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/text.h"
+#include "ui/widgets/tip_button.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QSlider>
+#include <QStyle>
+#include <QToolButton>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// Pixels of the 1x layout. The panel is full to the brim, so the pitch of its lines is fixed.
+constexpr Size panelSize{400, 380};
+constexpr int captionX = 24, controlX = 128, secondX = 248, controlWidth = 248;
+constexpr int fieldHeight = 24, pitch = 27, checkHeight = 20;
+constexpr int titleY = 12, priorityY = 40, niceY = 67, pathsY = 96;
+constexpr int globbingY = 264, exitY = 288, alsoRunY = 318, alsoRunSecondY = 342;
+constexpr int slideMilliseconds = 180;
+
+struct PathField {
+    std::string_view outlet;
+    TextField FormModel::*member;
+    const char* caption;
+};
+constexpr PathField pathFields[] = {
+    {"standardInPathField", &FormModel::standardInPathField, "Stan&dard input"},
+    {"standardOutPathField", &FormModel::standardOutPathField, "Standard o&utput"},
+    {"standardErrorPathField", &FormModel::standardErrorPathField, "Standard e&rror"},
+    {"workingDirectoryField", &FormModel::workingDirectoryField, "Wor&king folder"},
+    {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder"},
+    {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
+};
+
+bool isMotionWanted(const QWidget& widget) {
+    return qEnvironmentVariableIsEmpty("FRIMBOLATE_REDUCED_MOTION") &&
+           widget.style()->styleHint(QStyle::SH_Widget_Animate, nullptr, &widget) != 0;
+}
+
+} // namespace
+
+DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
+    : QWidget(parent), mirror_(mirror), edge_(edge),
+      slide_(new QPropertyAnimation(this, "pos", this)) {
+    setObjectName("advancedDrawer");
+    setAccessibleName(tr("Advanced settings"));
+    setFixedSize(scaled(panelSize.width), scaled(panelSize.height));
+    look::setFont(this, look::FontRole::hint);
+    slide_->setDuration(slideMilliseconds);
+    slide_->setEasingCurve(QEasingCurve::OutCubic);
+    connect(slide_, &QPropertyAnimation::finished, this, &DrawerPanel::slideEnded);
+    addTitle();
+    addPriority();
+    addNiceLevel();
+    addPathFields();
+    addOptions();
+    hide();
+    mirror_.show([this](const FormModel& form) { setOpen(form.advancedDrawer.open); });
+}
+
+void DrawerPanel::setOpen(bool open) {
+    if (open == open_)
+        return;
+    open_ = open;
+    const QPoint shown(edge_, 0);
+    const QPoint tuckedIn(edge_ - width(), 0);
+    if (open) {
+        // A drawer that is still sliding in turns round where it is.
+        if (isHidden())
+            move(tuckedIn);
+        emit needsRoom(true);
+        show();
+    }
+    slide_->stop();
+    slide_->setStartValue(pos());
+    slide_->setEndValue(open ? shown : tuckedIn);
+    if (isMotionWanted(*this) && window()->isVisible()) {
+        slide_->start();
+    } else {
+        move(slide_->endValue().toPoint());
+        slideEnded();
+    }
+}
+
+void DrawerPanel::slideEnded() {
+    if (open_)
+        return;
+    hide();
+    emit needsRoom(false);
+}
+
+void DrawerPanel::paintEvent(QPaintEvent*) {
+    const look::Tokens& tokens = look::tokens(palette());
+    QPainter painter(this);
+    painter.fillRect(rect(), tokens.sunken);
+    // The form lies above the drawer and throws a little shadow on it.
+    const int depth = scaled(10);
+    QLinearGradient shadow(0, 0, depth, 0);
+    shadow.setColorAt(0, QColor(0, 0, 0, 40));
+    shadow.setColorAt(1, QColor(0, 0, 0, 0));
+    painter.fillRect(0, 0, depth, height(), shadow);
+    painter.fillRect(0, 0, 1, height(), tokens.hairline.darker(115));
+}
+
+void DrawerPanel::place(QWidget* control, int x, int y, int width, int height) {
+    control->setParent(this);
+    control->setGeometry(scaled(x), scaled(y), scaled(width), scaled(height));
+}
+
+void DrawerPanel::addCaption(int y, const QString& caption, QWidget* buddy) {
+    auto* label = new QLabel(caption, this);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setBuddy(buddy);
+    place(label, captionX, y, controlX - captionX, fieldHeight);
+    if (buddy && buddy->accessibleName().isEmpty())
+        buddy->setAccessibleName(QString(caption).remove('&'));
+}
+
+void DrawerPanel::addTitle() {
+    auto* title = new QLabel(tr("Advanced"), this);
+    look::setFont(title, look::FontRole::defaultButton);
+    place(title, captionX, titleY, 200, fieldHeight);
+    auto* tip = makeTipButton(mirror_, "advancedDrawerTipButton",
+                              &FormModel::advancedDrawerTipButton, tr("Advanced"));
+    place(tip, controlX + controlWidth - 20, titleY + 2, 20, 20);
+}
+
+void DrawerPanel::addPriority() {
+    auto* priority = new PopUpButton(priorityLevelItems(), this);
+    mirror_.bind("priorityLevelButton", priority, &FormModel::priorityLevelButton);
+    addCaption(priorityY, tr("&Priority"), priority);
+    place(priority, controlX, priorityY, controlWidth, fieldHeight);
+}
+
+void DrawerPanel::addNiceLevel() {
+    constexpr int least = -20, most = 20, valueWidth = 48, gap = 6;
+    auto* slider = new QSlider(Qt::Horizontal, this);
+    slider->setRange(least, most);
+    slider->setPageStep(5);
+    mirror_.bind("niceLevelSlider", slider, &FormModel::niceLevelSlider,
+                 &AppDelegate::niceLevelSliderValueChanged);
+    addCaption(niceY, tr("N&ice level"), slider);
+    place(slider, controlX - 2, niceY, controlWidth - valueWidth - gap + 2, fieldHeight);
+
+    auto* value = new QLineEdit(this);
+    value->setReadOnly(true);
+    value->setFocusPolicy(Qt::ClickFocus);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setAccessibleName(tr("Nice level"));
+    mirror_.bind("niceLevelTextField", value, &FormModel::niceLevelTextField);
+    place(value, controlX + controlWidth - valueWidth, niceY, valueWidth, fieldHeight);
+}
+
+void DrawerPanel::addPathFields() {
+    int y = pathsY;
+    for (const PathField& row : pathFields) {
+        auto* field = new QLineEdit(this);
+        mirror_.bind(row.outlet, field, row.member);
+        addCaption(y, tr(row.caption), field);
+        place(field, controlX, y, controlWidth, fieldHeight);
+        y += pitch;
+    }
+}
+
+QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
+    auto* box = new QCheckBox(title, this);
+    box->setAccessibleName(QString(title).remove('&'));
+    place(box, x, y, box->sizeHint().width(), checkHeight);
+    return box;
+}
+
+void DrawerPanel::addOptions() {
+    mirror_.bind("enableGlobbingCheckbox",
+                 addCheckBox(controlX, globbingY, tr("E&xpand wildcards in arguments")),
+                 &FormModel::enableGlobbingCheckbox);
+    mirror_.bind("allowSuccessfulExitCheckbox",
+                 addCheckBox(controlX, exitY, tr("All&ow successful exit")),
+                 &FormModel::allowSuccessfulExitCheckbox);
+    addCaption(alsoRunY - 2, tr("Also run when"), nullptr);
+    mirror_.bind("alsoRunAtLoadCheckbox", addCheckBox(controlX, alsoRunY, tr("A&gent loads")),
+                 &FormModel::alsoRunAtLoadCheckbox);
+    mirror_.bind("alsoRunVolumeCheckbox", addCheckBox(secondX, alsoRunY, tr("Volu&me mounts")),
+                 &FormModel::alsoRunVolumeCheckbox);
+    mirror_.bind("alsoRunPathChangeCheckbox",
+                 addCheckBox(controlX, alsoRunSecondY, tr("Path &changes")),
+                 &FormModel::alsoRunPathChangeCheckbox, &AppDelegate::chooseAdditionalWathPath);
+
+    auto* well = new ImageWellButton(24, look::Plane::drawer, this);
+    well->setAccessibleName(tr("Additional watched path"));
+    mirror_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);
+    mirror_.show([well](const FormModel& form) {
+        well->setVisible(form.alsoRunPathChangeImageWell.image.kind != Image::Kind::None);
+    });
+    connect(well, &QToolButton::clicked, this,
+            [this] { mirror_.send(&AppDelegate::chooseAdditionalWathPath); });
+    place(well, secondX, alsoRunSecondY - 2, 24, 24);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,27 @@
+// The file panels of the program, presented like any sheet: one at a time, window-modal.
+//
+// The dialogs are named "openPanel" and "savePanel", the line at their top "panelMessage", the
+// question before a file is replaced "replaceAlert".
+#pragma once
+
+#include "platform/file_panels.h"
+
+class QWidget;
+
+namespace frimbolate {
+
+class SheetStack;
+
+class QtFilePanels : public FilePanels {
+  public:
+    QtFilePanels(SheetStack& stack, QWidget& mainWindow) : stack_(stack), mainWindow_(mainWindow) {}
+
+    void open(const OpenPanel& panel, OpenCompletion completion) override;
+    void save(const SavePanel& panel, SaveCompletion completion) override;
+
+  private:
+    SheetStack& stack_;
+    QWidget& mainWindow_;
+};
+
+} // namespace frimbolate

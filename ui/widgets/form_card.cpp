@@ -1,0 +1,231 @@
+#include "ui/widgets/form_card.h"
+
+#include "core/sentences.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/form_mirror.h"
+#include "ui/widgets/image_well_button.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
+#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/text.h"
+#include "ui/widgets/tip_button.h"
+
+#include <QDir>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTimeEdit>
+#include <QToolButton>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// The columns of a row and the gaps between them, in pixels of the 1x layout.
+enum { Label, Control, WellGap, Well, ScriptGap, Script, MarkerGap, MarkerColumn, TipGap, Tip };
+constexpr int columnWidths[] = {128, 311, 9, 32, 8, 32, 16, 20, 8, 20};
+// The lines of a row: a gap, the controls, a gap, the hint, a gap. Four rows of 72 make the card.
+constexpr int lineHeights[] = {12, 32, 3, 18, 7};
+constexpr int controlsLine = 1, hintLine = 3, linesPerRow = 5;
+constexpr int margin = 24;
+
+constexpr const char* hintNames[] = {"nameHint", "targetHint", "actionHint", "scheduleHint"};
+constexpr Marker FormModel::*markers[] = {
+    &FormModel::nameErrorImageWell, &FormModel::targetErrorImageWell,
+    &FormModel::actionErrorImageWell, &FormModel::scheduleErrorImageWell};
+
+void setRetainsSize(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+}
+
+QString fileName(const std::string& targetPath) {
+    const QString bundle = text(targetPath).section("/Contents/MacOS/", 0, 0);
+    return bundle.section('/', -1, -1, QString::SectionSkipEmpty);
+}
+
+/// Choosing a file or a new script does more than choosing the item.
+void sendTarget(AppDelegate& delegate) {
+    const int item = delegate.form().agentTargetButton.selectedItem;
+    delegate.chooseAgentTarget();
+    if (item == TargetType::File)
+        delegate.chooseApplicationOrScript();
+    else if (item == TargetType::Script)
+        delegate.createNewScript();
+}
+
+} // namespace
+
+FormCard::FormCard(FormMirror& mirror, QWidget* parent)
+    : QWidget(parent), mirror_(mirror), grid_(new QGridLayout(this)) {
+    setFixedSize(scaled(632), scaled(288));
+    grid_->setContentsMargins(scaled(margin), 0, scaled(margin), 0);
+    grid_->setSpacing(0);
+    for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column)
+        grid_->setColumnMinimumWidth(column, scaled(columnWidths[column]));
+    for (int line = 0; line < RowCount * linesPerRow; ++line)
+        grid_->setRowMinimumHeight(line, scaled(lineHeights[line % linesPerRow]));
+    addNameRow();
+    addTargetRow();
+    addActionRow();
+    addScheduleRow();
+    mirror_.show([this](const FormModel& form) { showTarget(form); });
+    mirror_.show([this](const FormModel& form) { showHints(form); });
+}
+
+void FormCard::paintEvent(QPaintEvent*) {
+    const look::Tokens& tokens = look::tokens(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(tokens.hairline);
+    painter.setBrush(tokens.surface);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), scaled(10), scaled(10));
+    for (int row = 1; row < RowCount; ++row)
+        painter.fillRect(scaled(margin), row * scaled(72), width() - 2 * scaled(margin), 1,
+                         tokens.hairline);
+}
+
+void FormCard::addRow(int row, const QString& label, QWidget* cell, QWidget* control,
+                      QList<QWidget*> marked) {
+    const QString name = QString(label).remove('&');
+    auto* caption = new QLabel(label, this);
+    look::setFont(caption, look::FontRole::rowLabel);
+    caption->setBuddy(control);
+    control->setAccessibleName(name);
+    cell->setFixedHeight(scaled(lineHeights[controlsLine]));
+    auto* hint = new ElidedLabel(Qt::ElideMiddle, this);
+    hint->setObjectName(hintNames[row]);
+    rows_[row] = {hint, control, std::move(marked)};
+    addToRow(row, Label, caption);
+    addToRow(row, Control, cell);
+    grid_->addWidget(hint, row * linesPerRow + hintLine, Control, 1, Tip - Control + 1);
+}
+
+void FormCard::addToRow(int row, int column, QWidget* widget) {
+    grid_->addWidget(widget, row * linesPerRow + controlsLine, column, Qt::AlignVCenter);
+}
+
+void FormCard::addMarker(int row, std::string_view outlet, Marker FormModel::*member) {
+    auto* marker = new QLabel(this);
+    marker->setPixmap(look::toolIcon("warning").pixmap(scaled(20), scaled(20)));
+    marker->setAccessibleName(tr("Fault in this row"));
+    setRetainsSize(marker);
+    mirror_.bind(outlet, static_cast<QWidget*>(marker), member);
+    addToRow(row, MarkerColumn, marker);
+}
+
+void FormCard::addTip(int row, std::string_view outlet, Button FormModel::*member) {
+    addToRow(row, Tip,
+             makeTipButton(mirror_, outlet, member, rows_[row].control->accessibleName()));
+}
+
+void FormCard::addNameRow() {
+    auto* field = new QLineEdit(this);
+    field->setPlaceholderText(tr("For example, backup_photos"));
+    mirror_.bind("agentNameTextField", field, &FormModel::agentNameTextField);
+    setFocusProxy(field);
+    addRow(NameRow, tr("&Name"), field, field, {field});
+    addMarker(NameRow, "nameErrorImageWell", &FormModel::nameErrorImageWell);
+    addTip(NameRow, "agentNameTipButton", &FormModel::agentNameTipButton);
+}
+
+void FormCard::addTargetRow() {
+    targetButton_ = new PopUpButton(agentTargetItems(), this);
+    mirror_.bind("agentTargetButton", targetButton_, &FormModel::agentTargetButton, sendTarget);
+    addRow(TargetRow, tr("&What to launch"), targetButton_, targetButton_, {targetButton_});
+
+    targetWell_ = new ImageWellButton(32, look::Plane::card, this);
+    targetWell_->setAccessibleName(tr("Application or script to launch"));
+    targetWell_->setEmptyToolTip(tr("Choose an application or script"));
+    connect(targetWell_, &QToolButton::clicked, this, &FormCard::pressTargetWell);
+    mirror_.bind("agentTargetImageWell", targetWell_, &FormModel::agentTargetImageWell);
+    addToRow(TargetRow, Well, targetWell_);
+
+    auto* script = new QToolButton(this);
+    script->setIcon(look::toolIcon("script-edit"));
+    script->setIconSize({scaled(20), scaled(20)});
+    script->setFixedSize(scaled(32), scaled(32));
+    script->setFocusPolicy(Qt::StrongFocus);
+    script->setAccessibleName(tr("Edit script"));
+    setRetainsSize(script);
+    mirror_.bind("showPopOverScriptButton", script, &FormModel::showPopOverScriptButton,
+                 &AppDelegate::showPopOverScript);
+    scriptButton_ = script;
+    addToRow(TargetRow, Script, script);
+    addMarker(TargetRow, "targetErrorImageWell", &FormModel::targetErrorImageWell);
+    addTip(TargetRow, "agentTargetTipButton", &FormModel::agentTargetTipButton);
+}
+
+void FormCard::addActionRow() {
+    auto* button = new PopUpButton(agentActionItems(), this);
+    mirror_.bind("agentActionButton", button, &FormModel::agentActionButton,
+                 &AppDelegate::chooseAgentAction);
+    addRow(ActionRow, tr("When &to launch"), button, button, {button});
+
+    watchPathWell_ = new ImageWellButton(32, look::Plane::card, this);
+    watchPathWell_->setAccessibleName(tr("Watched path"));
+    connect(watchPathWell_, &QToolButton::clicked, this, &FormCard::pressWatchPathWell);
+    mirror_.bind("agentWatchPathImageWell", watchPathWell_, &FormModel::agentWatchPathImageWell);
+    mirror_.show([this](const FormModel& form) {
+        // An empty well would invite to choose a path that the action has no use for.
+        if (form.agentWatchPathImageWell.image.kind == Image::Kind::None)
+            watchPathWell_->hide();
+        watchPathWell_->setFocusPolicy(
+            form.agentActionButton.selectedItem == AgentAction::PathModified ? Qt::StrongFocus
+                                                                             : Qt::NoFocus);
+    });
+    addToRow(ActionRow, Well, watchPathWell_);
+    addMarker(ActionRow, "actionErrorImageWell", &FormModel::actionErrorImageWell);
+    addTip(ActionRow, "agentActionTipButton", &FormModel::agentActionTipButton);
+}
+
+void FormCard::pressTargetWell() {
+    // A typed script has no file to choose anew; its text is what there is to change.
+    if (targetButton_->currentIndex() == TargetType::Script)
+        mirror_.send(&AppDelegate::showPopOverScript);
+    else
+        mirror_.change(
+            [](FormModel& form) { form.agentTargetButton.selectedItem = TargetType::File; },
+            sendTarget);
+}
+
+void FormCard::pressWatchPathWell() {
+    mirror_.send([](AppDelegate& delegate) {
+        if (delegate.form().agentActionButton.selectedItem == AgentAction::PathModified)
+            delegate.chooseAgentAction();
+    });
+}
+
+void FormCard::showTarget(const FormModel& form) {
+    const bool isScript = form.agentTargetButton.selectedItem == TargetType::Script;
+    targetButton_->setShownTitle(fileName(form.agentTargetImageWell.toolTip));
+    targetWell_->setPlaceholder(isScript ? Image::resource("iconScriptBash.png") : Image::none());
+    targetWell_->setEmptyToolTip(isScript ? tr("Edit the script")
+                                          : tr("Choose an application or script"));
+}
+
+void FormCard::showHints(const FormModel& form) {
+    const ErrorReport shown{.text = {},
+                            .name = !form.nameErrorImageWell.hidden,
+                            .action = !form.actionErrorImageWell.hidden,
+                            .target = !form.targetErrorImageWell.hidden,
+                            .schedule = !form.scheduleErrorImageWell.hidden};
+    const RowHints hints = rowHints(agentForm(form), shown, QDir::homePath().toStdString());
+    const std::string* lines[] = {&hints.name, &hints.target, &hints.action, &hints.schedule};
+    for (int i = 0; i < RowCount; ++i) {
+        const Row& row = rows_[i];
+        const bool faulty = !(form.*markers[i]).hidden;
+        row.hint->setWholeText(text(*lines[i]));
+        row.hint->setWarning(faulty);
+        row.control->setAccessibleDescription(row.hint->text());
+        for (QWidget* control : row.marked)
+            look::setFaulty(control, faulty);
+    }
+}
+
+} // namespace frimbolate

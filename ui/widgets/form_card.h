@@ -1,0 +1,67 @@
+// The card of the form: name, target, action and schedule, each a row of a label, its control, what
+// stands beside it, a mark where validation found a fault, a tip, and a line of plain words below.
+#pragma once
+
+#include "core/form_model.h"
+
+#include <QWidget>
+
+class QGridLayout;
+class QTimeEdit;
+
+namespace frimbolate {
+
+class ElidedLabel;
+class FormMirror;
+class ImageWellButton;
+class PopUpButton;
+
+class FormCard : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit FormCard(FormMirror& mirror, QWidget* parent = nullptr);
+
+    /// Where the script pop-over points to.
+    QWidget* scriptButton() const { return scriptButton_; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    struct Row {
+        ElidedLabel* hint = nullptr;
+        QWidget* control = nullptr; ///< what the row's label belongs to
+        QList<QWidget*> marked;     ///< what bears the border of a fault
+    };
+    enum { NameRow, TargetRow, ActionRow, ScheduleRow, RowCount };
+
+    /// \param cell the control itself, or what holds it and its companions
+    void addRow(int row, const QString& label, QWidget* cell, QWidget* control,
+                QList<QWidget*> marked);
+    void addToRow(int row, int column, QWidget* widget);
+    void addMarker(int row, std::string_view outlet, Marker FormModel::*member);
+    void addTip(int row, std::string_view outlet, Button FormModel::*member);
+
+    void addNameRow();
+    void addTargetRow();
+    void addActionRow();
+    void addScheduleRow();
+    void setUpTimePicker();
+
+    void pressTargetWell();
+    void pressWatchPathWell();
+    void showTarget(const FormModel& form);
+    void showHints(const FormModel& form);
+
+    FormMirror& mirror_;
+    QGridLayout* grid_;
+    Row rows_[RowCount];
+    PopUpButton* targetButton_ = nullptr;
+    ImageWellButton* targetWell_ = nullptr;
+    ImageWellButton* watchPathWell_ = nullptr;
+    QWidget* scriptButton_ = nullptr;
+    QTimeEdit* timePicker_ = nullptr;
+};
+
+} // namespace frimbolate

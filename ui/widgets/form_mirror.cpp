@@ -1,0 +1,183 @@
+#include "ui/widgets/form_mirror.h"
+
+#include "ui/widgets/image_well_button.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/text.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QSlider>
+#include <QTextDocument>
+#include <QTimeEdit>
+
+namespace frimbolate {
+
+namespace {
+
+/// The text as it was typed: toPlainText() would turn no-break spaces into blanks.
+QString typedText(const QPlainTextEdit& field) {
+    return field.document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, u'\n')
+        .replace(QChar::LineSeparator, u'\n');
+}
+
+/// A text as a plain text field gives it back.
+QString withPlainLineBreaks(QString text) { return text.replace("\r\n", "\n").replace('\r', '\n'); }
+
+} // namespace
+
+void FormMirror::connectTo(AppDelegate& delegate) { delegate_ = &delegate; }
+
+void FormMirror::mirror() {
+    if (!delegate_ || mirroring_)
+        return;
+    const QScopedValueRollback guard(mirroring_, true);
+    const FormModel& form = delegate_->form();
+    for (const auto& show : shows_)
+        show(form);
+}
+
+void FormMirror::change(const std::function<void(FormModel&)>& change, const Send& send) {
+    if (!delegate_ || mirroring_)
+        return;
+    change(delegate_->form());
+    if (send)
+        send(*delegate_);
+    mirror();
+}
+
+void FormMirror::show(std::function<void(const FormModel&)> show) {
+    shows_.push_back(std::move(show));
+}
+
+void FormMirror::bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member) {
+    field->setObjectName(text(outlet));
+    show([field, member](const FormModel& form) {
+        field->setVisible(!(form.*member).hidden);
+        if (const QString wanted = text((form.*member).stringValue); wanted != field->text())
+            field->setText(wanted);
+    });
+    // textChanged, not textEdited: assistive tools set a text without typing it.
+    connect(field, &QLineEdit::textChanged, this, [this, member](const QString& typed) {
+        change([&](FormModel& form) { (form.*member).stringValue = typed.toStdString(); });
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QPlainTextEdit* field,
+                      TextField FormModel::*member) {
+    field->setObjectName(text(outlet));
+    show([field, member](const FormModel& form) {
+        const QString wanted = withPlainLineBreaks(text((form.*member).stringValue));
+        if (wanted != typedText(*field))
+            field->setPlainText(wanted);
+    });
+    connect(field, &QPlainTextEdit::textChanged, this, [this, field, member] {
+        change(
+            [&](FormModel& form) { (form.*member).stringValue = typedText(*field).toStdString(); });
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, PopUpButton* button, PopUp FormModel::*member,
+                      const Send& send) {
+    button->setObjectName(text(outlet));
+    show([button, member](const FormModel& form) {
+        const PopUp& popUp = form.*member;
+        button->setDisabledItems(popUp.disabledItems);
+        button->setCurrentIndex(popUp.selectedItem);
+        button->setEnabled(popUp.enabled);
+        if (popUp.width > 0)
+            button->setFixedWidth(look::scaled(popUp.width));
+        button->setVisible(!popUp.hidden);
+    });
+    // activated, not currentIndexChanged: choosing the same item once more asks once more.
+    connect(button, &QComboBox::activated, this, [this, member, send](int index) {
+        change([&](FormModel& form) { (form.*member).selectedItem = index; }, send);
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QCheckBox* box, CheckBox FormModel::*member,
+                      const Send& send) {
+    box->setObjectName(text(outlet));
+    show([box, member](const FormModel& form) {
+        const int state = (form.*member).state;
+        box->setCheckState(state == CheckState::Off  ? Qt::Unchecked
+                           : state == CheckState::On ? Qt::Checked
+                                                     : Qt::PartiallyChecked);
+        // A person switches between on and off; only a program leaves a box mixed.
+        box->setTristate(box->checkState() == Qt::PartiallyChecked);
+        box->setEnabled((form.*member).enabled);
+    });
+    // stateChanged, not clicked: assistive tools toggle a box without a click.
+    connect(box, &QCheckBox::stateChanged, this, [this, member, send](int state) {
+        const int value = state == Qt::Unchecked ? CheckState::Off
+                          : state == Qt::Checked ? CheckState::On
+                                                 : CheckState::Mixed;
+        change([&](FormModel& form) { (form.*member).state = value; }, send);
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QTimeEdit* picker, DatePicker FormModel::*member) {
+    picker->setObjectName(text(outlet));
+    show([picker, member](const FormModel& form) {
+        const DatePicker& date = form.*member;
+        const QTime time(date.dateValue.hour, date.dateValue.minute);
+        if (time != picker->time())
+            picker->setTime(time);
+        picker->setFixedWidth(look::scaled(date.width));
+        picker->setVisible(!date.hidden);
+    });
+    connect(picker, &QTimeEdit::timeChanged, this, [this, member](QTime time) {
+        change([&](FormModel& form) {
+            (form.*member).dateValue.hour = time.hour();
+            (form.*member).dateValue.minute = time.minute();
+        });
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QSlider* slider, Slider FormModel::*member,
+                      const Send& send) {
+    slider->setObjectName(text(outlet));
+    show([slider, member](const FormModel& form) {
+        slider->setValue(static_cast<int>((form.*member).value));
+    });
+    connect(slider, &QSlider::valueChanged, this, [this, member, send](int value) {
+        change([&](FormModel& form) { (form.*member).value = value; }, send);
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QAbstractButton* button, Button FormModel::*member,
+                      const Send& send) {
+    button->setObjectName(text(outlet));
+    show([button, member](const FormModel& form) {
+        button->setVisible(!(form.*member).hidden);
+        if (const std::string& tip = (form.*member).toolTip; !tip.empty())
+            button->setToolTip(text(tip));
+    });
+    connect(button, &QAbstractButton::clicked, this, [this, send] { this->send(send); });
+}
+
+void FormMirror::bind(std::string_view outlet, ImageWellButton* well,
+                      ImageWell FormModel::*member) {
+    well->setObjectName(text(outlet));
+    show([well, member](const FormModel& form) {
+        well->setImage((form.*member).image);
+        well->setPath(text((form.*member).toolTip));
+        well->setVisible(!(form.*member).hidden);
+    });
+}
+
+void FormMirror::bind(std::string_view outlet, QWidget* marker, Marker FormModel::*member) {
+    marker->setObjectName(text(outlet));
+    show([marker, member](const FormModel& form) { marker->setVisible(!(form.*member).hidden); });
+}
+
+void FormMirror::bind(std::string_view outlet, QWidget* box, Box FormModel::*member) {
+    box->setObjectName(text(outlet));
+    show([box, member](const FormModel& form) { box->setVisible(!(form.*member).hidden); });
+}
+
+} // namespace frimbolate

@@ -1,0 +1,32 @@
+// Icons of the program and of files, drawn from SVG at the very pixel size asked for.
+//
+// The sources use three literal colours: ink, accent and tile. They are exchanged at painting time
+// by palette, mode and state, so one file serves light and dark, disabled, toggled and selected.
+#pragma once
+
+#include "core/form_model.h"
+
+#include <QIcon>
+#include <QStyle>
+
+#include <string_view>
+
+namespace frimbolate::look {
+
+/// What lies behind a tile: the drawer's own colour would swallow the ordinary tile.
+enum class Plane { card, drawer };
+
+/// An icon from resources/icons, such as "save", "warning" or "app". Checked (QIcon::On) means the
+/// accent, Disabled the colour of disabled text, Selected the colour of text on the accent. "app"
+/// is drawn without the margin that desktops want around it.
+QIcon toolIcon(std::string_view name);
+
+/// What the toolkit's file dialog shows, in the same strokes; null for all else.
+QIcon standardIcon(QStyle::StandardPixmap pixmap);
+
+/// The picture of an image well. A resource is one of the program's own tiles; a file's icon is
+/// our tile for folders and for scripts that are recognised by their extension, the desktop's icon
+/// for all else, and the program's own where the desktop has none. None gives a null icon.
+QIcon imageIcon(const Image& image, Plane plane = Plane::card);
+
+} // namespace frimbolate::look

@@ -1,0 +1,58 @@
+// Paints the controls. A proxy over Fusion rather than a stylesheet: one place of pure painting
+// that keeps the palette, the sub-control geometry and every platform hint of the base style.
+//
+// What a widget can ask for:
+//   - bool property "faulty" on a field or pop-up: drawn with the border of a fault. The widget
+//     needs update() when the property changes; setFaulty() does both.
+//   - bool property "round" on a tool button: a disc with a border, as the tips are. Every other
+//     tool button has no plate at rest; with its text under the icon it is an item of the toolbar.
+//   - QPushButton::setDefault(): the accent button.
+#pragma once
+
+#include <QProxyStyle>
+
+class QApplication;
+
+namespace frimbolate::look {
+
+class Style : public QProxyStyle {
+    Q_OBJECT
+
+  public:
+    Style();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                         SubControl subControl, const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override;
+    QIcon standardIcon(StandardPixmap pixmap, const QStyleOption* option,
+                       const QWidget* widget) const override;
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
+    using QProxyStyle::unpolish;
+    void unpolish(QWidget* widget) override;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+void setFaulty(QWidget* widget, bool faulty);
+
+/// Gives the application its style, fonts, and the palette of the desktop's colour scheme, and
+/// follows the scheme while the program runs. FRIMBOLATE_COLOR_SCHEME=light or dark overrides the
+/// desktop. On macOS only the fonts are ours: controls are the system's own there.
+void install(QApplication& application);
+
+} // namespace frimbolate::look

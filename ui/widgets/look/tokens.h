@@ -1,0 +1,48 @@
+// The colours of the program, one set for a light and one for a dark desktop.
+//
+// Every painted pixel takes its colour from here, so that contrast is a matter of this one table
+// (a test computes it). Widgets ask with their own palette and so follow a scheme change at once.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+namespace frimbolate::look {
+
+struct Tokens {
+    // Planes, from the ground up
+    QColor window;  ///< behind the card
+    QColor surface; ///< card and sheet
+    QColor raised;  ///< menu bar, menus, toolbar
+    QColor sunken;  ///< drawer
+    // Controls
+    QColor field;  ///< where a person types
+    QColor button; ///< push buttons and pop-ups
+    QColor hover;
+    QColor pressed;
+    // Lines
+    QColor hairline;
+    QColor controlBorder;
+    // Texts
+    QColor text;
+    QColor text2; ///< hints and captions
+    QColor disabledText;
+    // Default button, focus, checked, toggled and slider fill, and nothing else
+    QColor accent;
+    QColor accentHover;
+    QColor onAccent;
+    QColor accentSoft; ///< behind a toggled toolbar item
+    // Faults
+    QColor warnText;
+    QColor faultyBorder;
+
+    QColor scrim; ///< over the window while a sheet is up; translucent
+};
+
+const Tokens& tokens(bool dark);
+/// The set that goes with a palette, told by how light its window colour is.
+const Tokens& tokens(const QPalette& palette);
+
+QPalette palette(bool dark);
+
+} // namespace frimbolate::look

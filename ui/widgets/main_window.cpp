@@ -1,0 +1,150 @@
+#include "ui/widgets/main_window.h"
+
+#include "core/sentences.h"
+#include "ui/widgets/commands.h"
+#include "ui/widgets/drawer_panel.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/form_card.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
+#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/script_pop_over.h"
+#include "ui/widgets/text.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QPainter>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// Pixels of the 1x layout.
+constexpr int formWidth = 680, drawerWidth = 400, windowHeight = 472, contentHeight = 380;
+constexpr int cardMargin = 24, footHeight = 44, dotSide = 8, dotGap = 8;
+
+/// The line at the foot, under a hairline, behind a dot that lights up when the form is complete.
+class Foot : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+    void setComplete(bool complete) {
+        complete_ = complete;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const look::Tokens& tokens = look::tokens(palette());
+        QPainter painter(this);
+        painter.fillRect(0, 0, width(), 1, tokens.hairline);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(complete_ ? tokens.accent : tokens.controlBorder);
+        const double side = scaled(dotSide);
+        painter.drawEllipse(QRectF(scaled(cardMargin), (height() - side) / 2, side, side));
+    }
+
+  private:
+    bool complete_ = false;
+};
+
+} // namespace
+
+MainWindow::MainWindow() : commands_(new Commands(mirror_, *this)) {
+    setObjectName("mainWindow");
+    setWindowTitle(tr("Frimbolate"));
+    setWindowIcon(look::toolIcon("app"));
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    auto* content = new QWidget(this);
+    setCentralWidget(content);
+    auto* drawer = new DrawerPanel(mirror_, scaled(formWidth), content);
+    connect(drawer, &DrawerPanel::needsRoom, this, &MainWindow::setRoomForDrawer);
+    // The form is made last and so lies above the drawer, which slides out from behind it.
+    QWidget* form = makeForm(content);
+    auto* card = form->findChild<FormCard*>();
+    new ScriptPopOver(mirror_, card->scriptButton(), this);
+    setTabOrder(form, drawer);
+    setRoomForDrawer(false);
+    card->setFocus();
+    connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
+            [card] { card->setFocus(); });
+    mirror_.show([this](const FormModel& model) {
+        if (model.mainWindow.visible && !isVisible())
+            bringToFront();
+        else if (!model.mainWindow.visible && isVisible())
+            hide();
+    });
+}
+
+QAction* MainWindow::aboutAction() const { return commands_->about(); }
+
+QWidget* MainWindow::makeForm(QWidget* parent) {
+    auto* form = new QWidget(parent);
+    form->setObjectName("form");
+    form->setAutoFillBackground(true);
+    form->setFixedSize(scaled(formWidth), scaled(contentHeight));
+    auto* column = new QVBoxLayout(form);
+    column->setContentsMargins(0, scaled(cardMargin), 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new FormCard(mirror_, form), 0, Qt::AlignHCenter);
+    column->addStretch();
+    column->addWidget(makeFoot(form));
+    return form;
+}
+
+QWidget* MainWindow::makeFoot(QWidget* parent) {
+    auto* foot = new Foot(parent);
+    foot->setFixedHeight(scaled(footHeight));
+    auto* line = new QVBoxLayout(foot);
+    line->setContentsMargins(scaled(cardMargin + dotSide + dotGap), 0, scaled(cardMargin), 0);
+    auto* plan = new ElidedLabel(Qt::ElideRight, foot);
+    plan->setObjectName("planSentence");
+    plan->setAccessibleName(tr("What launchd will do"));
+    line->addWidget(plan);
+    mirror_.show([plan, foot](const FormModel& model) {
+        const AgentForm form = agentForm(model);
+        plan->setWholeText(text(planSentence(form, QDir::homePath().toStdString())));
+        foot->setComplete(validate(form).passed());
+    });
+    return foot;
+}
+
+void MainWindow::setRoomForDrawer(bool room) {
+    const QSize size(scaled(room ? formWidth + drawerWidth : formWidth), scaled(windowHeight));
+    // A window that would leave the screen goes left before it grows; window managers push a
+    // window back only after they have shown it outside.
+    if (room && isVisible()) {
+        const QRect frame = frameGeometry();
+        const QRect free = screen()->availableGeometry();
+        const int right = frame.left() + size.width() + frame.width() - width();
+        const int beyond = right - (free.right() + 1);
+        if (beyond > 0)
+            move(std::max(free.left(), frame.left() - beyond), frame.top());
+    }
+    setFixedSize(size);
+}
+
+void MainWindow::bringToFront() {
+    show();
+    raise();
+    // Without a window manager the first window gets no keyboard by itself.
+    activateWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    mirror_.change([](FormModel& form) {
+        form.mainWindow.visible = false;
+        form.popoverScriptObject.shown = false;
+    });
+    event->accept();
+}
+
+} // namespace frimbolate

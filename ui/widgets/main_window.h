@@ -1,0 +1,48 @@
+// The main window: menus, toolbar, the form, the line of plain words at its foot, and the drawer.
+//
+// It is dumb on purpose: it mirrors the form model and sends the actions of AppDelegate. It is
+// built before everything that needs a window to stand on, and connected last.
+#pragma once
+
+#include "ui/widgets/form_mirror.h"
+
+#include <QMainWindow>
+
+class QAction;
+
+namespace frimbolate {
+
+class Commands;
+class DrawerPanel;
+class FormCard;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    MainWindow();
+
+    /// Where further controls, those of the sheets, are bound.
+    FormMirror& formMirror() { return mirror_; }
+    QAction* aboutAction() const;
+
+    /// The delegate must outlive the window's last event.
+    void connectTo(AppDelegate& delegate) { mirror_.connectTo(delegate); }
+    /// Shows the model as it is now; to be called after whatever changed it.
+    void mirror() { mirror_.mirror(); }
+    /// Shows the window, above the others and with the keyboard.
+    void bringToFront();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QWidget* makeForm(QWidget* parent);
+    QWidget* makeFoot(QWidget* parent);
+    void setRoomForDrawer(bool room);
+
+    FormMirror mirror_;
+    Commands* commands_;
+};
+
+} // namespace frimbolate

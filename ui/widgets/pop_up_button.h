@@ -1,0 +1,36 @@
+// A pop-up button: one choice of a short list, whose indexes mean something.
+#pragma once
+
+#include "core/pop_up_items.h"
+
+#include <QComboBox>
+
+#include <set>
+#include <span>
+
+namespace frimbolate {
+
+class PopUpButton : public QComboBox {
+    Q_OBJECT
+
+  public:
+    /// Separators take an index of their own, so that the items behind them keep their numbers.
+    explicit PopUpButton(std::span<const PopUpItem> items, QWidget* parent = nullptr);
+
+    /// Greyed out in the list and not to be chosen.
+    void setDisabledItems(const std::set<int>& indexes);
+
+    /// Shown on the closed button in place of the selected item's title; empty = that title.
+    void setShownTitle(const QString& title);
+
+  protected:
+    void initStyleOption(QStyleOptionComboBox* option) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    QString shownTitle_;
+    std::set<int> disabledItems_;
+};
+
+} // namespace frimbolate

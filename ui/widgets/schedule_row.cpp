@@ -1,0 +1,93 @@
+// The last row of the form card, whose controls change with the kind of schedule.
+#include "ui/widgets/form_card.h"
+
+#include "ui/widgets/form_mirror.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/pop_up_button.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QLocale>
+#include <QTimeEdit>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+constexpr int gap = 5;
+constexpr int controlHeight = 32;
+/// Beside the day of the month the picker is this narrow.
+constexpr int narrowPicker = 90;
+
+bool hasTwelveHourClock() {
+    return QLocale().timeFormat(QLocale::ShortFormat).contains("AP", Qt::CaseInsensitive);
+}
+
+} // namespace
+
+void FormCard::addScheduleRow() {
+    QWidget* cell = new QWidget(this);
+    auto* line = new QHBoxLayout(cell);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(scaled(gap));
+
+    auto* schedule = new PopUpButton(agentScheduleTypeItems(), cell);
+    schedule->setPlaceholderText(tr("No schedule"));
+    mirror_.bind("agentScheduleTypeButton", schedule, &FormModel::agentScheduleTypeButton,
+                 &AppDelegate::chooseAgentSchedule);
+
+    auto* dayBox = new QWidget(cell);
+    auto* dayLine = new QHBoxLayout(dayBox);
+    dayLine->setContentsMargins(0, 0, 0, 0);
+    auto* day = new QLineEdit(dayBox);
+    day->setAlignment(Qt::AlignCenter);
+    day->setFixedWidth(scaled(51));
+    day->setPlaceholderText(tr("Day"));
+    day->setAccessibleName(tr("Day of the month"));
+    dayLine->addWidget(day);
+    mirror_.bind("onMonthTextBox", dayBox, &FormModel::onMonthTextBox);
+    mirror_.bind("onMonthTextField", day, &FormModel::onMonthTextField);
+
+    timePicker_ = new QTimeEdit(cell);
+    setUpTimePicker();
+
+    auto* interval = new QLineEdit(cell);
+    interval->setFixedWidth(scaled(52));
+    interval->setAccessibleName(tr("Interval"));
+    mirror_.bind("agentIntervalField", interval, &FormModel::agentIntervalField);
+    auto* unit = new PopUpButton(agentIntervalTypeItems(), cell);
+    unit->setFixedWidth(scaled(89));
+    unit->setAccessibleName(tr("Unit of the interval"));
+    mirror_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
+
+    for (QWidget* part : QList<QWidget*>{schedule, dayBox, timePicker_, interval, unit}) {
+        part->setFixedHeight(scaled(controlHeight));
+        line->addWidget(part);
+    }
+    day->setFixedHeight(scaled(controlHeight));
+    line->addStretch();
+
+    // What can be wrong with a schedule is what was typed.
+    addRow(ScheduleRow, tr("&Schedule"), cell, schedule, {day, interval});
+    addMarker(ScheduleRow, "scheduleErrorImageWell", &FormModel::scheduleErrorImageWell);
+    addTip(ScheduleRow, "agentScheduleTipButton", &FormModel::agentScheduleTipButton);
+}
+
+void FormCard::setUpTimePicker() {
+    const bool twelveHours = hasTwelveHourClock();
+    timePicker_->setDisplayFormat(twelveHours ? "hh:mm AP" : "HH:mm");
+    timePicker_->setAccessibleName(tr("Time of day"));
+    mirror_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
+    if (!twelveHours)
+        return;
+    // "07:30 AM" and the steppers do not both fit into the narrow picker.
+    mirror_.show([this](const FormModel& form) {
+        timePicker_->setButtonSymbols(form.agentScheduleDatePicker.width <= narrowPicker
+                                          ? QAbstractSpinBox::NoButtons
+                                          : QAbstractSpinBox::UpDownArrows);
+    });
+}
+
+} // namespace frimbolate

@@ -1,0 +1,176 @@
+#include "ui/widgets/script_pop_over.h"
+
+#include "ui/widgets/form_mirror.h"
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/pop_up_button.h"
+
+#include <QAbstractItemView>
+#include <QBitmap>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// Pixels of the 1x layout.
+constexpr int panelWidth = 360, panelHeight = 232, padding = 16;
+constexpr int arrow = 9;       ///< how far it sticks out; its sides stand at 45 degrees
+constexpr int anchorGap = 5;   ///< between the anchor and the tip of the arrow
+constexpr int aboveArrow = 32; ///< from the panel's top to the tip
+constexpr int radius = 6;
+
+/// Drawn without antialiasing, so that the window's shape and its border follow the same pixels
+/// and no compositor is needed.
+QRegion shapeOf(const QSize& size, int tipY) {
+    QBitmap shape(size);
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    const int left = scaled(arrow);
+    painter.drawRoundedRect(left, 0, size.width() - left, size.height(), scaled(radius),
+                            scaled(radius));
+    painter.drawPolygon(QPolygon(
+        {QPoint(0, tipY), QPoint(left + 1, tipY - left - 1), QPoint(left + 1, tipY + left + 1)}));
+    painter.end();
+    return QRegion(shape);
+}
+
+QRegion withoutBorder(const QRegion& shape) {
+    return shape & shape.translated(1, 0) & shape.translated(-1, 0) & shape.translated(0, 1) &
+           shape.translated(0, -1);
+}
+
+} // namespace
+
+ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* parent)
+    : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      mirror_(mirror), anchor_(anchor), language_(new PopUpButton(scriptLanguageItems(), this)),
+      script_(new QPlainTextEdit(this)) {
+    setObjectName("popoverScriptObject");
+    setAccessibleName(tr("Script"));
+    setFixedSize(scaled(panelWidth + arrow), scaled(panelHeight));
+    layOut();
+    mirror_.bind("scriptPopOverLanguageButton", language_, &FormModel::scriptPopOverLanguageButton);
+    mirror_.bind("scriptPopOverScriptField", script_, &FormModel::scriptPopOverScriptField);
+    mirror_.show([this](const FormModel& form) { setWanted(form.popoverScriptObject.shown); });
+    language_->view()->installEventFilter(this);
+    parent->installEventFilter(this);
+}
+
+void ScriptPopOver::layOut() {
+    auto* title = new QLabel(tr("Script"), this);
+    look::setFont(title, look::FontRole::defaultButton);
+    language_->setAccessibleName(tr("Language"));
+    language_->setFixedSize(scaled(160), scaled(32));
+    look::setFont(script_, look::FontRole::mono);
+    script_->setAccessibleName(tr("Script"));
+    script_->setTabChangesFocus(true);
+    script_->document()->setDocumentMargin(scaled(8));
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(scaled(arrow + padding), scaled(padding), scaled(padding),
+                             scaled(padding));
+    grid->setVerticalSpacing(scaled(12));
+    grid->addWidget(title, 0, 0);
+    grid->addWidget(language_, 0, 1);
+    grid->addWidget(script_, 1, 0, 1, 2);
+    setFocusProxy(script_);
+}
+
+void ScriptPopOver::setWanted(bool wanted) {
+    wanted_ = wanted;
+    // Shown at once, it would get the very key press that chose a script from the list: the list
+    // closes before that press is delivered.
+    if (wanted)
+        QTimer::singleShot(0, this, &ScriptPopOver::showOrHide);
+    else
+        showOrHide();
+}
+
+void ScriptPopOver::setBlocked(bool blocked) {
+    blocked_ = blocked;
+    showOrHide();
+}
+
+void ScriptPopOver::showOrHide() {
+    const bool shown = wanted_ && !blocked_ && parentWidget()->isVisible();
+    if (shown == isVisible())
+        return;
+    if (shown)
+        placeBesideAnchor();
+    setVisible(shown);
+    if (shown)
+        script_->setFocus(Qt::PopupFocusReason);
+}
+
+void ScriptPopOver::placeBesideAnchor() {
+    const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
+    const QRect screen = anchor_->screen()->availableGeometry();
+    const int tip = anchor.center().y() + 1;
+    const int x = std::min(anchor.right() + 1 + scaled(anchorGap), screen.right() + 1 - width());
+    const int y = std::clamp(tip - scaled(aboveArrow), screen.top(),
+                             std::max(screen.top(), screen.bottom() + 1 - height()));
+    move(x, y);
+    shape_ = shapeOf(size(), tip - y);
+    setMask(shape_);
+}
+
+void ScriptPopOver::paintEvent(QPaintEvent*) {
+    const look::Tokens& tokens = look::tokens(palette());
+    QPainter painter(this);
+    painter.fillRect(rect(), tokens.controlBorder);
+    painter.setClipRegion(withoutBorder(shape_));
+    painter.fillRect(rect(), tokens.surface);
+}
+
+void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
+    // A click on the anchor closes the pop-over; handed on to it, it would open it again. Any other
+    // click does what it does without a pop-over.
+    const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
+    setAttribute(Qt::WA_NoMouseReplay, anchor.contains(event->globalPosition().toPoint()));
+    QWidget::mousePressEvent(event);
+}
+
+void ScriptPopOver::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && escapeIsUsed_) {
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void ScriptPopOver::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat())
+        escapeIsUsed_ = false;
+    QWidget::keyReleaseEvent(event);
+}
+
+void ScriptPopOver::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (wanted_ && !blocked_)
+        mirror_.change([](FormModel& form) { form.popoverScriptObject.shown = false; });
+}
+
+bool ScriptPopOver::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget()) {
+        if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+            setBlocked(event->type() == QEvent::WindowBlocked);
+    } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
+        // The list closes at Escape, which then reaches the pop-over as well.
+        escapeIsUsed_ = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,50 @@
+// The script pop-over: a small window that points at the script button and goes away at a click
+// beside it.
+//
+// It shows itself while the model says so and no sheet is up: a sheet would lie under it, out of
+// reach of the mouse. Dismissed by the person, it tells the model.
+#pragma once
+
+#include <QRegion>
+#include <QWidget>
+
+class QPlainTextEdit;
+
+namespace frimbolate {
+
+class FormMirror;
+class PopUpButton;
+
+class ScriptPopOver : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// \param anchor what it points at, a part of the window `parent`
+    ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void layOut();
+    void setWanted(bool wanted);
+    void setBlocked(bool blocked);
+    void showOrHide();
+    void placeBesideAnchor();
+
+    FormMirror& mirror_;
+    QWidget* anchor_;
+    PopUpButton* language_;
+    QPlainTextEdit* script_;
+    QRegion shape_;             ///< the panel and its arrow
+    bool wanted_ = false;       ///< what the model says
+    bool blocked_ = false;      ///< by a sheet
+    bool escapeIsUsed_ = false; ///< by the list of languages, which it closes
+};
+
+} // namespace frimbolate

@@ -1,0 +1,154 @@
+#include "ui/widgets/sheet_alerts.h"
+
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
+#include "ui/widgets/sheet_stack.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace frimbolate {
+namespace {
+
+constexpr int usualWidth = 440;
+constexpr int wideWidth = 560;
+/// A higher sheet would reach below the form, or its shadow would; pixels.
+constexpr int greatestHeight = 348;
+constexpr int iconSide = 40;
+constexpr int iconGap = 16;
+constexpr int titleGap = 6;
+
+QString textOf(const std::string& text) { return QString::fromStdString(text); }
+
+QLabel* label(const char* name, const std::string& text, look::FontRole role) {
+    auto* result = new QLabel(textOf(text));
+    result->setObjectName(name);
+    result->setTextFormat(Qt::PlainText);
+    result->setWordWrap(true);
+    result->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    result->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    look::setFont(result, role);
+    return result;
+}
+
+QLabel* warningSign() {
+    auto* result = new QLabel;
+    result->setPixmap(
+        look::toolIcon("warning").pixmap(QSize(iconSide, iconSide), qApp->devicePixelRatio()));
+    result->setFixedSize(iconSide, iconSide);
+    result->setAccessibleName(QLabel::tr("Warning"));
+    return result;
+}
+
+} // namespace
+
+AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
+    : SheetDialog("sheetAlert", usualWidth, mainWindow),
+      lastAnswer_(AlertAnswer::First + static_cast<int>(alert.buttons.size()) - 1) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(textOf(alert.messageText));
+    setAccessibleName(textOf(alert.messageText));
+    setAccessibleDescription(textOf(alert.informativeText));
+    auto* content = new QHBoxLayout;
+    content->setSpacing(iconGap);
+    content->addWidget(warningSign(), 0, Qt::AlignTop);
+    content->addWidget(texts(alert), 1);
+    body()->addLayout(content);
+    body()->addSpacing(padding);
+    addButtons(alert);
+    if (excessHeight() > 0)
+        setPanelWidth(wideWidth);
+    if (excessHeight() > 0)
+        makeTextScroll();
+}
+
+QWidget* AlertDialog::texts(const SheetAlert& alert) {
+    auto* result = new QWidget;
+    auto* layout = new QVBoxLayout(result);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(titleGap);
+    layout->addWidget(label("messageText", alert.messageText, look::FontRole::sheetTitle));
+    QLabel* text = label("informativeText", alert.informativeText, look::FontRole::control);
+    text->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(text);
+    if (alert.showsSuppressionButton) {
+        suppressionButton_ = new QCheckBox(tr("Do not show this message again"));
+        suppressionButton_->setObjectName("suppressionButton");
+        layout->addSpacing(8);
+        layout->addWidget(suppressionButton_);
+    }
+    layout->addStretch();
+    return result;
+}
+
+int AlertDialog::excessHeight() const {
+    const int margins = height() - panelRect().height();
+    return layout()->totalHeightForWidth(width()) - margins - look::scaled(greatestHeight);
+}
+
+void AlertDialog::makeTextScroll() {
+    auto* text = findChild<QLabel*>("informativeText");
+    const int textWidth = panelRect().width() - 2 * padding - iconSide - iconGap;
+    auto* scroll = new QScrollArea;
+    scroll->setFixedHeight(text->heightForWidth(textWidth) - excessHeight());
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setAccessibleName(accessibleName());
+    delete text->parentWidget()->layout()->replaceWidget(text, scroll);
+    text->setContentsMargins(0, 0, padding / 2, 0);
+    scroll->setWidget(text);
+    // Both would paint the colour of a window on the sheet.
+    text->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
+}
+
+void AlertDialog::addButtons(const SheetAlert& alert) {
+    QList<QPushButton*> buttons;
+    for (const std::string& title : alert.buttons) {
+        auto* button = new QPushButton(textOf(title).replace('&', "&&"), this);
+        const int answer = AlertAnswer::First + static_cast<int>(buttons.size());
+        connect(button, &QPushButton::clicked, this, [this, answer] { done(answer); });
+        buttons.append(button);
+    }
+    QPushButton* first = buttons.first();
+    // The default stands in the corner, the second before it, a third one apart at the left.
+    QWidget* apart = buttons.size() > 2 ? buttons.takeLast() : nullptr;
+    std::ranges::reverse(buttons);
+    addButtonRow(apart, buttons);
+    first->setDefault(true);
+    first->setFocus();
+}
+
+AlertOutcome AlertDialog::outcome() const {
+    return {result(), suppressionButton_ && suppressionButton_->isChecked() ? 1 : 0};
+}
+
+void AlertDialog::reject() { done(lastAnswer_); }
+
+void AlertDialog::showEvent(QShowEvent* event) {
+    SheetDialog::showEvent(event);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void SheetAlerts::show(const SheetAlert& alert, Completion completion) {
+    auto* dialog = new AlertDialog(alert, &mainWindow_);
+    QObject::connect(dialog, &QDialog::finished, &stack_,
+                     [&stack = stack_, dialog, completion = std::move(completion)] {
+                         stack.complete([completion, outcome = dialog->outcome()] {
+                             if (completion)
+                                 completion(outcome);
+                         });
+                     });
+    stack_.present(dialog);
+}
+
+} // namespace frimbolate

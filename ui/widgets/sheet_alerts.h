@@ -1,0 +1,56 @@
+// The alerts of the program as sheets on the main window.
+//
+// The dialog is named "sheetAlert", its parts "messageText", "informativeText" and
+// "suppressionButton"; the push buttons carry their titles exactly. The first button is the default
+// and stands in the corner. Escape answers as the last button does.
+#pragma once
+
+#include "platform/alerts.h"
+#include "ui/widgets/sheet_dialog.h"
+
+class QCheckBox;
+class QLabel;
+
+namespace frimbolate {
+
+class SheetStack;
+
+class AlertDialog : public SheetDialog {
+    Q_OBJECT
+
+  public:
+    AlertDialog(const SheetAlert& alert, QWidget* mainWindow);
+
+    /// What was answered; meaningful once finished() was emitted.
+    AlertOutcome outcome() const;
+
+  public slots:
+    void reject() override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    QWidget* texts(const SheetAlert& alert);
+    void addButtons(const SheetAlert& alert);
+    /// How much higher than the form the sheet would be; pixels.
+    int excessHeight() const;
+    void makeTextScroll();
+
+    QCheckBox* suppressionButton_ = nullptr;
+    int lastAnswer_;
+};
+
+class SheetAlerts : public Alerts {
+  public:
+    SheetAlerts(SheetStack& stack, QWidget& mainWindow) : stack_(stack), mainWindow_(mainWindow) {}
+
+    using Alerts::show;
+    void show(const SheetAlert& alert, Completion completion) override;
+
+  private:
+    SheetStack& stack_;
+    QWidget& mainWindow_;
+};
+
+} // namespace frimbolate

@@ -1,0 +1,180 @@
+#include "ui/widgets/sheet_dialog.h"
+
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/tokens.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace frimbolate {
+namespace {
+
+constexpr double cornerRadius = 12;
+constexpr int shadowReach = 26;
+constexpr int shadowDrop = 6;
+
+/// Neither of these lets a program place a window: the desktop frames the sheet there.
+bool desktopPlacesSheets() {
+    const QString platform = QGuiApplication::platformName();
+    return platform == "cocoa" || platform.startsWith("wayland");
+}
+
+/// Square above, where the sheet comes out from under the toolbar, and round below.
+QPainterPath panelPath(const QRectF& panel, double radius) {
+    QPainterPath path(panel.topLeft());
+    path.lineTo(panel.topRight());
+    path.lineTo(panel.bottomRight() - QPointF(0, radius));
+    path.arcTo(QRectF(panel.bottomRight() - QPointF(2 * radius, 2 * radius),
+                      QSizeF(2 * radius, 2 * radius)),
+               0, -90);
+    path.lineTo(panel.bottomLeft() + QPointF(radius, 0));
+    path.arcTo(QRectF(panel.bottomLeft() - QPointF(0, 2 * radius), QSizeF(2 * radius, 2 * radius)),
+               270, -90);
+    path.closeSubpath();
+    return path;
+}
+
+void paintShadow(QPainter& painter, const QRectF& panel, bool dark) {
+    painter.setPen(Qt::NoPen);
+    const float strength = dark ? .04f : .014f;
+    for (int step = shadowReach; step > 0; --step) {
+        // Many faint plates on top of each other fade out like a blurred one.
+        const float nearness = 1 - static_cast<float>(step) / shadowReach;
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, strength * nearness));
+        const QRectF layer = panel.adjusted(-step, 0, step, step).translated(0, shadowDrop);
+        painter.drawPath(panelPath(layer.adjusted(0, -shadowReach, 0, 0), cornerRadius + step));
+    }
+}
+
+} // namespace
+
+QRect sheetArea(const QWidget& mainWindow) {
+    QRect area = mainWindow.rect();
+    if (const auto* toolBar = mainWindow.findChild<QToolBar*>())
+        area.setTop(toolBar->mapTo(&mainWindow, toolBar->rect().bottomLeft()).y() + 1);
+    return area;
+}
+
+SheetDialog::SheetDialog(const QString& objectName, int panelWidth, QWidget* mainWindow)
+    : QDialog(mainWindow, Qt::Sheet), mainWindow_(mainWindow), body_(new QVBoxLayout),
+      paintsFrame_(!desktopPlacesSheets()) {
+    setObjectName(objectName);
+    setWindowModality(Qt::WindowModal);
+    auto* frame = new QVBoxLayout(this);
+    frame->setContentsMargins(0, 0, 0, 0);
+    if (paintsFrame_) {
+        setWindowFlag(Qt::FramelessWindowHint);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        frame->setContentsMargins(shadowWidth, 0, shadowWidth, shadowWidth);
+    }
+    setPanelWidth(panelWidth);
+    body_->setSpacing(0);
+    setBodyPadding({padding, padding, padding, padding});
+    frame->addLayout(body_);
+    mainWindow_->installEventFilter(this);
+}
+
+void SheetDialog::setPanelWidth(int width) {
+    setFixedWidth(look::scaled(width) + (paintsFrame_ ? 2 * shadowWidth : 0));
+}
+
+void SheetDialog::setBodyPadding(const QMargins& margins) { body_->setContentsMargins(margins); }
+
+QWidget* SheetDialog::addButtonRow(QWidget* side, const QList<QPushButton*>& buttons) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    if (side)
+        layout->addWidget(side);
+    layout->addStretch();
+    for (QPushButton* button : buttons)
+        layout->addWidget(button);
+    body_->addWidget(row);
+    return row;
+}
+
+QRect SheetDialog::panelRect() const {
+    return paintsFrame_ ? rect().adjusted(shadowWidth, 0, -shadowWidth, -shadowWidth) : rect();
+}
+
+void SheetDialog::placeOverMainWindow() {
+    layout()->activate();
+    // Only texts that wrap make the height depend on the width.
+    setFixedHeight(layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width())
+                                                 : layout()->totalSizeHint().height());
+    if (!paintsFrame_)
+        return;
+    const auto* form = mainWindow_->findChild<QWidget*>("form");
+    const QRect across =
+        form ? QRect(form->mapTo(mainWindow_, QPoint()), form->size()) : mainWindow_->rect();
+    const QPoint corner(across.center().x() + 1 - width() / 2, sheetArea(*mainWindow_).top());
+    move(mainWindow_->mapToGlobal(corner));
+}
+
+void SheetDialog::grabBackdropSoon() {
+    if (std::exchange(grabsSoon_, true))
+        return;
+    QTimer::singleShot(0, this, &SheetDialog::grabBackdrop);
+}
+
+void SheetDialog::grabBackdrop() {
+    grabsSoon_ = false;
+    if (!paintsFrame_ || !isVisible())
+        return;
+    backdrop_ = mainWindow_->grab(QRect(mainWindow_->mapFromGlobal(pos()), size()));
+    update();
+}
+
+void SheetDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    placeOverMainWindow();
+    grabBackdrop();
+}
+
+bool SheetDialog::event(QEvent* event) {
+    // Before the base class sees the event: it may be the one that deletes the sheet.
+    if (isVisible()) {
+        if (event->type() == QEvent::LayoutRequest)
+            placeOverMainWindow();
+        if (event->type() == QEvent::Resize || event->type() == QEvent::PaletteChange)
+            grabBackdropSoon();
+    }
+    return QDialog::event(event);
+}
+
+bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mainWindow_ && isVisible()) {
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+            placeOverMainWindow();
+        // What the window shows behind the sheet has changed: it mirrors the model after an action,
+        // when the sheet that the action asked for is up already.
+        if (event->type() == QEvent::Resize || event->type() == QEvent::UpdateRequest)
+            grabBackdropSoon();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void SheetDialog::paintEvent(QPaintEvent*) {
+    const look::Tokens& t = look::tokens(palette());
+    QPainter painter(this);
+    if (!paintsFrame_)
+        return painter.fillRect(rect(), t.surface);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), t.window);
+    painter.drawPixmap(0, 0, backdrop_);
+    const QRectF panel = panelRect();
+    paintShadow(painter, panel, &t == &look::tokens(true));
+    painter.setPen(t.hairline);
+    painter.setBrush(t.surface);
+    // The upper line lies under the toolbar's own.
+    painter.drawPath(panelPath(panel.adjusted(.5, -.5, -.5, -.5), cornerRadius - .5));
+}
+
+} // namespace frimbolate

@@ -1,0 +1,14 @@
+// Texts cross between the rules (UTF-8) and the toolkit (UTF-16) here.
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+
+namespace frimbolate {
+
+inline QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+} // namespace frimbolate

@@ -1,0 +1,20 @@
+// The small round buttons that explain a section of the form.
+#pragma once
+
+#include "core/form_model.h"
+
+#include <string_view>
+
+class QString;
+class QToolButton;
+
+namespace frimbolate {
+
+class FormMirror;
+
+/// A button with this outlet's name, which shows the tip of that name when pressed.
+/// \param section what the tip is about, for tool tip and assistive tools
+QToolButton* makeTipButton(FormMirror& mirror, std::string_view outlet, Button FormModel::*member,
+                           const QString& section);
+
+} // namespace frimbolate
