@@ -1,0 +1,47 @@
+#include "app/program.h"
+#include "platform/qt/single_instance.h"
+#include "ui/widgets/look/icons.h"
+#include "ui/widgets/look/style.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <iostream>
+#include <string_view>
+
+int main(int argc, char* argv[]) {
+    using namespace frimbolate;
+    // Told without a display too.
+    if (argc == 2 && std::string_view(argv[1]) == "--version") {
+        std::cout << "Frimbolate " FRIMBOLATE_VERSION << std::endl;
+        return 0;
+    }
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName("Frimbolate");
+    QApplication::setApplicationName("Frimbolate");
+    QApplication::setApplicationVersion(FRIMBOLATE_VERSION);
+    // The name of the desktop entry, by which a desktop finds the program's icon.
+    QApplication::setDesktopFileName("com.qz.Frimbolate");
+    // Closing the window does not quit: the icon brings it back.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Creates and manages launchd launch agents.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QString newInstance = QString(newInstanceArgument).remove("--");
+    parser.addOption({newInstance, "Run beside an instance that is running already."});
+    parser.process(application);
+
+    const std::string preferencePath = PlistDefaults::defaultPath();
+    SingleInstance instance(preferencePath);
+    if (!parser.isSet(newInstance) && instance.tellRunningInstance())
+        return 0;
+
+    look::install(application);
+    QApplication::setWindowIcon(look::toolIcon("app"));
+    Program program(preferencePath);
+    instance.listen([&program] { program.reopen(); });
+    program.start();
+    return QApplication::exec();
+}

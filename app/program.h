@@ -1,0 +1,51 @@
+// The running program: the services of this desktop, the controller and the window, put together.
+#pragma once
+
+#include "platform/qt/local_clock.h"
+#include "platform/qt/local_files.h"
+#include "platform/qt/path_folder_access.h"
+#include "platform/qt/plist_defaults.h"
+#include "platform/qt/qt_application.h"
+#include "platform/qt/qt_pasteboard.h"
+#include "platform/qt/qt_workspace.h"
+#include "platform/qt/system_log.h"
+#include "ui/app_delegate.h"
+#include "ui/widgets/file_panels.h"
+#include "ui/widgets/main_window.h"
+#include "ui/widgets/own_sheets.h"
+#include "ui/widgets/sheet_alerts.h"
+#include "ui/widgets/sheet_stack.h"
+
+#include <string>
+
+namespace frimbolate {
+
+/// Members stand in the order in which they need each other: first the window, on which the sheets
+/// stand, then what the controller is given, and the controller last.
+class Program {
+  public:
+    /// \param preferencePath of the preference file
+    explicit Program(const std::string& preferencePath);
+
+    void start();
+    /// What a click on the program's icon does while it runs.
+    void reopen();
+
+  private:
+    MainWindow window_;
+    SheetStack stack_{window_};
+    SheetAlerts alerts_{stack_, window_};
+    QtFilePanels filePanels_{stack_, window_};
+    OwnSheets sheets_{stack_, window_};
+    SystemLog log_;
+    LocalFiles files_{log_};
+    PathFolderAccess folderAccess_;
+    PlistDefaults defaults_;
+    QtPasteboard pasteboard_;
+    QtWorkspace workspace_;
+    LocalClock clock_;
+    QtApplication application_;
+    AppDelegate delegate_;
+};
+
+} // namespace frimbolate
