@@ -1,0 +1,340 @@
+#include "core/agent_file.h"
+
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <limits>
+
+namespace frimbolate {
+
+namespace {
+
+using test::NamedAfterRow;
+using Change = std::function<void(AgentForm&)>;
+
+constexpr auto label = "com.frimbolate.Backup";
+
+/// A form that is faulty enough to write no launch condition at all.
+AgentForm idleForm() {
+    AgentForm form;
+    form.targetType = TargetType::File;
+    form.targetPath = "/bin/true";
+    form.action = 6;
+    form.scheduleType = ScheduleType::NoSelection;
+    form.scheduleTime = {2026, 3, 1, 7, 5, 59};
+    return form;
+}
+
+/// What is written whatever the form holds.
+AgentFile idleFile() {
+    return {{"Label", label},
+            {"ProgramArguments", Array{Value("/bin/true")}},
+            {"EnableGlobbing", false},
+            {"LowPriorityIO", false},
+            {"Nice", 0}};
+}
+
+AgentFile fileOf(const Change& change) {
+    auto form = idleForm();
+    change(form);
+    return agentFile(form, label);
+}
+
+struct ArgumentsRow {
+    std::string_view name;
+    int targetType;
+    std::string path;
+    std::vector<std::string> arguments;
+};
+
+class ProgramArguments : public testing::TestWithParam<ArgumentsRow> {};
+
+TEST_P(ProgramArguments, areWritten) {
+    const auto file = fileOf([](AgentForm& form) {
+        form.targetType = GetParam().targetType;
+        form.targetPath = GetParam().path;
+        form.scriptText = " echo 'a'\n";
+        form.scriptLanguage = 1;
+    });
+    auto expected = idleFile();
+    expected["ProgramArguments"] = Array(GetParam().arguments.begin(), GetParam().arguments.end());
+    EXPECT_EQ(file, expected);
+}
+
+constexpr auto bundled = "/Applications/Example.app/Contents/MacOS/Example";
+
+const ArgumentsRow arguments[] = {
+    {"Shell", 2, "/Users/u/run.sh", {"/bin/sh", "/Users/u/run.sh"}},
+    {"Python", 2, "/Users/u/tool.py", {"/usr/bin/python", "/Users/u/tool.py"}},
+    {"Ruby", 2, "/Users/u/tool.rb", {"/usr/bin/ruby", "/Users/u/tool.rb"}},
+    {"Perl", 2, "/Users/u/tool.pl", {"/usr/bin/perl", "/Users/u/tool.pl"}},
+    {"Workflow", 2, "/Users/u/Flow.workflow", {"/usr/bin/automator", "/Users/u/Flow.workflow"}},
+    {"AppleScript", 2, "/Users/u/a.scpt", {"/usr/bin/osascript", "/Users/u/a.scpt"}},
+    {"Bundle", 2, "/Applications/Example.app", {"/Applications/Example.app"}},
+    {"Executable", 2, bundled, {bundled}},
+    {"UpperCase", 2, "/Users/u/run.SH", {"/Users/u/run.SH"}},
+    {"NoDot", 2, "/usr/bin/true", {"/usr/bin/true"}},
+    {"NoDotButTheName", 2, "sh", {"/bin/sh", "sh"}},
+    {"DotInTheFolder", 2, "/Users/u/my.scripts/run", {"/Users/u/my.scripts/run"}},
+    {"DotInTheFolderAndName", 2, "/my.d/run.sh", {"/bin/sh", "/my.d/run.sh"}},
+    {"SeveralDots", 2, "/backup.tar.sh", {"/bin/sh", "/backup.tar.sh"}},
+    {"TrailingDot", 2, "/run.sh.", {"/run.sh."}},
+    {"TrailingSlash", 2, "/run.sh/", {"/run.sh/"}},
+    {"TrailingBlank", 2, "/run.sh ", {"/run.sh "}},
+    {"OnlyAnExtension", 2, "/.sh", {"/bin/sh", "/.sh"}},
+    {"LongerExtension", 2, "/run.shx", {"/run.shx"}},
+    {"NoPath", 2, "", {""}},
+    {"TypedScript", 3, "/Users/u/run.py", {"/bin/sh", "-c", " echo 'a'\n"}},
+    {"NoTarget", 0, "/Users/u/run.py", {"/bin/sh", "-c", " echo 'a'\n"}},
+    {"ReservedTarget", 1, "/Users/u/run.py", {"/bin/sh", "-c", " echo 'a'\n"}},
+    {"NoSelection", -1, "/Users/u/run.py", {"/bin/sh", "-c", " echo 'a'\n"}},
+    {"BeyondTargets", 4, "/Users/u/run.py", {"/bin/sh", "-c", " echo 'a'\n"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Targets, ProgramArguments, testing::ValuesIn(arguments), NamedAfterRow());
+
+struct ConditionRow {
+    std::string_view name;
+    Change change;
+    Dictionary keys; ///< what is written besides the keys that always are
+};
+
+class LaunchCondition : public testing::TestWithParam<ConditionRow> {};
+
+TEST_P(LaunchCondition, isWritten) {
+    auto expected = idleFile();
+    for (const auto& [key, value] : GetParam().keys)
+        expected[key] = value;
+    EXPECT_EQ(fileOf(GetParam().change), expected);
+}
+
+/// Every text that a schedule could read is there, so that one it must not read would show.
+Change launched(int action, int schedule, std::string number = "5", int unit = 0) {
+    return [=, number = std::move(number)](AgentForm& form) {
+        form.action = action;
+        form.scheduleType = schedule;
+        form.intervalText = form.dayOfMonthText = number;
+        form.intervalUnit = unit;
+        form.watchPath = "/watched";
+    };
+}
+
+Change kept(int schedule, bool successfulExit) {
+    return [=](AgentForm& form) {
+        launched(AgentAction::KeepRunning, schedule)(form);
+        form.allowSuccessfulExit = successfulExit;
+    };
+}
+
+Dictionary calendar(Dictionary extra = {}) {
+    extra["Hour"] = 7;
+    extra["Minute"] = 5;
+    return {{"StartCalendarInterval", extra}};
+}
+
+Dictionary weekday(int day) { return calendar({{"Weekday", day}}); }
+Dictionary dayOfMonth(int day) { return calendar({{"Day", day}}); }
+Dictionary seconds(int number) { return {{"StartInterval", number}}; }
+
+Dictionary keptAlive(Value how, Dictionary schedule) {
+    schedule["KeepAlive"] = std::move(how);
+    return schedule;
+}
+
+const Dictionary onDemand = {{"AfterInitialDemand", true}};
+const Dictionary untilSuccess = {{"SuccessfulExit", false}};
+const Dictionary onDemandUntilSuccess = {{"AfterInitialDemand", true}, {"SuccessfulExit", false}};
+
+const ConditionRow schedules[] = {
+    {"NoSelection", launched(2, -1), calendar()},
+    {"FarBelow", launched(2, -7), calendar()},
+    {"EveryDay", launched(2, 0), calendar()},
+    {"Reserved1", launched(2, 1), calendar()},
+    {"EverySunday", launched(2, 2), weekday(0)},
+    {"EveryMonday", launched(2, 3), weekday(1)},
+    {"EveryTuesday", launched(2, 4), weekday(2)},
+    {"EveryWednesday", launched(2, 5), weekday(3)},
+    {"EveryThursday", launched(2, 6), weekday(4)},
+    {"EveryFriday", launched(2, 7), weekday(5)},
+    {"EverySaturday", launched(2, 8), weekday(6)},
+    {"Reserved9", launched(2, 9), {}},
+    {"OnceAMonth", launched(2, 10, "31"), dayOfMonth(31)},
+    {"OnceAMonthWithLeadingZero", launched(2, 10, "07"), dayOfMonth(7)},
+    {"OnceAMonthTruncated", launched(2, 10, "4294967297"), dayOfMonth(1)},
+    {"OnceAMonthSaturated", launched(2, 10, "9999999999999999999999"), dayOfMonth(-1)},
+    {"OnceAMonthWithoutNumber", launched(2, 10, ""), dayOfMonth(0)},
+    {"Reserved11", launched(2, 11), {}},
+    {"AtLoad", launched(2, 12), {{"RunAtLoad", true}}},
+    {"Reserved13", launched(2, 13), {}},
+    {"Seconds", launched(2, 14, "15"), seconds(15)},
+    {"Minutes", launched(2, 14, "5", 1), seconds(300)},
+    {"Hours", launched(2, 14, "2", 2), seconds(7200)},
+    {"NoUnit", launched(2, 14, "15", -1), seconds(15)},
+    {"BeyondUnits", launched(2, 14, "15", 3), seconds(15)},
+    {"LargestInMinutes", launched(2, 14, "35791394", 1), seconds(2147483640)},
+    {"TruncatedMinutes", launched(2, 14, "35791395", 1), seconds(-2147483596)},
+    {"TruncatedHours", launched(2, 14, "600000", 2), seconds(-2134967296)},
+    {"TruncatedSeconds", launched(2, 14, "99999999999"), seconds(1215752191)},
+    {"SaturatedSeconds", launched(2, 14, "99999999999999999999"), seconds(-1)},
+    {"SaturatedHours", launched(2, 14, "99999999999999999999", 2), seconds(-3600)},
+    {"Reserved15", launched(2, 15), {}},
+};
+
+const ConditionRow actions[] = {
+    {"NoAction", launched(0, 5), weekday(3)},
+    {"ActionWithoutSelection", launched(-1, 12), {{"RunAtLoad", true}}},
+    {"ReservedAction", launched(1, 14, "15"), seconds(15)},
+    {"OnSchedule", launched(2, 0), calendar()},
+    {"OnScheduleNeverKeepsAlive",
+     [](AgentForm& form) {
+         launched(2, 0)(form);
+         form.allowSuccessfulExit = true;
+     },
+     calendar()},
+    {"PathModified", launched(4, -1), {{"WatchPaths", Array{Value("/watched")}}}},
+    {"PathModifiedIgnoresTheSchedule", launched(4, 12), {{"WatchPaths", Array{Value("/watched")}}}},
+    {"VolumeMounted", launched(5, -1), {{"StartOnMount", true}}},
+    {"VolumeMountedIgnoresTheSchedule", launched(5, 0), {{"StartOnMount", true}}},
+    {"BeyondActions", launched(6, 0), {}},
+    {"FarBeyondActions", launched(100, 12), {}},
+};
+
+const ConditionRow keepAlive[] = {
+    {"AtLoad", kept(12, false), keptAlive(true, {{"RunAtLoad", true}})},
+    {"AtLoadUntilSuccess", kept(12, true), keptAlive(untilSuccess, {{"RunAtLoad", true}})},
+    {"Daily", kept(0, false), keptAlive(onDemand, calendar())},
+    {"DailyUntilSuccess", kept(0, true), keptAlive(onDemandUntilSuccess, calendar())},
+    {"Weekly", kept(8, false), keptAlive(onDemand, weekday(6))},
+    {"Monthly", kept(10, true), keptAlive(onDemandUntilSuccess, dayOfMonth(5))},
+    {"OnInterval", kept(14, false), keptAlive(onDemand, seconds(5))},
+    {"NoSelection", kept(-1, true), keptAlive(onDemandUntilSuccess, calendar())},
+    {"Reserved11", kept(11, false), keptAlive(onDemand, {})},
+    {"Reserved13", kept(13, true), keptAlive(onDemandUntilSuccess, {})},
+};
+
+template <typename Field>
+Change set(Field AgentForm::*field, Field value) {
+    return [=](AgentForm& form) { form.*field = value; };
+}
+
+Change text(std::string AgentForm::*field, std::string value) { return set(field, value); }
+
+Change all(std::vector<Change> changes) {
+    return [=](AgentForm& form) {
+        for (const auto& change : changes)
+            change(form);
+    };
+}
+
+const auto alsoAtLoad = set(&AgentForm::alsoRunAtLoad, true);
+const auto alsoOnMount = set(&AgentForm::alsoRunOnVolumeMount, true);
+const auto alsoOnPath =
+    all({set(&AgentForm::alsoRunOnPathChange, true), text(&AgentForm::alsoRunPath, "/also")});
+const Array alsoPath = {Value("/also")};
+
+const ConditionRow advanced[] = {
+    {"Globbing", set(&AgentForm::enableGlobbing, true), {{"EnableGlobbing", true}}},
+    {"LowPriority", set(&AgentForm::priorityLevel, 0), {{"LowPriorityIO", true}}},
+    {"PriorityWithoutSelection", set(&AgentForm::priorityLevel, -1), {}},
+    {"PriorityBeyond", set(&AgentForm::priorityLevel, 2), {}},
+    {"Nice", set(&AgentForm::niceLevel, std::int64_t{-20}), {{"Nice", -20}}},
+    {"NiceBeyond32Bits",
+     set(&AgentForm::niceLevel, std::int64_t{4294967296}),
+     {{"Nice", 4294967296}}},
+    {"In", text(&AgentForm::standardInPath, "/in"), {{"StandardInPath", "/in"}}},
+    {"Out", text(&AgentForm::standardOutPath, "/out"), {{"StandardOutPath", "/out"}}},
+    {"Error", text(&AgentForm::standardErrorPath, "/err"), {{"StandardErrorPath", "/err"}}},
+    {"Working", text(&AgentForm::workingDirectory, "/w"), {{"WorkingDirectory", "/w"}}},
+    {"Root", text(&AgentForm::rootDirectory, "/r"), {{"RootDirectory", "/r"}}},
+    {"Queue", text(&AgentForm::queueDirectory, "/q"), {{"QueueDirectories", Array{Value("/q")}}}},
+    {"OnlyBlanksAreWritten", text(&AgentForm::standardInPath, "  "), {{"StandardInPath", "  "}}},
+    {"QueueOfABlank",
+     text(&AgentForm::queueDirectory, " "),
+     {{"QueueDirectories", Array{Value(" ")}}}},
+};
+
+const ConditionRow additional[] = {
+    {"AtLoad", alsoAtLoad, {{"RunAtLoad", true}}},
+    {"OnMount", alsoOnMount, {{"StartOnMount", true}}},
+    {"OnPath", alsoOnPath, {{"WatchPaths", alsoPath}}},
+    {"OnNoPath", set(&AgentForm::alsoRunOnPathChange, true), {{"WatchPaths", Array{Value("")}}}},
+    {"PathWithoutTheBox", text(&AgentForm::alsoRunPath, "/also"), {}},
+    {"PathReplacesTheMainOne", all({launched(4, -1), alsoOnPath}), {{"WatchPaths", alsoPath}}},
+    {"MountTwice", all({launched(5, -1), alsoOnMount}), {{"StartOnMount", true}}},
+    {"LoadTwice", all({launched(2, 12), alsoAtLoad}), {{"RunAtLoad", true}}},
+    {"All",
+     all({alsoAtLoad, alsoOnMount, alsoOnPath}),
+     {{"RunAtLoad", true}, {"StartOnMount", true}, {"WatchPaths", alsoPath}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Schedules, LaunchCondition, testing::ValuesIn(schedules), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Actions, LaunchCondition, testing::ValuesIn(actions), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(KeepAlive, LaunchCondition, testing::ValuesIn(keepAlive), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Advanced, LaunchCondition, testing::ValuesIn(advanced), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Also, LaunchCondition, testing::ValuesIn(additional), NamedAfterRow());
+
+TEST(AgentFile, writesTheTimeOfDayAlone) {
+    auto form = idleForm();
+    form.action = AgentAction::OnSchedule;
+    form.scheduleTime = {1999, 12, 31, 23, 59, 59};
+    const Dictionary expected = {{"Hour", 23}, {"Minute", 59}};
+    EXPECT_EQ(agentFile(form, "x").at("StartCalendarInterval"), Value(expected));
+}
+
+TEST(AgentFile, doesNotDependOnTheScriptLanguageOrTheName) {
+    auto form = idleForm();
+    const auto before = agentFile(form, label);
+    form.scriptLanguage = 3;
+    form.name = "Other";
+    EXPECT_EQ(agentFile(form, label), before);
+}
+
+TEST(AgentFile, takesAnyLabel) {
+    EXPECT_EQ(agentFile(idleForm(), "").at("Label"), Value(""));
+    EXPECT_EQ(agentFile(idleForm(), "renamed").at("Label"), Value("renamed"));
+}
+
+struct LabelRow {
+    std::string_view name;
+    std::string_view fileName;
+    std::string_view expected;
+};
+
+class LabelOfFile : public testing::TestWithParam<LabelRow> {};
+
+TEST_P(LabelOfFile, losesItsLastSuffix) {
+    EXPECT_EQ(labelForFileName(GetParam().fileName), GetParam().expected);
+}
+
+const LabelRow labels[] = {
+    {"AsProposed", "com.frimbolate.Backup.plist", "com.frimbolate.Backup"},
+    {"InTheMiddle", "x.plist.old", "x.old"},
+    {"OnlyTheLast", "x.plist.plist", "x.plist"},
+    {"LastOfThose", "a.plist.b.plist.c", "a.plist.b.c"},
+    {"None", "x", "x"},
+    {"UpperCase", "x.PLIST", "x.PLIST"},
+    {"OnlyTheSuffix", ".plist", ""},
+    {"LongerSuffix", "x.plists", "xs"},
+    {"NoDot", "xplist", "xplist"},
+    {"Empty", "", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(Names, LabelOfFile, testing::ValuesIn(labels), NamedAfterRow());
+
+TEST(AgentFile, isProposedUnderThePrefix) {
+    EXPECT_EQ(proposedFileName("Backup"), "com.frimbolate.Backup.plist");
+    EXPECT_EQ(proposedFileName(" as typed"), "com.frimbolate. as typed.plist");
+    EXPECT_EQ(proposedFileName(""), "com.frimbolate..plist");
+    EXPECT_EQ(labelForFileName(proposedFileName("Backup")), label);
+}
+
+TEST(AgentFile, knowsBothPrefixes) {
+    EXPECT_EQ(labelPrefix, "com.frimbolate.");
+    EXPECT_EQ(earlierLabelPrefix, "com.fr\xC4\xB1mbolate.");
+}
+
+} // namespace
+
+} // namespace frimbolate

@@ -1,0 +1,256 @@
+// The keys of the advanced drawer.
+#include "tests/core/recording_editor.h"
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace frimbolate::test {
+
+namespace {
+
+class AdvancedKeys : public testing::TestWithParam<ReaderRow> {};
+
+/// Each beside a daily schedule.
+TEST_P(AdvancedKeys, ReadAs) {
+    auto row = GetParam();
+    row.keys.emplace("StartCalendarInterval", daily());
+    row.changes = dailyPicture() + row.changes;
+    row.primary = dailyLines();
+    expectReads(row);
+}
+
+const Picture drawerOpen = {{"advancedDrawer.open", "yes"}};
+
+std::vector<ReaderRow> globbing() {
+    const auto row = [](const char* name, Value value, bool on) {
+        const Lines lines = {"log: Globbing key: " + description(value)};
+        return ReaderRow{name,
+                         {{"EnableGlobbing", value}},
+                         {{"enableGlobbingCheckbox.state", on ? "1" : "0"}},
+                         {},
+                         lines};
+    };
+    return {row("off", false, false), row("on", true, true), row("text_on", "Yes", true),
+            row("text_off", "off", false), row("number", 4, true)};
+}
+INSTANTIATE_TEST_SUITE_P(Globbing, AdvancedKeys, testing::ValuesIn(globbing()), NamedAfterRow());
+
+std::vector<ReaderRow> priorities() {
+    const Lines differs = {"log: Priority key: 0 is does not match default: 1, opening drawer",
+                           "drawer"};
+    const auto low = [&](const char* name, Value value) {
+        const Lines lines = {"log: PriorityIO key: " + description(value)};
+        return ReaderRow{name,
+                         {{"LowPriorityIO", value}},
+                         drawerOpen + Picture{{"priorityLevelButton.selectedItem", "0"}},
+                         {},
+                         lines + differs};
+    };
+    const auto normal = [](const char* name, Value value) {
+        const Lines lines = {"log: PriorityIO key: " + description(value)};
+        return ReaderRow{name, {{"LowPriorityIO", value}}, {}, {}, lines};
+    };
+    return {low("low", true),        low("low_number", 3),     low("low_text", "t"),
+            normal("normal", false), normal("normal_zero", 0), normal("normal_text", "low")};
+}
+INSTANTIATE_TEST_SUITE_P(Priority, AdvancedKeys, testing::ValuesIn(priorities()), NamedAfterRow());
+
+std::vector<ReaderRow> niceLevels() {
+    const auto row = [](const char* name, Value value, const std::string& level,
+                        const std::string& slider) {
+        const Lines lines = {"log: Nice key: " + description(value)};
+        const Picture changes = {{"niceLevelTextField.stringValue", '"' + description(value) + '"'},
+                                 {"niceLevelSlider.value", slider}};
+        if (level == "0")
+            return ReaderRow{name, {{"Nice", value}}, changes, {}, lines};
+        return ReaderRow{name,
+                         {{"Nice", value}},
+                         changes + drawerOpen,
+                         {},
+                         lines +
+                             Lines{"log: Nice key is not 0, opening drawer " + level, "drawer"}};
+    };
+    return {row("zero", 0, "0", "0.000000"),
+            row("most_favoured", -20, "-20", "-20.000000"),
+            row("least_favoured", 20, "20", "20.000000"),
+            row("beyond_the_slider", 99, "99", "99.000000"),
+            row("text", "5", "5", "5.000000"),
+            row("word", "nice", "0", "0.000000"),
+            row("fraction", 0.5, "0", "0.000000"),
+            row("boolean", true, "1", "1.000000"),
+            row("least", std::numeric_limits<std::int64_t>::min(), "-9223372036854775808",
+                "-9223372036854775808.000000")};
+}
+INSTANTIATE_TEST_SUITE_P(Nice, AdvancedKeys, testing::ValuesIn(niceLevels()), NamedAfterRow());
+
+std::vector<ReaderRow> texts() {
+    const auto row = [](const char* name, const std::string& key, const std::string& field,
+                        const std::string& text) {
+        const Lines lines = {"log: " + key + " key: " + text, "drawer"};
+        return ReaderRow{name,
+                         {{key, text}},
+                         drawerOpen + Picture{{field + ".stringValue", '"' + text + '"'}},
+                         {},
+                         lines};
+    };
+    return {row("working_directory", "WorkingDirectory", "workingDirectoryField", "/w"),
+            row("root_directory", "RootDirectory", "rootDirectoryField", "/r"),
+            row("in", "StandardInPath", "standardInPathField", "/i"),
+            row("out", "StandardOutPath", "standardOutPathField", "/o"),
+            row("error", "StandardErrorPath", "standardErrorPathField", "/e"),
+            row("only_a_blank", "StandardOutPath", "standardOutPathField", " "),
+            row("empty_is_present", "RootDirectory", "rootDirectoryField", "")};
+}
+INSTANTIATE_TEST_SUITE_P(Text, AdvancedKeys, testing::ValuesIn(texts()), NamedAfterRow());
+
+std::vector<ReaderRow> queues() {
+    const auto row = [](const char* name, Array folders, const Picture& changes,
+                        const std::string& last, const std::string& effect) {
+        const Value value(std::move(folders));
+        const Lines lines = {
+            "log: QueueDirectories key: " + description(value) + "\n Last Object: " + last, effect};
+        return ReaderRow{name, {{"QueueDirectories", value}}, changes, {}, lines};
+    };
+    const auto shown = [](const std::string& path) {
+        return drawerOpen + Picture{{"queueDirectoryField.stringValue", '"' + path + '"'}};
+    };
+    return {row("one_folder", {Value("/q")}, shown("/q"), "/q", "drawer"),
+            row("last_of_two", {Value("/q"), Value("/r s")}, shown("/r s"), "/r s", "drawer"),
+            row("no_folder", {}, {}, "(null)", keysAlert),
+            row("a_number", {Value("/q"), Value(5)}, {}, "5", keysAlert)};
+}
+INSTANTIATE_TEST_SUITE_P(Queue, AdvancedKeys, testing::ValuesIn(queues()), NamedAfterRow());
+
+std::vector<ReaderRow> additional() {
+    const auto watched = [](const std::string& path) {
+        return drawerOpen + Picture{{"alsoRunPathChangeCheckbox.state", "1"},
+                                    {"alsoRunPathChangeImageWell.toolTip", '"' + path + '"'},
+                                    {"alsoRunPathChangeImageWell.image", "icon of " + path}};
+    };
+    const Picture mounted = drawerOpen + Picture{{"alsoRunVolumeCheckbox.state", "1"}};
+    const Value paths = Array{Value("/a"), Value("/b")};
+    return {{"mount", {{"StartOnMount", true}}, mounted, {}, {"drawer"}},
+            {"mount_text", {{"StartOnMount", "y"}}, mounted, {}, {"drawer"}},
+            {"mount_false", {{"StartOnMount", false}}, {}},
+            {"mount_empty_text", {{"StartOnMount", ""}}, {}},
+            {"mount_dictionary", {{"StartOnMount", Dictionary{}}}, {}, {}, {keysAlert}},
+            {"watch", {{"WatchPaths", paths}}, watched("/b"), {}, {"drawer"}},
+            {"watch_empty_path", {{"WatchPaths", Array{Value("")}}}, watched(""), {}, {"drawer"}},
+            {"watch_nothing", {{"WatchPaths", Array{}}}, watched(""), {}, {"drawer"}},
+            {"watch_text", {{"WatchPaths", "/b"}}, {}, {}, {keysAlert}},
+            {"watch_number", {{"WatchPaths", Array{Value(1)}}}, {}, {}, {keysAlert}}};
+}
+INSTANTIATE_TEST_SUITE_P(Also, AdvancedKeys, testing::ValuesIn(additional()), NamedAfterRow());
+
+/// All at once, in the order in which they are looked at.
+TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
+    RecordingEditor editor;
+    const Value queue = Array{Value("/q")};
+    AgentReader(editor).lookForAdvancedKeys({{"WatchPaths", Array{Value("/p")}},
+                                             {"StartOnMount", true},
+                                             {"RunAtLoad", true},
+                                             {"StandardErrorPath", "/e"},
+                                             {"StandardOutPath", "/o"},
+                                             {"StandardInPath", "/i"},
+                                             {"QueueDirectories", queue},
+                                             {"RootDirectory", "/r"},
+                                             {"WorkingDirectory", "/w"},
+                                             {"Nice", 5},
+                                             {"LowPriorityIO", true},
+                                             {"EnableGlobbing", true}});
+    EXPECT_EQ(editor.journal,
+              (Lines{"log: Evaluating keys for advanced drawer...",
+                     "log: Globbing key: 1",
+                     "log: PriorityIO key: 1",
+                     "log: Priority key: 0 is does not match default: 1, opening drawer",
+                     "drawer",
+                     "log: Nice key: 5",
+                     "log: Nice key is not 0, opening drawer 5",
+                     "drawer",
+                     "log: WorkingDirectory key: /w",
+                     "drawer",
+                     "log: RootDirectory key: /r",
+                     "drawer",
+                     "log: QueueDirectories key: " + description(queue) + "\n Last Object: /q",
+                     "drawer",
+                     "log: StandardInPath key: /i",
+                     "drawer",
+                     "log: StandardOutPath key: /o",
+                     "drawer",
+                     "log: StandardErrorPath key: /e",
+                     "drawer",
+                     "drawer",
+                     "drawer",
+                     "drawer",
+                     "log: Completed evaluating keys for advanced drawer"}));
+}
+
+TEST(AdvancedKeysTogether, EndAtTheFirstThatFails) {
+    RecordingEditor editor;
+    AgentReader(editor).lookForAdvancedKeys(
+        {{"EnableGlobbing", true}, {"Nice", Array{}}, {"StandardInPath", "/i"}});
+    EXPECT_EQ(editor.journal,
+              (Lines{"log: Evaluating keys for advanced drawer...", "log: Globbing key: 1",
+                     keysAlert, "log: Completed evaluating keys for advanced drawer"}));
+    EXPECT_EQ(editor.form().enableGlobbingCheckbox.state, CheckState::On);
+    EXPECT_EQ(editor.form().standardInPathField.stringValue, "");
+}
+
+// What the person's defaults have to do with it
+
+struct DefaultRow {
+    const char* name;
+    std::optional<Value> standard;
+    bool low;
+    Lines more;
+};
+
+class PriorityDefault : public testing::TestWithParam<DefaultRow> {};
+
+TEST_P(PriorityDefault, OpensTheDrawerWhereItDiffers) {
+    const auto& row = GetParam();
+    RecordingEditor editor;
+    editor.preferences.erase("DefaultPriorityKey");
+    if (row.standard)
+        editor.preferences.emplace("DefaultPriorityKey", *row.standard);
+    AgentReader(editor).lookForAdvancedKeys({{"LowPriorityIO", row.low}});
+    EXPECT_EQ(editor.journal,
+              Lines{"log: Evaluating keys for advanced drawer..."} +
+                  Lines{std::string("log: PriorityIO key: ") + (row.low ? "1" : "0")} + row.more +
+                  Lines{"log: Completed evaluating keys for advanced drawer"});
+}
+
+const Lines wasNormal = {"log: Priority key: 0 is does not match default: 1, opening drawer",
+                         "drawer"};
+const Lines wasLow = {"log: Priority key: 1 is does not match default: 0, opening drawer",
+                      "drawer"};
+const DefaultRow priorityDefaults[] = {{"normal_and_normal", "0", false, {}},
+                                       {"normal_and_low", "0", true, wasNormal},
+                                       {"low_and_normal", "1", false, wasLow},
+                                       {"low_and_low", "1", true, {}},
+                                       {"none_and_normal", std::nullopt, false, {}},
+                                       {"none_and_low", std::nullopt, true, {}},
+                                       {"number_and_low", 1, true, {}},
+                                       {"without_truth", Array{}, true, {keysAlert}}};
+INSTANTIATE_TEST_SUITE_P(Reader, PriorityDefault, testing::ValuesIn(priorityDefaults),
+                         NamedAfterRow());
+
+TEST(GlobbingDefault, NeverOpensTheDrawer) {
+    for (const char* standard : {"0", "1"})
+        for (const bool globs : {false, true}) {
+            RecordingEditor editor;
+            editor.preferences.insert_or_assign("DefaultGlobbingKey", Value(standard));
+            AgentReader(editor).lookForAdvancedKeys({{"EnableGlobbing", globs}});
+            EXPECT_EQ(editor.journal,
+                      (Lines{"log: Evaluating keys for advanced drawer...",
+                             std::string("log: Globbing key: ") + (globs ? "1" : "0"),
+                             "log: Completed evaluating keys for advanced drawer"}))
+                << standard << globs;
+        }
+}
+
+} // namespace
+
+} // namespace frimbolate::test

@@ -1,0 +1,261 @@
+#include "core/conversions.h"
+
+#include "core/failure.h"
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace frimbolate {
+
+namespace {
+
+using test::NamedAfterRow;
+using testing::ElementsAre;
+
+constexpr auto most = std::numeric_limits<std::int64_t>::max();
+constexpr auto least = std::numeric_limits<std::int64_t>::min();
+
+struct IntegerRow {
+    std::string_view name;
+    std::string_view text;
+    std::int64_t expected;
+};
+
+class LeadingInteger : public testing::TestWithParam<IntegerRow> {};
+
+TEST_P(LeadingInteger, isTakenFromTheText) {
+    EXPECT_EQ(leadingInteger(GetParam().text), GetParam().expected);
+    EXPECT_EQ(integerValue(Value(GetParam().text)), GetParam().expected);
+}
+
+const IntegerRow integers[] = {
+    {"Empty", "", 0},
+    {"Digits", "42", 42},
+    {"LeadingZerosAreNotOctal", "022", 22},
+    {"Blanks", " \t\n\v\f\r7", 7},
+    {"BlankAfterSign", "- 7", 0},
+    {"Minus", "-5", -5},
+    {"Plus", "+5", 5},
+    {"TwoSigns", "--5", 0},
+    {"OnlyASign", "-", 0},
+    {"StopsAtALetter", "3a", 3},
+    {"StopsAtAPoint", "1.9", 1},
+    {"NoHexadecimal", "0x10", 0},
+    {"NoExponent", "1e3", 1},
+    {"NoDigits", "abc", 0},
+    {"ForeignDigits", "\u0663", 0},
+    {"StopsAtNul", std::string_view("1\0002", 3), 1},
+    {"Most", "9223372036854775807", most},
+    {"OneAboveMost", "9223372036854775808", most},
+    {"FarAbove", "99999999999999999999999", most},
+    {"Least", "-9223372036854775808", least},
+    {"OneBelowLeast", "-9223372036854775809", least},
+    {"FarBelow", "-99999999999999999999999", least},
+    {"LastDigitSaturates", "9223372036854775809", most},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, LeadingInteger, testing::ValuesIn(integers), NamedAfterRow());
+
+struct TruncationRow {
+    std::string_view name;
+    std::int64_t number;
+    std::int32_t expected;
+};
+
+class TruncatedTo32Bits : public testing::TestWithParam<TruncationRow> {};
+
+TEST_P(TruncatedTo32Bits, keepsTheLowBits) {
+    EXPECT_EQ(truncatedTo32Bits(GetParam().number), GetParam().expected);
+}
+
+const TruncationRow truncations[] = {
+    {"Zero", 0, 0},
+    {"Negative", -20, -20},
+    {"Most32", 2147483647, 2147483647},
+    {"OneAboveMost32", 2147483648, -2147483647 - 1},
+    {"Least32", -2147483648LL, -2147483647 - 1},
+    {"OneBelowLeast32", -2147483649LL, 2147483647},
+    {"WrapsToZero", 4294967296, 0},
+    {"WrapsToTen", 4294967306, 10},
+    {"Example", 99999999999, 1215752191},
+    {"Most64", most, -1},
+    {"Least64", least, 0},
+};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, TruncatedTo32Bits, testing::ValuesIn(truncations),
+                         NamedAfterRow());
+
+struct TruthRow {
+    std::string_view name;
+    Value value;
+    bool expected;
+};
+
+class Truth : public testing::TestWithParam<TruthRow> {};
+
+TEST_P(Truth, isToldOfTextsAndNumbers) {
+    EXPECT_EQ(truth(GetParam().value), GetParam().expected);
+    EXPECT_EQ(isTrue(GetParam().value), GetParam().expected);
+    if (const auto* text = GetParam().value.string()) {
+        EXPECT_EQ(truthOfText(*text), GetParam().expected);
+    }
+}
+
+const TruthRow truths[] = {
+    {"BooleanTrue", true, true},
+    {"BooleanFalse", false, false},
+    {"NumberZero", 0, false},
+    {"NumberOne", 1, true},
+    {"NumberNegative", -1, true},
+    {"NumberBig", std::uint64_t{1} << 63, true},
+    {"RealZero", 0.0, false},
+    {"RealSmall", 0.1, true},
+    {"Empty", "", false},
+    {"Yes", "Yes", true},
+    {"y", "y", true},
+    {"True", "True", true},
+    {"t", "t", true},
+    {"One", "1", true},
+    {"Nine", "9", true},
+    {"Zero", "0", false},
+    {"ZerosThenOne", "0001", true},
+    {"ZerosThenYes", "00y", true},
+    {"OnlyZeros", "000", false},
+    {"BlanksFirst", "  \tYes", true},
+    {"Sign", "-1", true},
+    {"SignOnly", "+", false},
+    {"No", "No", false},
+    {"False", "False", false},
+    {"On", "On", false},
+    {"LaterLetterDoesNotCount", "oy", false},
+    {"BlankAfterZero", "0 1", false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Values, Truth, testing::ValuesIn(truths), NamedAfterRow());
+
+struct NumberRow {
+    std::string_view name;
+    Value value;
+    std::int64_t expected;
+};
+
+class IntegerValue : public testing::TestWithParam<NumberRow> {};
+
+TEST_P(IntegerValue, isTakenFromNumbers) {
+    EXPECT_EQ(integerValue(GetParam().value), GetParam().expected);
+}
+
+const NumberRow numbers[] = {
+    {"True", true, 1},
+    {"False", false, 0},
+    {"Integer", -20, -20},
+    {"BigIntegerKeepsItsBits", std::numeric_limits<std::uint64_t>::max(), -1},
+    {"FractionIsCutOff", 2.9, 2},
+    {"NegativeFractionIsCutOff", -2.9, -2},
+    {"NotANumber", std::numeric_limits<double>::quiet_NaN(), 0},
+    {"Infinite", std::numeric_limits<double>::infinity(), most},
+    {"NegativeInfinite", -std::numeric_limits<double>::infinity(), least},
+    {"AtTheLimit", 9223372036854775808.0, most},
+    {"AtTheLowerLimit", -9223372036854775808.0, least},
+    {"BelowTheLimit", 9223372036854774784.0, 9223372036854774784},
+    {"BeyondTheLowerLimit", -9223372036854777856.0, least},
+};
+
+INSTANTIATE_TEST_SUITE_P(Values, IntegerValue, testing::ValuesIn(numbers), NamedAfterRow());
+
+class NoNumber : public testing::TestWithParam<TruthRow> {};
+
+TEST_P(NoNumber, failsTheStepButIsSimplyNotTrue) {
+    const auto& value = GetParam().value;
+    EXPECT_THROW(truth(value), Failure);
+    EXPECT_THROW(integerValue(value), Failure);
+    EXPECT_THROW(textOf(value), Failure);
+    EXPECT_EQ(isTrue(value), GetParam().expected);
+}
+
+const TruthRow noNumbers[] = {
+    {"Data", Data{{'1'}}, false},
+    {"Date", Date{1}, false},
+    {"Array", Array{Value(true)}, false},
+    {"Dictionary", Dictionary{{"a", true}}, false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Values, NoNumber, testing::ValuesIn(noNumbers), NamedAfterRow());
+
+TEST(Conversions, textOfTextsAndNumbers) {
+    EXPECT_EQ(textOf(Value("as it is \"so\"")), "as it is \"so\"");
+    EXPECT_EQ(textOf(Value("")), "");
+    EXPECT_EQ(textOf(Value(-20)), "-20");
+    EXPECT_EQ(textOf(Value(true)), "1");
+    EXPECT_EQ(textOf(Value(1.5)), "1.5");
+    EXPECT_EQ(textOf(Value(std::numeric_limits<std::uint64_t>::max())), "18446744073709551615");
+}
+
+struct PiecesRow {
+    std::string_view name;
+    std::string_view text;
+    std::string_view separator;
+    std::vector<std::string> pieces;
+};
+
+class Pieces : public testing::TestWithParam<PiecesRow> {};
+
+TEST_P(Pieces, areSplitAtEverySeparator) {
+    const auto& [name, text, separator, pieces] = GetParam();
+    EXPECT_EQ(split(text, separator), pieces);
+    EXPECT_EQ(lastPiece(text, separator), pieces.back());
+    EXPECT_EQ(firstPiece(text, separator), pieces.front());
+}
+
+const PiecesRow splits[] = {
+    {"Empty", "", ".", {""}},
+    {"None", "/bin/run", ".", {"/bin/run"}},
+    {"One", "run.sh", ".", {"run", "sh"}},
+    {"Two", "backup.tar.sh", ".", {"backup", "tar", "sh"}},
+    {"AtTheEnd", "a.", ".", {"a", ""}},
+    {"AtTheStart", ".sh", ".", {"", "sh"}},
+    {"Adjacent", "a..b", ".", {"a", "", "b"}},
+    {"OnlySeparator", ".", ".", {"", ""}},
+    {"Long", "/A.app/Contents/MacOS/A", "/Contents/MacOS/", {"/A.app", "A"}},
+    {"LongTwice", "xabyabz", "ab", {"x", "y", "z"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, Pieces, testing::ValuesIn(splits), NamedAfterRow());
+
+TEST(Conversions, replaceEveryOccurrence) {
+    EXPECT_EQ(replacedAll("aXbXc", "X", "--"), "a--b--c");
+    EXPECT_EQ(replacedAll("aaa", "aa", "b"), "ba") << "left to right, not overlapping";
+    EXPECT_EQ(replacedAll("XX", "X", "XX"), "XXXX") << "what was put in is not replaced again";
+    EXPECT_EQ(replacedAll("", "X", "y"), "");
+    EXPECT_EQ(replacedAll("abc", "X", "y"), "abc");
+    EXPECT_EQ(without("a.plist.plist", ".plist"), "a");
+}
+
+struct UrlRow {
+    std::string_view name;
+    std::string_view path;
+    std::string_view expected;
+};
+
+class FileUrl : public testing::TestWithParam<UrlRow> {};
+
+TEST_P(FileUrl, isPercentEncoded) { EXPECT_EQ(fileUrl(GetParam().path), GetParam().expected); }
+
+const UrlRow urls[] = {
+    {"Plain", "/Users/u/run.sh", "file:///Users/u/run.sh"},
+    {"Blank", "/a b", "file:///a%20b"},
+    {"TrailingSlashStays", "/A.app/", "file:///A.app/"},
+    {"Percent", "/100%", "file:///100%25"},
+    {"QueryAndFragment", "/a?b#c", "file:///a%3Fb%23c"},
+    {"Utf8", "/\u00e9", "file:///%C3%A9"},
+    {"Unreserved", "/-._~", "file:///-._~"},
+    {"Quotes", "/\"<>", "file:///%22%3C%3E"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Paths, FileUrl, testing::ValuesIn(urls), NamedAfterRow());
+
+} // namespace
+
+} // namespace frimbolate

@@ -1,0 +1,70 @@
+// An editor that writes down what the reader asks of it, and rows that say what a file reads as.
+#pragma once
+
+#include "core/agent_reader.h"
+#include "tests/support/form_picture.h"
+
+#include <string>
+#include <vector>
+
+namespace frimbolate::test {
+
+using Lines = std::vector<std::string>;
+
+/// Its journal holds "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".
+class RecordingEditor : public ReaderEditor {
+  public:
+    RecordingEditor() { reset(); }
+
+    FormModel& form() override { return form_; }
+    void log(const std::string& line) override { journal.push_back("log: " + line); }
+    void createNewAgent() override { journal.emplace_back("reset"), reset(); }
+    void openAdvancedDrawer() override {
+        journal.emplace_back("drawer"), form_.advancedDrawer.open = true;
+    }
+    void showPopOverScript() override {
+        journal.emplace_back("pop-over"), form_.popoverScriptObject.shown = true;
+    }
+    void evaluateScriptExtension(const std::string& path) override {
+        journal.push_back("target: " + path), form_.agentTargetImageWell.toolTip = path;
+    }
+    void showAlertThatResets(const std::string& message, const std::string& text) override {
+        journal.push_back("alert: " + message + " | " + text);
+    }
+    std::optional<Value> preference(std::string_view key) override {
+        const auto* value = find(preferences, key);
+        return value ? std::optional(*value) : std::nullopt;
+    }
+
+    Lines journal;
+    Dictionary preferences = {{"DefaultGlobbingKey", "1"}, {"DefaultPriorityKey", "0"}};
+
+  private:
+    void reset();
+
+    FormModel form_;
+};
+
+/// What an agent file reads as, all told against a new agent.
+struct ReaderRow {
+    const char* name;
+    Dictionary keys;     ///< beside a label and a target, or in their place
+    Picture changes;     ///< of the form, beside those of a label, a target and no keep-alive
+    Lines primary = {};  ///< effects before the advanced keys, after the target's
+    Lines advanced = {}; ///< effects of the advanced keys
+};
+
+/// The calendar of an agent that runs each day at 07:05, and what it reads as.
+Value daily();
+Picture dailyPicture();
+Lines dailyLines();
+Lines operator+(Lines lines, const Lines& more);
+Picture operator+(Picture picture, const Picture& more);
+
+inline constexpr const char* keysAlert = "alert: This launch agent could not be read. | An error "
+                                         "occurred while reading some key values.";
+
+/// Fails the running test where the form or the effects differ from the row.
+void expectReads(const ReaderRow& row);
+
+} // namespace frimbolate::test

@@ -1,0 +1,355 @@
+#include "core/sentences.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace frimbolate {
+
+namespace {
+
+using Change = std::function<void(AgentForm&)>;
+
+constexpr std::string_view home = "/Users/ada";
+
+/// Complete as it stands: backup.sh every Wednesday at 07:05.
+AgentForm soundForm() {
+    AgentForm form;
+    form.name = "Backup";
+    form.targetType = TargetType::File;
+    form.targetPath = "/Users/ada/bin/backup.sh";
+    form.action = AgentAction::OnSchedule;
+    form.scheduleType = ScheduleType::EveryWednesday;
+    form.scheduleTime.hour = 7;
+    form.scheduleTime.minute = 5;
+    return form;
+}
+
+AgentForm changed(const Change& change) {
+    auto form = soundForm();
+    change(form);
+    return form;
+}
+
+Change schedule(int type) {
+    return [type](AgentForm& form) { form.scheduleType = type; };
+}
+
+Change onDay(std::string day) {
+    return [day = std::move(day)](AgentForm& form) {
+        form.scheduleType = ScheduleType::OnceAMonth;
+        form.dayOfMonthText = day;
+    };
+}
+
+Change every(std::string number, int unit) {
+    return [number = std::move(number), unit](AgentForm& form) {
+        form.scheduleType = ScheduleType::OnInterval;
+        form.intervalText = number;
+        form.intervalUnit = unit;
+    };
+}
+
+Change keepRunning(int type, bool allowSuccessfulExit) {
+    return [=](AgentForm& form) {
+        form.action = AgentAction::KeepRunning;
+        form.scheduleType = type;
+        form.allowSuccessfulExit = allowSuccessfulExit;
+    };
+}
+
+Change target(std::string path) {
+    return [path = std::move(path)](AgentForm& form) { form.targetPath = path; };
+}
+
+Change script(std::string text) {
+    return [text = std::move(text)](AgentForm& form) {
+        form.targetType = TargetType::Script;
+        form.scriptText = text;
+    };
+}
+
+Change action(int type, std::string watchPath = {}) {
+    return [type, watchPath = std::move(watchPath)](AgentForm& form) {
+        form.action = type;
+        form.scheduleType = ScheduleType::NoSelection;
+        form.watchPath = watchPath;
+    };
+}
+
+Change alsoOnChangeOf(std::string path) {
+    return [path = std::move(path)](AgentForm& form) {
+        form.alsoRunOnPathChange = true;
+        form.alsoRunPath = path;
+    };
+}
+
+Change all(std::vector<Change> changes) {
+    return [changes = std::move(changes)](AgentForm& form) {
+        for (const auto& change : changes)
+            change(form);
+    };
+}
+
+void nothing(AgentForm&) {}
+void newAgent(AgentForm& form) { form = {}; }
+void noName(AgentForm& form) { form.name = ""; }
+void badName(AgentForm& form) { form.name = "back-up"; }
+void noTarget(AgentForm& form) { form.targetType = TargetType::None; }
+void noAction(AgentForm& form) { form.action = AgentAction::None; }
+void alsoOnMount(AgentForm& form) { form.alsoRunOnVolumeMount = true; }
+void alsoAtLoad(AgentForm& form) { form.alsoRunAtLoad = true; }
+void queue(AgentForm& form) { form.queueDirectory = "/Users/ada/Queue"; }
+void midnight(AgentForm& form) { form.scheduleTime.hour = form.scheduleTime.minute = 0; }
+void lastMinute(AgentForm& form) { form.scheduleTime.hour = 23, form.scheduleTime.minute = 59; }
+
+struct Row {
+    std::string_view name;
+    Change change;
+    std::string_view expected;
+};
+
+std::string rowName(const testing::TestParamInfo<Row>& info) {
+    return std::string(info.param.name);
+}
+
+class PlanSentence : public testing::TestWithParam<Row> {};
+
+TEST_P(PlanSentence, saysWhatWillHappen) {
+    EXPECT_EQ(planSentence(changed(GetParam().change), home), GetParam().expected);
+}
+
+const Row sentences[] = {
+    {"Weekly", nothing, "Runs backup.sh every Wednesday at 07:05."},
+    {"Sunday", schedule(ScheduleType::EverySunday), "Runs backup.sh every Sunday at 07:05."},
+    {"Saturday", schedule(ScheduleType::EverySaturday), "Runs backup.sh every Saturday at 07:05."},
+    {"Daily", schedule(ScheduleType::EveryDay), "Runs backup.sh every day at 07:05."},
+    {"NoSelectionIsDaily", schedule(ScheduleType::NoSelection),
+     "Runs backup.sh every day at 07:05."},
+    {"Midnight", midnight, "Runs backup.sh every Wednesday at 00:00."},
+    {"LastMinute", lastMinute, "Runs backup.sh every Wednesday at 23:59."},
+    {"ReservedActionIsSchedule", [](AgentForm& form) { form.action = 1; },
+     "Runs backup.sh every Wednesday at 07:05."},
+
+    {"First", onDay("1"), "Runs backup.sh on the 1st of every month at 07:05."},
+    {"Second", onDay("2"), "Runs backup.sh on the 2nd of every month at 07:05."},
+    {"Third", onDay("03"), "Runs backup.sh on the 3rd of every month at 07:05."},
+    {"Eleventh", onDay("11"), "Runs backup.sh on the 11th of every month at 07:05."},
+    {"TwentyFirst", onDay("21"), "Runs backup.sh on the 21st of every month at 07:05."},
+    {"EveryMonthHasThe28th", onDay("28"), "Runs backup.sh on the 28th of every month at 07:05."},
+    {"TwentyNinth", onDay("29"),
+     "Runs backup.sh on the 29th of every month at 07:05, skipping shorter months."},
+    {"ThirtyFirst", onDay("31"),
+     "Runs backup.sh on the 31st of every month at 07:05, skipping shorter months."},
+
+    {"Seconds", every("15", IntervalUnit::Seconds), "Runs backup.sh every 15 seconds."},
+    {"SixtySeconds", every("60", IntervalUnit::Seconds), "Runs backup.sh every minute."},
+    {"Minutes", every("90", IntervalUnit::Minutes), "Runs backup.sh every 90 minutes."},
+    {"SecondsThatAreHours", every("7200", IntervalUnit::Seconds), "Runs backup.sh every 2 hours."},
+    {"Hour", every("1", IntervalUnit::Hours), "Runs backup.sh every hour."},
+    {"UnknownUnitIsSeconds", every("15", 7), "Runs backup.sh every 15 seconds."},
+    {"IntervalOfZero", every("0", IntervalUnit::Minutes),
+     "Never runs backup.sh: nothing launches it."},
+    {"IntervalThatOverflows", every("600000", IntervalUnit::Hours),
+     "Never runs backup.sh: nothing launches it."},
+    {"IntervalOfZeroAndMount", all({every("0", IntervalUnit::Hours), alsoOnMount}),
+     "Runs backup.sh when a volume is mounted."},
+
+    {"AtLoad", schedule(ScheduleType::AtLoad),
+     "Runs backup.sh when the agent is loaded, such as at login."},
+    {"AtLoadIsSaidOnce", all({schedule(ScheduleType::AtLoad), alsoAtLoad}),
+     "Runs backup.sh when the agent is loaded, such as at login."},
+    {"ReservedSchedule", schedule(9), "Never runs backup.sh: nothing launches it."},
+    {"BeyondAllSchedules", schedule(15), "Never runs backup.sh: nothing launches it."},
+
+    {"KeepRunning", keepRunning(ScheduleType::AtLoad, false),
+     "Runs backup.sh when the agent is loaded, such as at login, and keeps it running."},
+    {"KeepRunningDaily", keepRunning(ScheduleType::EveryDay, false),
+     "Runs backup.sh every day at 07:05, and keeps it running."},
+    {"KeepRunningUntilSuccess", keepRunning(ScheduleType::EveryDay, true),
+     "Runs backup.sh every day at 07:05, and keeps it running until it succeeds."},
+    {"SuccessfulExitNeedsKeepRunning", [](AgentForm& form) { form.allowSuccessfulExit = true; },
+     "Runs backup.sh every Wednesday at 07:05."},
+
+    {"PathChange", action(AgentAction::PathModified, "/Users/ada/Pictures"),
+     "Runs backup.sh when ~/Pictures changes."},
+    {"PathOfAnotherHome", action(AgentAction::PathModified, "/Users/adam/Pictures"),
+     "Runs backup.sh when /Users/adam/Pictures changes."},
+    {"HomeItself", action(AgentAction::PathModified, "/Users/ada"),
+     "Runs backup.sh when ~ changes."},
+    {"AdditionalPathReplacesTheMainOne",
+     all({action(AgentAction::PathModified, "/a"), alsoOnChangeOf("/b")}),
+     "Runs backup.sh when /b changes."},
+    {"Mount", action(AgentAction::VolumeMounted), "Runs backup.sh when a volume is mounted."},
+    {"MountIsSaidOnce", all({action(AgentAction::VolumeMounted), alsoOnMount}),
+     "Runs backup.sh when a volume is mounted."},
+    {"UnknownAction", action(6), "Never runs backup.sh: nothing launches it."},
+    {"UnknownActionAndMount", all({action(6), alsoOnMount}),
+     "Runs backup.sh when a volume is mounted."},
+
+    {"AlsoOnMount", alsoOnMount,
+     "Runs backup.sh every Wednesday at 07:05, and when a volume is mounted."},
+    {"AlsoOnPathChange", alsoOnChangeOf("/Users/ada/Pictures"),
+     "Runs backup.sh every Wednesday at 07:05, and when ~/Pictures changes."},
+    {"AlsoAtLoad", alsoAtLoad,
+     "Runs backup.sh every Wednesday at 07:05, and when the agent is loaded, such as at login."},
+    {"AlsoTwo", all({alsoOnMount, alsoOnChangeOf("/etc/hosts")}),
+     "Runs backup.sh every Wednesday at 07:05, when a volume is mounted, and when /etc/hosts "
+     "changes."},
+    {"AlsoQueue", queue,
+     "Runs backup.sh every Wednesday at 07:05, and as long as ~/Queue is not empty."},
+    {"AlsoAndKeepRunning", all({keepRunning(ScheduleType::EveryDay, false), alsoOnMount}),
+     "Runs backup.sh every day at 07:05, and when a volume is mounted, and keeps it running."},
+
+    {"TypedScript", script("ls"), "Runs a script every Wednesday at 07:05."},
+    {"EmptyScript", script(""), "Runs an empty script every Wednesday at 07:05."},
+    {"Application", target("/Applications/Clock.app/Contents/MacOS/clock"),
+     "Runs Clock every Wednesday at 07:05."},
+    {"ApplicationBundle", target("/Applications/Clock.app"),
+     "Runs Clock every Wednesday at 07:05."},
+    {"TrailingSlash", target("/Applications/Clock.app/"), "Runs Clock every Wednesday at 07:05."},
+    {"OnlyAnExtension", target("/tmp/.app"), "Runs .app every Wednesday at 07:05."},
+    {"FolderWithADot", target("/Users/ada/my.scripts/run"), "Runs run every Wednesday at 07:05."},
+    {"Root", target("/"), "Runs / every Wednesday at 07:05."},
+
+    {"NewAgent", newAgent, "Still needs a name, something to launch and a time to launch it."},
+    {"NoName", noName, "Still needs a name."},
+    {"NoTarget", noTarget, "Still needs something to launch."},
+    {"NoPath", target(""), "Still needs something to launch."},
+    {"NoAction", noAction, "Still needs a time to launch it."},
+    {"NoNameNorAction", all({noName, noAction}), "Still needs a name and a time to launch it."},
+    {"NoWatchPath", action(AgentAction::PathModified), "Still needs a path to watch."},
+    {"NoAdditionalPath", alsoOnChangeOf(""), "Still needs a path to watch."},
+    {"NoDay", onDay(""), "Still needs a day of the month."},
+    {"NoInterval", every("", IntervalUnit::Hours), "Still needs an interval."},
+    {"BadName", badName, "The name may hold only letters, digits and _."},
+    {"BadDay", onDay("-1"), "The day of the month must be a number."},
+    {"DayZero", onDay("0"), "The day of the month must be 1 to 31."},
+    {"Day32", onDay("32"), "The day of the month must be 1 to 31."},
+    {"BadInterval", every("1.5", IntervalUnit::Hours), "The interval must be a whole number."},
+    {"ShortInterval", every("9", IntervalUnit::Seconds),
+     "The interval must be at least 10 seconds."},
+    {"MissingAndWrong", all({badName, noTarget}),
+     "Still needs something to launch; the name may hold only letters, digits and _."},
+    {"TwoWrong", all({badName, onDay("32")}),
+     "The name may hold only letters, digits and _; the day of the month must be 1 to 31."},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, PlanSentence, testing::ValuesIn(sentences), rowName);
+
+TEST(PlanSentenceAlone, showsPathsInFullWithoutAHome) {
+    EXPECT_EQ(planSentence(changed(action(AgentAction::PathModified, "/Users/ada/Pictures"))),
+              "Runs backup.sh when /Users/ada/Pictures changes.");
+}
+
+struct HintRow {
+    std::string_view name;
+    Change change;
+    std::string RowHints::*hint;
+    std::string_view expected;      ///< while no marker is shown
+    std::string_view expectedFault; ///< once validation has shown its markers
+};
+
+std::string hintRowName(const testing::TestParamInfo<HintRow>& info) {
+    return std::string(info.param.name);
+}
+
+class RowHint : public testing::TestWithParam<HintRow> {};
+
+TEST_P(RowHint, saysWhatTheRowMeans) {
+    const auto hints = rowHints(changed(GetParam().change), {}, home);
+    EXPECT_EQ(hints.*GetParam().hint, GetParam().expected);
+}
+
+TEST_P(RowHint, saysTheFaultOnceItIsMarked) {
+    const auto form = changed(GetParam().change);
+    const auto hints = rowHints(form, validate(form), home);
+    EXPECT_EQ(hints.*GetParam().hint, GetParam().expectedFault);
+}
+
+/// A row that is not at fault says the same, whatever validation found elsewhere.
+HintRow sound(std::string_view name, Change change, std::string RowHints::*hint,
+              std::string_view expected) {
+    return {name, std::move(change), hint, expected, expected};
+}
+
+const HintRow hintRows[] = {
+    sound("Name", nothing, &RowHints::name, "com.frimbolate.Backup.plist"),
+    {"NoName", noName, &RowHints::name, "com.frimbolate.\u2026.plist", "The agent needs a name"},
+    {"BadName", badName, &RowHints::name, "com.frimbolate.back-up.plist",
+     "The name may hold only letters, digits and _"},
+
+    sound("Target", nothing, &RowHints::target, "~/bin/backup.sh"),
+    sound("NoPath", target(""), &RowHints::target, "Choose an application or script\u2026"),
+    sound("Script", script("ls -l\ndate"), &RowHints::target, "Script: ls -l date"),
+    sound("EmptyScript", script(""), &RowHints::target, "An empty script"),
+    {"NoTarget", noTarget, &RowHints::target, "Choose an application or script\u2026",
+     "Choose what the agent is to launch"},
+
+    {"NoAction", noAction, &RowHints::action, "Choose what launches the agent\u2026",
+     "Choose what is to launch the agent"},
+    sound("OnSchedule", nothing, &RowHints::action, "Launched as scheduled below"),
+    sound("ReservedAction", action(1), &RowHints::action, "Launched as scheduled below"),
+    sound("KeepRunning", keepRunning(ScheduleType::EveryDay, false), &RowHints::action,
+          "Launched as scheduled, and again whenever it ends"),
+    sound("KeepRunningUntilSuccess", keepRunning(ScheduleType::EveryDay, true), &RowHints::action,
+          "Launched as scheduled, and again whenever it fails"),
+    sound("PathChange", action(AgentAction::PathModified, "/Users/ada/Pictures"), &RowHints::action,
+          "Watches ~/Pictures"),
+    sound("NoWatchPath", action(AgentAction::PathModified), &RowHints::action,
+          "Choose the file or folder to watch\u2026"),
+    sound("Mount", action(AgentAction::VolumeMounted), &RowHints::action,
+          "Launched when a disk or a share appears in /Volumes"),
+    sound("UnknownAction", action(6), &RowHints::action, "Never launched"),
+
+    sound("Weekly", schedule(ScheduleType::EveryMonday), &RowHints::schedule,
+          "Every Monday at 07:05"),
+    sound("Monthly", onDay("30"), &RowHints::schedule,
+          "On the 30th of every month at 07:05, skipping shorter months"),
+    sound("AtLoad", schedule(ScheduleType::AtLoad), &RowHints::schedule,
+          "When the agent is loaded, such as at login"),
+    sound("Interval", every("90", IntervalUnit::Minutes), &RowHints::schedule, "Every 90 minutes"),
+    sound("IntervalOfZero", every("0", IntervalUnit::Minutes), &RowHints::schedule, "Never"),
+    sound("ScheduleOfPathChange", action(AgentAction::PathModified, "/a"), &RowHints::schedule,
+          "Not used: the condition above launches the agent"),
+    sound("ScheduleOfMount", action(AgentAction::VolumeMounted), &RowHints::schedule,
+          "Not used: the condition above launches the agent"),
+    {"BadDay", onDay("x"), &RowHints::schedule, "Once a month at 07:05",
+     "The day of the month must be a number"},
+    {"NoDay", onDay(""), &RowHints::schedule, "Once a month at 07:05",
+     "The schedule needs a day of the month"},
+    {"Day32", onDay("32"), &RowHints::schedule, "Once a month at 07:05",
+     "The day of the month must be 1 to 31"},
+    {"BadInterval", every("x", IntervalUnit::Hours), &RowHints::schedule, "At an interval",
+     "The interval must be a whole number"},
+    {"NoInterval", every("", IntervalUnit::Hours), &RowHints::schedule, "At an interval",
+     "The schedule needs an interval"},
+    {"ShortInterval", every("9", IntervalUnit::Seconds), &RowHints::schedule, "At an interval",
+     "The interval must be at least 10 seconds"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, RowHint, testing::ValuesIn(hintRows), hintRowName);
+
+TEST(RowHintAlone, goesBackToItsMeaningWhenTheFaultIsMended) {
+    ErrorReport shownMarkers;
+    shownMarkers.name = true;
+    EXPECT_EQ(rowHints(soundForm(), shownMarkers).name, "com.frimbolate.Backup.plist");
+}
+
+/// A line that validation knows and the hints do not would leave a marked row without its words.
+TEST(RowHintAlone, leavesNoMarkedRowWithoutItsFault) {
+    for (const auto& row : hintRows) {
+        const auto form = changed(row.change);
+        const auto report = validate(form);
+        const auto marked = rowHints(form, report, home);
+        const auto plain = rowHints(form, {}, home);
+        EXPECT_EQ(report.name, marked.name != plain.name) << row.name;
+        EXPECT_EQ(report.target, marked.target != plain.target) << row.name;
+        EXPECT_EQ(report.action, marked.action != plain.action) << row.name;
+        EXPECT_EQ(report.schedule, marked.schedule != plain.schedule) << row.name;
+    }
+}
+
+} // namespace
+
+} // namespace frimbolate

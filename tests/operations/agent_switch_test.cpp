@@ -1,0 +1,285 @@
+#include "operations/agent_switch.h"
+#include "tests/support/random_values.h"
+#include "tests/support/rows.h"
+#include "tests/support/scripted_platform.h"
+
+#include <gmock/gmock.h>
+
+namespace frimbolate::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string folder = "/Users/maya/Library/LaunchAgents";
+const std::string agent = folder + "/org.example.any.plist";
+
+class AgentSwitchTest : public testing::Test {
+  protected:
+    AgentSwitchTest() {
+        platform.defaults.contents["Bookmark"] = bookmarkOf(folder);
+        platform.files.folders = {folder};
+        platform.files.contents[agent] = Dictionary{{"Label", "any"}};
+    }
+
+    /// Up to the question.
+    void choose() {
+        agentSwitch.onOffLaunchAgent();
+        platform.journal.clear();
+        platform.choose(agent);
+    }
+
+    const Dictionary& onDisk() { return *platform.files.contents.at(agent); }
+    void put(Dictionary dictionary) { platform.files.contents[agent] = std::move(dictionary); }
+
+    ScriptedPlatform platform;
+    Services services = platform.services();
+    AgentSwitch agentSwitch{services};
+};
+
+TEST_F(AgentSwitchTest, AsksForTheAgent) {
+    agentSwitch.onOffLaunchAgent();
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("begin: " + folder,
+                            "open panel: Please choose a launch agent to enable/disable:"));
+    const auto panel = platform.shownOpenPanel();
+    EXPECT_TRUE(panel.canChooseFiles);
+    EXPECT_FALSE(panel.canChooseDirectories);
+    EXPECT_TRUE(panel.resolvesAliases);
+    EXPECT_FALSE(panel.allowsMultipleSelection);
+    EXPECT_FALSE(panel.canCreateDirectories);
+    EXPECT_EQ(panel.prompt, "Select");
+    EXPECT_EQ(panel.message, "Please choose a launch agent to enable/disable:");
+    EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));
+    EXPECT_EQ(panel.directory, folder);
+    platform.abandonQuestions();
+}
+
+TEST_F(AgentSwitchTest, EndsSilentlyAtACancelledPanel) {
+    agentSwitch.onOffLaunchAgent();
+    platform.journal.clear();
+    platform.cancelPanel();
+    EXPECT_THAT(platform.journal.lines(), IsEmpty());
+    EXPECT_FALSE(platform.isAsking());
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+}
+
+// The question
+
+TEST_F(AgentSwitchTest, OffersToDisable) {
+    choose();
+    const auto alert = platform.shownAlert();
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("read: " + agent, "alert: This launch agent is currently enabled."));
+    EXPECT_EQ(alert.informativeText,
+              "Would you like to disable it now?\n\nYou may also need to unload or load the launch "
+              "agent for the change to take effect, else the change will take effect on the next "
+              "reboot/login.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Continue", "Cancel"));
+    EXPECT_FALSE(alert.showsSuppressionButton);
+    platform.abandonQuestions();
+}
+
+TEST_F(AgentSwitchTest, OffersToEnable) {
+    put({{"Enabled", false}});
+    choose();
+    const auto alert = platform.shownAlert();
+    EXPECT_EQ(alert.messageText, "This launch agent is currently disabled.");
+    EXPECT_EQ(alert.informativeText,
+              "Would you like to enable it now?\n\nYou may also need to unload or load the launch "
+              "agent for the change to take effect, else the change will take effect on the next "
+              "reboot/login.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Continue", "Cancel"));
+    platform.abandonQuestions();
+}
+
+struct EnabledRow {
+    const char* name;
+    std::optional<Value> stored;
+    bool enabled;
+};
+
+class EnabledKey : public AgentSwitchTest, public testing::WithParamInterface<EnabledRow> {};
+
+TEST_P(EnabledKey, IsFlippedToARealBoolean) {
+    Dictionary dictionary = {{"Label", "any"}, {"Nice", 5}};
+    if (GetParam().stored)
+        dictionary.insert_or_assign("Enabled", *GetParam().stored);
+    put(dictionary);
+    choose();
+    EXPECT_EQ(platform.shownAlert().messageText, GetParam().enabled
+                                                     ? "This launch agent is currently enabled."
+                                                     : "This launch agent is currently disabled.");
+    platform.journal.clear();
+    platform.press("Continue");
+    EXPECT_THAT(platform.journal.lines(), ElementsAre("write: " + agent, "end: " + folder));
+    dictionary.insert_or_assign("Enabled", Value(!GetParam().enabled));
+    EXPECT_EQ(onDisk(), dictionary);
+    EXPECT_FALSE(platform.isAsking());
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+}
+
+const EnabledRow enabledRows[] = {{"missing", std::nullopt, true},
+                                  {"true_value", true, true},
+                                  {"false_value", false, false},
+                                  {"one", 1, true},
+                                  {"zero", 0, false},
+                                  {"negative", -1, true},
+                                  {"greatest", 18446744073709551615ULL, true},
+                                  {"small_real", 0.5, true},
+                                  {"zero_real", 0.0, false},
+                                  {"text_yes", "YES", true},
+                                  {"text_true", "true", true},
+                                  {"text_one", " +01", true},
+                                  {"text_no", "NO", false},
+                                  {"text_zero", "0", false},
+                                  {"text_empty", "", false},
+                                  {"text_other", "enabled", false},
+                                  {"data", Data{{1}}, false},
+                                  {"date", Date{1}, false},
+                                  {"array", Array{Value(true)}, false},
+                                  {"dictionary", Dictionary{{"a", true}}, false}};
+INSTANTIATE_TEST_SUITE_P(Stored, EnabledKey, testing::ValuesIn(enabledRows), NamedAfterRow());
+
+TEST_F(AgentSwitchTest, LeavesEverythingWhenCancelled) {
+    for (const bool enabled : {false, true}) {
+        put({{"Enabled", enabled}, {"Label", "any"}});
+        const auto before = platform.files.contents;
+        choose();
+        platform.journal.clear();
+        platform.press("Cancel");
+        EXPECT_THAT(platform.journal.lines(), IsEmpty());
+        EXPECT_EQ(platform.files.contents, before);
+    }
+    EXPECT_EQ(platform.folderAccess.begun, 2);
+}
+
+/// What was read when the question was asked is written, not what came to the file since.
+TEST_F(AgentSwitchTest, WritesWhatItHadRead) {
+    choose();
+    put({{"Label", "another"}});
+    platform.press("Continue");
+    EXPECT_EQ(onDisk(), (Dictionary{{"Enabled", false}, {"Label", "any"}}));
+}
+
+TEST_F(AgentSwitchTest, KeepsEveryOtherValueThroughTwoSwitches) {
+    constexpr int lists = 2000;
+    RandomValues random(20261121);
+    for (int i = 0; i < lists; ++i) {
+        auto original = random.dictionary(4);
+        if (random.coin())
+            original.insert_or_assign("Enabled", random.value(1));
+        put(original);
+        choose();
+        const bool wasEnabled =
+            platform.shownAlert().messageText == "This launch agent is currently enabled.";
+        platform.press("Continue");
+        ASSERT_EQ(onDisk().at("Enabled"), Value(!wasEnabled)) << i;
+        choose();
+        platform.press("Continue");
+        original.insert_or_assign("Enabled", Value(wasEnabled));
+        ASSERT_EQ(onDisk(), original) << i;
+    }
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+}
+
+// Failures
+
+class UnreadableFile : public AgentSwitchTest, public testing::WithParamInterface<bool> {};
+
+TEST_P(UnreadableFile, IsTold) {
+    if (GetParam())
+        platform.files.contents[agent] = std::nullopt;
+    else
+        platform.files.contents.clear();
+    const auto before = platform.files.contents;
+    choose();
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("read: " + agent, "log: Error occurred while reading the launch agent!",
+                            "alert: The launch agent could not be read."));
+    const auto alert = platform.shownAlert();
+    EXPECT_EQ(alert.informativeText, "It may be corrupted or missing values for some of its keys.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
+    platform.press("Ok");
+    EXPECT_EQ(platform.journal.lines().size(), 3U);
+    EXPECT_EQ(platform.files.contents, before);
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Exists, UnreadableFile, testing::Bool());
+
+struct FaultRow {
+    const char* name;
+    void (*set)(ScriptedFiles&);
+};
+
+class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<FaultRow> {
+  protected:
+    void expectTold(bool enabled, const std::string& message) {
+        put({{"Enabled", enabled}, {"Label", "any"}});
+        choose();
+        GetParam().set(platform.files);
+        const auto before = platform.files.contents;
+        const Value content = Dictionary{{"Enabled", !enabled}, {"Label", "any"}};
+        platform.journal.clear();
+        platform.press("Continue");
+        EXPECT_THAT(platform.journal.lines(),
+                    ElementsAre("log: Error occurred while saving the launch agent!",
+                                "log: Path: " + agent,
+                                "log: Agent content: " + description(content), "alert: " + message,
+                                "end: " + folder));
+        const auto alert = platform.shownAlert();
+        EXPECT_EQ(
+            alert.informativeText,
+            "Please ensure you are editing a launch agent in your user Library's LaunchAgents "
+            "folder (and not the root Library's LaunchAgents folder). Check the system log "
+            "for more information, or contact Frimbolate support if the issue continues.");
+        EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
+        platform.press("Ok");
+        EXPECT_EQ(platform.journal.lines().size(), 5U);
+        EXPECT_EQ(platform.files.contents, before);
+        EXPECT_EQ(platform.folderAccess.begun, 0);
+    }
+};
+
+TEST_P(SwitchFault, IsToldWhenDisabling) {
+    expectTold(true, "The launch agent could not be disabled.");
+}
+
+TEST_P(SwitchFault, IsToldWhenEnabling) {
+    expectTold(false, "The launch agent could not be enabled.");
+}
+
+const FaultRow faults[] = {
+    {"read_only", [](ScriptedFiles& files) { files.readOnly.insert(agent); }},
+    {"vanished", [](ScriptedFiles& files) { files.contents.clear(); }},
+    {"unwritable_content", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }}};
+INSTANTIATE_TEST_SUITE_P(Write, SwitchFault, testing::ValuesIn(faults), NamedAfterRow());
+
+/// Only what is raised is told; a write that just does not succeed leaves the file as it was.
+TEST_F(AgentSwitchTest, SaysNothingOfAFullDisk) {
+    choose();
+    const auto before = platform.files.contents;
+    platform.files.diskIsFull = true;
+    platform.journal.clear();
+    platform.press("Continue");
+    EXPECT_THAT(platform.journal.lines(), ElementsAre("write: " + agent, "end: " + folder));
+    EXPECT_EQ(platform.files.contents, before);
+    EXPECT_FALSE(platform.isAsking());
+}
+
+TEST_F(AgentSwitchTest, DoesNothingOnceItsOwnerIsGone) {
+    const auto before = platform.files.contents;
+    {
+        AgentSwitch brief(services);
+        brief.onOffLaunchAgent();
+        platform.choose(agent);
+    }
+    platform.press("Continue");
+    EXPECT_EQ(platform.files.contents, before);
+}
+
+} // namespace
+
+} // namespace frimbolate::test

@@ -1,0 +1,28 @@
+// The controller over the scripted desktop, as every scenario starts from it.
+#pragma once
+
+#include "tests/support/scripted_platform.h"
+#include "ui/app_delegate.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace frimbolate::test {
+
+class EditorTest : public testing::Test {
+  protected:
+    static constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
+
+    EditorTest() {
+        platform.files.folders = {agents, "/Users/maya"};
+        platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
+    }
+
+    std::vector<std::string> log() const { return platform.journal.texts("log"); }
+
+    ScriptedPlatform platform;
+    AppDelegate editor{platform.services()};
+    FormModel& form = editor.form();
+};
+
+} // namespace frimbolate::test

@@ -1,0 +1,31 @@
+// Every property of every control, by name, so that a test can say what a rule changes and be told
+// of anything else that it changed.
+#pragma once
+
+#include "core/form_model.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace frimbolate::test {
+
+/// "agentScheduleTypeButton.width" → "160", and so on. Booleans read "yes" and "no", texts stand
+/// in quotes, images read "none", "resource …" or "icon of …".
+using Picture = std::map<std::string, std::string>;
+
+Picture picture(const FormModel& model);
+
+/// A line "name: was → is" for each property in which two pictures differ.
+std::vector<std::string> differences(const Picture& was, const Picture& is);
+
+/// The picture with some properties replaced; a name that no control has fails the running test.
+Picture with(Picture picture, const Picture& changes);
+
+/// A form in which no control is as a rule leaves it: texts and images are set, boxes are not off,
+/// widths and indexes are odd ones.
+/// \param flag what every "hidden", "enabled" … is; only a test that runs with both sees each
+///             rule that sets one
+FormModel dirtyForm(bool flag);
+
+} // namespace frimbolate::test

@@ -1,0 +1,178 @@
+// A desktop that a test scripts: questions wait for the test's answer, files live in memory, faults
+// are switches, and every effect goes into one journal in the order in which it happened.
+#pragma once
+
+#include "platform/services.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace frimbolate::test {
+
+/// Effects as plain lines: "log: …", "alert: …", "open panel: …", "write: …", "begin: …" …
+class Journal {
+  public:
+    void add(const std::string& kind, const std::string& text) {
+        lines_.push_back(kind + ": " + text);
+    }
+    const std::vector<std::string>& lines() const { return lines_; }
+    /// The texts of one kind of effect, such as all "log" lines.
+    std::vector<std::string> texts(const std::string& kind) const;
+    std::size_t count(const std::string& kind) const { return texts(kind).size(); }
+    void clear() { lines_.clear(); }
+
+  private:
+    std::vector<std::string> lines_;
+};
+
+class ScriptedFiles : public Files {
+  public:
+    explicit ScriptedFiles(Journal& journal) : journal_(journal) {}
+
+    bool exists(const std::string& path) override;
+    bool isWritable(const std::string& path) override;
+    bool remove(const std::string& path) override;
+    std::optional<Dictionary> readDictionary(const std::string& path) override;
+    bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;
+
+    /// What is on the disk: nothing stands for a file that is no property list.
+    std::map<std::string, std::optional<Dictionary>> contents;
+    std::set<std::string> folders;
+    // Faults
+    std::set<std::string> readOnly; ///< files and folders that may not be written
+    bool diskIsFull = false;        ///< a write leaves everything as it was and returns false
+    bool removalFails = false;
+    bool contentIsUnwritable = false; ///< a write raises
+
+  private:
+    Journal& journal_;
+};
+
+class ScriptedDefaults : public Defaults {
+  public:
+    explicit ScriptedDefaults(Journal& journal) : journal_(journal) {}
+
+    std::optional<Value> object(std::string_view key) override;
+    void set(std::string_view key, Value value) override;
+    void remove(std::string_view key) override;
+    std::vector<std::string> keys() override;
+    void synchronize() override { journal_.add("synchronize", "defaults"); }
+
+    Dictionary contents;
+    std::vector<std::string> reads; ///< the keys asked for, in order; they are no effect
+
+  private:
+    Journal& journal_;
+};
+
+class ScriptedFolderAccess : public FolderAccess {
+  public:
+    explicit ScriptedFolderAccess(Journal& journal) : journal_(journal) {}
+
+    Data createBookmark(const std::string& folder) override;
+    std::optional<std::string> resolve(const Data& bookmark) override;
+    void begin(const std::optional<std::string>& folder) override;
+    void end(const std::optional<std::string>& folder) override;
+
+    bool creationFails = false;
+    bool resolutionFails = false;
+    int begun = 0; ///< how many accesses are begun and not ended
+
+  private:
+    Journal& journal_;
+};
+
+/// The bookmark that the scripted desktop makes for a folder.
+Data bookmarkOf(const std::string& folder);
+
+/// A question that waits for the test's answer.
+struct Question {
+    struct AlertQuestion {
+        SheetAlert alert;
+        Alerts::Completion completion;
+    };
+    struct OpenQuestion {
+        OpenPanel panel;
+        FilePanels::OpenCompletion completion;
+    };
+    struct SaveQuestion {
+        SavePanel panel;
+        FilePanels::SaveCompletion completion;
+    };
+    std::variant<AlertQuestion, OpenQuestion, SaveQuestion> what;
+};
+
+class ScriptedPlatform : public Alerts,
+                         public Sheets,
+                         public FilePanels,
+                         public Pasteboard,
+                         public Workspace,
+                         public Clock,
+                         public Log,
+                         public Application {
+  public:
+    ScriptedPlatform();
+    /// Fails the running test when a question was left unanswered.
+    ~ScriptedPlatform() override;
+
+    Services services();
+
+    Journal journal;
+    ScriptedFiles files{journal};
+    ScriptedDefaults defaults{journal};
+    ScriptedFolderAccess folderAccess{journal};
+    LocalDateTime time{2026, 11, 21, 9, 41, 7};
+    std::string user = "maya";
+    std::string pasteboard = "earlier content";
+    std::set<Sheet> shownSheets;
+
+    // What waits for an answer, in the order of asking. Each of these fails the running test when
+    // the first question is of another kind or there is none.
+    bool isAsking() const { return !questions_.empty(); }
+    SheetAlert shownAlert();
+    OpenPanel shownOpenPanel();
+    SavePanel shownSavePanel();
+    /// Answers the first alert by the title of a button.
+    void press(const std::string& button, int suppressionState = 0);
+    void choose(const std::string& path);
+    void saveAs(const std::string& path, const std::string& nameField);
+    /// The name field holds the last component of the path.
+    void saveAs(const std::string& path);
+    void cancelPanel();
+    /// Lets the questions that are left go unanswered on purpose.
+    void abandonQuestions() { questions_.clear(); }
+
+    // The services
+    using Alerts::show;
+    void show(const SheetAlert& alert, Alerts::Completion completion) override;
+    void begin(Sheet sheet) override;
+    void end(Sheet sheet) override;
+    void makeFirstResponder(Sheet sheet, std::string_view outlet) override;
+    void open(const OpenPanel& panel, OpenCompletion completion) override;
+    void save(const SavePanel& panel, SaveCompletion completion) override;
+    void clearContents() override;
+    void setString(const std::string& text) override;
+    void openTerminal() override { journal.add("workspace", "terminal"); }
+    void launchNewInstance() override { journal.add("workspace", "new instance"); }
+    std::string userName() override { return user; }
+    LocalDateTime now() override { return time; }
+    void line(const std::string& text) override { journal.add("log", text); }
+    void terminate() override { journal.add("application", "terminate"); }
+    void presentError(const std::string& text) override { journal.add("error", text); }
+
+  private:
+    template <typename Kind>
+    Kind* first(const char* expected);
+    template <typename Kind>
+    std::optional<Kind> take(const char* expected);
+
+    std::deque<Question> questions_;
+};
+
+} // namespace frimbolate::test

@@ -1,0 +1,161 @@
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+
+namespace frimbolate {
+
+namespace {
+
+using test::differences;
+using test::dirtyForm;
+using test::EditorTest;
+using test::picture;
+using test::with;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Action = ToolbarItem::Action;
+
+class DrawerTest : public EditorTest {
+  protected:
+    Action itemAction() const { return form.advancedToolbarItem.action; }
+
+    void start() {
+        platform.defaults.contents["ShowWelcomeWindow"] = "False - 3.0";
+        editor.applicationDidFinishLaunching();
+        platform.journal.clear();
+    }
+
+    /// What happens when something else than an action of ours opens the drawer.
+    void openByOtherMeans() {
+        editor.advancedDrawerDidClose(); // the handler registered for "will open"
+        form.advancedDrawer.open = true;
+    }
+};
+
+TEST_F(DrawerTest, opensOnTheRightAndCanThenBeClosed) {
+    form = dirtyForm(false);
+    form.advancedToolbarItem.action = Action::openAdvancedDrawer;
+    const auto expected =
+        with(picture(form), {{"advancedDrawer.open", "yes"},
+                             {"advancedDrawer.edge", "2"},
+                             {"advancedToolbarItem.action", "closeAdvancedDrawer"}});
+    editor.openAdvancedDrawer();
+    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(platform.journal.lines(), IsEmpty());
+}
+
+TEST_F(DrawerTest, closesAndCanThenBeOpened) {
+    form = dirtyForm(true);
+    const auto expected =
+        with(picture(form),
+             {{"advancedDrawer.open", "no"}, {"advancedToolbarItem.action", "openAdvancedDrawer"}});
+    editor.closeAdvancedDrawer();
+    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(platform.journal.lines(), IsEmpty());
+}
+
+TEST_F(DrawerTest, openingTwiceLeavesItOpen) {
+    start();
+    editor.openAdvancedDrawer();
+    editor.openAdvancedDrawer();
+    EXPECT_TRUE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, closingTwiceLeavesItClosed) {
+    start();
+    editor.closeAdvancedDrawer();
+    editor.closeAdvancedDrawer();
+    EXPECT_FALSE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, theToolbarItemTogglesBeforeStartUp) {
+    editor.sendAdvancedToolbarItem();
+    EXPECT_TRUE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+    editor.sendAdvancedToolbarItem();
+    EXPECT_FALSE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, theToolbarItemTogglesAfterStartUp) {
+    start();
+    for (int i = 0; i < 2; ++i) {
+        editor.sendAdvancedToolbarItem();
+        EXPECT_TRUE(form.advancedDrawer.open);
+        EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+        editor.sendAdvancedToolbarItem();
+        EXPECT_FALSE(form.advancedDrawer.open);
+        EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+    }
+}
+
+TEST_F(DrawerTest, openedByOtherMeansLeavesTheItemAtOpening) {
+    start();
+    openByOtherMeans();
+    EXPECT_TRUE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+
+    // A click then opens what is open, and the next one closes it.
+    editor.sendAdvancedToolbarItem();
+    EXPECT_TRUE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+    editor.sendAdvancedToolbarItem();
+    EXPECT_FALSE(form.advancedDrawer.open);
+}
+
+TEST_F(DrawerTest, theRegisteredHandlersLeaveTheToolbarSizeAlone) {
+    start();
+    form.mainWindowToolbar.sizeMode = 2;
+    editor.openAdvancedDrawer();
+    editor.closeAdvancedDrawer();
+    EXPECT_EQ(form.mainWindowToolbar.sizeMode, 2);
+}
+
+TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        const auto expected =
+            with(picture(form), {{"advancedToolbarItem.action", "closeAdvancedDrawer"},
+                                 {"mainWindowToolbar.sizeMode", "1"}});
+        editor.advancedDrawerWillOpen();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    }
+}
+
+TEST_F(DrawerTest, theClosingHandlerSetsTheItemAlone) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        const auto expected =
+            with(picture(form), {{"advancedToolbarItem.action", "openAdvancedDrawer"}});
+        editor.advancedDrawerDidClose();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    }
+}
+
+TEST_F(DrawerTest, aResetClosesIt) {
+    start();
+    editor.openAdvancedDrawer();
+    editor.createNewAgent();
+    EXPECT_FALSE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, aResetClosesWhatOtherMeansOpened) {
+    start();
+    openByOtherMeans();
+    editor.createNewAgent();
+    EXPECT_FALSE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, hasOneSizeFromStartUpOn) {
+    start();
+    EXPECT_EQ(form.advancedDrawer.contentSize, (Size{400, 380}));
+    EXPECT_EQ(form.advancedDrawer.minContentSize, (Size{400, 380}));
+    EXPECT_EQ(form.advancedDrawer.maxContentSize, (Size{400, 380}));
+}
+
+} // namespace
+
+} // namespace frimbolate

@@ -1,0 +1,72 @@
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+
+namespace frimbolate {
+
+namespace {
+
+using test::differences;
+using test::dirtyForm;
+using test::EditorTest;
+using test::picture;
+using test::with;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class NewScript : public EditorTest {};
+
+TEST_F(NewScript, takesTheTargetAwayAndShowsThePopOver) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        const auto expected = with(picture(form), {{"agentTargetImageWell.image", "none"},
+                                                   {"agentTargetImageWell.toolTip", "\"\""},
+                                                   {"showPopOverScriptButton.hidden", "no"},
+                                                   {"popoverScriptObject.shown", "yes"}});
+        editor.createNewScript();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(platform.journal.lines(), IsEmpty());
+    }
+}
+
+TEST_F(NewScript, isWarnedOfEvenAfterAnApplication) {
+    platform.defaults.contents["WarnForSuccessfulExit"] = "True";
+    form.allowSuccessfulExitCheckbox.state = CheckState::On;
+    form.agentActionButton.selectedItem = AgentAction::KeepRunning;
+    form.agentTargetButton.selectedItem = TargetType::Script;
+    form.agentTargetImageWell.toolTip = "/Applications/A.app/Contents/MacOS/A";
+    editor.createNewScript();
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("synchronize: defaults", "alert: Potential conflict identified..."));
+
+    form.popoverScriptObject.shown = false;
+    platform.press("Ok");
+    EXPECT_TRUE(form.popoverScriptObject.shown) << "the person goes on writing";
+}
+
+TEST_F(NewScript, popOverIsAllThatShowingItChanges) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        const auto expected = with(picture(form), {{"popoverScriptObject.shown", "yes"}});
+        editor.showPopOverScript();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    }
+}
+
+TEST_F(NewScript, popOverClosesWhenATargetActionOrScheduleIsChosen) {
+    for (const auto action : {&AppDelegate::chooseAgentTarget, &AppDelegate::chooseAgentAction,
+                              &AppDelegate::chooseAgentSchedule}) {
+        editor.showPopOverScript();
+        (editor.*action)();
+        EXPECT_FALSE(form.popoverScriptObject.shown);
+    }
+}
+
+TEST_F(NewScript, keepsTheTextTypedBefore) {
+    form.scriptPopOverScriptField.stringValue = "ls";
+    editor.createNewScript();
+    EXPECT_EQ(form.scriptPopOverScriptField.stringValue, "ls");
+}
+
+} // namespace
+
+} // namespace frimbolate

@@ -1,0 +1,242 @@
+// Agents of the earlier version, from the alert to the removal of the old file.
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+#include "tests/support/rows.h"
+
+namespace frimbolate::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string folder = "/Users/maya/Library/LaunchAgents";
+const std::string oldPath = folder + "/com.fr\u0131mbolate.Backup.plist";
+const std::string newPath = folder + "/com.frimbolate.Backup.plist";
+
+/// Holds a value of every type beside the keys that the form knows.
+AgentFile oldAgent() {
+    return {{"Label", "com.fr\u0131mbolate.Something else"},
+            {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
+            {"Nice", -20},
+            {"Unknown", Dictionary{{"real", 0.1},
+                                   {"date", Date{-1}},
+                                   {"data", Data{{0, 255}}},
+                                   {"array", Array{Value(true), Value(Array{})}}}}};
+}
+
+AgentFile upgradedAgent() {
+    auto agent = oldAgent();
+    agent["Label"] = "com.frimbolate.Backup";
+    return agent;
+}
+
+class Upgrading : public EditorTest {
+  protected:
+    Upgrading() {
+        platform.files.contents[oldPath] = oldAgent();
+        editor.createNewAgent();
+        newAgent = picture(form);
+        editor.continueEditingAgent();
+        platform.choose(oldPath);
+        platform.journal.clear();
+    }
+
+    /// Up to the save panel.
+    void accept() {
+        platform.press("Ok");
+        platform.journal.clear();
+    }
+
+    /// As it stands after reading, and after a successful upgrade as well.
+    void expectStillRead() const {
+        EXPECT_EQ(form.agentNameTextField.stringValue, "Something else");
+    }
+
+    const std::map<std::string, std::optional<Dictionary>>& disk() {
+        return platform.files.contents;
+    }
+
+    Picture newAgent;
+};
+
+TEST_F(Upgrading, IsOfferedInItsOwnWords) {
+    const auto alert = platform.shownAlert();
+    EXPECT_EQ(alert.messageText, "This launch agent needs to be upgraded.");
+    EXPECT_EQ(alert.informativeText,
+              "It appears that the launch agent you selected was  created with an earlier version "
+              "of Frimbolate. This agent needs to be upgraded before being edited.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Ok", "Cancel"));
+    EXPECT_FALSE(alert.showsSuppressionButton);
+    expectStillRead();
+    platform.abandonQuestions();
+}
+
+TEST_F(Upgrading, ResetsTheFormWhenDeclined) {
+    platform.press("Cancel");
+    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_EQ(platform.journal.count("write"), 0U);
+    EXPECT_FALSE(platform.isAsking());
+    EXPECT_EQ(disk().at(oldPath), oldAgent());
+}
+
+TEST_F(Upgrading, ProposesTheNewName) {
+    platform.press("Ok");
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("log: Upgrading Agent...", "read: " + oldPath, "begin: " + folder,
+                            "save panel: com.frimbolate.Backup.plist"));
+    const auto panel = platform.shownSavePanel();
+    EXPECT_EQ(panel.nameFieldStringValue, "com.frimbolate.Backup.plist");
+    EXPECT_EQ(panel.prompt, "Save");
+    EXPECT_EQ(panel.message, "Saving outside of ~/Library/LaunchAgents\n may cause the agent not "
+                             "to run automatically.");
+    EXPECT_TRUE(panel.canCreateDirectories);
+    EXPECT_EQ(panel.directory, folder);
+    platform.abandonQuestions();
+}
+
+TEST_F(Upgrading, WritesThenLooksThenRemoves) {
+    accept();
+    platform.saveAs(newPath);
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("write: " + newPath,
+                            "log: The upgraded path exists, removing the old path",
+                            "remove: " + oldPath));
+    EXPECT_FALSE(disk().contains(oldPath));
+    EXPECT_EQ(disk().at(newPath), upgradedAgent());
+    EXPECT_FALSE(platform.isAsking());
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+    expectStillRead();
+}
+
+/// The label comes from the old file's name, whatever the person calls the new file.
+TEST_F(Upgrading, SavesIntoAnyFolderUnderAnyName) {
+    accept();
+    platform.saveAs("/Users/maya/renamed.plist");
+    EXPECT_EQ(disk().size(), 1U);
+    EXPECT_EQ(disk().at("/Users/maya/renamed.plist"), upgradedAgent());
+}
+
+TEST_F(Upgrading, EndsWithNoFileUnderTheOldName) {
+    accept();
+    platform.saveAs(oldPath);
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("write: " + oldPath,
+                            "log: The upgraded path exists, removing the old path",
+                            "remove: " + oldPath));
+    EXPECT_THAT(disk(), IsEmpty());
+    EXPECT_FALSE(platform.isAsking());
+}
+
+TEST_F(Upgrading, DoesNothingAfterACancelledPanel) {
+    accept();
+    const auto before = picture(form);
+    platform.cancelPanel();
+    EXPECT_THAT(platform.journal.lines(), IsEmpty());
+    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    expectStillRead();
+    EXPECT_EQ(disk().at(oldPath), oldAgent());
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+}
+
+TEST_F(Upgrading, TellsWhenTheOldFileHasBecomeUnreadable) {
+    platform.files.contents.erase(oldPath);
+    platform.press("Ok");
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("log: Upgrading Agent...", "read: " + oldPath,
+                            "alert: This launch agent could not be upgraded."));
+    const auto alert = platform.shownAlert();
+    EXPECT_EQ(alert.informativeText, "The file path is not accessible, or there is already an "
+                                     "agent with the same name in the file path.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
+    expectStillRead();
+    platform.press("Ok");
+    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+}
+
+TEST_F(Upgrading, GivesALabelToAnAgentWithoutOne) {
+    platform.files.contents[oldPath]->erase("Label");
+    accept();
+    platform.saveAs(newPath);
+    EXPECT_EQ(disk().at(newPath), upgradedAgent());
+}
+
+// A write that leaves no file
+
+struct FaultRow {
+    const char* name;
+    void (*set)(ScriptedFiles&);
+};
+
+class UpgradeFault : public Upgrading, public testing::WithParamInterface<FaultRow> {};
+
+TEST_P(UpgradeFault, LeavesTheOldFile) {
+    accept();
+    GetParam().set(platform.files);
+    platform.saveAs(newPath);
+    EXPECT_EQ(platform.journal.lines().back(), "alert: This launch agent could not be upgraded.");
+    EXPECT_THAT(platform.journal.texts("log"), IsEmpty());
+    EXPECT_EQ(platform.journal.count("remove"), 0U);
+    const auto alert = platform.shownAlert();
+    EXPECT_EQ(alert.informativeText, "An unknown error occurred. Please make sure the agent is "
+                                     "located in a path accessible by Sandboxed applications.");
+    EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
+    const auto before = picture(form);
+    platform.press("Ok");
+    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_EQ(disk().at(oldPath), oldAgent());
+    EXPECT_EQ(disk().size(), 1U);
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+}
+
+const FaultRow faults[] = {
+    {"full_disk", [](ScriptedFiles& files) { files.diskIsFull = true; }},
+    {"read_only_folder", [](ScriptedFiles& files) { files.readOnly.insert(folder); }},
+    {"vanished_folder", [](ScriptedFiles& files) { files.folders.clear(); }},
+    {"unwritable_content", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }}};
+INSTANTIATE_TEST_SUITE_P(Write, UpgradeFault, testing::ValuesIn(faults), NamedAfterRow());
+
+TEST_F(Upgrading, TellsAlsoUnderTheOldNameWhenNoFileIsThere) {
+    accept();
+    platform.files.contents.clear();
+    platform.files.diskIsFull = true;
+    platform.saveAs(oldPath);
+    EXPECT_THAT(
+        platform.journal.lines(),
+        ElementsAre("write: " + oldPath, "alert: This launch agent could not be upgraded."));
+    platform.press("Ok");
+}
+
+TEST_F(Upgrading, SaysNothingWhenTheOldFileStays) {
+    accept();
+    platform.files.removalFails = true;
+    platform.saveAs(newPath);
+    EXPECT_EQ(disk().size(), 2U);
+    EXPECT_FALSE(platform.isAsking());
+}
+
+/// Only the existence of a file is looked at, so one that was there before counts as written.
+TEST_F(Upgrading, TakesAnyFileThereForTheNewOne) {
+    platform.files.contents[newPath] = Dictionary{{"Label", "another"}};
+    accept();
+    platform.files.readOnly.insert(newPath);
+    platform.saveAs(newPath);
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("write: " + newPath,
+                            "log: The upgraded path exists, removing the old path",
+                            "remove: " + oldPath));
+    EXPECT_FALSE(platform.isAsking());
+}
+
+TEST_F(Upgrading, CanBeContinuedDirectly) {
+    platform.abandonQuestions();
+    editor.chooseUpgradePath({{"Label", "com.frimbolate.B"}}, "com.frimbolate.B.plist", "/gone");
+    EXPECT_EQ(platform.shownSavePanel().nameFieldStringValue, "com.frimbolate.B.plist");
+    platform.saveAs(folder + "/com.frimbolate.B.plist");
+    EXPECT_EQ(platform.journal.lines().back(), "remove: /gone");
+}
+
+} // namespace
+
+} // namespace frimbolate::test

@@ -1,0 +1,272 @@
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+#include "tests/support/rows.h"
+
+#include <functional>
+#include <memory>
+
+namespace frimbolate {
+
+namespace {
+
+using test::differences;
+using test::dirtyForm;
+using test::EditorTest;
+using test::NamedAfterRow;
+using test::Picture;
+using test::picture;
+using test::ScriptedPlatform;
+using test::with;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto panelLine = "open panel: Please choose folder:";
+
+void expectFolderPanel(const OpenPanel& panel) {
+    EXPECT_TRUE(panel.canChooseFiles);
+    EXPECT_TRUE(panel.canChooseDirectories);
+    EXPECT_TRUE(panel.resolvesAliases);
+    EXPECT_FALSE(panel.allowsMultipleSelection);
+    EXPECT_TRUE(panel.canCreateDirectories);
+    EXPECT_EQ(panel.prompt, "Select");
+    EXPECT_EQ(panel.message, "Please choose folder:");
+    EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
+}
+
+// The main watch path
+
+class WatchPath : public EditorTest {
+  protected:
+    void chooseAction(int action) {
+        form.agentActionButton.selectedItem = action;
+        editor.chooseAgentAction();
+    }
+};
+
+const Picture byPath = {{"popoverScriptObject.shown", "no"},
+                        {"alsoRunVolumeCheckbox.enabled", "yes"},
+                        {"alsoRunPathChangeCheckbox.state", "0"},
+                        {"alsoRunPathChangeCheckbox.enabled", "no"},
+                        {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                        {"agentScheduleTypeButton.enabled", "no"},
+                        {"agentScheduleTypeButton.selectedItem", "-1"},
+                        {"agentScheduleTypeButton.width", "311"},
+                        {"agentScheduleTypeButton.disabledItems", "0 5"},
+                        {"agentScheduleDatePicker.hidden", "yes"},
+                        {"agentScheduleDatePicker.width", "146"},
+                        {"agentIntervalTypeButton.selectedItem", "0"},
+                        {"agentIntervalTypeButton.hidden", "yes"},
+                        {"agentIntervalField.stringValue", "\"\""},
+                        {"agentIntervalField.hidden", "yes"},
+                        {"onMonthTextBox.hidden", "yes"},
+                        {"onMonthTextField.stringValue", "\"\""},
+                        {"agentWatchPathImageWell.image", "none"},
+                        {"agentWatchPathImageWell.toolTip", "\"\""},
+                        {"allowSuccessfulExitCheckbox.state", "0"},
+                        {"allowSuccessfulExitCheckbox.enabled", "no"}};
+
+TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        form.agentActionButton.selectedItem = AgentAction::PathModified;
+        auto expected = with(picture(form), byPath);
+        editor.chooseAgentAction();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        expectFolderPanel(platform.shownOpenPanel());
+        EXPECT_EQ(platform.shownOpenPanel().directory, std::nullopt);
+
+        platform.choose("/Users/maya/Pictures");
+        expected =
+            with(expected, {{"agentWatchPathImageWell.image", "icon of /Users/maya/Pictures"},
+                            {"agentWatchPathImageWell.toolTip", "\"/Users/maya/Pictures\""}});
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    }
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine));
+}
+
+TEST_F(WatchPath, cancelledReturnsToNoAction) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        form.agentActionButton.selectedItem = AgentAction::PathModified;
+        auto expected = with(picture(form), byPath);
+        editor.chooseAgentAction();
+        platform.cancelPanel();
+        expected = with(expected, {{"agentActionButton.selectedItem", "0"},
+                                   {"agentScheduleTypeButton.enabled", "yes"},
+                                   {"agentScheduleTypeButton.selectedItem", "0"},
+                                   {"agentScheduleTypeButton.width", "160"},
+                                   {"agentScheduleDatePicker.hidden", "no"},
+                                   {"alsoRunPathChangeCheckbox.enabled", "yes"}});
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_FALSE(platform.isAsking());
+    }
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine));
+}
+
+TEST_F(WatchPath, isTakenByTheFormAsItThenIs) {
+    chooseAction(AgentAction::PathModified);
+    form.agentActionButton.selectedItem = AgentAction::OnSchedule;
+    platform.choose("/etc/hosts");
+    EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "/etc/hosts");
+    EXPECT_EQ(form.agentActionButton.selectedItem, AgentAction::OnSchedule);
+}
+
+TEST_F(WatchPath, isAskedForAgainWheneverItsActionIsChosen) {
+    chooseAction(AgentAction::PathModified);
+    platform.choose("/etc/hosts");
+    chooseAction(AgentAction::PathModified);
+    EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "");
+    platform.choose("/etc/fstab");
+    EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "/etc/fstab");
+}
+
+TEST_F(WatchPath, goesWhenAnotherActionIsChosen) {
+    for (const int other : {0, 1, 2, 3, 6}) {
+        chooseAction(AgentAction::PathModified);
+        platform.choose("/etc/hosts");
+        chooseAction(other);
+        EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "");
+        EXPECT_EQ(form.agentWatchPathImageWell.image, Image::none());
+        EXPECT_TRUE(form.alsoRunPathChangeCheckbox.enabled);
+    }
+}
+
+TEST_F(WatchPath, ofVolumesNeedsNoPanel) {
+    chooseAction(AgentAction::VolumeMounted);
+    EXPECT_FALSE(platform.isAsking());
+    EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "/Volumes");
+    EXPECT_EQ(form.agentWatchPathImageWell.image, Image::resource("iconVolumes.png"));
+}
+
+// The additional watch path
+
+struct StateRow {
+    std::string_view name;
+    int state;
+};
+
+class AdditionalPathOff : public EditorTest, public testing::WithParamInterface<StateRow> {};
+
+TEST_P(AdditionalPathOff, goesAtOnce) {
+    for (const bool flag : {false, true}) {
+        form = dirtyForm(flag);
+        form.alsoRunPathChangeCheckbox.state = GetParam().state;
+        const auto expected = with(picture(form), {{"alsoRunPathChangeCheckbox.state", "0"},
+                                                   {"alsoRunPathChangeImageWell.image", "none"},
+                                                   {"alsoRunPathChangeImageWell.toolTip", "\"\""}});
+        editor.chooseAdditionalWathPath();
+        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(platform.journal.lines(), IsEmpty());
+    }
+}
+
+const StateRow states[] = {{"Off", 0}, {"Mixed", -1}, {"Beyond", 2}};
+
+INSTANTIATE_TEST_SUITE_P(States, AdditionalPathOff, testing::ValuesIn(states), NamedAfterRow());
+
+class AdditionalPath : public EditorTest {
+  protected:
+    /// Ticks the box in a form that holds a path already.
+    Picture tick(bool flag) {
+        form = dirtyForm(flag);
+        form.alsoRunPathChangeCheckbox.state = CheckState::On;
+        const auto before = picture(form);
+        editor.chooseAdditionalWathPath();
+        EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+        return before;
+    }
+};
+
+TEST_F(AdditionalPath, isAskedForInTheApplications) {
+    tick(true);
+    expectFolderPanel(platform.shownOpenPanel());
+    EXPECT_EQ(platform.shownOpenPanel().directory, "/Applications");
+    platform.cancelPanel();
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine));
+}
+
+TEST_F(AdditionalPath, isShownWhenChosen) {
+    for (const bool flag : {false, true}) {
+        const auto before = tick(flag);
+        platform.choose("/a folder");
+        EXPECT_THAT(
+            differences(with(before, {{"alsoRunPathChangeImageWell.image", "icon of /a folder"},
+                                      {"alsoRunPathChangeImageWell.toolTip", "\"/a folder\""}}),
+                        picture(form)),
+            IsEmpty());
+    }
+}
+
+TEST_F(AdditionalPath, cancelledTurnsTheBoxOff) {
+    for (const bool flag : {false, true}) {
+        const auto before = tick(flag);
+        platform.cancelPanel();
+        EXPECT_THAT(differences(with(before, {{"alsoRunPathChangeCheckbox.state", "0"},
+                                              {"alsoRunPathChangeImageWell.image", "none"},
+                                              {"alsoRunPathChangeImageWell.toolTip", "\"\""}}),
+                                picture(form)),
+                    IsEmpty());
+    }
+}
+
+// Panels that outlive the controller
+
+struct LateRow {
+    std::string_view name;
+    std::function<void(AppDelegate&, ScriptedPlatform&)> ask;
+    std::function<void(ScriptedPlatform&)> answer;
+};
+
+class LateAnswer : public testing::TestWithParam<LateRow> {};
+
+TEST_P(LateAnswer, doesNothingOnceTheControllerIsGone) {
+    ScriptedPlatform platform;
+    platform.files.folders = {"/u"};
+    auto editor = std::make_unique<AppDelegate>(platform.services());
+    GetParam().ask(*editor, platform);
+    EXPECT_TRUE(platform.isAsking());
+    editor.reset();
+    platform.journal.clear();
+    GetParam().answer(platform);
+    EXPECT_THAT(platform.journal.lines(), IsEmpty());
+    EXPECT_FALSE(platform.isAsking());
+}
+
+void watch(AppDelegate& editor, ScriptedPlatform&) {
+    editor.form().agentActionButton.selectedItem = AgentAction::PathModified;
+    editor.chooseAgentAction();
+}
+
+void watchAlso(AppDelegate& editor, ScriptedPlatform&) {
+    editor.form().alsoRunPathChangeCheckbox.state = CheckState::On;
+    editor.chooseAdditionalWathPath();
+}
+
+void chooseTarget(AppDelegate& editor, ScriptedPlatform&) { editor.chooseApplicationOrScript(); }
+void save(AppDelegate& editor, ScriptedPlatform&) { editor.saveLaunchAgent(); }
+void chooseBrokenTarget(AppDelegate& editor, ScriptedPlatform& platform) {
+    editor.chooseApplicationOrScript();
+    platform.choose("/u/A.app");
+}
+void dismiss(ScriptedPlatform& platform) { platform.press("Ok"); }
+void cancel(ScriptedPlatform& platform) { platform.cancelPanel(); }
+void choose(ScriptedPlatform& platform) { platform.choose("/u/A.app"); }
+void saveAs(ScriptedPlatform& platform) { platform.saveAs("/u/x.plist"); }
+
+const LateRow late[] = {
+    {"WatchPath", watch, choose},
+    {"NoWatchPath", watch, cancel},
+    {"AdditionalPath", watchAlso, choose},
+    {"NoAdditionalPath", watchAlso, cancel},
+    {"Target", chooseTarget, choose},
+    {"NoTarget", chooseTarget, cancel},
+    {"BrokenTarget", chooseBrokenTarget, dismiss},
+    {"Save", save, saveAs},
+    {"NoSave", save, cancel},
+};
+
+INSTANTIATE_TEST_SUITE_P(Panels, LateAnswer, testing::ValuesIn(late), NamedAfterRow());
+
+} // namespace
+
+} // namespace frimbolate
