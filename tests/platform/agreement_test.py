@@ -1,0 +1,128 @@
+"""Whether Python's plistlib and xmllint see in our files what we do, and we in theirs.
+
+Usage: agreement_test.py PROPERTY_LIST_TOOL DTD. Nothing is skipped: without xmllint it fails.
+"""
+
+import datetime
+import plistlib
+import random
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+TOOL, DTD = sys.argv[1:3]
+ROUNDS = 60
+XML_TEXTS = ["a", " ", "\n", "\t", "&", "<", ">", '"', "]]>", "é", "e\u0301", "ı", "日本", "😀"]
+# plistlib writes every line end into XML as a line feed.
+TEXTS = [*XML_TEXTS, "\r"]
+INTEGERS = (0, 1, -1, 255, 256, 65536, 2**31, 2**32, 2**63 - 1, -(2**63), 2**63, 2**64 - 1)
+REALS = (0.5, 3.0, -1e300, 1 / 3, 5e-324)
+FIRST_DATE = datetime.datetime(1, 1, 1)
+SECONDS_TO_YEAR_10000 = 315537897600
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True).stdout
+
+
+class Source(random.Random):
+    """Random content, the same for the same seed."""
+
+    def __init__(self, seed, texts):
+        super().__init__(seed)
+        self.texts = texts
+
+    def text(self):
+        return "".join(self.choices(self.texts, k=self.randrange(12)))
+
+    def value(self, depth):
+        kind = self.randrange(8 if depth else 6)
+        if kind == 0:
+            return self.text()
+        if kind == 1:
+            return self.random() < 0.5
+        if kind == 2:
+            return self.choice((*INTEGERS, self.randrange(-(2**63), 2**64)))
+        if kind == 3:
+            return self.choice((*REALS, self.uniform(-1e6, 1e6)))
+        if kind == 4:
+            return self.randbytes(self.randrange(300))
+        if kind == 5:
+            return FIRST_DATE + datetime.timedelta(seconds=self.randrange(SECONDS_TO_YEAR_10000))
+        if kind == 6:
+            return [self.value(depth - 1) for _ in range(self.randrange(18))]
+        return self.dictionary(depth - 1)
+
+    def dictionary(self, depth=2):
+        return {self.text(): self.value(depth) for _ in range(self.randrange(18))}
+
+
+def typed(value):
+    """The value with the kind at each place, for Python takes 1, 1.0 and True for equal."""
+    if isinstance(value, dict):
+        return {key: typed(inner) for key, inner in value.items()}
+    if isinstance(value, list):
+        return [typed(inner) for inner in value]
+    return type(value).__name__, value
+
+
+class Agreement(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.file = Path(folder.name) / "list.plist"
+
+    def our_view(self, content):
+        self.file.write_bytes(content)
+        return run(TOOL, "rewrite", self.file)
+
+    def test_we_read_what_plistlib_writes(self):
+        for seed in range(ROUNDS):
+            for kind, texts in ((plistlib.FMT_XML, XML_TEXTS), (plistlib.FMT_BINARY, TEXTS)):
+                original = Source(seed, texts).dictionary()
+                with self.subTest(seed=seed, kind=kind.name):
+                    ours = self.our_view(plistlib.dumps(original, fmt=kind))
+                    self.assertTrue(typed(plistlib.loads(ours)) == typed(original))
+
+    def test_both_forms_of_a_list_become_the_same_bytes(self):
+        for seed in range(ROUNDS):
+            with self.subTest(seed=seed):
+                run(TOOL, "random", str(seed), self.file)
+                written = self.file.read_bytes()
+                self.assertEqual(run(TOOL, "rewrite", self.file), written)
+                binary = plistlib.dumps(plistlib.loads(written), fmt=plistlib.FMT_BINARY)
+                self.assertEqual(self.our_view(binary), written)
+
+    def test_a_large_binary_list_with_wide_references(self):
+        original = {str(number): number for number in range(70000)}
+        ours = self.our_view(plistlib.dumps(original, fmt=plistlib.FMT_BINARY))
+        self.assertEqual(plistlib.loads(ours), original)
+
+    def test_what_we_write_is_valid(self):
+        for seed in range(ROUNDS):
+            with self.subTest(seed=seed):
+                run(TOOL, "random", str(seed), self.file)
+                run("xmllint", "--nonet", "--noout", "--dtdvalid", DTD, self.file)
+
+    def test_the_validator_does_refuse(self):
+        for body in ("<set/>", "<dict><true/></dict>", "<true/><true/>"):
+            with self.subTest(body=body):
+                self.file.write_text(f"<plist>{body}</plist>")
+                with self.assertRaises(subprocess.CalledProcessError):
+                    run("xmllint", "--nonet", "--noout", "--dtdvalid", DTD, self.file)
+
+    def test_we_refuse_what_has_no_xml_form(self):
+        identifier = plistlib.dumps({"k": plistlib.UID(1)}, fmt=plistlib.FMT_BINARY)
+        # plistlib writes no null, so the marker of the identifier is made one.
+        null = identifier.replace(b"\x80\x01", b"\x00\x01")
+        for content, reason in ((identifier, b"unknown kind"), (null, b"a null")):
+            with self.subTest(reason=reason):
+                with self.assertRaises(subprocess.CalledProcessError) as caught:
+                    self.our_view(content)
+                self.assertIn(reason, caught.exception.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

@@ -1,0 +1,13 @@
+// A log that a test reads.
+#pragma once
+
+#include "platform/services.h"
+
+namespace frimbolate::test {
+
+struct RecordingLog : Log {
+    void line(const std::string& text) override { lines.push_back(text); }
+    std::vector<std::string> lines;
+};
+
+} // namespace frimbolate::test

@@ -1,0 +1,189 @@
+#include "platform/qt/property_list_text.h"
+#include "platform/qt/property_list_writer.h"
+#include "platform/qt/property_list_xml_reader.h"
+#include "tests/platform/property_lists.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace frimbolate::test {
+
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Writer, writesTheWholeFile) {
+    const Dictionary dictionary = {
+        {"Label", "com.frimbolate.Backup"},
+        {"Empty", Array{}},
+        {"Environment", Dictionary{}},
+        {"KeepAlive", Dictionary{{"SuccessfulExit", false}}},
+        {"Nice", -20},
+        {"ProgramArguments", Array{"/bin/sh", "-c", "a && b > c\r\n\t\"d\""}},
+        {"Ratio", 0.1},
+        {"Since", Date{978307200}},
+        {"Stamp", Data{{1, 2, 3}}},
+        {"ZBig", std::numeric_limits<std::uint64_t>::max()},
+    };
+    EXPECT_EQ(xmlPropertyList(dictionary), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+                                           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+                                           "<plist version=\"1.0\">\n"
+                                           "<dict>\n"
+                                           "\t<key>Empty</key>\n"
+                                           "\t<array/>\n"
+                                           "\t<key>Environment</key>\n"
+                                           "\t<dict/>\n"
+                                           "\t<key>KeepAlive</key>\n"
+                                           "\t<dict>\n"
+                                           "\t\t<key>SuccessfulExit</key>\n"
+                                           "\t\t<false/>\n"
+                                           "\t</dict>\n"
+                                           "\t<key>Label</key>\n"
+                                           "\t<string>com.frimbolate.Backup</string>\n"
+                                           "\t<key>Nice</key>\n"
+                                           "\t<integer>-20</integer>\n"
+                                           "\t<key>ProgramArguments</key>\n"
+                                           "\t<array>\n"
+                                           "\t\t<string>/bin/sh</string>\n"
+                                           "\t\t<string>-c</string>\n"
+                                           "\t\t<string>a &amp;&amp; b &gt; c&#13;\n"
+                                           "\t\"d\"</string>\n"
+                                           "\t</array>\n"
+                                           "\t<key>Ratio</key>\n"
+                                           "\t<real>0.1</real>\n"
+                                           "\t<key>Since</key>\n"
+                                           "\t<date>2001-01-01T00:00:00Z</date>\n"
+                                           "\t<key>Stamp</key>\n"
+                                           "\t<data>\n"
+                                           "\tAQID\n"
+                                           "\t</data>\n"
+                                           "\t<key>ZBig</key>\n"
+                                           "\t<integer>18446744073709551615</integer>\n"
+                                           "</dict>\n"
+                                           "</plist>\n");
+}
+
+TEST(Writer, breaksLongDataIntoLines) {
+    const auto text = xmlPropertyList({{"d", Data{std::vector<std::uint8_t>(52, 0)}}});
+    EXPECT_THAT(text, testing::HasSubstr("\n\t" + std::string(68, 'A') + "\n\tAA==\n\t</data>"));
+}
+
+struct UnwritableRow {
+    const char* name;
+    Value value;
+};
+
+void PrintTo(const UnwritableRow& row, std::ostream* out) { *out << row.name; }
+
+class Unwritable : public testing::TestWithParam<UnwritableRow> {};
+
+TEST_P(Unwritable, isRefusedWhereverItStands) {
+    const auto& value = GetParam().value;
+    EXPECT_NE(reasonOf("Unwritable content",
+                       [&] {
+                           xmlPropertyList({{"k", value}});
+                       }),
+              "no failure");
+    EXPECT_THROW(xmlPropertyList({{"k", Array{Dictionary{{"j", value}}}}}), Failure);
+    if (const auto* text = value.string()) {
+        EXPECT_THROW(xmlPropertyList({{*text, true}}), Failure);
+    }
+}
+
+const UnwritableRow unwritableRows[] = {
+    {"nul", "a\0b"s},
+    {"firstControl", "\x01"},
+    {"escape", "\x1b[1m"},
+    {"lastControl", "\x1f"},
+    {"noCharacter", "\xef\xbf\xbe"},
+    {"otherNoCharacter", "\xef\xbf\xbf"},
+    {"surrogate", "\xed\xa0\x80"},
+    {"lonelyContinuation", "\x80"},
+    {"cutCharacter", "\xe2\x82"},
+    {"missingContinuation", "\xc3("},
+    {"overlong", "\xc0\xaf"},
+    {"overlongThree", "\xe0\x80\xaf"},
+    {"overlongFour", "\xf0\x80\x80\xaf"},
+    {"aboveUnicode", "\xf4\x90\x80\x80"},
+    {"noLeadByte", "\xff"},
+    {"yearZero", Date{-62135596801}},
+    {"year10000", Date{253402300800}},
+    {"endOfTime", Date{std::numeric_limits<std::int64_t>::max()}},
+    {"beginningOfTime", Date{std::numeric_limits<std::int64_t>::min()}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, Unwritable, testing::ValuesIn(unwritableRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+struct WritableRow {
+    const char* name;
+    Value value;
+};
+
+void PrintTo(const WritableRow& row, std::ostream* out) { *out << row.name; }
+
+class Writable : public testing::TestWithParam<WritableRow> {};
+
+TEST_P(Writable, isReadAgainAsItWas) {
+    const auto text = xmlPropertyList({{"k", GetParam().value}});
+    EXPECT_EQ(readXmlPropertyList(QByteArray::fromStdString(text)),
+              Value(Dictionary{{"k", GetParam().value}}));
+}
+
+const WritableRow writableRows[] = {
+    {"allAscii",
+     [] {
+         std::string text = "\t\n\r";
+         for (char c = ' '; c < 0x7f; ++c)
+             text += c;
+         return text + '\x7f';
+     }()},
+    {"lineEnds", "a\rb\nc\r\nd"},
+    {"outerBlanks", "\t a \n"},
+    {"onlyBlanks", " \n "},
+    {"sectionEnd", "]]>"},
+    {"looksLikeXml", "<!-- a --><b c=\"d\">&amp;</b>"},
+    {"combiningMark", "e\u0301"},
+    {"byteOrderMark", "\xef\xbb\xbf"},
+    {"lastOfBasicPlane", "\xef\xbf\xbd"},
+    {"lastOfAll", "\xf4\x8f\xbf\xbd"},
+    {"nextLine", "\xc2\x85"},
+    {"lineSeparator", "\xe2\x80\xa8"},
+    {"negativeZero", -0.0},
+    {"smallestReal", std::numeric_limits<double>::denorm_min()},
+    {"largestReal", std::numeric_limits<double>::max()},
+    {"third", 1.0 / 3},
+    {"wholeReal", 1e22},
+    {"infinity", std::numeric_limits<double>::infinity()},
+    {"negativeInfinity", -std::numeric_limits<double>::infinity()},
+    {"firstDate", Date{-62135596800}},
+    {"lastDate", Date{253402300799}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, Writable, testing::ValuesIn(writableRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Writer, keepsTheSignOfZeroAndNotANumber) {
+    EXPECT_EQ(textOfReal(-0.0), "-0");
+    EXPECT_TRUE(std::signbit(*realOfText("-0")));
+    EXPECT_TRUE(std::isnan(*realOfText(textOfReal(std::numeric_limits<double>::quiet_NaN()))));
+}
+
+TEST(Writer, randomContentIsReadAgainAsItWas) {
+    for (std::uint64_t seed = 0; seed < 300; ++seed) {
+        std::mt19937_64 random(seed);
+        const Dictionary dictionary = randomDictionary(random);
+        const auto text = xmlPropertyList(dictionary);
+        const Value again = readXmlPropertyList(QByteArray::fromStdString(text));
+        ASSERT_EQ(again, Value(dictionary)) << "seed " << seed << "\n" << text;
+        ASSERT_EQ(xmlPropertyList(again.asDictionary()), text) << "seed " << seed;
+    }
+}
+
+} // namespace
+
+} // namespace frimbolate::test
