@@ -1,0 +1,103 @@
+// A folder with a few files in it, panels over it, and a journal of what they answered.
+#pragma once
+
+#include "tests/widgets/sheet_fixture.h"
+#include "ui/widgets/file_panels.h"
+#include "ui/widgets/panel_dialog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTreeView>
+
+namespace frimbolate {
+
+class FilePanel : public SheetFixture {
+  protected:
+    FilePanel() {
+        make("agent.plist");
+        make("notes.txt");
+        make("Foo.app/Contents/Info.plist");
+        make("folder/inner.plist");
+    }
+
+    std::string path(const std::string& name) const {
+        return QDir(root.path()).canonicalPath().toStdString() + "/" + name;
+    }
+    void make(const std::string& name, const QByteArray& content = "old") {
+        const QString file = QDir(root.path()).filePath(QString::fromStdString(name));
+        QDir().mkpath(QFileInfo(file).path());
+        QFile out(file);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write(content);
+    }
+
+    PanelDialog* open(OpenPanel panel) {
+        panel.prompt = "Select";
+        if (!panel.directory)
+            panel.directory = root.path().toStdString();
+        panels.open(panel, [this](const std::optional<std::string>& chosen) {
+            journal.push_back(chosen.value_or("cancelled"));
+        });
+        return dialog = shown<PanelDialog>("openPanel");
+    }
+    static SavePanel named(std::string name) {
+        SavePanel panel;
+        panel.nameFieldStringValue = std::move(name);
+        return panel;
+    }
+    PanelDialog* save(SavePanel panel) {
+        panel.prompt = "Save";
+        if (!panel.directory)
+            panel.directory = root.path().toStdString();
+        panels.save(panel, [this](const std::optional<SaveLocation>& chosen) {
+            journal.push_back(chosen ? chosen->path : "cancelled");
+            if (chosen)
+                journal.push_back(chosen->nameFieldStringValue);
+        });
+        return dialog = shown<PanelDialog>("savePanel");
+    }
+
+    QLineEdit* nameField() { return dialog->findChild<QLineEdit*>("fileNameEdit"); }
+    void type(const std::string& name) {
+        // The dialog takes the name of what is selected while the field is without the keyboard.
+        dialog->activateWindow();
+        nameField()->setFocus();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return nameField()->hasFocus(); }));
+        nameField()->setText(QString::fromStdString(name));
+    }
+    std::string refusal() {
+        auto* label = dialog->findChild<QLabel*>("panelRefusal");
+        return label->isVisible() ? label->text().toStdString() : "";
+    }
+    /// The row of an item in the list, once the panel has read the folder.
+    QModelIndex item(const char* name) {
+        auto* view = dialog->findChild<QTreeView*>("treeView");
+        QModelIndex found;
+        const auto isListed = [&] {
+            for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+                if (const auto index = view->model()->index(row, 0, view->rootIndex());
+                    index.data().toString() == name)
+                    found = index;
+            return found.isValid();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(isListed)) << name << " is not listed";
+        return found;
+    }
+    void doubleClick(const char* name) {
+        const QModelIndex index = item(name);
+        emit dialog->findChild<QTreeView*>("treeView")->activated(index);
+    }
+    void select(const char* name) {
+        const QModelIndex index = item(name);
+        dialog->findChild<QTreeView*>("treeView")->setCurrentIndex(index);
+    }
+
+    QTemporaryDir root;
+    QtFilePanels panels{stack, window};
+    PanelDialog* dialog = nullptr;
+};
+
+} // namespace frimbolate

@@ -1,0 +1,235 @@
+#include "tests/widgets/file_panel_fixture.h"
+
+#include <QToolButton>
+
+#include <unistd.h>
+
+namespace frimbolate {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+struct OpenRow {
+    const char* name;
+    OpenPanel panel;
+    const char* typed;
+    const char* chosen; ///< inside the folder; null where the panel stays open
+};
+
+OpenPanel files(std::vector<std::string> types = {}) {
+    OpenPanel panel;
+    panel.allowedFileTypes = std::move(types);
+    return panel;
+}
+OpenPanel filesAndFolders() {
+    OpenPanel panel;
+    panel.canChooseDirectories = true;
+    return panel;
+}
+OpenPanel folders() {
+    OpenPanel panel = filesAndFolders();
+    panel.canChooseFiles = false;
+    return panel;
+}
+
+const OpenRow openRows[] = {
+    {"AFile", files(), "notes.txt", "notes.txt"},
+    {"AFileInAFolder", files(), "folder/inner.plist", "folder/inner.plist"},
+    {"AFileByDots", files(), "folder/../notes.txt", "notes.txt"},
+    {"AFileOfAnAllowedType", files({"app", "plist"}), "agent.plist", "agent.plist"},
+    {"NoFileOfAnotherType", files({"app", "plist"}), "notes.txt", nullptr},
+    {"ABundleAsAFile", files({"sh", "app"}), "Foo.app", "Foo.app"},
+    {"NoBundleOfAnotherType", files({"workflow"}), "Foo.app", nullptr},
+    {"NoFolderAsAFile", files(), "folder", nullptr},
+    {"NothingThatIsNotThere", files(), "missing.plist", nullptr},
+    {"AFolder", folders(), "folder", "folder"},
+    {"TheFolderShown", folders(), "", ""},
+    {"NoFileAsAFolder", folders(), "notes.txt", nullptr},
+    {"AFileOfBoth", filesAndFolders(), "notes.txt", "notes.txt"},
+    {"AFolderOfBoth", filesAndFolders(), "folder", "folder"},
+    {"ABundleOfBoth", filesAndFolders(), "Foo.app", "Foo.app"},
+};
+
+class OpenChoice : public FilePanel, public testing::WithParamInterface<OpenRow> {};
+
+TEST_P(OpenChoice, IsMadeByTheRulesOfThePanel) {
+    const OpenRow& row = GetParam();
+    open(row.panel);
+    type(row.typed);
+    if (QPushButton* accept = button(dialog, "Select"); accept->isEnabled())
+        accept->click();
+    settle();
+    if (!row.chosen) {
+        EXPECT_THAT(journal, ElementsAre());
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget(), dialog);
+        return;
+    }
+    const QString expected = QDir::cleanPath(QString::fromStdString(path(row.chosen)));
+    EXPECT_THAT(journal, ElementsAre(expected.toStdString(), "afterwards"));
+}
+INSTANTIATE_TEST_SUITE_P(Table, OpenChoice, testing::ValuesIn(openRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(FilePanel, IsCancelledByButtonAndEscape) {
+    open(files());
+    click(dialog, "Cancel");
+    ASSERT_TRUE(journalReaches(2));
+    open(files());
+    QTest::keyClick(dialog, Qt::Key_Escape);
+    ASSERT_TRUE(journalReaches(4));
+    settle();
+    EXPECT_THAT(journal, ElementsAre("cancelled", "afterwards", "cancelled", "afterwards"));
+}
+
+TEST_F(FilePanel, ShowsItsMessageAndPrompt) {
+    OpenPanel panel;
+    panel.message = "Please choose:\n\n<one> of these";
+    open(panel);
+    auto* label = dialog->findChild<QLabel*>("panelMessage");
+    EXPECT_TRUE(label->isVisible());
+    EXPECT_EQ(label->text(), "Please choose:\n\n<one> of these");
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_NE(button(dialog, "Select"), nullptr);
+    EXPECT_EQ(button(dialog, "Open"), nullptr);
+    EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
+}
+
+TEST_F(FilePanel, KeepsItsPromptWhateverIsTyped) {
+    save({});
+    for (const char* name : {"folder", "agent.plist", "", "x"}) {
+        type(name);
+        EXPECT_NE(button(dialog, "Save"), nullptr) << name;
+    }
+}
+
+TEST_F(FilePanel, WaitsForTheSheetBefore) {
+    open(files());
+    panels.save({}, [](const auto&) {});
+    EXPECT_EQ(shown("savePanel"), nullptr);
+    click(dialog, "Cancel");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown("savePanel") != nullptr; }));
+}
+
+TEST_F(FilePanel, ResolvesLinksOnlyWhereAsked) {
+    ASSERT_TRUE(QFile::link(root.filePath("agent.plist"), root.filePath("link.plist")));
+    for (const bool resolves : {true, false}) {
+        OpenPanel panel;
+        panel.resolvesAliases = resolves;
+        open(panel);
+        type("link.plist");
+        click(dialog, "Select");
+        ASSERT_TRUE(journalReaches(2));
+        const std::string expected = resolves ? "agent.plist" : "link.plist";
+        EXPECT_THAT(journal.front(), testing::EndsWith("/" + expected));
+        journal.clear();
+    }
+}
+
+TEST_F(FilePanel, ChoosesABundleByDoubleClick) {
+    open(files({"app"}));
+    doubleClick("Foo.app");
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("Foo.app"));
+}
+
+TEST_F(FilePanel, ChoosesABundleBySelectingIt) {
+    open(files({"app"}));
+    select("Foo.app");
+    EXPECT_EQ(nameField()->text(), "Foo.app");
+    click(dialog, "Select");
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("Foo.app"));
+}
+
+TEST_F(FilePanel, EntersAnOrdinaryFolderByDoubleClick) {
+    open(files({"app"}));
+    doubleClick("folder");
+    settle();
+    EXPECT_THAT(journal, ElementsAre());
+    EXPECT_EQ(dialog->directory().dirName(), "folder");
+}
+
+TEST_F(FilePanel, ChoosesAFolderBySelectingItAndEntersItByDoubleClick) {
+    open(filesAndFolders());
+    select("folder");
+    EXPECT_EQ(nameField()->text(), "folder");
+    doubleClick("folder");
+    EXPECT_EQ(dialog->directory().dirName(), "folder");
+    EXPECT_EQ(nameField()->text(), "");
+    click(dialog, "Select");
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("folder"));
+}
+
+TEST_F(FilePanel, ChoosesAFileByDoubleClick) {
+    open(files());
+    doubleClick("notes.txt");
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("notes.txt"));
+}
+
+TEST_F(FilePanel, OffersNewFoldersOnlyWhereAllowed) {
+    for (const bool allowed : {true, false}) {
+        OpenPanel panel;
+        panel.canCreateDirectories = allowed;
+        open(panel);
+        EXPECT_EQ(dialog->findChild<QToolButton*>("newFolderButton")->isVisible(), allowed);
+        click(dialog, "Cancel");
+        ASSERT_TRUE(journalReaches(2));
+        journal.clear();
+    }
+}
+
+TEST_F(FilePanel, StartsElsewhereWhenItsFolderIsMissing) {
+    OpenPanel panel;
+    panel.directory = root.filePath("missing").toStdString();
+    open(panel);
+    EXPECT_TRUE(dialog->directory().exists());
+    EXPECT_EQ(dialog->directory().absolutePath(), QDir::homePath());
+}
+
+TEST_F(FilePanel, StartsInItsFolder) {
+    OpenPanel panel;
+    panel.directory = root.filePath("folder").toStdString();
+    open(panel);
+    EXPECT_EQ(dialog->directory().dirName(), "folder");
+}
+
+TEST_F(FilePanel, SaysWhyItRefuses) {
+    open(files({"plist"}));
+    type("missing.plist");
+    click(dialog, "Select");
+    EXPECT_THAT(refusal(), HasSubstr("missing.plist"));
+    type("agent");
+    EXPECT_EQ(refusal(), "");
+    type("notes.txt");
+    click(dialog, "Select");
+    EXPECT_THAT(refusal(), HasSubstr("notes.txt"));
+}
+
+TEST_F(FilePanel, RefusesALinkToANameThatIsNoText) {
+    const QByteArray target = QFile::encodeName(root.path()) + "/na\xFFme.plist";
+    FILE* file = std::fopen(target.constData(), "w");
+    ASSERT_NE(file, nullptr);
+    std::fclose(file);
+    const QByteArray link = QFile::encodeName(root.path()) + "/link.plist";
+    ASSERT_EQ(symlink(target.constData(), link.constData()), 0);
+    open(files());
+    type("link.plist");
+    click(dialog, "Select");
+    settle();
+    EXPECT_THAT(refusal(), HasSubstr("cannot be read as text"));
+    EXPECT_THAT(journal, ElementsAre());
+    ::unlink(target.constData()); // the temporary folder cannot remove what it cannot read
+}
+
+TEST_F(FilePanel, HasNamesForAssistiveTechnology) {
+    open(files());
+    EXPECT_FALSE(nameField()->accessibleName().isEmpty());
+    EXPECT_FALSE(dialog->findChild<QTreeView*>("treeView")->accessibleName().isEmpty());
+}
+
+} // namespace
+} // namespace frimbolate

@@ -1,0 +1,129 @@
+#include "ui/widgets/look/icons.h"
+#include "ui/widgets/look/tokens.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace frimbolate::look {
+namespace {
+
+using testing::Gt;
+
+constexpr QRgb lightInk = 0xFF3A4544;
+constexpr QRgb darkInk = 0xFFD3DBD9;
+
+/// How many pixels have exactly this colour, so no half-covered edges.
+int count(const QImage& image, QColor colour) {
+    int result = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            result += image.pixel(x, y) == colour.rgb();
+    return result;
+}
+
+QImage drawn(const QIcon& icon, int side, QIcon::Mode mode = QIcon::Normal,
+             QIcon::State state = QIcon::Off) {
+    return icon.pixmap(QSize(side, side), 1, mode, state).toImage();
+}
+
+class Icons : public testing::Test {
+  protected:
+    ~Icons() override { QApplication::setPalette(palette(false)); }
+};
+
+TEST_F(Icons, AreDrawnAtTheSizeAskedFor) {
+    for (const int side : {16, 20, 32, 40, 64, 128}) {
+        const QImage image = drawn(toolIcon("save"), side);
+        EXPECT_EQ(image.size(), QSize(side, side));
+    }
+    const QPixmap doubled = toolIcon("save").pixmap(QSize(20, 20), 2);
+    EXPECT_EQ(doubled.size(), QSize(40, 40));
+    EXPECT_EQ(doubled.devicePixelRatio(), 2);
+}
+
+TEST_F(Icons, AreCrispAndNotEnlarged) {
+    // Scaled up from 20 pixels there would be no hard corner within two pixels of each other.
+    const QImage image = drawn(toolIcon("save"), 128);
+    int steepest = 0;
+    for (int x = 1; x < image.width(); ++x)
+        steepest = std::max(steepest,
+                            std::abs(qAlpha(image.pixel(x, 64)) - qAlpha(image.pixel(x - 1, 64))));
+    EXPECT_THAT(steepest, Gt(100));
+}
+
+TEST_F(Icons, TakeTheirInkFromThePalette) {
+    const QIcon icon = toolIcon("save");
+    EXPECT_THAT(count(drawn(icon, 64), lightInk), Gt(0));
+    EXPECT_EQ(count(drawn(icon, 64), darkInk), 0);
+    QApplication::setPalette(palette(true));
+    EXPECT_EQ(count(drawn(icon, 64), lightInk), 0);
+    EXPECT_THAT(count(drawn(icon, 64), darkInk), Gt(0));
+}
+
+struct StateRow {
+    const char* name;
+    QIcon::Mode mode;
+    QIcon::State state;
+    QColor Tokens::*ink;
+};
+const StateRow stateRows[] = {
+    {"Disabled", QIcon::Disabled, QIcon::Off, &Tokens::disabledText},
+    {"Toggled", QIcon::Normal, QIcon::On, &Tokens::accent},
+    {"Selected", QIcon::Selected, QIcon::Off, &Tokens::onAccent},
+};
+
+TEST_F(Icons, TakeTheirInkFromTheState) {
+    for (const bool dark : {false, true}) {
+        QApplication::setPalette(palette(dark));
+        for (const StateRow& row : stateRows)
+            EXPECT_THAT(
+                count(drawn(toolIcon("save"), 64, row.mode, row.state), tokens(dark).*row.ink),
+                Gt(0))
+                << row.name;
+    }
+}
+
+TEST_F(Icons, HaveAWhiteTileOnTheDrawer) {
+    const Image folder = Image::iconForFile(QDir::tempPath().toStdString());
+    EXPECT_THAT(count(drawn(imageIcon(folder, Plane::drawer), 32), Qt::white), Gt(100));
+    EXPECT_THAT(count(drawn(imageIcon(folder, Plane::card), 32), 0xE3EAE8), Gt(100));
+}
+
+TEST_F(Icons, ShowNothingForNoImageAndForUnknownNames) {
+    EXPECT_TRUE(imageIcon(Image::none()).isNull());
+    EXPECT_TRUE(imageIcon(Image::resource("iconOfNothing.png")).isNull());
+    EXPECT_TRUE(toolIcon("nothing").isNull());
+}
+
+struct FileRow {
+    const char* file;
+    const char* sameAs; ///< the resource whose picture it has
+};
+constexpr FileRow fileRows[] = {
+    {"/nowhere/backup.sh", "iconScriptBash.png"},
+    {"/nowhere/backup.tar.sh", "iconScriptBash.png"},
+    {"/nowhere/backup.py", "iconScriptPython.png"},
+    {"/nowhere/backup.rb", "iconScriptRuby.png"},
+    {"/nowhere/backup.pl", "iconScriptPerl.png"},
+    {"/nowhere/backup.scpt", "iconScriptAppleScript.png"},
+    {"/nowhere/Backup.workflow", "iconScriptWorkflow.png"},
+};
+
+TEST_F(Icons, ShowTheTileOfAScriptForItsFile) {
+    for (const FileRow& row : fileRows)
+        EXPECT_EQ(drawn(imageIcon(Image::iconForFile(row.file)), 32),
+                  drawn(imageIcon(Image::resource(row.sameAs)), 32))
+            << row.file;
+}
+
+TEST_F(Icons, ShowTheProgramsOwnForApplicationsAndForWhatIsNotThere) {
+    const QImage app = drawn(toolIcon("app"), 32);
+    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/Applications/Any.app")), 32), app);
+    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/nowhere/program")), 32), app);
+}
+
+} // namespace
+} // namespace frimbolate::look

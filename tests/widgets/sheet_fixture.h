@@ -1,0 +1,67 @@
+// A window with a toolbar, a queue of sheets on it, and a journal of what happened.
+#pragma once
+
+#include "ui/widgets/sheet_stack.h"
+
+#include <QDialog>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTest>
+#include <QToolBar>
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace frimbolate {
+
+class SheetFixture : public testing::Test {
+  protected:
+    SheetFixture() {
+        toolBar->setFixedHeight(64);
+        window.setCentralWidget(new QWidget);
+        window.setFixedSize(680, 472);
+        window.show();
+        stack.setAfterwards([this] { journal.push_back("afterwards"); });
+    }
+
+    /// The one dialog of this name that is on the screen, or null.
+    template <typename Dialog = QDialog>
+    Dialog* shown(const char* name) {
+        for (auto* dialog : window.findChildren<Dialog*>(name))
+            if (dialog->isVisible())
+                return dialog;
+        return nullptr;
+    }
+
+    static QPushButton* button(QWidget* parent, const QString& title) {
+        for (auto* candidate : parent->findChildren<QPushButton*>())
+            if (candidate->text() == title && candidate->isVisible())
+                return candidate;
+        return nullptr;
+    }
+
+    static void click(QWidget* parent, const QString& title) {
+        QPushButton* found = button(parent, title);
+        ASSERT_NE(found, nullptr) << "no button titled " << title.toStdString();
+        QTest::mouseClick(found, Qt::LeftButton);
+    }
+
+    /// Works off the event loop until so many entries stand in the journal.
+    bool journalReaches(std::size_t entries) {
+        return QTest::qWaitFor([&] { return journal.size() >= entries; });
+    }
+    /// Works off all that is under way, so that whatever came once too often would have come.
+    static void settle() {
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    QMainWindow window;
+    QToolBar* toolBar = window.addToolBar("Tools");
+    SheetStack stack{window};
+    std::vector<std::string> journal;
+};
+
+} // namespace frimbolate

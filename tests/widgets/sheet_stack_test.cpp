@@ -1,0 +1,148 @@
+#include "tests/widgets/sheet_fixture.h"
+
+#include "ui/widgets/sheet_dialog.h"
+
+#include <QVBoxLayout>
+
+namespace frimbolate {
+namespace {
+
+using testing::ElementsAre;
+
+class Stack : public SheetFixture {
+  protected:
+    SheetDialog* make(const char* name) {
+        auto* sheet = new SheetDialog(name, 520, &window);
+        sheet->body()->addWidget(new QPushButton("Close"));
+        return sheet;
+    }
+};
+
+TEST_F(Stack, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
+    SheetDialog* first = make("first");
+    SheetDialog* second = make("second");
+    stack.present(first);
+    stack.present(second);
+    EXPECT_TRUE(first->isVisible());
+    EXPECT_FALSE(second->isVisible());
+    first->accept();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return second->isVisible(); }));
+    EXPECT_EQ(stack.current(), second);
+}
+
+TEST_F(Stack, ShowsASheetAskedForTwiceOnce) {
+    SheetDialog* sheet = make("sheet");
+    stack.present(sheet);
+    stack.present(sheet);
+    sheet->accept();
+    settle();
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(stack.current(), nullptr);
+}
+
+TEST_F(Stack, ShowsASheetAgainAfterItWasClosed) {
+    SheetDialog* sheet = make("sheet");
+    for (int round = 0; round < 3; ++round) {
+        stack.present(sheet);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return sheet->isVisible(); }));
+        sheet->reject();
+        EXPECT_FALSE(sheet->isVisible());
+    }
+}
+
+TEST_F(Stack, DismissesTheCurrentAndTheWaiting) {
+    SheetDialog* first = make("first");
+    SheetDialog* second = make("second");
+    SheetDialog* third = make("third");
+    SheetDialog* stranger = make("stranger");
+    for (SheetDialog* sheet : {first, second, third})
+        stack.present(sheet);
+    stack.dismiss(stranger);
+    stack.dismiss(second);
+    stack.dismiss(first);
+    EXPECT_FALSE(first->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return third->isVisible(); }));
+    stack.dismiss(third);
+    settle();
+    EXPECT_EQ(stack.current(), nullptr);
+    EXPECT_FALSE(second->isVisible());
+}
+
+TEST_F(Stack, GoesOnWhenASheetIsDestroyed) {
+    SheetDialog* first = make("first");
+    SheetDialog* waiting = make("waiting");
+    SheetDialog* last = make("last");
+    for (SheetDialog* sheet : {first, waiting, last})
+        stack.present(sheet);
+    delete waiting;
+    delete first;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return last->isVisible(); }));
+}
+
+TEST_F(Stack, RunsCompletionsInOrderEachFollowedByAfterwards) {
+    stack.complete([this] {
+        journal.push_back("one");
+        stack.complete([this] { journal.push_back("three"); });
+    });
+    stack.complete([this] { journal.push_back("two"); });
+    EXPECT_THAT(journal, ElementsAre());
+    ASSERT_TRUE(journalReaches(6));
+    settle();
+    EXPECT_THAT(journal,
+                ElementsAre("one", "afterwards", "two", "afterwards", "three", "afterwards"));
+}
+
+TEST_F(Stack, ShowsTheNextSheetAfterTheCompletionOfTheLast) {
+    SheetDialog* first = make("first");
+    SheetDialog* second = make("second");
+    stack.present(first);
+    stack.present(second);
+    bool wasShown = true;
+    QObject::connect(first, &QDialog::finished, &stack, [&] {
+        stack.complete([&] {
+            wasShown = second->isVisible();
+            journal.push_back("completed");
+        });
+    });
+    first->accept();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second->isVisible(); }));
+    EXPECT_FALSE(wasShown);
+    EXPECT_THAT(journal, ElementsAre("completed", "afterwards"));
+}
+
+TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
+    auto* scrim = window.findChild<QWidget*>("sheetScrim");
+    EXPECT_FALSE(scrim->isVisible());
+    SheetDialog* sheet = make("sheet");
+    stack.present(sheet);
+    EXPECT_TRUE(scrim->isVisible());
+    EXPECT_EQ(scrim->geometry(), sheetArea(window));
+    window.setFixedSize(1080, 472);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scrim->width() == 1080; }));
+    sheet->accept();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !scrim->isVisible(); }));
+}
+
+TEST_F(Stack, MakesASheetAsHighAsItsContent) {
+    SheetDialog* sheet = make("sheet");
+    stack.present(sheet);
+    const int before = sheet->panelRect().height();
+    auto* more = new QWidget;
+    more->setFixedHeight(50);
+    sheet->body()->addWidget(more);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sheet->panelRect().height() == before + 50; }));
+}
+
+TEST_F(Stack, CentresASheetOverTheFormWhenTheDrawerIsOpen) {
+    auto* form = new QWidget(&window);
+    form->setObjectName("form");
+    form->setGeometry(0, 92, 680, 380);
+    window.setFixedSize(1080, 472);
+    SheetDialog* sheet = make("sheet");
+    stack.present(sheet);
+    const QRect panel = sheet->panelRect().translated(window.mapFromGlobal(sheet->pos()));
+    EXPECT_NEAR(panel.center().x(), form->geometry().center().x(), 1);
+}
+
+} // namespace
+} // namespace frimbolate
