@@ -1,0 +1,76 @@
+// How long the steps between the form and the file take. Run frimbolate_bench of an optimised
+// build.
+#include "core/agent_file.h"
+#include "core/sentences.h"
+#include "core/validation.h"
+#include "platform/qt/property_list_writer.h"
+#include "platform/qt/property_list_xml_reader.h"
+
+#include <benchmark/benchmark.h>
+
+namespace frimbolate {
+
+namespace {
+
+AgentForm fullForm() {
+    AgentForm form;
+    form.name = "Backup";
+    form.targetType = TargetType::File;
+    form.targetPath = "/Users/ada/bin/backup.sh";
+    form.action = AgentAction::KeepRunning;
+    form.scheduleType = ScheduleType::OnceAMonth;
+    form.dayOfMonthText = "31";
+    form.scheduleTime.hour = 7;
+    form.allowSuccessfulExit = true;
+    form.niceLevel = 5;
+    form.standardOutPath = "/Users/ada/Library/Logs/backup.log";
+    form.standardErrorPath = form.standardOutPath;
+    form.workingDirectory = "/Users/ada";
+    form.queueDirectory = "/Users/ada/Queue";
+    form.alsoRunOnPathChange = true;
+    form.alsoRunPath = "/Users/ada/Pictures";
+    return form;
+}
+
+void validateForm(benchmark::State& state) {
+    const auto form = fullForm();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(validate(form));
+}
+BENCHMARK(validateForm);
+
+/// What the window asks for after every key.
+void sentencesOfForm(benchmark::State& state) {
+    const auto form = fullForm();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(planSentence(form, "/Users/ada"));
+        benchmark::DoNotOptimize(rowHints(form, {}, "/Users/ada"));
+    }
+}
+BENCHMARK(sentencesOfForm);
+
+void formToAgentFile(benchmark::State& state) {
+    const auto form = fullForm();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(agentFile(form, "com.frimbolate.Backup"));
+}
+BENCHMARK(formToAgentFile);
+
+void writeXml(benchmark::State& state) {
+    const auto file = agentFile(fullForm(), "com.frimbolate.Backup");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(xmlPropertyList(file));
+}
+BENCHMARK(writeXml);
+
+void readXml(benchmark::State& state) {
+    const auto bytes =
+        QByteArray::fromStdString(xmlPropertyList(agentFile(fullForm(), "com.frimbolate.Backup")));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readXmlPropertyList(bytes));
+}
+BENCHMARK(readXml);
+
+} // namespace
+
+} // namespace frimbolate

@@ -1,0 +1,41 @@
+# What the scripts of this folder share; each sources it first.
+# shellcheck shell=bash
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+program_packages=(cmake fonts-dejavu-core fonts-inter g++ libqt6svg6 ninja-build qt6-base-dev
+    qt6-svg-dev)
+[[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
+# A desktop without a screen, and a person's hands and eyes on it.
+# shellcheck disable=SC2034
+desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi xdotool xvfb)
+# shellcheck disable=SC2034
+test_packages=(clang-14 clang-format-14 libbenchmark-dev libclang-rt-14-dev libgmock-dev
+    libgtest-dev python3)
+
+as_root() {
+    if ((EUID == 0)); then "$@"; else sudo "$@"; fi
+}
+
+# Installs those of the packages that are missing; where none is, no network and no right is needed.
+install_missing() {
+    local missing=() package
+    for package; do
+        dpkg-query --show --showformat '${db:Status-Status}' "$package" 2>/dev/null |
+            grep -qx installed || missing+=("$package")
+    done
+    ((${#missing[@]})) || return 0
+    echo "Installing ${missing[*]}"
+    as_root apt-get -q update
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qy install --no-install-recommends "${missing[@]}"
+}
+
+# build <preset> [<argument of the configuration> ...]
+build() {
+    local preset=$1 launcher=()
+    shift
+    ! command -v ccache >/dev/null || launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    cmake --preset "$preset" "${launcher[@]}" "$@"
+    cmake --build --preset "$preset"
+}
