@@ -35,8 +35,8 @@ std::int64_t integerValue(const Value& value);
 /// \throws Failure for data, dates, arrays and dictionaries.
 std::string textOf(const Value& value);
 
-/// The pieces of a text between the separators; n separators give n + 1 pieces, so "" gives one
-/// empty piece and "a." gives "a" and "".
+/// The pieces of a text between the separators, which may not be empty; n separators give n + 1
+/// pieces, so "" gives one empty piece and "a." gives "a" and "".
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 
 /// What follows the last separator, or the whole text where there is none.

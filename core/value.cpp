@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 
 namespace frimbolate {
@@ -56,7 +57,17 @@ std::string describedReal(double number) {
 }
 
 std::string describedDate(Date date) {
-    return std::to_string(date.secondsSinceEpoch) + " seconds since 1970";
+    const std::chrono::sys_seconds moment{std::chrono::seconds(date.secondsSinceEpoch)};
+    const auto day = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day calendar(day);
+    const std::chrono::hh_mm_ss time(moment - day);
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d +0000",
+                  static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
+                  static_cast<unsigned>(calendar.day()), static_cast<int>(time.hours().count()),
+                  static_cast<int>(time.minutes().count()),
+                  static_cast<int>(time.seconds().count()));
+    return text.data();
 }
 
 std::string described(const Value& value, int depth);

@@ -77,7 +77,8 @@ void AgentSwitch::write(const std::string& path, const AgentFile& agent, bool en
     try {
         if (!services_.files.isWritable(path))
             throw pathNotWritable(path);
-        services_.files.writeDictionary(path, agent);
+        if (!services_.files.writeDictionary(path, agent))
+            throw pathNotWritable(path);
     } catch (const Failure&) {
         services_.log.line("Error occurred while saving the launch agent!");
         services_.log.line("Path: " + path);

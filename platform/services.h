@@ -37,7 +37,8 @@ class Files {
     /// Whether the item is gone; a failure leaves it in place.
     virtual bool remove(const std::string& path) = 0;
     /// The dictionary of a property list, XML or binary; nothing where the file cannot be read,
-    /// is over 16 MiB, damaged, nested too deeply or holds no dictionary. The reason is logged.
+    /// is over 16 MiB, damaged, nested too deeply or holds no dictionary. Nothing is logged: who
+    /// asked tells the person in words of its own.
     virtual std::optional<Dictionary> readDictionary(const std::string& path) = 0;
     /// Writes an XML property list so that the file is either whole and new or, byte for byte, as
     /// it was. Returns whether it was written.

@@ -11,7 +11,7 @@ program_packages=(cmake fonts-dejavu-core fonts-inter g++ libqt6svg6 ninja-build
 desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi xdotool xvfb)
 # shellcheck disable=SC2034
 test_packages=(clang-14 clang-format-14 libbenchmark-dev libclang-rt-14-dev libgmock-dev
-    libgtest-dev python3)
+    libgtest-dev libxml2-utils python3)
 
 as_root() {
     if ((EUID == 0)); then "$@"; else sudo "$@"; fi
@@ -33,9 +33,8 @@ install_missing() {
 
 # build <preset> [<argument of the configuration> ...]
 build() {
-    local preset=$1 launcher=()
+    local preset=$1
     shift
-    ! command -v ccache >/dev/null || launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
-    cmake --preset "$preset" "${launcher[@]}" "$@"
+    cmake --preset "$preset" "$@"
     cmake --build --preset "$preset"
 }

@@ -51,9 +51,10 @@ void AppDelegate::saveLaunchAgent() {
 
 void AppDelegate::saveAgent(const SaveLocation& location) {
     const auto& path = location.path;
-    log("Saving launch agent, logging all saved values...");
-    const auto agent = loggedAgentFile(location);
+    AgentFile agent;
     try {
+        log("Saving launch agent, logging all saved values...");
+        agent = loggedAgentFile(location);
         log("Path: " + path);
         if (!services_.files.isWritable(folderOf(path)))
             throw pathNotWritable(path);

@@ -33,10 +33,9 @@ bool LocalFiles::remove(const std::string& path) {
 
 std::optional<Dictionary> LocalFiles::readDictionary(const std::string& path) {
     auto file = readPropertyListFile(path);
-    if (file.condition == FileCondition::read)
-        return std::move(file.dictionary);
-    log_.line("Could not read property list " + path + ": " + file.reason);
-    return std::nullopt;
+    if (file.condition != FileCondition::read)
+        return std::nullopt;
+    return std::move(file.dictionary);
 }
 
 bool LocalFiles::writeDictionary(const std::string& path, const Dictionary& dictionary) {

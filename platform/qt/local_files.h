@@ -7,7 +7,7 @@ namespace frimbolate {
 
 class LocalFiles : public Files {
   public:
-    /// \param log hears why a property list could not be read or written
+    /// \param log hears why a property list could not be written
     explicit LocalFiles(Log& log) : log_(log) {}
 
     /// Follows links: one that leads nowhere does not exist.

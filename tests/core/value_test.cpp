@@ -98,7 +98,7 @@ const Row rows[] = {
     {"WholeReal", 2.0, "real", "2"},
     {"Data", Data{{0x00, 0x0f, 0xff}}, "data", "<000fff>"},
     {"NoData", Data{}, "data", "<>"},
-    {"Date", Date{86400}, "date", "86400 seconds since 1970"},
+    {"Date", Date{86400}, "date", "1970-01-02 00:00:00 +0000"},
     {"EmptyArray", Array{}, "array", "(\n)"},
     {"Array", Array{Value(1), Value("/bin/sh"), Value("two words"), Value(true)}, "array",
      "(\n    1,\n    /bin/sh,\n    \"two words\",\n    1\n)"},

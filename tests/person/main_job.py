@@ -53,7 +53,7 @@ def fill_in_form(person, script):
     person.write("Name", NAME)
     person.choose_file("What to launch", "Application or script…", str(script))
     person.choose("When to launch", "Launch on schedule")
-    person.choose("Every Day", "Every Wednesday")
+    person.choose("Schedule", "Every Wednesday")
     person.set_time("Time of day", "07:05")
 
 

@@ -25,8 +25,7 @@ using look::scaled;
 
 namespace {
 
-// The columns of a row and the gaps between them, in pixels of the 1x layout.
-enum { Label, Control, WellGap, Well, ScriptGap, Script, MarkerGap, MarkerColumn, TipGap, Tip };
+// The widths of the columns, in pixels of the 1x layout.
 constexpr int columnWidths[] = {128, 311, 9, 32, 8, 32, 16, 20, 8, 20};
 // The lines of a row: a gap, the controls, a gap, the hint, a gap. Four rows of 72 make the card.
 constexpr int lineHeights[] = {12, 32, 3, 18, 7};
@@ -90,24 +89,26 @@ void FormCard::paintEvent(QPaintEvent*) {
                          tokens.hairline);
 }
 
-void FormCard::addRow(int row, const QString& label, QWidget* cell, QWidget* control,
-                      QList<QWidget*> marked) {
+void FormCard::addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked) {
     const QString name = QString(label).remove('&');
     auto* caption = new QLabel(label, this);
     look::setFont(caption, look::FontRole::rowLabel);
     caption->setBuddy(control);
     control->setAccessibleName(name);
-    cell->setFixedHeight(scaled(lineHeights[controlsLine]));
+    control->setFixedHeight(scaled(lineHeights[controlsLine]));
     auto* hint = new ElidedLabel(Qt::ElideMiddle, this);
     hint->setObjectName(hintNames[row]);
     rows_[row] = {hint, control, std::move(marked)};
     addToRow(row, Label, caption);
-    addToRow(row, Control, cell);
     grid_->addWidget(hint, row * linesPerRow + hintLine, Control, 1, Tip - Control + 1);
 }
 
 void FormCard::addToRow(int row, int column, QWidget* widget) {
     grid_->addWidget(widget, row * linesPerRow + controlsLine, column, Qt::AlignVCenter);
+}
+
+void FormCard::addToRow(int row, int column, QLayout* line) {
+    grid_->addLayout(line, row * linesPerRow + controlsLine, column);
 }
 
 void FormCard::addMarker(int row, std::string_view outlet, Marker FormModel::*member) {
@@ -129,7 +130,8 @@ void FormCard::addNameRow() {
     field->setPlaceholderText(tr("For example, backup_photos"));
     mirror_.bind("agentNameTextField", field, &FormModel::agentNameTextField);
     setFocusProxy(field);
-    addRow(NameRow, tr("&Name"), field, field, {field});
+    addRow(NameRow, tr("&Name"), field, {field});
+    addToRow(NameRow, Control, field);
     addMarker(NameRow, "nameErrorImageWell", &FormModel::nameErrorImageWell);
     addTip(NameRow, "agentNameTipButton", &FormModel::agentNameTipButton);
 }
@@ -137,7 +139,8 @@ void FormCard::addNameRow() {
 void FormCard::addTargetRow() {
     targetButton_ = new PopUpButton(agentTargetItems(), this);
     mirror_.bind("agentTargetButton", targetButton_, &FormModel::agentTargetButton, sendTarget);
-    addRow(TargetRow, tr("&What to launch"), targetButton_, targetButton_, {targetButton_});
+    addRow(TargetRow, tr("&What to launch"), targetButton_, {targetButton_});
+    addToRow(TargetRow, Control, targetButton_);
 
     targetWell_ = new ImageWellButton(32, look::Plane::card, this);
     targetWell_->setAccessibleName(tr("Application or script to launch"));
@@ -165,7 +168,8 @@ void FormCard::addActionRow() {
     auto* button = new PopUpButton(agentActionItems(), this);
     mirror_.bind("agentActionButton", button, &FormModel::agentActionButton,
                  &AppDelegate::chooseAgentAction);
-    addRow(ActionRow, tr("When &to launch"), button, button, {button});
+    addRow(ActionRow, tr("When &to launch"), button, {button});
+    addToRow(ActionRow, Control, button);
 
     watchPathWell_ = new ImageWellButton(32, look::Plane::card, this);
     watchPathWell_->setAccessibleName(tr("Watched path"));

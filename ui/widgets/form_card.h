@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QGridLayout;
+class QLayout;
 class QTimeEdit;
 
 namespace frimbolate {
@@ -35,11 +36,14 @@ class FormCard : public QWidget {
         QList<QWidget*> marked;     ///< what bears the border of a fault
     };
     enum { NameRow, TargetRow, ActionRow, ScheduleRow, RowCount };
+    /// The columns of a row and the gaps between them.
+    enum { Label, Control, WellGap, Well, ScriptGap, Script, MarkerGap, MarkerColumn, TipGap, Tip };
 
-    /// \param cell the control itself, or what holds it and its companions
-    void addRow(int row, const QString& label, QWidget* cell, QWidget* control,
-                QList<QWidget*> marked);
+    /// The label and the hint of a row. A control is named to assistive tools by the label beside
+    /// it, so all that a row holds are children of the card itself.
+    void addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked);
     void addToRow(int row, int column, QWidget* widget);
+    void addToRow(int row, int column, QLayout* line);
     void addMarker(int row, std::string_view outlet, Marker FormModel::*member);
     void addTip(int row, std::string_view outlet, Button FormModel::*member);
 

@@ -107,7 +107,6 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     line->setContentsMargins(scaled(cardMargin + dotSide + dotGap), 0, scaled(cardMargin), 0);
     auto* plan = new ElidedLabel(Qt::ElideRight, foot);
     plan->setObjectName("planSentence");
-    plan->setAccessibleName(tr("What launchd will do"));
     line->addWidget(plan);
     mirror_.show([plan, foot](const FormModel& model) {
         const AgentForm form = agentForm(model);

@@ -28,17 +28,16 @@ bool hasTwelveHourClock() {
 } // namespace
 
 void FormCard::addScheduleRow() {
-    QWidget* cell = new QWidget(this);
-    auto* line = new QHBoxLayout(cell);
+    auto* line = new QHBoxLayout;
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(scaled(gap));
 
-    auto* schedule = new PopUpButton(agentScheduleTypeItems(), cell);
+    auto* schedule = new PopUpButton(agentScheduleTypeItems(), this);
     schedule->setPlaceholderText(tr("No schedule"));
     mirror_.bind("agentScheduleTypeButton", schedule, &FormModel::agentScheduleTypeButton,
                  &AppDelegate::chooseAgentSchedule);
 
-    auto* dayBox = new QWidget(cell);
+    auto* dayBox = new QWidget(this);
     auto* dayLine = new QHBoxLayout(dayBox);
     dayLine->setContentsMargins(0, 0, 0, 0);
     auto* day = new QLineEdit(dayBox);
@@ -50,14 +49,14 @@ void FormCard::addScheduleRow() {
     mirror_.bind("onMonthTextBox", dayBox, &FormModel::onMonthTextBox);
     mirror_.bind("onMonthTextField", day, &FormModel::onMonthTextField);
 
-    timePicker_ = new QTimeEdit(cell);
+    timePicker_ = new QTimeEdit(this);
     setUpTimePicker();
 
-    auto* interval = new QLineEdit(cell);
+    auto* interval = new QLineEdit(this);
     interval->setFixedWidth(scaled(52));
     interval->setAccessibleName(tr("Interval"));
     mirror_.bind("agentIntervalField", interval, &FormModel::agentIntervalField);
-    auto* unit = new PopUpButton(agentIntervalTypeItems(), cell);
+    auto* unit = new PopUpButton(agentIntervalTypeItems(), this);
     unit->setFixedWidth(scaled(89));
     unit->setAccessibleName(tr("Unit of the interval"));
     mirror_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
@@ -70,7 +69,8 @@ void FormCard::addScheduleRow() {
     line->addStretch();
 
     // What can be wrong with a schedule is what was typed.
-    addRow(ScheduleRow, tr("&Schedule"), cell, schedule, {day, interval});
+    addRow(ScheduleRow, tr("&Schedule"), schedule, {day, interval});
+    addToRow(ScheduleRow, Control, line);
     addMarker(ScheduleRow, "scheduleErrorImageWell", &FormModel::scheduleErrorImageWell);
     addTip(ScheduleRow, "agentScheduleTipButton", &FormModel::agentScheduleTipButton);
 }

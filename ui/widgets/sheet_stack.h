@@ -6,6 +6,7 @@
 // shown. A sheet that a completion asks for stands behind those already waiting.
 #pragma once
 
+#include <QDialog>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -13,7 +14,6 @@
 #include <deque>
 #include <functional>
 
-class QDialog;
 class QWidget;
 
 namespace frimbolate {
