@@ -57,6 +57,8 @@ class Person:
     def click(self, kind, name):
         """Clicks into the middle of a control once it has come to rest."""
         node = self.look(kind, name)
+        # Between a sheet's showing and its getting the keyboard a click would go astray.
+        wait_until(self._front_window_listens, "the window in front to get the keyboard")
         places = [None]
 
         def at_rest():
@@ -127,13 +129,30 @@ class Person:
             if _is_showing(node)
         )
 
-    def _nodes(self):
-        """The controls of the window in front, as the others do not answer a click."""
+    def type_into_pop_over(self, title, text):
+        """Types into the pop-over of that title, which assistive tools do not list as a window."""
+        wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
+                                           f"^{title}$"], capture_output=True).returncode == 0,
+                   f"the pop-over '{title}'")
+        self._do("type", "--clearmodifiers", "--delay", "20", text)
+
+    def _front_windows(self):
         for application in pyatspi.Registry.getDesktop(0):
             if application is not None and application.name == self._program:
                 for window in application:
                     if window.getState().contains(pyatspi.STATE_ACTIVE):
-                        yield from _descendants(window)
+                        yield window
+
+    def _front_window_listens(self):
+        """Whether the program and the window manager agree on which window has the keyboard."""
+        asked = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"],
+                               capture_output=True, text=True)
+        return asked.stdout.strip() in [window.name for window in self._front_windows()]
+
+    def _nodes(self):
+        """The controls of the window in front, as the others do not answer a click."""
+        for window in self._front_windows():
+            yield from _descendants(window)
 
     def _found(self, kind, name):
         for node, _ in self._nodes():

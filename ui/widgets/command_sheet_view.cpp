@@ -97,6 +97,7 @@ void CommandSheetView::addButtons() {
 void CommandSheetView::showCommand(const TextView& command) {
     const bool unloads = command.string.starts_with("launchctl unload");
     title_->setText(unloads ? tr("Unload the agent") : tr("Load the agent"));
+    setWindowTitle(title_->text());
     setAccessibleName(title_->text());
     command_->setReadOnly(!command.editable);
     command_->setTextInteractionFlags(command_->textInteractionFlags() | Qt::TextSelectableByMouse |

@@ -16,6 +16,7 @@ QLabel* OwnSheet::addTitle(const QString& title) {
     auto* label = new QLabel(title, this);
     look::setFont(label, look::FontRole::sheetTitle);
     body()->addWidget(label);
+    setWindowTitle(title);
     setAccessibleName(title);
     return label;
 }

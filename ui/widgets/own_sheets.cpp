@@ -43,6 +43,7 @@ void OwnSheets::showAbout() {
     auto* about = new SheetDialog("aboutWindow", 440, &window_);
     about->setAttribute(Qt::WA_DeleteOnClose);
     const QString title = QObject::tr("Frimbolate %1").arg(QCoreApplication::applicationVersion());
+    about->setWindowTitle(title);
     about->setAccessibleName(title);
     auto* heading = new QLabel(title, about);
     look::setFont(heading, look::FontRole::sheetTitle);

@@ -59,6 +59,7 @@ ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* paren
       mirror_(mirror), anchor_(anchor), language_(new PopUpButton(scriptLanguageItems(), this)),
       script_(new QPlainTextEdit(this)) {
     setObjectName("popoverScriptObject");
+    setWindowTitle(tr("Script"));
     setAccessibleName(tr("Script"));
     setFixedSize(scaled(panelWidth + arrow), scaled(panelHeight));
     layOut();

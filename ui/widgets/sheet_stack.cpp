@@ -90,6 +90,8 @@ void SheetStack::showNext() {
     if (!current_)
         return;
     current_->open();
+    // A window manager may keep the keyboard from a window that follows another in one breath.
+    current_->raise();
     current_->activateWindow();
 }
 

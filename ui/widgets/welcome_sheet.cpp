@@ -48,6 +48,7 @@ class Badge : public QWidget {
 
 WelcomeSheet::WelcomeSheet(FormMirror& mirror, QWidget& mainWindow)
     : OwnSheet("welcomeWindow", panelWidth, mirror, mainWindow, &AppDelegate::closeWelcomeWindow) {
+    setWindowTitle(tr("Welcome to Frimbolate"));
     setAccessibleName(tr("Welcome to Frimbolate"));
     setBodyPadding({scaled(32), scaled(28), scaled(32), scaled(24)});
     auto* columns = new QHBoxLayout;
