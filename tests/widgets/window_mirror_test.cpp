@@ -293,6 +293,16 @@ TEST_F(WindowTest, TheTargetButtonShowsTheFilesName) {
     EXPECT_EQ(button->currentIndex(), TargetType::File);
 }
 
+TEST_F(WindowTest, AMendedRowLooksSoundBesideItsMarker) {
+    show([](FormModel& model) {
+        model.nameErrorImageWell.hidden = false;
+        model.agentNameTextField.stringValue = "Backup";
+    });
+    EXPECT_FALSE(find<ElidedLabel>("nameHint")->isWarning());
+    EXPECT_NE(find("agentNameTextField")->property("faulty"), true);
+    EXPECT_FALSE(find("nameErrorImageWell")->isHidden());
+}
+
 TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
     const std::string home = QDir::homePath().toStdString();
     show([](FormModel& model) { model.agentNameTextField.stringValue = "back up"; });

@@ -221,9 +221,12 @@ void FormCard::showHints(const FormModel& form) {
                             .schedule = !form.scheduleErrorImageWell.hidden};
     const RowHints hints = rowHints(agentForm(form), shown, QDir::homePath().toStdString());
     const std::string* lines[] = {&hints.name, &hints.target, &hints.action, &hints.schedule};
+    // A marker stays until the next validation; the row itself looks sound once it is mended.
+    const ErrorReport now = validate(agentForm(form));
+    const bool faults[] = {now.name, now.target, now.action, now.schedule};
     for (int i = 0; i < RowCount; ++i) {
         const Row& row = rows_[i];
-        const bool faulty = !(form.*markers[i]).hidden;
+        const bool faulty = !(form.*markers[i]).hidden && faults[i];
         row.hint->setWholeText(text(*lines[i]));
         row.hint->setWarning(faulty);
         row.control->setAccessibleDescription(row.hint->text());
