@@ -190,7 +190,7 @@ RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string
                                           {&ErrorReport::target, &RowHints::target},
                                           {&ErrorReport::action, &RowHints::action},
                                           {&ErrorReport::schedule, &RowHints::schedule}}};
-    RowHints hints{proposedFileName(form.name.empty() ? "\u2026" : form.name),
+    RowHints hints{proposedFileName(form.name.empty() ? "<name>" : form.name),
                    targetHint(form, home), actionHint(form, home), scheduleHint(form)};
     const auto report = validate(form);
     for (const auto& row : rows)

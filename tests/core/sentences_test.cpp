@@ -275,7 +275,7 @@ HintRow sound(std::string_view name, Change change, std::string RowHints::*hint,
 
 const HintRow hintRows[] = {
     sound("Name", nothing, &RowHints::name, "com.frimbolate.Backup.plist"),
-    {"NoName", noName, &RowHints::name, "com.frimbolate.\u2026.plist", "The agent needs a name"},
+    {"NoName", noName, &RowHints::name, "com.frimbolate.<name>.plist", "The agent needs a name"},
     {"BadName", badName, &RowHints::name, "com.frimbolate.back-up.plist",
      "The name may hold only letters, digits and _"},
 

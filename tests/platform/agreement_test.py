@@ -106,6 +106,17 @@ class Agreement(unittest.TestCase):
                 run(TOOL, "random", str(seed), self.file)
                 run("xmllint", "--nonet", "--noout", "--dtdvalid", DTD, self.file)
 
+    def test_values_survive_a_switch(self):
+        for seed in range(ROUNDS):
+            for kind in plistlib.FMT_XML, plistlib.FMT_BINARY:
+                original = Source(seed, XML_TEXTS).dictionary()
+                with self.subTest(seed=seed, kind=kind.name):
+                    self.file.write_bytes(plistlib.dumps(original, fmt=kind))
+                    for enabled in False, True:
+                        run(TOOL, "switch", self.file)
+                        switched = plistlib.loads(self.file.read_bytes())
+                        self.assertTrue(typed(switched) == typed(original | {"Enabled": enabled}))
+
     def test_the_validator_does_refuse(self):
         for body in ("<set/>", "<dict><true/></dict>", "<true/><true/>"):
             with self.subTest(body=body):

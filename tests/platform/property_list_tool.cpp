@@ -1,9 +1,13 @@
-// Lets a script of another language see what the readers and the writer do:
+// Lets a script of another language see what the readers, the writer and the switch do:
 //   property_list_tool rewrite FILE        writes what it read from FILE to standard output
 //   property_list_tool random SEED FILE    writes random content of that seed to FILE
+//   property_list_tool switch FILE         switches the agent in FILE on or off, as a person would
+#include "operations/agent_switch.h"
+#include "platform/qt/local_files.h"
 #include "platform/qt/property_list_file.h"
 #include "platform/qt/property_list_writer.h"
 #include "tests/platform/property_lists.h"
+#include "tests/support/scripted_platform.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -29,6 +33,24 @@ int writeRandom(const char* seed, const std::string& path) {
     return writePropertyListFile(path, test::randomDictionary(random)) ? 1 : 0;
 }
 
+/// The real files under a person whose answers are scripted.
+int switchAgent(const std::string& path) {
+    test::ScriptedPlatform person;
+    LocalFiles files(person);
+    const auto scripted = person.services();
+    Services services{
+        scripted.alerts,       scripted.sheets,   scripted.filePanels, files,
+        scripted.folderAccess, scripted.defaults, scripted.pasteboard, scripted.workspace,
+        scripted.clock,        scripted.log,      scripted.application};
+    AgentSwitch agentSwitch(services);
+    agentSwitch.onOffLaunchAgent();
+    person.choose(path);
+    person.press("Continue");
+    const bool told = person.isAsking(); // only a failure is told
+    person.abandonQuestions();
+    return told ? 1 : 0;
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -37,6 +59,9 @@ int main(int count, char** values) {
         return rewrite(arguments[2]);
     if (count == 4 && std::string_view(arguments[1]) == "random")
         return writeRandom(arguments[2], arguments[3]);
-    std::fprintf(stderr, "usage: property_list_tool rewrite FILE | random SEED FILE\n");
+    if (count == 3 && std::string_view(arguments[1]) == "switch")
+        return switchAgent(arguments[2]);
+    std::fprintf(stderr,
+                 "usage: property_list_tool rewrite FILE | random SEED FILE | switch FILE\n");
     return 2;
 }
