@@ -10,7 +10,9 @@ namespace frimbolate {
 
 namespace {
 
-std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+std::string twoDigits(int number) {
+    return std::string(number < 10 ? "0" : "").append(std::to_string(number));
+}
 
 std::string atTime(const AgentForm& form) {
     return " at " + twoDigits(form.scheduleTime.hour) + ":" + twoDigits(form.scheduleTime.minute);

@@ -67,7 +67,9 @@ std::string withFirst(int (*letterCase)(int), std::string text) {
 std::string shownPath(std::string_view path, std::string_view home) {
     const bool inHome = !home.empty() && path.substr(0, home.size()) == home;
     const auto rest = inHome ? path.substr(home.size()) : path;
-    return inHome && (rest.empty() || rest[0] == '/') ? "~" + std::string(rest) : std::string(path);
+    if (inHome && (rest.empty() || rest[0] == '/'))
+        return std::string("~").append(rest);
+    return std::string(path);
 }
 
 /// What a person calls the target: an application by its name, any other file by its file name.

@@ -65,7 +65,7 @@ void AppDelegate::resetDrawerControls() {
     form_.enableGlobbingCheckbox.state = CheckState::Off;
     form_.priorityLevelButton.selectedItem = PriorityLevel::Low;
     form_.niceLevelSlider.value = 0.0;
-    form_.niceLevelTextField.stringValue = "0";
+    niceLevelSliderValueChanged();
     for (auto* field :
          {&form_.standardInPathField, &form_.standardOutPathField, &form_.standardErrorPathField,
           &form_.workingDirectoryField, &form_.rootDirectoryField, &form_.queueDirectoryField})

@@ -156,7 +156,7 @@ Dictionary Reader::dictionary(int depth) {
     Dictionary entries;
     while (nextElement()) {
         if (!elementIs(QLatin1String("key")))
-            refuse("<" + element() + "> has no key");
+            refuse(std::string("<").append(element()).append("> has no key"));
         refuseAttributes();
         std::string key = text();
         if (entries.contains(key))
