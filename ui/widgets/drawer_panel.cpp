@@ -178,7 +178,9 @@ void DrawerPanel::addPathFields() {
 QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
     auto* box = new QCheckBox(title, this);
     box->setAccessibleName(QString(title).remove('&'));
-    place(box, x, y, box->sizeHint().width(), checkHeight);
+    place(box, x, y, 0, checkHeight);
+    // As wide as its title, which is in this person's font already.
+    box->resize(box->sizeHint().width(), box->height());
     return box;
 }
 

@@ -1,0 +1,256 @@
+#include "tests/look/stage.h"
+
+#include "core/pop_up_items.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace frimbolate::test {
+
+namespace {
+
+constexpr const char* script = "/Users/maya/Scripts/backup_photos.sh";
+
+void chooseAction(Stage& stage, int action) {
+    stage.form().agentActionButton.selectedItem = action;
+    stage.delegate.chooseAgentAction();
+}
+
+void showTips(Stage& stage) { stage.delegate.showHideTips(); }
+
+void filled(Stage& stage) {
+    stage.name();
+    stage.scriptTarget();
+    chooseAction(stage, AgentAction::OnSchedule);
+    stage.schedule("Every Monday");
+    stage.form().agentScheduleDatePicker.dateValue.hour = 7;
+    stage.form().agentScheduleDatePicker.dateValue.minute = 30;
+}
+
+void filledWithTips(Stage& stage) {
+    filled(stage);
+    showTips(stage);
+}
+
+void faulty(Stage& stage) {
+    showTips(stage);
+    stage.form().agentNameTextField.stringValue = "two words";
+    chooseAction(stage, AgentAction::OnSchedule);
+    stage.schedule("On Interval");
+    stage.form().agentIntervalField.stringValue = "often";
+    stage.delegate.validateAgentConfig();
+}
+
+void faultAlert(Stage& stage) {
+    faulty(stage);
+    stage.showAlert();
+}
+
+void drawer(Stage& stage) {
+    filledWithTips(stage);
+    stage.openDrawer();
+    FormModel& form = stage.form();
+    form.niceLevelSlider.value = 5;
+    stage.delegate.niceLevelSliderValueChanged();
+    form.standardOutPathField.stringValue = "/Users/maya/Library/Logs/backup.log";
+    form.workingDirectoryField.stringValue = "/Users/maya/Pictures";
+    form.alsoRunAtLoadCheckbox.state = CheckState::On;
+    form.alsoRunPathChangeCheckbox.state = CheckState::On;
+    stage.delegate.chooseAdditionalWathPath();
+    stage.platform.choose("/Users/maya/Pictures");
+}
+
+void typedScript(Stage& stage) {
+    filledWithTips(stage);
+    stage.form().agentTargetButton.selectedItem = TargetType::Script;
+    stage.delegate.chooseAgentTarget();
+    stage.form().scriptPopOverScriptField.stringValue =
+        "#!/bin/sh\nset -eu\nrsync -a --delete ~/Pictures/ /Volumes/Photos/\n";
+    stage.delegate.createNewScript();
+}
+
+void welcome(Stage& stage) {
+    stage.platform.defaults.contents.erase("ShowWelcomeWindow");
+    stage.delegate.showWelcomeWindow();
+}
+
+void command(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.loadLaunchAgent();
+    stage.platform.choose(std::string(Stage::agents) + "/com.frimbolate.backup_photos.plist");
+}
+
+void preferences(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.openPreferencesWindow();
+}
+
+void created(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.validateAgentConfig();
+    stage.platform.saveAs(std::string(Stage::agents) + "/com.frimbolate.backup_photos.plist");
+    stage.showAlert();
+}
+
+void discard(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.editLaunchAgent();
+    stage.showAlert();
+}
+
+void loadedAgent(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.deleteLaunchAgent();
+    stage.showAlert();
+}
+
+void tip(Stage& stage) {
+    filledWithTips(stage);
+    stage.delegate.showTip("agentActionTipButton");
+    stage.showAlert();
+}
+
+void advancedTip(Stage& stage) {
+    drawer(stage);
+    stage.delegate.showTip("advancedDrawerTipButton");
+    stage.showAlert();
+}
+
+void threeButtons(Stage& stage) {
+    stage.alerts.show({"Three ways to go on.",
+                       "The default stands in the corner, the second beside it, a third apart.",
+                       {"Go On", "Cancel", "Leave It"},
+                       true},
+                      {});
+}
+
+void monthly(Stage& stage) {
+    filledWithTips(stage);
+    stage.schedule("Once a Month");
+    stage.form().onMonthTextField.stringValue = "31";
+}
+
+void interval(Stage& stage) {
+    filledWithTips(stage);
+    stage.schedule("On Interval");
+    stage.form().agentIntervalField.stringValue = "90";
+    stage.form().agentIntervalTypeButton.selectedItem = 1;
+}
+
+void onLogin(Stage& stage) {
+    filledWithTips(stage);
+    stage.schedule("On Login/Load");
+}
+
+void keptAlive(Stage& stage) {
+    filledWithTips(stage);
+    chooseAction(stage, AgentAction::KeepRunning);
+    stage.openDrawer();
+}
+
+void pathModified(Stage& stage) {
+    filledWithTips(stage);
+    chooseAction(stage, AgentAction::PathModified);
+    stage.platform.choose("/Users/maya/Pictures");
+}
+
+void volumeMounted(Stage& stage) {
+    filledWithTips(stage);
+    chooseAction(stage, AgentAction::VolumeMounted);
+}
+
+void popUpOpen(Stage& stage) {
+    filledWithTips(stage);
+    stage.window.mirror();
+    stage.find<QComboBox>("agentScheduleTypeButton")->showPopup();
+}
+
+void menuOpen(Stage& stage) {
+    filledWithTips(stage);
+    QMenuBar* bar = stage.window.menuBar();
+    bar->setActiveAction(bar->actions().at(3)); // "Agent"
+}
+
+void about(Stage& stage) { stage.find<QAction>("about")->trigger(); }
+
+void openPanel(Stage& stage) {
+    stage.delegate.chooseApplicationOrScript();
+    OpenPanel panel = stage.platform.shownOpenPanel();
+    panel.directory = "/";
+    stage.panels.open(panel, [](const auto&) {});
+}
+
+void savePanel(Stage& stage) {
+    filled(stage);
+    stage.delegate.validateAgentConfig();
+    SavePanel panel = stage.platform.shownSavePanel();
+    panel.directory = "/";
+    stage.panels.save(panel, [](const auto&) {});
+}
+
+constexpr Face rows[] = {
+    {"empty", [](Stage&) {}},
+    {"weekly", filledWithTips},
+    {"faulty", faulty},
+    {"fault_alert", faultAlert},
+    {"drawer", drawer},
+    {"typed_script", typedScript},
+    {"welcome", welcome},
+    {"command", command},
+    {"preferences", preferences},
+    {"created", created},
+    {"discard", discard},
+    {"loaded_agent", loadedAgent},
+    {"tip", tip},
+    {"advanced_tip", advancedTip},
+    {"three_buttons", threeButtons},
+    {"monthly", monthly},
+    {"interval", interval},
+    {"on_login", onLogin},
+    {"kept_alive", keptAlive},
+    {"path_modified", pathModified},
+    {"volume_mounted", volumeMounted},
+    {"pop_up_open", popUpOpen},
+    {"menu_open", menuOpen},
+    {"about", about},
+    {"open_panel", openPanel},
+    {"save_panel", savePanel},
+};
+
+} // namespace
+
+Stage::Stage() { start(); }
+
+Stage::~Stage() { platform.abandonQuestions(); }
+
+void Stage::showAlert() { alerts.show(platform.shownAlert(), {}); }
+
+void Stage::name() { form().agentNameTextField.stringValue = "backup_photos"; }
+
+void Stage::scriptTarget() {
+    form().agentTargetButton.selectedItem = TargetType::File;
+    delegate.chooseAgentTarget();
+    delegate.chooseApplicationOrScript();
+    platform.choose(script);
+}
+
+void Stage::schedule(const char* title) {
+    form().agentScheduleTypeButton.selectedItem = itemWithTitle(agentScheduleTypeItems(), title);
+    delegate.chooseAgentSchedule();
+}
+
+void Stage::openDrawer() { delegate.openAdvancedDrawer(); }
+
+std::span<const Face> faces() { return rows; }
+
+void wearChosenFont() {
+    const double factor = qEnvironmentVariable("FRIMBOLATE_LOOK_FONT", "1").toDouble();
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(12 * factor + .5));
+    QApplication::setFont(font);
+}
+
+} // namespace frimbolate::test

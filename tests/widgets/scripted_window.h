@@ -1,0 +1,79 @@
+// The real window over the scripted desktop; only the sheets are real ones too.
+#pragma once
+
+#include "tests/support/scripted_platform.h"
+#include "ui/app_delegate.h"
+#include "ui/widgets/main_window.h"
+#include "ui/widgets/own_sheets.h"
+#include "ui/widgets/sheet_stack.h"
+
+#include <stdexcept>
+#include <string>
+
+namespace frimbolate::test {
+
+class ScriptedWindow {
+  public:
+    static constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
+
+    ScriptedWindow() {
+        // Nothing here waits for a drawer to slide.
+        qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
+        platform.files.folders = {agents};
+        platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
+        platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
+        window.connectTo(delegate);
+        stack.setAfterwards([this] { window.mirror(); });
+    }
+
+    void start() {
+        delegate.applicationDidFinishLaunching();
+        window.mirror();
+        platform.journal.clear();
+    }
+
+    /// The widget or action with this object name; a miss tells the names that are there.
+    template <typename Kind = QWidget>
+    Kind* find(const std::string& name) {
+        if (auto* found = window.findChild<Kind*>(QString::fromStdString(name)))
+            return found;
+        std::string names;
+        for (const auto* object : window.findChildren<QObject*>())
+            if (!object->objectName().isEmpty() && !object->objectName().startsWith("qt_"))
+                names += "\n  " + object->objectName().toStdString();
+        throw std::runtime_error("No " + name + " of that kind. There are:" + names);
+    }
+
+    /// Changes the model as a rule does, and mirrors it.
+    template <typename Change>
+    void show(Change change) {
+        change(delegate.form());
+        window.mirror();
+    }
+
+    FormModel& form() { return delegate.form(); }
+
+    ScriptedPlatform platform;
+    MainWindow window;
+    SheetStack stack{window};
+    OwnSheets sheets{stack, window};
+    AppDelegate delegate{services()};
+
+  private:
+    Services services() {
+        const Services all = platform.services();
+        return {.alerts = all.alerts,
+                .sheets = sheets,
+                .filePanels = all.filePanels,
+                .files = all.files,
+                .folderAccess = all.folderAccess,
+                .defaults = all.defaults,
+                .pasteboard = all.pasteboard,
+                .workspace = all.workspace,
+                .clock = all.clock,
+                .log = all.log,
+                .application = all.application};
+    }
+};
+
+} // namespace frimbolate::test
