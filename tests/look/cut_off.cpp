@@ -22,8 +22,8 @@ namespace {
 
 /// Of the text alone, in whole pixels.
 int widthOf(const QWidget& widget, QString text) {
-    return static_cast<int>(std::ceil(
-        QFontMetricsF(widget.font()).horizontalAdvance(text.remove(QLatin1Char('&')))));
+    return static_cast<int>(
+        std::ceil(QFontMetricsF(widget.font()).horizontalAdvance(text.remove(QLatin1Char('&')))));
 }
 
 bool isCutOff(const QLabel& label) {

@@ -3,6 +3,7 @@
 #include "ui/widgets/look/style.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QScreen>
 #include <QStandardPaths>
@@ -14,7 +15,8 @@ int main(int argc, char** argv) {
     using namespace frimbolate::test;
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
-    QApplication::setApplicationName("frimbolate-look-gallery");
+    QApplication::setApplicationName("Frimbolate");
+    QApplication::setApplicationVersion("1.0.0");
     QApplication::setQuitOnLastWindowClosed(false);
     wearChosenFont();
     frimbolate::look::install(application);
@@ -22,6 +24,7 @@ int main(int argc, char** argv) {
         std::cerr << "Usage: look_gallery <folder> [<face> ...]\n";
         return 1;
     }
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // hovers nowhere
     const QStringList wanted = QApplication::arguments().mid(2);
     for (const Face& face : faces()) {
         if (!wanted.isEmpty() && !wanted.contains(face.name))

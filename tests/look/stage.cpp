@@ -19,8 +19,6 @@ void chooseAction(Stage& stage, int action) {
     stage.delegate.chooseAgentAction();
 }
 
-void showTips(Stage& stage) { stage.delegate.showHideTips(); }
-
 void filled(Stage& stage) {
     stage.name();
     stage.scriptTarget();
@@ -30,13 +28,12 @@ void filled(Stage& stage) {
     stage.form().agentScheduleDatePicker.dateValue.minute = 30;
 }
 
-void filledWithTips(Stage& stage) {
+void withoutTips(Stage& stage) {
     filled(stage);
-    showTips(stage);
+    stage.delegate.showHideTips();
 }
 
 void faulty(Stage& stage) {
-    showTips(stage);
     stage.form().agentNameTextField.stringValue = "two words";
     chooseAction(stage, AgentAction::OnSchedule);
     stage.schedule("On Interval");
@@ -50,7 +47,7 @@ void faultAlert(Stage& stage) {
 }
 
 void drawer(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.openDrawer();
     FormModel& form = stage.form();
     form.niceLevelSlider.value = 5;
@@ -64,7 +61,7 @@ void drawer(Stage& stage) {
 }
 
 void typedScript(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.form().agentTargetButton.selectedItem = TargetType::Script;
     stage.delegate.chooseAgentTarget();
     stage.form().scriptPopOverScriptField.stringValue =
@@ -78,37 +75,37 @@ void welcome(Stage& stage) {
 }
 
 void command(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.loadLaunchAgent();
     stage.platform.choose(std::string(Stage::agents) + "/com.frimbolate.backup_photos.plist");
 }
 
 void preferences(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.openPreferencesWindow();
 }
 
 void created(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.validateAgentConfig();
     stage.platform.saveAs(std::string(Stage::agents) + "/com.frimbolate.backup_photos.plist");
     stage.showAlert();
 }
 
 void discard(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.editLaunchAgent();
     stage.showAlert();
 }
 
 void loadedAgent(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.deleteLaunchAgent();
     stage.showAlert();
 }
 
 void tip(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.delegate.showTip("agentActionTipButton");
     stage.showAlert();
 }
@@ -128,48 +125,48 @@ void threeButtons(Stage& stage) {
 }
 
 void monthly(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.schedule("Once a Month");
     stage.form().onMonthTextField.stringValue = "31";
 }
 
 void interval(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.schedule("On Interval");
     stage.form().agentIntervalField.stringValue = "90";
     stage.form().agentIntervalTypeButton.selectedItem = 1;
 }
 
 void onLogin(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.schedule("On Login/Load");
 }
 
 void keptAlive(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     chooseAction(stage, AgentAction::KeepRunning);
     stage.openDrawer();
 }
 
 void pathModified(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     chooseAction(stage, AgentAction::PathModified);
     stage.platform.choose("/Users/maya/Pictures");
 }
 
 void volumeMounted(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     chooseAction(stage, AgentAction::VolumeMounted);
 }
 
 void popUpOpen(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     stage.window.mirror();
     stage.find<QComboBox>("agentScheduleTypeButton")->showPopup();
 }
 
 void menuOpen(Stage& stage) {
-    filledWithTips(stage);
+    filled(stage);
     QMenuBar* bar = stage.window.menuBar();
     bar->setActiveAction(bar->actions().at(3)); // "Agent"
 }
@@ -193,7 +190,8 @@ void savePanel(Stage& stage) {
 
 constexpr Face rows[] = {
     {"empty", [](Stage&) {}},
-    {"weekly", filledWithTips},
+    {"weekly", filled},
+    {"without_tips", withoutTips},
     {"faulty", faulty},
     {"fault_alert", faultAlert},
     {"drawer", drawer},

@@ -103,6 +103,18 @@ class Fonts : public testing::Test {
     }
 };
 
+TEST(Style, MnemonicsAreUnderlinedWhileAltIsHeld) {
+    QCheckBox box("&Option");
+    box.resize(box.sizeHint());
+    box.show();
+    const auto picture = [&box] { return box.grab().toImage(); };
+    const QImage plain = picture();
+    QTest::keyPress(&box, Qt::Key_Alt);
+    EXPECT_NE(picture(), plain);
+    QTest::keyRelease(&box, Qt::Key_Alt);
+    EXPECT_EQ(picture(), plain);
+}
+
 TEST_F(Fonts, HaveTheSizesOfThePicturesOnAnOrdinaryDesktop) {
     adoptDesktopFont(usual(9));
     EXPECT_EQ(font(FontRole::control).pixelSize(), 13);

@@ -95,6 +95,10 @@ TEST_F(Alert, ShowsItsTextsAsTheyAre) {
     }
 }
 
+TEST_F(Alert, HasNoEmptyLineAboveItsButtons) {
+    EXPECT_EQ(text(show({"Message", "One\n\nTwo\n"}), "informativeText"), "One\n\nTwo");
+}
+
 TEST_F(Alert, OffersSuppressionOnlyWhereAsked) {
     QDialog* plain = show({"Message", "Text"});
     EXPECT_EQ(plain->findChild<QCheckBox*>("suppressionButton"), nullptr);

@@ -158,6 +158,8 @@ void FormCard::addTargetRow() {
     setRetainsSize(script);
     mirror_.bind("showPopOverScriptButton", script, &FormModel::showPopOverScriptButton,
                  &AppDelegate::showPopOverScript);
+    mirror_.show(
+        [script](const FormModel& form) { script->setDown(form.popoverScriptObject.shown); });
     scriptButton_ = script;
     addToRow(TargetRow, Script, script);
     addMarker(TargetRow, "targetErrorImageWell", &FormModel::targetErrorImageWell);

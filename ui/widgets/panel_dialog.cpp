@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -142,6 +143,13 @@ void PanelDialog::setUpViews() {
         connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &PanelDialog::currentChanged);
     }
+    // Name and date; with the rest the columns would not fit into the panel.
+    auto* columns = findChild<QTreeView*>("treeView")->header();
+    columns->setStretchLastSection(false);
+    columns->setSectionResizeMode(0, QHeaderView::Stretch);
+    columns->setSectionResizeMode(3, QHeaderView::ResizeToContents);
+    columns->hideSection(1);
+    columns->hideSection(2);
 }
 
 QString PanelDialog::pathAt(const QModelIndex& index) const {

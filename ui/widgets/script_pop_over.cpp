@@ -2,11 +2,11 @@
 
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
 #include "ui/widgets/look/tokens.h"
 #include "ui/widgets/pop_up_button.h"
 
 #include <QAbstractItemView>
-#include <QBitmap>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -25,43 +25,20 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr int panelWidth = 360, panelHeight = 232, padding = 16;
-constexpr int arrow = 9;       ///< how far it sticks out; its sides stand at 45 degrees
 constexpr int anchorGap = 5;   ///< between the anchor and the tip of the arrow
 constexpr int aboveArrow = 32; ///< from the panel's top to the tip
-constexpr int radius = 6;
-
-/// Drawn without antialiasing, so that the window's shape and its border follow the same pixels
-/// and no compositor is needed.
-QRegion shapeOf(const QSize& size, int tipY) {
-    QBitmap shape(size);
-    shape.clear();
-    QPainter painter(&shape);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::color1);
-    const int left = scaled(arrow);
-    painter.drawRoundedRect(left, 0, size.width() - left, size.height(), scaled(radius),
-                            scaled(radius));
-    painter.drawPolygon(QPolygon(
-        {QPoint(0, tipY), QPoint(left + 1, tipY - left - 1), QPoint(left + 1, tipY + left + 1)}));
-    painter.end();
-    return QRegion(shape);
-}
-
-QRegion withoutBorder(const QRegion& shape) {
-    return shape & shape.translated(1, 0) & shape.translated(-1, 0) & shape.translated(0, 1) &
-           shape.translated(0, -1);
-}
 
 } // namespace
 
 ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* parent)
     : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      mirror_(mirror), anchor_(anchor), language_(new PopUpButton(scriptLanguageItems(), this)),
-      script_(new QPlainTextEdit(this)) {
+      mirror_(mirror), anchor_(anchor), frame_(look::isComposited()),
+      language_(new PopUpButton(scriptLanguageItems(), this)), script_(new QPlainTextEdit(this)) {
     setObjectName("popoverScriptObject");
     setWindowTitle(tr("Script"));
     setAccessibleName(tr("Script"));
-    setFixedSize(scaled(panelWidth + arrow), scaled(panelHeight));
+    setAttribute(Qt::WA_TranslucentBackground, frame_.isTranslucent());
+    setFixedSize(frame_.windowSize({scaled(panelWidth), scaled(panelHeight)}));
     layOut();
     mirror_.bind("scriptPopOverLanguageButton", language_, &FormModel::scriptPopOverLanguageButton);
     mirror_.bind("scriptPopOverScriptField", script_, &FormModel::scriptPopOverScriptField);
@@ -75,13 +52,15 @@ void ScriptPopOver::layOut() {
     look::setFont(title, look::FontRole::defaultButton);
     language_->setAccessibleName(tr("Language"));
     language_->setFixedSize(scaled(160), scaled(32));
+    language_->setItemIcon(ScriptLanguage::Shell,
+                           look::imageIcon(Image::resource("iconScriptBash.png")));
     look::setFont(script_, look::FontRole::mono);
     script_->setAccessibleName(tr("Script"));
     script_->setTabChangesFocus(true);
     script_->document()->setDocumentMargin(scaled(8));
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(scaled(arrow + padding), scaled(padding), scaled(padding),
-                             scaled(padding));
+    const int around = scaled(padding) + frame_.margin();
+    grid->setContentsMargins(around + scaled(look::PopOverFrame::arrow), around, around, around);
     grid->setVerticalSpacing(scaled(12));
     grid->addWidget(title, 0, 0);
     grid->addWidget(language_, 0, 1);
@@ -118,21 +97,22 @@ void ScriptPopOver::showOrHide() {
 void ScriptPopOver::placeBesideAnchor() {
     const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
     const QRect screen = anchor_->screen()->availableGeometry();
+    const int margin = frame_.margin();
     const int tip = anchor.center().y() + 1;
-    const int x = std::min(anchor.right() + 1 + scaled(anchorGap), screen.right() + 1 - width());
+    const int x = std::min(anchor.right() + 1 + scaled(anchorGap),
+                           screen.right() + 1 - (width() - 2 * margin));
     const int y = std::clamp(tip - scaled(aboveArrow), screen.top(),
-                             std::max(screen.top(), screen.bottom() + 1 - height()));
-    move(x, y);
-    shape_ = shapeOf(size(), tip - y);
-    setMask(shape_);
+                             std::max(screen.top(), screen.bottom() + 1 - height() + 2 * margin));
+    move(x - margin, y - margin);
+    tipY_ = tip - y + margin;
+    shape_ = frame_.shape(size(), tipY_);
+    if (!frame_.isTranslucent())
+        setMask(shape_);
 }
 
 void ScriptPopOver::paintEvent(QPaintEvent*) {
-    const look::Tokens& tokens = look::tokens(palette());
     QPainter painter(this);
-    painter.fillRect(rect(), tokens.controlBorder);
-    painter.setClipRegion(withoutBorder(shape_));
-    painter.fillRect(rect(), tokens.surface);
+    frame_.paint(painter, size(), tipY_, palette());
 }
 
 void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
@@ -140,6 +120,10 @@ void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
     // click does what it does without a pop-over.
     const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
     setAttribute(Qt::WA_NoMouseReplay, anchor.contains(event->globalPosition().toPoint()));
+    // Its shadow is a part of the window, but beside the pop-over all the same.
+    if (rect().contains(event->position().toPoint()) &&
+        !shape_.contains(event->position().toPoint()))
+        close();
     QWidget::mousePressEvent(event);
 }
 

@@ -5,6 +5,8 @@
 // reach of the mouse. Dismissed by the person, it tells the model.
 #pragma once
 
+#include "ui/widgets/look/pop_over_frame.h"
+
 #include <QRegion>
 #include <QWidget>
 
@@ -39,9 +41,11 @@ class ScriptPopOver : public QWidget {
 
     FormMirror& mirror_;
     QWidget* anchor_;
+    look::PopOverFrame frame_;
     PopUpButton* language_;
     QPlainTextEdit* script_;
     QRegion shape_;             ///< the panel and its arrow
+    int tipY_ = 0;              ///< of the arrow; pixels from the window's top
     bool wanted_ = false;       ///< what the model says
     bool blocked_ = false;      ///< by a sheet
     bool escapeIsUsed_ = false; ///< by the list of languages, which it closes

@@ -27,8 +27,16 @@ constexpr int titleGap = 6;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
 
+/// A break that ends the text would be an empty line above the buttons.
+QString withoutLastBreak(const std::string& text) {
+    QString result = textOf(text);
+    if (result.endsWith('\n'))
+        result.chop(1);
+    return result;
+}
+
 QLabel* label(const char* name, const std::string& text, look::FontRole role) {
-    auto* result = new QLabel(textOf(text));
+    auto* result = new QLabel(withoutLastBreak(text));
     result->setObjectName(name);
     result->setTextFormat(Qt::PlainText);
     result->setWordWrap(true);

@@ -73,7 +73,7 @@ WelcomeSheet::WelcomeSheet(FormMirror& mirror, QWidget& mainWindow)
             tr("Pick an application or a script, or type a new one."));
     addStep(column, 3, tr("Save it, then load it"),
             tr("Frimbolate shows the command to run in Terminal."));
-    body()->addSpacing(scaled(12));
+    body()->addSpacing(scaled(24));
 
     auto* show = new QCheckBox(tr("&Show this window at start"), this);
     show->setAccessibleName(tr("Show this window at start"));
@@ -94,7 +94,7 @@ QLabel* WelcomeSheet::addText(QBoxLayout* column, const QString& text) {
 
 void WelcomeSheet::addStep(QBoxLayout* column, int number, const QString& title,
                            const QString& text) {
-    column->addSpacing(scaled(number == 1 ? 16 : 8));
+    column->addSpacing(scaled(number == 1 ? 16 : 12));
     auto* line = new QHBoxLayout;
     line->setSpacing(scaled(12));
     line->addWidget(new Badge(number, this), 0, Qt::AlignTop);

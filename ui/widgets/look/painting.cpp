@@ -68,7 +68,11 @@ void controlPlate(QPainter& painter, const QStyleOption& option, const QWidget* 
     plate(painter, option.rect, controlRadius, fill, border, isFocused ? 2 : 1);
 }
 
-int textInset(const QRect& control) { return control.height() < formControlHeight ? 8 : 12; }
+int textInset(const QRect& control) {
+    if (control.width() < narrowFieldWidth)
+        return 6;
+    return control.height() < formControlHeight ? 8 : 12;
+}
 
 void paintPushButton(QPainter& painter, const QStyleOptionButton& option, const QWidget* widget) {
     const Tokens& t = tokens(option.palette);

@@ -15,6 +15,8 @@ constexpr double itemRadius = 8;
 constexpr double checkRadius = 4;
 /// From this height on (pixels) a field is one of the form, with the wider text inset.
 constexpr int formControlHeight = 28;
+/// Below this width (pixels) a field needs its room for a few digits more than for the inset.
+constexpr int narrowFieldWidth = 60;
 /// Width, in pixels, of the part of a field that holds its steppers.
 constexpr int stepperWidth = 25;
 

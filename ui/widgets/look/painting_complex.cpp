@@ -152,7 +152,7 @@ void paintSlider(QPainter& painter, const QStyleOptionSlider& option, const QRec
                                                                   zero, static_cast<int>(span));
     const double value = QRectF(handle).center().x();
 
-    plate(painter, QRectF(start - 2, middle - 2, span + 4, 4), 2,
+    plate(painter, QRectF(option.rect.left(), middle - 2, option.rect.width(), 4), 2,
           isEnabled ? t.controlBorder : t.hairline);
     if (option.minimum < 0 && option.maximum > 0)
         painter.fillRect(QRectF(origin - 0.5, middle - 6, 1, 12), t.controlBorder);

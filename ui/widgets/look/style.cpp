@@ -6,12 +6,14 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QSlider>
 
 #include <algorithm>
+#include <utility>
 
 namespace frimbolate::look {
 namespace {
@@ -267,8 +269,9 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
         return 1; // the list opens over the current item, as a pop-up button's does
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
-    case SH_UnderlineShortcut:
         return 0;
+    case SH_UnderlineShortcut:
+        return underlinesMnemonics_ ? 1 : 0;
     case SH_ScrollBar_ContextMenu:
         return 0; // its menu would run a nested event loop
     default:
@@ -287,20 +290,46 @@ void Style::polish(QWidget* widget) {
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget) ||
         qobject_cast<QAbstractSpinBox*>(widget) || qobject_cast<QSlider*>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    if (qobject_cast<QAbstractScrollArea*>(widget))
-        widget->installEventFilter(this);
 }
 
-void Style::unpolish(QWidget* widget) {
-    widget->removeEventFilter(this);
-    QProxyStyle::unpolish(widget);
+void Style::polish(QApplication* application) {
+    QProxyStyle::polish(application);
+    application->installEventFilter(this);
+}
+
+void Style::unpolish(QApplication* application) {
+    application->removeEventFilter(this);
+    QProxyStyle::unpolish(application);
 }
 
 bool Style::eventFilter(QObject* watched, QEvent* event) {
-    // Some scroll areas repaint only their viewport when the focus comes or goes.
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-        static_cast<QWidget*>(watched)->update();
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        // Some scroll areas repaint only their viewport when the focus comes or goes.
+        if (auto* area = qobject_cast<QAbstractScrollArea*>(watched))
+            area->update();
+        break;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt)
+            setUnderlinesMnemonics(event->type() == QEvent::KeyPress);
+        break;
+    case QEvent::ApplicationStateChange: // Alt may be let go of in another program
+        setUnderlinesMnemonics(false);
+        break;
+    default:
+        break;
+    }
     return QProxyStyle::eventFilter(watched, event);
+}
+
+void Style::setUnderlinesMnemonics(bool underlines) {
+    if (std::exchange(underlinesMnemonics_, underlines) == underlines)
+        return;
+    for (QWidget* widget : QApplication::allWidgets())
+        if (widget->isVisible())
+            widget->update();
 }
 
 void setFaulty(QWidget* widget, bool faulty) {

@@ -41,11 +41,17 @@ class Style : public QProxyStyle {
                        const QWidget* widget) const override;
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
+    void polish(QApplication* application) override;
     using QProxyStyle::unpolish;
-    void unpolish(QWidget* widget) override;
+    void unpolish(QApplication* application) override;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void setUnderlinesMnemonics(bool underlines);
+
+    bool underlinesMnemonics_ = false; ///< only while Alt is held, as long as they are of use
 };
 
 void setFaulty(QWidget* widget, bool faulty);

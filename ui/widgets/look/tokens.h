@@ -23,6 +23,7 @@ struct Tokens {
     // Lines
     QColor hairline;
     QColor controlBorder;
+    QColor popOverBorder;
     // Texts
     QColor text;
     QColor text2; ///< hints and captions
