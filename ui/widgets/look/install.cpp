@@ -1,4 +1,4 @@
-#include "ui/widgets/look/colour_scheme.h"
+#include "ui/widgets/look/desktop_wishes.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
 #include "ui/widgets/look/tokens.h"
@@ -19,13 +19,17 @@ void wear(bool dark) {
 void install(QApplication& application) {
     adoptDesktopFont(application.font());
 #ifndef Q_OS_MACOS
-    auto* scheme = new ColourScheme(&application);
-    QApplication::setStyle(new Style);
+    auto* wishes = new DesktopWishes(&application);
+    auto* style = new Style;
+    style->setMoves(!wishes->isMotionReduced());
+    QApplication::setStyle(style);
     QApplication::setFont(font(FontRole::control));
     QApplication::setFont(font(FontRole::hint), "QMenuBar");
     QToolTip::setFont(font(FontRole::hint));
-    wear(scheme->isDark());
-    QObject::connect(scheme, &ColourScheme::changed, &application, wear);
+    wear(wishes->isDark());
+    QObject::connect(wishes, &DesktopWishes::darkChanged, &application, wear);
+    QObject::connect(wishes, &DesktopWishes::reducedMotionChanged, style,
+                     [style](bool reduced) { style->setMoves(!reduced); });
 #endif
 }
 

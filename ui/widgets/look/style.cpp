@@ -272,6 +272,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
         return 0;
     case SH_UnderlineShortcut:
         return underlinesMnemonics_ ? 1 : 0;
+    case SH_Widget_Animate:
+        return moves_ && QProxyStyle::styleHint(hint, option, widget, result) ? 1 : 0;
     case SH_ScrollBar_ContextMenu:
         return 0; // its menu would run a nested event loop
     default:

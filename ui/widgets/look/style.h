@@ -21,6 +21,9 @@ class Style : public QProxyStyle {
   public:
     Style();
 
+    /// Whether things slide and fade; they do at first.
+    void setMoves(bool moves) { moves_ = moves; }
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -51,6 +54,7 @@ class Style : public QProxyStyle {
   private:
     void setUnderlinesMnemonics(bool underlines);
 
+    bool moves_ = true;
     bool underlinesMnemonics_ = false; ///< only while Alt is held, as long as they are of use
 };
 

@@ -1,0 +1,180 @@
+// The look follows the desktop's settings portal: at the start, and while the program runs.
+#include "ui/widgets/look/desktop_wishes.h"
+#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/tokens.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QMap>
+#include <QTest>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace frimbolate::look {
+namespace {
+
+using Settings = QMap<QString, QVariant>; ///< by group and key, a blank between
+
+/// The portal's object on the bus. It lives in a thread of its own, for whoever asks it waits.
+class Portal : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+  public:
+    explicit Portal(Settings settings) : settings_(std::move(settings)) {}
+
+  public slots:
+    QDBusVariant Read(const QString& group, const QString& key, const QDBusMessage& question) {
+        const QVariant value = settings_.value(group + ' ' + key);
+        if (!value.isValid()) {
+            question.setDelayedReply(true);
+            bus().send(question.createErrorReply("org.freedesktop.portal.Error.NotFound", key));
+            return {};
+        }
+        // Wrapped twice, as the oldest portals do.
+        return QDBusVariant(QVariant::fromValue(QDBusVariant(value)));
+    }
+
+  signals:
+    void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+  public:
+    static QDBusConnection bus() {
+        return QDBusConnection::connectToBus(QDBusConnection::SessionBus, "portal");
+    }
+
+  private:
+    Settings settings_;
+};
+
+/// A portal on the bus for as long as this lives.
+class RunningPortal {
+  public:
+    explicit RunningPortal(const Settings& settings) : portal_(new Portal(settings)) {
+        portal_->moveToThread(&thread_);
+        thread_.start();
+        bool isThere = false;
+        QMetaObject::invokeMethod(
+            portal_,
+            [&] {
+                QDBusConnection bus = Portal::bus();
+                isThere = bus.registerObject("/org/freedesktop/portal/desktop", portal_,
+                                             QDBusConnection::ExportAllSlots |
+                                                 QDBusConnection::ExportAllSignals) &&
+                          bus.registerService("org.freedesktop.portal.Desktop");
+            },
+            Qt::BlockingQueuedConnection);
+        EXPECT_TRUE(isThere);
+    }
+    ~RunningPortal() {
+        QMetaObject::invokeMethod(
+            portal_,
+            [this] {
+                Portal::bus().unregisterService("org.freedesktop.portal.Desktop");
+                delete portal_;
+                QDBusConnection::disconnectFromBus("portal");
+            },
+            Qt::BlockingQueuedConnection);
+        thread_.quit();
+        thread_.wait();
+    }
+    void tell(const QString& group, const QString& key, const QVariant& value) {
+        QMetaObject::invokeMethod(
+            portal_, [=, this] { emit portal_->SettingChanged(group, key, QDBusVariant(value)); });
+    }
+
+  private:
+    QThread thread_;
+    Portal* portal_;
+};
+
+const QString appearance = "org.freedesktop.appearance", gnome = "org.gnome.desktop.interface";
+
+struct Row {
+    const char* name;
+    Settings settings;
+    bool isDark, isMotionReduced;
+};
+
+void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+
+class AtTheStart : public testing::TestWithParam<Row> {};
+
+TEST_P(AtTheStart, TheDesktopIsAsked) {
+    RunningPortal portal(GetParam().settings);
+    const DesktopWishes wishes(nullptr);
+    EXPECT_EQ(wishes.isDark(), GetParam().isDark);
+    EXPECT_EQ(wishes.isMotionReduced(), GetParam().isMotionReduced);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Portal, AtTheStart,
+    testing::Values(Row{"SaysNothing", {}, false, false},
+                    Row{"NoPreference", {{appearance + " color-scheme", 0u}}, false, false},
+                    Row{"Dark", {{appearance + " color-scheme", 1u}}, true, false},
+                    Row{"Light", {{appearance + " color-scheme", 2u}}, false, false},
+                    Row{"ReducedMotion", {{appearance + " reduced-motion", 1u}}, false, true},
+                    Row{"OrdinaryMotion", {{appearance + " reduced-motion", 0u}}, false, false},
+                    Row{"NoAnimations", {{gnome + " enable-animations", false}}, false, true},
+                    Row{"Animations", {{gnome + " enable-animations", true}}, false, false},
+                    Row{"DarkAndStill",
+                        {{appearance + " color-scheme", 1u}, {gnome + " enable-animations", false}},
+                        true,
+                        true}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(WhileRunning, WithoutAPortalThePlatformDecides) {
+    const DesktopWishes wishes(nullptr);
+    EXPECT_FALSE(wishes.isDark());
+    EXPECT_FALSE(wishes.isMotionReduced());
+}
+
+TEST(WhileRunning, TheEnvironmentHasTheLastWordOnColours) {
+    qputenv("FRIMBOLATE_COLOR_SCHEME", "light");
+    RunningPortal portal({{appearance + " color-scheme", 1u}});
+    EXPECT_FALSE(DesktopWishes(nullptr).isDark());
+    qunsetenv("FRIMBOLATE_COLOR_SCHEME");
+}
+
+TEST(WhileRunning, TheWindowChangesItsColours) {
+    RunningPortal portal({});
+    install(*qApp);
+    const auto isDark = [] { return &tokens(QApplication::palette()) == &tokens(true); };
+    ASSERT_FALSE(isDark());
+    portal.tell(appearance, "color-scheme", 1u);
+    EXPECT_TRUE(QTest::qWaitFor(isDark));
+    portal.tell(appearance, "color-scheme", 0u);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isDark(); }));
+}
+
+TEST(WhileRunning, TheWindowComesToRest) {
+    RunningPortal portal({});
+    install(*qApp);
+    const auto moves = [] {
+        return QApplication::style()->styleHint(QStyle::SH_Widget_Animate) != 0;
+    };
+    ASSERT_TRUE(moves());
+    portal.tell(gnome, "enable-animations", false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !moves(); }));
+    portal.tell(gnome, "enable-animations", true);
+    EXPECT_TRUE(QTest::qWaitFor(moves));
+}
+
+} // namespace
+} // namespace frimbolate::look
+
+#include "portal_test.moc"
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORMTHEME", "");
+    qputenv("XDG_CURRENT_DESKTOP", "");
+    qunsetenv("FRIMBOLATE_COLOR_SCHEME");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
