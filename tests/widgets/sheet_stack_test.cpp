@@ -2,6 +2,7 @@
 
 #include "ui/widgets/sheet_dialog.h"
 
+#include <QPointer>
 #include <QVBoxLayout>
 
 namespace frimbolate {
@@ -121,6 +122,35 @@ TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return scrim->width() == 1080; }));
     sheet->accept();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !scrim->isVisible(); }));
+}
+
+TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
+    SheetDialog* sheet = make("sheet");
+    qunsetenv("FRIMBOLATE_REDUCED_MOTION");
+    stack.present(sheet);
+    const QRect place = sheet->geometry();
+    QPointer<QWidget> curtain = sheet->findChild<QWidget*>("sheetCurtain");
+    ASSERT_NE(curtain, nullptr);
+    EXPECT_EQ(curtain->geometry(), sheet->rect());
+    EXPECT_TRUE(curtain->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return curtain.isNull(); }));
+    EXPECT_EQ(sheet->geometry(), place) << "only its picture slides";
+    sheet->accept();
+    settle();
+
+    qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
+    stack.present(sheet);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet->isVisible(); }));
+    EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
+}
+
+TEST_F(Stack, TakesTheCurtainAwayWithASheetThatIsClosedAtOnce) {
+    SheetDialog* sheet = make("sheet");
+    qunsetenv("FRIMBOLATE_REDUCED_MOTION");
+    stack.present(sheet);
+    QPointer<QWidget> curtain = sheet->findChild<QWidget*>("sheetCurtain");
+    sheet->reject();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return curtain.isNull(); }));
 }
 
 TEST_F(Stack, MakesASheetAsHighAsItsContent) {

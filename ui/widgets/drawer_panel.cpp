@@ -3,6 +3,7 @@
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/image_well_button.h"
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/style.h"
 #include "ui/widgets/look/tokens.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
@@ -14,7 +15,6 @@
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QSlider>
-#include <QStyle>
 #include <QToolButton>
 
 namespace frimbolate {
@@ -44,11 +44,6 @@ constexpr PathField pathFields[] = {
     {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder"},
     {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
 };
-
-bool isMotionWanted(const QWidget& widget) {
-    return qEnvironmentVariableIsEmpty("FRIMBOLATE_REDUCED_MOTION") &&
-           widget.style()->styleHint(QStyle::SH_Widget_Animate, nullptr, &widget) != 0;
-}
 
 } // namespace
 
@@ -87,7 +82,7 @@ void DrawerPanel::setOpen(bool open) {
     slide_->stop();
     slide_->setStartValue(pos());
     slide_->setEndValue(open ? shown : tuckedIn);
-    if (isMotionWanted(*this) && window()->isVisible()) {
+    if (look::isMotionWanted(*this) && window()->isVisible()) {
         slide_->start();
     } else {
         move(slide_->endValue().toPoint());

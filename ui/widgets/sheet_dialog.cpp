@@ -1,6 +1,7 @@
 #include "ui/widgets/sheet_dialog.h"
 
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/style.h"
 #include "ui/widgets/look/tokens.h"
 
 #include <QEvent>
@@ -11,6 +12,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QVariantAnimation>
 
 namespace frimbolate {
 namespace {
@@ -18,6 +20,7 @@ namespace {
 constexpr double cornerRadius = 12;
 constexpr int shadowReach = 26;
 constexpr int shadowDrop = 6;
+constexpr int slideMilliseconds = 160;
 
 /// Neither of these lets a program place a window: the desktop frames the sheet there.
 bool desktopPlacesSheets() {
@@ -51,6 +54,37 @@ void paintShadow(QPainter& painter, const QRectF& panel, bool dark) {
         painter.drawPath(panelPath(layer.adjusted(0, -shadowReach, 0, 0), cornerRadius + step));
     }
 }
+
+/// Shows the picture of a sheet on its way out from under the toolbar, before the sheet itself.
+class SheetCurtain : public QWidget {
+  public:
+    explicit SheetCurtain(SheetDialog& sheet)
+        : QWidget(&sheet), sheet_(sheet), face_(sheet.grab(sheet.panelRect())) {
+        setObjectName("sheetCurtain");
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(sheet.rect());
+    }
+
+    void showBy(const QVariantAnimation& slide) {
+        slide_ = &slide;
+        show();
+        raise();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const QRect panel = sheet_.panelRect();
+        const double hidden = (1 - slide_->currentValue().toDouble()) * panel.height();
+        QPainter painter(this);
+        sheet_.paintFrame(painter, QRectF(panel).translated(0, -hidden));
+        painter.drawPixmap(QPointF(panel.left(), -hidden), face_);
+    }
+
+  private:
+    SheetDialog& sheet_;
+    QPixmap face_;
+    const QVariantAnimation* slide_ = nullptr;
+};
 
 } // namespace
 
@@ -136,6 +170,24 @@ void SheetDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     placeOverMainWindow();
     grabBackdrop();
+    if (paintsFrame_ && !event->spontaneous() && look::isMotionWanted(*this))
+        slideOut();
+}
+
+void SheetDialog::slideOut() {
+    // The sheet itself is in its place at once and takes clicks and keys; only its picture slides,
+    // on a curtain before it.
+    auto* curtain = new SheetCurtain(*this);
+    auto* slide = new QVariantAnimation(curtain);
+    slide->setStartValue(0.0);
+    slide->setEndValue(1.0);
+    slide->setDuration(slideMilliseconds);
+    slide->setEasingCurve(QEasingCurve::OutCubic);
+    connect(slide, &QVariantAnimation::valueChanged, curtain, qOverload<>(&QWidget::update));
+    connect(slide, &QVariantAnimation::finished, curtain, &QObject::deleteLater);
+    connect(this, &QDialog::finished, curtain, &QObject::deleteLater);
+    curtain->showBy(*slide);
+    slide->start();
 }
 
 bool SheetDialog::event(QEvent* event) {
@@ -162,14 +214,18 @@ bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void SheetDialog::paintEvent(QPaintEvent*) {
-    const look::Tokens& t = look::tokens(palette());
     QPainter painter(this);
-    if (!paintsFrame_)
-        return painter.fillRect(rect(), t.surface);
+    if (paintsFrame_)
+        paintFrame(painter, panelRect());
+    else
+        painter.fillRect(rect(), look::tokens(palette()).surface);
+}
+
+void SheetDialog::paintFrame(QPainter& painter, const QRectF& panel) const {
+    const look::Tokens& t = look::tokens(palette());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), t.window);
     painter.drawPixmap(0, 0, backdrop_);
-    const QRectF panel = panelRect();
     paintShadow(painter, panel, &t == &look::tokens(true));
     painter.setPen(t.hairline);
     painter.setBrush(t.surface);

@@ -14,6 +14,7 @@
 #include <QMargins>
 #include <QPixmap>
 
+class QPainter;
 class QPushButton;
 class QVBoxLayout;
 
@@ -44,6 +45,9 @@ class SheetDialog : public QDialog {
     /// Where the panel is, in the dialog's coordinates.
     QRect panelRect() const;
 
+    /// Paints the sheet without its content, with the panel at the given place.
+    void paintFrame(QPainter& painter, const QRectF& panel) const;
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -54,6 +58,7 @@ class SheetDialog : public QDialog {
     void placeOverMainWindow();
     void grabBackdropSoon();
     void grabBackdrop();
+    void slideOut();
 
     QWidget* mainWindow_;
     QVBoxLayout* body_;

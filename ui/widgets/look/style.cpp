@@ -334,6 +334,11 @@ void Style::setUnderlinesMnemonics(bool underlines) {
             widget->update();
 }
 
+bool isMotionWanted(const QWidget& widget) {
+    return qEnvironmentVariableIsEmpty("FRIMBOLATE_REDUCED_MOTION") &&
+           widget.style()->styleHint(QStyle::SH_Widget_Animate, nullptr, &widget) != 0;
+}
+
 void setFaulty(QWidget* widget, bool faulty) {
     if (widget->property("faulty").toBool() == faulty)
         return;

@@ -60,6 +60,10 @@ class Style : public QProxyStyle {
 
 void setFaulty(QWidget* widget, bool faulty);
 
+/// Whether a drawer or sheet may slide: not where the desktop asks for less motion, nor where
+/// FRIMBOLATE_REDUCED_MOTION is set.
+bool isMotionWanted(const QWidget& widget);
+
 /// Gives the application its style, fonts, and the palette of the desktop's colour scheme, and
 /// follows the scheme while the program runs. FRIMBOLATE_COLOR_SCHEME=light or dark overrides the
 /// desktop. On macOS only the fonts are ours: controls are the system's own there.
