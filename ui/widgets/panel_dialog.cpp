@@ -14,6 +14,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSplitter>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -22,6 +23,9 @@ namespace {
 
 /// The longest file name that Linux and macOS file systems take, in bytes.
 constexpr qsizetype longestName = 255;
+
+// Pixels of the 1x layout.
+constexpr int panelWidth = 640, panelHeight = 420, placesWidth = 112;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
 
@@ -50,7 +54,7 @@ PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& m
     // Above the rows of the dialog's own layout, which leaves no place for another.
     layout()->setMenuBar(header(message));
     setUpViews();
-    resize(look::scaled(640), look::scaled(420));
+    resize(look::scaled(panelWidth), look::scaled(panelHeight));
 }
 
 PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
@@ -150,6 +154,8 @@ void PanelDialog::setUpViews() {
     columns->setSectionResizeMode(3, QHeaderView::ResizeToContents);
     columns->hideSection(1);
     columns->hideSection(2);
+    findChild<QSplitter*>("splitter")->setSizes(
+        {look::scaled(placesWidth), look::scaled(panelWidth - placesWidth)});
 }
 
 QString PanelDialog::pathAt(const QModelIndex& index) const {
