@@ -9,6 +9,7 @@
 #include "platform/qt/qt_pasteboard.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/system_log.h"
+#include "platform/qt/window_blending.h"
 #include "ui/app_delegate.h"
 #include "ui/widgets/file_panels.h"
 #include "ui/widgets/main_window.h"
@@ -32,7 +33,7 @@ class Program {
     void reopen();
 
   private:
-    MainWindow window_;
+    MainWindow window_{blendsWindows()};
     SheetStack stack_{window_};
     SheetAlerts alerts_{stack_, window_};
     QtFilePanels filePanels_{stack_, window_};

@@ -1,4 +1,5 @@
-"""Fails when an include points up in the house, or Qt comes into a room that must not know it.
+"""Fails when an include points up in the house, or Qt comes into a room that must not know it, or
+painting to a place that is not for it.
 
 Distribution Qt puts every module on the include path and all rooms share one, so that the compiler
 alone would let both pass.
@@ -16,6 +17,9 @@ STANDARD = re.compile(r"[a-z_]+[0-9]*")
 QT = re.compile(r"Q[A-Z].*|Qt.*")
 QT_ROOMS = ("platform/qt", "ui/widgets", "app")
 SYSTEM_ROOMS = ("platform/qt", "platform/macos")
+# The window's colours, fonts and strokes are chosen in one place.
+PAINTERS = re.compile(r"QPainter.*|QBrush|QPen|QStylePainter|QProxyStyle")
+PAINTING = Path("ui/widgets/look")
 
 
 def fault_of_own(room, target, root):
@@ -30,10 +34,12 @@ def fault_of_own(room, target, root):
     return None if HEIGHTS[there] < HEIGHTS[room] else f"points from {room} up to {there}"
 
 
-def fault_of_foreign(room, target):
-    """What is wrong with #include <target> in a room, or None."""
+def fault_of_foreign(path, room, target):
+    """What is wrong with #include <target> in a file of a room, or None."""
     if room is None or STANDARD.fullmatch(target):
         return None
+    if room == "ui/widgets" and PAINTERS.fullmatch(target) and PAINTING not in path.parents:
+        return f"paints outside of {PAINTING}"
     if QT.fullmatch(target):
         return None if room in QT_ROOMS else f"brings Qt into {room}"
     return None if room in SYSTEM_ROOMS else f"brings more than the standard library into {room}"
@@ -50,7 +56,7 @@ def faults(root=ROOT):
             if own is not None:
                 fault = fault_of_own(room, own, root)
             else:
-                fault = fault_of_foreign(room, foreign)
+                fault = fault_of_foreign(path, room, foreign)
             if fault:
                 line = text.count("\n", 0, match.start(0)) + 1
                 found.append(f"{path}:{line}: {own or foreign} {fault}")

@@ -4,6 +4,7 @@
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/system_log.h"
+#include "platform/qt/window_blending.h"
 #include "tests/platform/eventually.h"
 #include "tests/platform/property_lists.h"
 #include "tests/platform/temporary_folder.h"
@@ -66,6 +67,8 @@ class WorkspaceTest : public testing::Test {
     Variable terminalVariable{"TERMINAL", ""};
     QtWorkspace workspace;
 };
+
+TEST(WindowBlending, isNotTakenForGrantedOnAPlainDisplay) { EXPECT_FALSE(blendsWindows()); }
 
 TEST_F(WorkspaceTest, opensTheFirstTerminalThereIs) {
     putProgram("xterm");

@@ -2,7 +2,7 @@
 #include "ui/widgets/look/tokens.h"
 
 #include <QImage>
-#include <QPainter>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -14,12 +14,20 @@ constexpr int tipBelowTop = 32;
 
 /// What a frame paints for a panel, at the place of its arrow's tip.
 struct Painted {
+    struct Window : QWidget {
+        explicit Window(const Painted& p) : painted(p) {
+            setAttribute(Qt::WA_TranslucentBackground);
+            resize(p.size);
+        }
+        void paintEvent(QPaintEvent*) override { painted.frame.paint(*this, painted.tipY); }
+        const Painted& painted;
+    };
+
     explicit Painted(bool translucent, bool dark = false)
-        : frame(translucent), size(frame.windowSize(panel)), tipY(frame.margin() + tipBelowTop),
-          image(size, QImage::Format_ARGB32_Premultiplied) {
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        frame.paint(painter, size, tipY, palette(dark));
+        : frame(translucent), size(frame.windowSize(panel)), tipY(frame.margin() + tipBelowTop) {
+        Window window(*this);
+        window.setPalette(palette(dark));
+        image = window.grab().toImage();
     }
     QColor at(int x, int y) const { return image.pixelColor(x, y); }
 

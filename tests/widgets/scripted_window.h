@@ -16,7 +16,7 @@ class ScriptedWindow {
   public:
     static constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
 
-    ScriptedWindow() {
+    explicit ScriptedWindow(bool blendsWindows = false) : window(blendsWindows) {
         // Nothing here waits for a drawer to slide.
         qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
         platform.files.folders = {agents};

@@ -181,6 +181,19 @@ TEST_F(WindowSheetsTest, AClickBesideThePopOverDismissesIt) {
     EXPECT_FALSE(form().popoverScriptObject.shown);
 }
 
+TEST(BlendedPopOver, IsDismissedByAClickInItsShadow) {
+    ScriptedWindow blended(true);
+    blended.start();
+    blended.show([](FormModel& model) { model.popoverScriptObject.shown = true; });
+    QWidget* popOver = blended.find("popoverScriptObject");
+    ASSERT_TRUE(QTest::qWaitFor([popOver] { return popOver->isVisible(); }));
+    QTest::mouseClick(popOver, Qt::LeftButton, {}, popOver->rect().center());
+    EXPECT_TRUE(popOver->isVisible());
+    QTest::mouseClick(popOver, Qt::LeftButton, {}, {2, 2});
+    EXPECT_FALSE(popOver->isVisible());
+    EXPECT_FALSE(blended.form().popoverScriptObject.shown);
+}
+
 TEST_F(WindowSheetsTest, ThePopOverWaitsWhileASheetIsUp) {
     find<QAction>("preferencesMenuItem")->trigger();
     ASSERT_TRUE(comes("preferencesWindow"));

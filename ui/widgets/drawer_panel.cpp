@@ -4,7 +4,7 @@
 #include "ui/widgets/image_well_button.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/tip_button.h"
@@ -12,7 +12,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPropertyAnimation>
 #include <QSlider>
 #include <QToolButton>
@@ -97,18 +96,7 @@ void DrawerPanel::slideEnded() {
     emit needsRoom(false);
 }
 
-void DrawerPanel::paintEvent(QPaintEvent*) {
-    const look::Tokens& tokens = look::tokens(palette());
-    QPainter painter(this);
-    painter.fillRect(rect(), tokens.sunken);
-    // The form lies above the drawer and throws a little shadow on it.
-    const int depth = scaled(10);
-    QLinearGradient shadow(0, 0, depth, 0);
-    shadow.setColorAt(0, QColor(0, 0, 0, 40));
-    shadow.setColorAt(1, QColor(0, 0, 0, 0));
-    painter.fillRect(0, 0, depth, height(), shadow);
-    painter.fillRect(0, 0, 1, height(), tokens.hairline.darker(115));
-}
+void DrawerPanel::paintEvent(QPaintEvent*) { look::paintDrawer(*this); }
 
 void DrawerPanel::place(QWidget* control, int x, int y, int width, int height) {
     control->setParent(this);

@@ -1,9 +1,7 @@
 #include "ui/widgets/elided_label.h"
 
 #include "ui/widgets/look/fonts.h"
-#include "ui/widgets/look/tokens.h"
-
-#include <QPainter>
+#include "ui/widgets/look/surfaces.h"
 
 namespace frimbolate {
 
@@ -24,13 +22,6 @@ void ElidedLabel::setWarning(bool warning) {
     update();
 }
 
-void ElidedLabel::paintEvent(QPaintEvent*) {
-    const look::Tokens& tokens = look::tokens(palette());
-    QPainter painter(this);
-    painter.setPen(warning_ ? tokens.warnText : tokens.text2);
-    // A typed script may hold line breaks; the label is one line.
-    const QString shown = fontMetrics().elidedText(text().simplified(), mode_, width());
-    painter.drawText(rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), shown);
-}
+void ElidedLabel::paintEvent(QPaintEvent*) { look::paintHint(*this, mode_, warning_); }
 
 } // namespace frimbolate

@@ -7,7 +7,7 @@
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/look/style.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/tip_button.h"
@@ -15,7 +15,6 @@
 #include <QDir>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QPainter>
 #include <QTimeEdit>
 #include <QToolButton>
 
@@ -30,7 +29,6 @@ constexpr int columnWidths[] = {128, 311, 9, 32, 8, 32, 16, 20, 8, 20};
 // The lines of a row: a gap, the controls, a gap, the hint, a gap. Four rows of 72 make the card.
 constexpr int lineHeights[] = {12, 32, 3, 18, 7};
 constexpr int controlsLine = 1, hintLine = 3, linesPerRow = 5;
-constexpr int margin = 24;
 
 constexpr const char* hintNames[] = {"nameHint", "targetHint", "actionHint", "scheduleHint"};
 constexpr Marker FormModel::*markers[] = {
@@ -63,7 +61,7 @@ void sendTarget(AppDelegate& delegate) {
 FormCard::FormCard(FormMirror& mirror, QWidget* parent)
     : QWidget(parent), mirror_(mirror), grid_(new QGridLayout(this)) {
     setFixedSize(scaled(632), scaled(288));
-    grid_->setContentsMargins(scaled(margin), 0, scaled(margin), 0);
+    grid_->setContentsMargins(scaled(look::cardMargin), 0, scaled(look::cardMargin), 0);
     grid_->setSpacing(0);
     for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column)
         grid_->setColumnMinimumWidth(column, scaled(columnWidths[column]));
@@ -77,17 +75,7 @@ FormCard::FormCard(FormMirror& mirror, QWidget* parent)
     mirror_.show([this](const FormModel& form) { showHints(form); });
 }
 
-void FormCard::paintEvent(QPaintEvent*) {
-    const look::Tokens& tokens = look::tokens(palette());
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(tokens.hairline);
-    painter.setBrush(tokens.surface);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), scaled(10), scaled(10));
-    for (int row = 1; row < RowCount; ++row)
-        painter.fillRect(scaled(margin), row * scaled(72), width() - 2 * scaled(margin), 1,
-                         tokens.hairline);
-}
+void FormCard::paintEvent(QPaintEvent*) { look::paintCard(*this, RowCount); }
 
 void FormCard::addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked) {
     const QString name = QString(label).remove('&');

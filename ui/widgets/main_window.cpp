@@ -7,14 +7,13 @@
 #include "ui/widgets/form_card.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/text.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
-#include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -28,7 +27,8 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr int formWidth = 680, drawerWidth = 400, windowHeight = 472, contentHeight = 380;
-constexpr int cardMargin = 24, footHeight = 44, dotSide = 8, dotGap = 8;
+using look::cardMargin;
+constexpr int footHeight = 44, dotSide = 8, dotGap = 8;
 
 /// The line at the foot, under a hairline, behind a dot that lights up when the form is complete.
 class Foot : public QWidget {
@@ -41,16 +41,7 @@ class Foot : public QWidget {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        const look::Tokens& tokens = look::tokens(palette());
-        QPainter painter(this);
-        painter.fillRect(0, 0, width(), 1, tokens.hairline);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(complete_ ? tokens.accent : tokens.controlBorder);
-        const double side = scaled(dotSide);
-        painter.drawEllipse(QRectF(scaled(cardMargin), (height() - side) / 2, side, side));
-    }
+    void paintEvent(QPaintEvent*) override { look::paintFoot(*this, complete_); }
 
   private:
     bool complete_ = false;
@@ -58,7 +49,7 @@ class Foot : public QWidget {
 
 } // namespace
 
-MainWindow::MainWindow() : commands_(new Commands(mirror_, *this)) {
+MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *this)) {
     setObjectName("mainWindow");
     setWindowTitle(tr("Frimbolate"));
     setWindowIcon(look::toolIcon("app"));
@@ -70,7 +61,7 @@ MainWindow::MainWindow() : commands_(new Commands(mirror_, *this)) {
     // The form is made last and so lies above the drawer, which slides out from behind it.
     QWidget* form = makeForm(content);
     auto* card = form->findChild<FormCard*>();
-    new ScriptPopOver(mirror_, card->scriptButton(), this);
+    new ScriptPopOver(mirror_, card->scriptButton(), blendsWindows, this);
     setTabOrder(form, drawer);
     setRoomForDrawer(false);
     card->setFocus();

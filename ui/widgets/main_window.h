@@ -20,7 +20,8 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    MainWindow();
+    /// \param blendsWindows whether the desktop shows what lies behind a translucent window
+    explicit MainWindow(bool blendsWindows = false);
 
     /// Where further controls, those of the sheets, are bound.
     FormMirror& formMirror() { return mirror_; }

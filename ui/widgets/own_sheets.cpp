@@ -2,6 +2,7 @@
 
 #include "ui/widgets/command_sheet_view.h"
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
 #include "ui/widgets/main_window.h"
 #include "ui/widgets/preferences_sheet.h"
 #include "ui/widgets/sheet_stack.h"
@@ -10,6 +11,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -52,9 +54,17 @@ void OwnSheets::showAbout() {
     auto* close = new QPushButton(QObject::tr("Close"), about);
     close->setDefault(true);
     QObject::connect(close, &QPushButton::clicked, about, &QDialog::accept);
-    about->body()->addWidget(heading);
-    about->body()->addSpacing(look::scaled(8));
-    about->body()->addWidget(words);
+    auto* icon = new QLabel(about);
+    const int side = look::scaled(64);
+    icon->setPixmap(look::toolIcon("app").pixmap({side, side}, about->devicePixelRatioF()));
+    auto* texts = new QGridLayout;
+    texts->setHorizontalSpacing(look::scaled(16));
+    texts->setVerticalSpacing(look::scaled(4));
+    texts->setColumnStretch(1, 1);
+    texts->addWidget(icon, 0, 0, 2, 1);
+    texts->addWidget(heading, 0, 1, Qt::AlignBottom);
+    texts->addWidget(words, 1, 1, Qt::AlignTop);
+    about->body()->addLayout(texts);
     about->body()->addSpacing(look::scaled(24));
     about->addButtonRow(nullptr, {close});
     stack_.present(about);

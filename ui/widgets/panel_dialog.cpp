@@ -154,8 +154,8 @@ void PanelDialog::setUpViews() {
     columns->setSectionResizeMode(3, QHeaderView::ResizeToContents);
     columns->hideSection(1);
     columns->hideSection(2);
-    findChild<QSplitter*>("splitter")->setSizes(
-        {look::scaled(placesWidth), look::scaled(panelWidth - placesWidth)});
+    findChild<QSplitter*>("splitter")
+        ->setSizes({look::scaled(placesWidth), look::scaled(panelWidth - placesWidth)});
 }
 
 QString PanelDialog::pathAt(const QModelIndex& index) const {

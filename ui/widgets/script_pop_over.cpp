@@ -3,14 +3,12 @@
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/tokens.h"
 #include "ui/widgets/pop_up_button.h"
 
 #include <QAbstractItemView>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTimer>
@@ -30,9 +28,10 @@ constexpr int aboveArrow = 32; ///< from the panel's top to the tip
 
 } // namespace
 
-ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* parent)
+ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWindows,
+                             QWidget* parent)
     : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      mirror_(mirror), anchor_(anchor), frame_(look::isComposited()),
+      mirror_(mirror), anchor_(anchor), frame_(blendsWindows),
       language_(new PopUpButton(scriptLanguageItems(), this)), script_(new QPlainTextEdit(this)) {
     setObjectName("popoverScriptObject");
     setWindowTitle(tr("Script"));
@@ -110,10 +109,7 @@ void ScriptPopOver::placeBesideAnchor() {
         setMask(shape_);
 }
 
-void ScriptPopOver::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    frame_.paint(painter, size(), tipY_, palette());
-}
+void ScriptPopOver::paintEvent(QPaintEvent*) { frame_.paint(*this, tipY_); }
 
 void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
     // A click on the anchor closes the pop-over; handed on to it, it would open it again. Any other

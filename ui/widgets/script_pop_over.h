@@ -22,7 +22,8 @@ class ScriptPopOver : public QWidget {
 
   public:
     /// \param anchor what it points at, a part of the window `parent`
-    ScriptPopOver(FormMirror& mirror, QWidget* anchor, QWidget* parent);
+    /// \param blendsWindows whether the desktop shows what lies behind a translucent window
+    ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWindows, QWidget* parent);
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -2,12 +2,10 @@
 
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolBar>
@@ -17,9 +15,6 @@
 namespace frimbolate {
 namespace {
 
-constexpr double cornerRadius = 12;
-constexpr int shadowReach = 26;
-constexpr int shadowDrop = 6;
 constexpr int slideMilliseconds = 160;
 
 /// Neither of these lets a program place a window: the desktop frames the sheet there.
@@ -28,38 +23,11 @@ bool desktopPlacesSheets() {
     return platform == "cocoa" || platform.startsWith("wayland");
 }
 
-/// Square above, where the sheet comes out from under the toolbar, and round below.
-QPainterPath panelPath(const QRectF& panel, double radius) {
-    QPainterPath path(panel.topLeft());
-    path.lineTo(panel.topRight());
-    path.lineTo(panel.bottomRight() - QPointF(0, radius));
-    path.arcTo(QRectF(panel.bottomRight() - QPointF(2 * radius, 2 * radius),
-                      QSizeF(2 * radius, 2 * radius)),
-               0, -90);
-    path.lineTo(panel.bottomLeft() + QPointF(radius, 0));
-    path.arcTo(QRectF(panel.bottomLeft() - QPointF(0, 2 * radius), QSizeF(2 * radius, 2 * radius)),
-               270, -90);
-    path.closeSubpath();
-    return path;
-}
-
-void paintShadow(QPainter& painter, const QRectF& panel, bool dark) {
-    painter.setPen(Qt::NoPen);
-    const float strength = dark ? .04f : .014f;
-    for (int step = shadowReach; step > 0; --step) {
-        // Many faint plates on top of each other fade out like a blurred one.
-        const float nearness = 1 - static_cast<float>(step) / shadowReach;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, strength * nearness));
-        const QRectF layer = panel.adjusted(-step, 0, step, step).translated(0, shadowDrop);
-        painter.drawPath(panelPath(layer.adjusted(0, -shadowReach, 0, 0), cornerRadius + step));
-    }
-}
-
 /// Shows the picture of a sheet on its way out from under the toolbar, before the sheet itself.
 class SheetCurtain : public QWidget {
   public:
     explicit SheetCurtain(SheetDialog& sheet)
-        : QWidget(&sheet), sheet_(sheet), face_(sheet.grab(sheet.panelRect())) {
+        : QWidget(&sheet), sheet_(sheet), content_(sheet.grab(sheet.panelRect())) {
         setObjectName("sheetCurtain");
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setGeometry(sheet.rect());
@@ -75,14 +43,13 @@ class SheetCurtain : public QWidget {
     void paintEvent(QPaintEvent*) override {
         const QRect panel = sheet_.panelRect();
         const double hidden = (1 - slide_->currentValue().toDouble()) * panel.height();
-        QPainter painter(this);
-        sheet_.paintFrame(painter, QRectF(panel).translated(0, -hidden));
-        painter.drawPixmap(QPointF(panel.left(), -hidden), face_);
+        look::paintSlidingSheet(*this, sheet_.backdrop(), QRectF(panel).translated(0, -hidden),
+                                content_);
     }
 
   private:
     SheetDialog& sheet_;
-    QPixmap face_;
+    QPixmap content_;
     const QVariantAnimation* slide_ = nullptr;
 };
 
@@ -214,23 +181,10 @@ bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void SheetDialog::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
     if (paintsFrame_)
-        paintFrame(painter, panelRect());
+        look::paintSheet(*this, backdrop_, panelRect());
     else
-        painter.fillRect(rect(), look::tokens(palette()).surface);
-}
-
-void SheetDialog::paintFrame(QPainter& painter, const QRectF& panel) const {
-    const look::Tokens& t = look::tokens(palette());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), t.window);
-    painter.drawPixmap(0, 0, backdrop_);
-    paintShadow(painter, panel, &t == &look::tokens(true));
-    painter.setPen(t.hairline);
-    painter.setBrush(t.surface);
-    // The upper line lies under the toolbar's own.
-    painter.drawPath(panelPath(panel.adjusted(.5, -.5, -.5, -.5), cornerRadius - .5));
+        look::paintPlainSheet(*this);
 }
 
 } // namespace frimbolate

@@ -14,7 +14,6 @@
 #include <QMargins>
 #include <QPixmap>
 
-class QPainter;
 class QPushButton;
 class QVBoxLayout;
 
@@ -45,8 +44,8 @@ class SheetDialog : public QDialog {
     /// Where the panel is, in the dialog's coordinates.
     QRect panelRect() const;
 
-    /// Paints the sheet without its content, with the panel at the given place.
-    void paintFrame(QPainter& painter, const QRectF& panel) const;
+    /// What the main window shows where the sheet is.
+    const QPixmap& backdrop() const { return backdrop_; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

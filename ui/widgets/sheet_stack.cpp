@@ -1,11 +1,10 @@
 #include "ui/widgets/sheet_stack.h"
 
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/sheet_dialog.h"
 
 #include <QDialog>
 #include <QEvent>
-#include <QPainter>
 
 #include <utility>
 
@@ -23,9 +22,7 @@ class Scrim : public QWidget {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), look::tokens(palette()).scrim);
-    }
+    void paintEvent(QPaintEvent*) override { look::paintScrim(*this); }
 };
 
 } // namespace

@@ -2,10 +2,9 @@
 
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 
 #include <QCoreApplication>
-#include <QPainter>
 #include <QToolButton>
 
 #include <string>
@@ -25,21 +24,7 @@ class TipButton : public QToolButton {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        const look::Tokens& tokens = look::tokens(palette());
-        const bool focused = hasFocus();
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(focused ? tokens.accent : tokens.controlBorder, focused ? 2 : 1));
-        painter.setBrush(isDown()       ? tokens.pressed
-                         : underMouse() ? tokens.hover
-                                        : QColor(Qt::transparent));
-        const double inset = focused ? 1.5 : 1;
-        painter.drawEllipse(QRectF(rect()).adjusted(inset, inset, -inset, -inset));
-        painter.setPen(tokens.text2);
-        painter.setFont(look::font(look::FontRole::toolbar));
-        painter.drawText(rect(), Qt::AlignCenter, "?");
-    }
+    void paintEvent(QPaintEvent*) override { look::paintTip(*this); }
 };
 
 } // namespace

@@ -2,12 +2,11 @@
 
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/look/surfaces.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -29,16 +28,7 @@ class Badge : public QWidget {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
-        const look::Tokens& tokens = look::tokens(palette());
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(tokens.accentSoft);
-        painter.drawEllipse(rect());
-        painter.setPen(tokens.accent);
-        painter.drawText(rect(), Qt::AlignCenter, QString::number(number_));
-    }
+    void paintEvent(QPaintEvent*) override { look::paintBadge(*this, number_); }
 
   private:
     int number_;

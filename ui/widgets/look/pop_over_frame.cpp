@@ -6,6 +6,7 @@
 #include <QBitmap>
 #include <QPainter>
 #include <QPainterPath>
+#include <QWidget>
 
 namespace frimbolate::look {
 
@@ -77,18 +78,18 @@ void PopOverFrame::paintShadow(QPainter& painter, const QRectF& panel, bool dark
     }
 }
 
-void PopOverFrame::paint(QPainter& painter, const QSize& window, int tipY,
-                         const QPalette& palette) const {
-    const Tokens& t = tokens(palette);
+void PopOverFrame::paint(QWidget& window, int tipY) const {
+    const Tokens& t = tokens(window.palette());
+    QPainter painter(&window);
     if (!translucent_) {
-        const QRegion whole = shape(window, tipY);
+        const QRegion whole = shape(window.size(), tipY);
         painter.setClipRegion(whole);
-        painter.fillRect(QRect(QPoint(0, 0), window), t.popOverBorder);
+        painter.fillRect(window.rect(), t.popOverBorder);
         painter.setClipRegion(withoutBorder(whole));
-        painter.fillRect(QRect(QPoint(0, 0), window), t.surface);
+        painter.fillRect(window.rect(), t.surface);
         return;
     }
-    const QRectF panel = panelRect(window);
+    const QRectF panel = panelRect(window.size());
     painter.setRenderHint(QPainter::Antialiasing);
     paintShadow(painter, panel, &t == &tokens(true));
     painter.setPen(t.popOverBorder);

@@ -2,23 +2,21 @@
 // something, with a soft shadow where the desktop blends windows, and in a cut-out shape where not.
 #pragma once
 
-#include <QPalette>
 #include <QRegion>
 #include <QSize>
 
 class QPainter;
 class QPainterPath;
+class QWidget;
 
 namespace frimbolate::look {
-
-/// Whether this desktop blends windows, so that one may be translucent.
-bool isComposited();
 
 class PopOverFrame {
   public:
     /// How far the arrow sticks out of the panel, in pixels of the 1x layout.
     static constexpr int arrow = 9;
 
+    /// \param translucent whether the desktop blends windows
     explicit PopOverFrame(bool translucent) : translucent_(translucent) {}
 
     /// Where the window may be seen through and throws a shadow of its own.
@@ -30,7 +28,7 @@ class PopOverFrame {
 
     /// The pixels of panel and arrow in a window of that size, the tip of the arrow at that height.
     QRegion shape(const QSize& window, int tipY) const;
-    void paint(QPainter& painter, const QSize& window, int tipY, const QPalette& palette) const;
+    void paint(QWidget& window, int tipY) const;
 
   private:
     QRect panelRect(const QSize& window) const;

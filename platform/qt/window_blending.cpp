@@ -1,5 +1,4 @@
-// Whether the desktop blends windows: always, but for an X server without a compositing manager.
-#include "ui/widgets/look/pop_over_frame.h"
+#include "platform/qt/window_blending.h"
 
 #include <QGuiApplication>
 
@@ -11,7 +10,7 @@
 #include <string>
 #endif
 
-namespace frimbolate::look {
+namespace frimbolate {
 
 namespace {
 
@@ -42,7 +41,7 @@ bool hasCompositingManager(xcb_connection_t* connection) {
 
 } // namespace
 
-bool isComposited() {
+bool blendsWindows() {
     const QString platform = QGuiApplication::platformName();
 #ifndef Q_OS_MACOS
     if (platform == "xcb") {
@@ -53,4 +52,4 @@ bool isComposited() {
     return platform == "cocoa" || platform.startsWith("wayland");
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate

@@ -1,0 +1,105 @@
+#include "ui/widgets/look/surfaces.h"
+
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/tokens.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPainter>
+
+namespace frimbolate::look {
+
+void paintCard(QWidget& card, int rows) {
+    const Tokens& t = tokens(card.palette());
+    QPainter painter(&card);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(t.hairline);
+    painter.setBrush(t.surface);
+    painter.drawRoundedRect(QRectF(card.rect()).adjusted(.5, .5, -.5, -.5), scaled(10), scaled(10));
+    for (int row = 1; row < rows; ++row)
+        painter.fillRect(scaled(cardMargin), row * scaled(cardRowHeight),
+                         card.width() - 2 * scaled(cardMargin), 1, t.hairline);
+}
+
+void paintDrawer(QWidget& drawer) {
+    const Tokens& t = tokens(drawer.palette());
+    QPainter painter(&drawer);
+    painter.fillRect(drawer.rect(), t.sunken);
+    const int depth = scaled(10);
+    QLinearGradient shadow(0, 0, depth, 0);
+    shadow.setColorAt(0, QColor(0, 0, 0, 40));
+    shadow.setColorAt(1, QColor(0, 0, 0, 0));
+    painter.fillRect(0, 0, depth, drawer.height(), shadow);
+    painter.fillRect(0, 0, 1, drawer.height(), t.hairline.darker(115));
+}
+
+void paintFoot(QWidget& foot, bool complete) {
+    const Tokens& t = tokens(foot.palette());
+    QPainter painter(&foot);
+    painter.fillRect(0, 0, foot.width(), 1, t.hairline);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(complete ? t.accent : t.controlBorder);
+    const double side = scaled(8);
+    painter.drawEllipse(QRectF(scaled(cardMargin), (foot.height() - side) / 2, side, side));
+}
+
+void paintScrim(QWidget& scrim) {
+    QPainter(&scrim).fillRect(scrim.rect(), tokens(scrim.palette()).scrim);
+}
+
+void paintBadge(QWidget& badge, int number) {
+    const Tokens& t = tokens(badge.palette());
+    QPainter painter(&badge);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(t.accentSoft);
+    painter.drawEllipse(badge.rect());
+    painter.setPen(t.accent);
+    painter.drawText(badge.rect(), Qt::AlignCenter, QString::number(number));
+}
+
+void paintTip(QAbstractButton& tip) {
+    const Tokens& t = tokens(tip.palette());
+    const bool focused = tip.hasFocus();
+    QPainter painter(&tip);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(focused ? t.accent : t.controlBorder, focused ? 2 : 1));
+    painter.setBrush(tip.isDown()       ? t.pressed
+                     : tip.underMouse() ? t.hover
+                                        : QColor(Qt::transparent));
+    const double inset = focused ? 1.5 : 1;
+    painter.drawEllipse(QRectF(tip.rect()).adjusted(inset, inset, -inset, -inset));
+    painter.setPen(t.text2);
+    painter.setFont(font(FontRole::toolbar));
+    painter.drawText(tip.rect(), Qt::AlignCenter, "?");
+}
+
+void paintEmptyWell(QWidget& well) {
+    const Tokens& t = tokens(well.palette());
+    QPainter painter(&well);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen dashes(t.controlBorder, 1, Qt::CustomDashLine, Qt::FlatCap);
+    dashes.setDashPattern({3, 3});
+    painter.setPen(dashes);
+    const QRectF square(well.rect());
+    const double radius = scaled(6);
+    painter.drawRoundedRect(square.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+    painter.setPen(QPen(t.text, 1.5, Qt::SolidLine, Qt::RoundCap));
+    const double arm = scaled(9) / 2.0;
+    const QPointF middle = square.center();
+    painter.drawLine(middle - QPointF(arm, 0), middle + QPointF(arm, 0));
+    painter.drawLine(middle - QPointF(0, arm), middle + QPointF(0, arm));
+}
+
+void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {
+    const Tokens& t = tokens(hint.palette());
+    QPainter painter(&hint);
+    painter.setPen(warning ? t.warnText : t.text2);
+    // A typed script may hold line breaks; a hint is one line.
+    const QString shown =
+        hint.fontMetrics().elidedText(hint.text().simplified(), mode, hint.width());
+    painter.drawText(hint.rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), shown);
+}
+
+} // namespace frimbolate::look

@@ -1,0 +1,44 @@
+// What the program's own widgets are painted with; each calls one of these from its paintEvent().
+// Lengths follow the person's font, colours the widget's palette.
+#pragma once
+
+#include <Qt>
+
+class QAbstractButton;
+class QLabel;
+class QPixmap;
+class QRectF;
+class QWidget;
+
+namespace frimbolate::look {
+
+/// Where rows are parted, and how far their lines keep from the edges; pixels of the 1x layout.
+constexpr int cardRowHeight = 72, cardMargin = 24;
+
+/// The plate of the form, with hairlines between its rows.
+void paintCard(QWidget& card, int rows);
+/// The ground of the drawer, with the shadow of the form that lies above it.
+void paintDrawer(QWidget& drawer);
+/// The strip at the foot: a hairline above, and a dot that lights up when the form is complete.
+void paintFoot(QWidget& foot, bool complete);
+/// Dims what lies behind a sheet.
+void paintScrim(QWidget& scrim);
+/// The number of a step on a soft round plate.
+void paintBadge(QWidget& badge, int number);
+/// A question mark in a circle.
+void paintTip(QAbstractButton& tip);
+/// An image well with nothing in it: a dashed square with a plus.
+void paintEmptyWell(QWidget& well);
+/// One line of text, elided where it is too long, in the colour of hints or of faults.
+void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning);
+
+/// A sheet that the desktop frames.
+void paintPlainSheet(QWidget& sheet);
+/// A sheet with its own frame: what lies behind it, the shadow, and the panel, square above, where
+/// it comes out from under the toolbar, and round below.
+void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRectF& panel);
+/// The same on its way out, with the picture of its content.
+void paintSlidingSheet(QWidget& curtain, const QPixmap& backdrop, const QRectF& panel,
+                       const QPixmap& content);
+
+} // namespace frimbolate::look
