@@ -1,5 +1,6 @@
 // Keeps a picture of every face of the window, as it stands on the screen.
 #include "tests/look/stage.h"
+#include "tests/widgets/chosen_font.h"
 #include "ui/widgets/look/style.h"
 
 #include <QApplication>

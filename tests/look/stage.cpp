@@ -3,7 +3,6 @@
 #include "core/pop_up_items.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QMenu>
 #include <QMenuBar>
@@ -243,12 +242,5 @@ void Stage::schedule(const char* title) {
 void Stage::openDrawer() { delegate.openAdvancedDrawer(); }
 
 std::span<const Face> faces() { return rows; }
-
-void wearChosenFont() {
-    const double factor = qEnvironmentVariable("FRIMBOLATE_LOOK_FONT", "1").toDouble();
-    QFont font = QApplication::font();
-    font.setPixelSize(static_cast<int>(12 * factor + .5));
-    QApplication::setFont(font);
-}
 
 } // namespace frimbolate::test

@@ -35,8 +35,4 @@ struct Face {
 
 std::span<const Face> faces();
 
-/// The font that the faces are worn with, as a multiple of the usual one; call it before the look
-/// is installed. It is what FRIMBOLATE_LOOK_FONT says, or 1.
-void wearChosenFont();
-
 } // namespace frimbolate::test

@@ -1,3 +1,4 @@
+#include "tests/widgets/chosen_font.h"
 #include "ui/widgets/look/style.h"
 
 #include <QApplication>
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     application.setApplicationName("frimbolate-widgets-test");
     application.setQuitOnLastWindowClosed(false);
+    frimbolate::test::wearChosenFont();
     frimbolate::look::install(application);
     return RUN_ALL_TESTS();
 }
