@@ -4,6 +4,18 @@ target_include_directories(frimbolate_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(frimbolate_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 
+# Against what a faulty program could be made to do. The checked functions of the C library need an
+# optimised build; all else holds in each.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+target_compile_options(frimbolate_options INTERFACE
+  -fstack-protector-strong
+  $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+if(NOT APPLE)
+  target_link_options(frimbolate_options INTERFACE LINKER:-z,relro LINKER:-z,now)
+endif()
+
 if(FRIMBOLATE_SANITIZE)
   target_compile_options(frimbolate_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

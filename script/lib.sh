@@ -13,6 +13,10 @@ desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi x
 test_packages=(clang-14 clang-format-14 libbenchmark-dev libclang-rt-14-dev libgmock-dev
     libgtest-dev libxml2-utils python3)
 
+# What makes a package, and what judges it.
+# shellcheck disable=SC2034
+package_packages=(appstream desktop-file-utils dpkg-dev lintian man-db mandoc python3)
+
 as_root() {
     if ((EUID == 0)); then "$@"; else sudo "$@"; fi
 }

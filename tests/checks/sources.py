@@ -17,7 +17,7 @@ HEIGHTS = {
     "app": 6,
 }
 # They look into any room.
-OUTSIDE = ("tests", "bench")
+OUTSIDE = ("resources", "tests", "bench")
 SUFFIXES = (".cpp", ".h", ".mm")
 
 

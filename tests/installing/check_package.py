@@ -1,0 +1,24 @@
+"""Fails on any fault of the one package in a folder: check_package.py [--unoptimised] <folder>"""
+
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+from soundness import faults_below, lintian_faults
+
+
+def faults(package, optimised):
+    """All that lintian says of the package, and the validators of what is in it."""
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run(["dpkg-deb", "--extract", package, folder], check=True)
+        return lintian_faults(package, optimised) + faults_below(Path(folder) / "usr")
+
+
+if __name__ == "__main__":
+    *options, folder = sys.argv[1:]
+    (package,) = Path(folder).glob("*.deb")
+    found = faults(package, "--unoptimised" not in options)
+    print(*found, sep="\n")
+    print(f"{len(found)} faults in {package}")
+    sys.exit(1 if found else 0)

@@ -1,0 +1,59 @@
+"""Lets the tools of Debian and of the desktops look at what an installation brings."""
+
+import os
+import subprocess
+import tempfile
+from pathlib import Path
+
+ID = "com.qz.Frimbolate"
+# The settings and the bundle bear the same name, so its capital letter stays.
+ACCEPTED_METAINFO_HINTS = {"cid-contains-uppercase-letter"}
+# The checked functions of the C library need an optimised build.
+UNOPTIMISED_TAGS = "hardening-no-fortify-functions"
+EVERY_TAG = ("--pedantic", "--display-info", "--display-experimental")
+
+
+def said(*command):
+    """What a command says, a failure without a word included; nothing when all is well."""
+    environment = dict(os.environ, LC_ALL="C.UTF-8", MANWIDTH="80")
+    run = subprocess.run(command, env=environment, text=True, stdin=subprocess.DEVNULL,
+                         stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
+    if run.returncode and not run.stdout:
+        return [f"{command[0]} ends with {run.returncode}"]
+    return run.stdout.splitlines()
+
+
+def desktop_entry_faults(path):
+    """Each line that the validator of desktop entries says."""
+    return said("desktop-file-validate", path)
+
+
+def metainfo_faults(path):
+    """The tag of each issue with the metainfo, and all that is said where it does not pass."""
+    lines = said("appstreamcli", "validate", "--pedantic", "--no-net", "--format=yaml", path)
+    tags = [line.split(":", 1)[1].strip() for line in lines if line.strip().startswith("- tag:")]
+    faults = [tag for tag in tags if tag not in ACCEPTED_METAINFO_HINTS]
+    return faults if "Passed: yes" in lines else faults + lines
+
+
+def manual_faults(path):
+    """Each warning about a manual page, compressed or not, of both its formatters."""
+    with tempfile.TemporaryDirectory() as folder:
+        # The first says what the page looks like as well; that goes where nobody reads it.
+        shell = 'man --warnings -E UTF-8 -l -Tutf8 -Z "$1" >"$2"'
+        faults = said("sh", "-c", shell, "man", path, Path(folder) / "page")
+    return faults + said("mandoc", "-T", "lint", path)
+
+
+def lintian_faults(package, optimised=True):
+    """Each tag that lintian gives a package, of whatever weight."""
+    suppressed = () if optimised else ("--suppress-tags", UNOPTIMISED_TAGS)
+    return said("lintian", "--allow-root", *EVERY_TAG, *suppressed, package)
+
+
+def faults_below(prefix):
+    """All faults of what was installed below a prefix."""
+    share = Path(prefix) / "share"
+    return (desktop_entry_faults(share / "applications" / f"{ID}.desktop")
+            + metainfo_faults(share / "metainfo" / f"{ID}.metainfo.xml")
+            + manual_faults(share / "man" / "man1" / "frimbolate.1.gz"))
