@@ -1,4 +1,6 @@
 #include "app/program.h"
+#include "platform/qt/plist_defaults.h"
+#include "platform/qt/qt_workspace.h"
 #include "platform/qt/single_instance.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/look/style.h"
@@ -34,14 +36,26 @@ int main(int argc, char* argv[]) {
     parser.process(application);
 
     const std::string preferencePath = PlistDefaults::defaultPath();
+#ifndef __APPLE__
     SingleInstance instance(preferencePath);
     if (!parser.isSet(newInstance) && instance.tellRunningInstance())
         return 0;
+#endif
 
     look::install(application);
     QApplication::setWindowIcon(look::toolIcon("app"));
     Program program(preferencePath);
+#ifdef __APPLE__
+    // macOS itself starts a program once, and makes it active when its icon is clicked. An instance
+    // beside it is made on request only, to which a sandboxed program may hand no argument.
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged,
+                     [&program](Qt::ApplicationState state) {
+                         if (state == Qt::ApplicationActive)
+                             program.reopen();
+                     });
+#else
     instance.listen([&program] { program.reopen(); });
+#endif
     program.start();
     return QApplication::exec();
 }

@@ -3,19 +3,19 @@
 namespace frimbolate {
 
 Program::Program(const std::string& preferencePath)
-    : defaults_(preferencePath, log_), application_([this](const std::string& text) {
+    : system_(preferencePath), application_([this](const std::string& text) {
           alerts_.show(SheetAlert{text, {}});
       }),
       delegate_({.alerts = alerts_,
                  .sheets = sheets_,
                  .filePanels = filePanels_,
                  .files = files_,
-                 .folderAccess = folderAccess_,
-                 .defaults = defaults_,
+                 .folderAccess = system_.folderAccess,
+                 .defaults = system_.defaults,
                  .pasteboard = pasteboard_,
-                 .workspace = workspace_,
+                 .workspace = system_.workspace,
                  .clock = clock_,
-                 .log = log_,
+                 .log = system_.log,
                  .application = application_}) {
     window_.connectTo(delegate_);
     stack_.setAfterwards([this] { window_.mirror(); });

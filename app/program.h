@@ -1,14 +1,11 @@
 // The running program: the services of this desktop, the controller and the window, put together.
 #pragma once
 
+#include "app/system_services.h"
 #include "platform/qt/local_clock.h"
 #include "platform/qt/local_files.h"
-#include "platform/qt/path_folder_access.h"
-#include "platform/qt/plist_defaults.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_pasteboard.h"
-#include "platform/qt/qt_workspace.h"
-#include "platform/qt/system_log.h"
 #include "platform/qt/window_blending.h"
 #include "ui/app_delegate.h"
 #include "ui/widgets/file_panels.h"
@@ -38,12 +35,9 @@ class Program {
     SheetAlerts alerts_{stack_, window_};
     QtFilePanels filePanels_{stack_, window_};
     OwnSheets sheets_{stack_, window_};
-    SystemLog log_;
-    LocalFiles files_{log_};
-    PathFolderAccess folderAccess_;
-    PlistDefaults defaults_;
+    SystemServices system_;
+    LocalFiles files_{system_.log};
     QtPasteboard pasteboard_;
-    QtWorkspace workspace_;
     LocalClock clock_;
     QtApplication application_;
     AppDelegate delegate_;

@@ -39,8 +39,8 @@ std::optional<std::string> ScopedFolderAccess::resolve(const Data& bookmark) {
     NSURL* url = [NSURL URLByResolvingBookmarkData:dataOf(bookmark)
                                            options:NSURLBookmarkResolutionWithSecurityScope
                                      relativeToURL:nil
-                               bookmarkDataIsStale:nil
-                                             error:nil];
+                               bookmarkDataIsStale:nullptr
+                                             error:nullptr];
     if (!url.path)
         return std::nullopt;
     const std::string path = textOf(url.path);

@@ -6,10 +6,11 @@ namespace frimbolate {
 
 void UnifiedLog::line(const std::string& text) {
     // A path need not be valid UTF-8; Latin-1 shows any bytes at all.
-    NSString* shown = stringOf(text)
-                          ?: [[NSString alloc] initWithBytes:text.data()
-                                                      length:text.size()
-                                                    encoding:NSISOLatin1StringEncoding];
+    NSString* shown = stringOf(text);
+    if (!shown)
+        shown = [[NSString alloc] initWithBytes:text.data()
+                                         length:text.size()
+                                       encoding:NSISOLatin1StringEncoding];
     NSLog(@"%@", shown);
 }
 

@@ -73,8 +73,10 @@ std::optional<Value> valueOf(id object) {
 }
 
 id objectOf(const Value& value) {
-    if (const auto* text = value.string())
-        return stringOf(*text) ?: @"";
+    if (const auto* text = value.string()) {
+        NSString* string = stringOf(*text);
+        return string ? string : @"";
+    }
     if (const auto* truth = value.boolean())
         return @(*truth);
     if (const auto* number = value.integer())

@@ -19,6 +19,5 @@ if __name__ == "__main__":
     *options, folder = sys.argv[1:]
     (package,) = Path(folder).glob("*.deb")
     found = faults(package, "--unoptimised" not in options)
-    print(*found, sep="\n")
-    print(f"{len(found)} faults in {package}")
+    print(*found, f"{len(found)} faults in {package}", sep="\n")
     sys.exit(1 if found else 0)

@@ -1,0 +1,21 @@
+# The program as macOS wants it: a folder with its description and its icon inside.
+target_link_libraries(frimbolate PRIVATE frimbolate_platform_macos)
+target_sources(frimbolate PRIVATE ${FRIMBOLATE_ICNS})
+set_source_files_properties(${FRIMBOLATE_ICNS} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+set_target_properties(frimbolate PROPERTIES
+  OUTPUT_NAME Frimbolate
+  MACOSX_BUNDLE ON
+  MACOSX_BUNDLE_INFO_PLIST ${FRIMBOLATE_INFO_PLIST})
+install(TARGETS frimbolate BUNDLE DESTINATION .)
+
+# The sandbox closes around a signed program alone, and lets it load no library from outside of its
+# folder; so Qt is copied in first, and the whole is signed afterwards.
+set(FRIMBOLATE_SIGNER - CACHE STRING "The identity that signs the bundle; - is nobody's (ad hoc)")
+get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
+cmake_path(GET qmake PARENT_PATH qt_tools)
+add_custom_target(frimbolate_signed
+  COMMAND ${qt_tools}/macdeployqt $<TARGET_BUNDLE_DIR:frimbolate>
+  COMMAND codesign --force --deep --sign ${FRIMBOLATE_SIGNER}
+          --entitlements ${FRIMBOLATE_ENTITLEMENTS} $<TARGET_BUNDLE_DIR:frimbolate>
+  VERBATIM)
+add_dependencies(frimbolate_signed frimbolate)

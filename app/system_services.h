@@ -1,0 +1,42 @@
+// The services that each system does in its own way, under the same names on all.
+#pragma once
+
+#ifdef __APPLE__
+#include "platform/macos/mac_workspace.h"
+#include "platform/macos/scoped_folder_access.h"
+#include "platform/macos/unified_log.h"
+#include "platform/macos/user_defaults.h"
+#else
+#include "platform/qt/path_folder_access.h"
+#include "platform/qt/plist_defaults.h"
+#include "platform/qt/qt_workspace.h"
+#include "platform/qt/system_log.h"
+#endif
+
+#include <string>
+
+namespace frimbolate {
+
+#ifdef __APPLE__
+struct SystemServices {
+    /// macOS keeps the settings by the program's identifier, not at a path.
+    explicit SystemServices(const std::string&) {}
+
+    UnifiedLog log;
+    ScopedFolderAccess folderAccess;
+    UserDefaults defaults;
+    MacWorkspace workspace;
+};
+#else
+struct SystemServices {
+    /// \param preferencePath of the preference file
+    explicit SystemServices(const std::string& preferencePath) : defaults(preferencePath, log) {}
+
+    SystemLog log;
+    PathFolderAccess folderAccess;
+    PlistDefaults defaults;
+    QtWorkspace workspace;
+};
+#endif
+
+} // namespace frimbolate
