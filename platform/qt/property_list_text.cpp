@@ -9,6 +9,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <limits>
+#ifndef __cpp_lib_to_chars
+#include <cstdlib>
+#include <locale.h>
+#ifdef __APPLE__
+#include <xlocale.h>
+#endif
+#endif
 
 namespace frimbolate {
 
@@ -95,13 +102,36 @@ std::optional<Value> integerOfText(std::string_view text) {
     return Value(static_cast<std::int64_t>(std::uint64_t{0} - *magnitude));
 }
 
+#ifdef __cpp_lib_to_chars
+std::optional<double> wholeReal(std::string_view text) { return wholeNumber<double>(text); }
+#else
+/// For a C++ library whose from_chars reads whole numbers alone. What strtod takes beyond it is
+/// turned away: blanks and a plus sign at the front, hexadecimals, and what no double can hold.
+std::optional<double> wholeReal(std::string_view text) {
+    constexpr std::string_view digits = "0123456789";
+    if (text.empty() || std::string_view(" \t\r\n\v\f+").find(text.front()) != text.npos ||
+        text.find_first_of("xX") != text.npos)
+        return std::nullopt;
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    const std::string copy(text);
+    char* end = nullptr;
+    const double number = ::strtod_l(copy.c_str(), &end, plain);
+    const std::string_view mantissa = text.substr(0, text.find_first_of("eE"));
+    const bool tooSmall = number == 0 && mantissa.find_first_of(digits.substr(1)) != text.npos;
+    const bool tooLarge = std::isinf(number) && text.find_first_of(digits) != text.npos;
+    if (tooSmall || tooLarge || end != copy.c_str() + copy.size())
+        return std::nullopt;
+    return number;
+}
+#endif
+
 std::optional<double> realOfText(std::string_view text) {
     if (takePrefix(text, "+") && text.starts_with('-'))
         return std::nullopt;
     // from_chars also knows "nan(…)", which no property list does.
     if (text.find('(') != std::string_view::npos)
         return std::nullopt;
-    return wholeNumber<double>(text);
+    return wholeReal(text);
 }
 
 std::string textOfReal(double number) {
