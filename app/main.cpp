@@ -23,7 +23,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName("Frimbolate");
     QApplication::setApplicationVersion(FRIMBOLATE_VERSION);
     // The name of the desktop entry, by which a desktop finds the program's icon.
-    QApplication::setDesktopFileName("com.qz.Frimbolate");
+    QApplication::setDesktopFileName("com.qz.frimbolate");
     // Closing the window does not quit: the icon brings it back.
     QApplication::setQuitOnLastWindowClosed(false);
 

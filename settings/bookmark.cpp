@@ -47,7 +47,7 @@ std::string responseLine(int answer) {
 } // namespace
 
 std::optional<std::string> FolderGrant::open() {
-    const auto folder = grantedFolder(services_);
+    auto folder = grantedFolder(services_);
     services_.folderAccess.begin(folder);
     return folder;
 }

@@ -14,7 +14,7 @@ bool LoadedAgentWarning::isSuppressed() {
     return hasTruth && !truth(*warns);
 }
 
-void LoadedAgentWarning::show(std::function<void()> goOn, std::string cancelLine) {
+void LoadedAgentWarning::show(const std::function<void()>& goOn, const std::string& cancelLine) {
     if (isSuppressed()) {
         goOn();
         return;

@@ -15,7 +15,7 @@ class LoadedAgentWarning {
 
     /// Runs goOn at once when the warning is suppressed, else after the person's "Continue". On
     /// "Cancel" it logs the line and goes no further.
-    void show(std::function<void()> goOn, std::string cancelLine);
+    void show(const std::function<void()>& goOn, const std::string& cancelLine);
 
   private:
     bool isSuppressed();

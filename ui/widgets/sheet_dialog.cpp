@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
