@@ -67,6 +67,14 @@ class AppDelegate : private ReaderEditor {
     void evaluateScriptExtension(const std::string& path) override;
     void chooseAdditionalWathPath();
 
+    // What was dropped on a well does what choosing it in the well's panel does. The path must be
+    // one that the panel would have let through.
+    static OpenPanel targetPanel();
+    static OpenPanel watchPathPanel();
+    void targetDropped(const std::string& path);
+    void watchPathDropped(const std::string& path);
+    void additionalWatchPathDropped(const std::string& path);
+
     // Saving
     void validateAgentConfig();
     void saveLaunchAgent();
@@ -112,7 +120,9 @@ class AppDelegate : private ReaderEditor {
     void hideErrorMarkers();
     void resetDrawerControls();
     void setScheduleToNeutral();
+    void applyAgentAction();
     void chooseWatchPath();
+    void watchPathChosen(const std::string& path);
     bool isSuccessfulExitAtRisk();
     void openDrawer();
     void closeDrawer();

@@ -78,6 +78,12 @@ void AppDelegate::resetDrawerControls() {
 }
 
 void AppDelegate::chooseAgentAction() {
+    applyAgentAction();
+    if (form_.agentActionButton.selectedItem == AgentAction::PathModified)
+        chooseWatchPath();
+}
+
+void AppDelegate::applyAgentAction() {
     setScheduleToNeutral();
     const int action = form_.agentActionButton.selectedItem;
     if (action <= AgentAction::KeepRunning) {
@@ -101,10 +107,8 @@ void AppDelegate::chooseAgentAction() {
         form_.agentWatchPathImageWell.image = Image::resource("iconVolumes.png");
         form_.agentWatchPathImageWell.toolTip = "/Volumes";
     }
-    if (action == AgentAction::PathModified) {
+    if (action == AgentAction::PathModified)
         turnOff(form_.alsoRunPathChangeCheckbox, false);
-        chooseWatchPath();
-    }
 }
 
 void AppDelegate::setScheduleToNeutral() {
@@ -125,23 +129,36 @@ void AppDelegate::setScheduleToNeutral() {
     form_.agentScheduleTypeButton.disabledItems.erase(ScheduleType::OnInterval);
 }
 
-void AppDelegate::chooseWatchPath() {
+OpenPanel AppDelegate::watchPathPanel() {
     OpenPanel panel;
     panel.canChooseDirectories = true;
     panel.canCreateDirectories = true;
     panel.prompt = "Select";
     panel.message = "Please choose folder:";
-    services_.filePanels.open(
-        panel, lifetime_.whileAlive([this](const std::optional<std::string>& path) {
-            if (path) {
-                form_.agentWatchPathImageWell.image = Image::iconForFile(*path);
-                form_.agentWatchPathImageWell.toolTip = *path;
-                return;
-            }
-            form_.agentActionButton.selectedItem = AgentAction::None;
-            form_.agentWatchPathImageWell.clear();
-            chooseAgentAction();
-        }));
+    return panel;
+}
+
+void AppDelegate::watchPathChosen(const std::string& path) {
+    form_.agentWatchPathImageWell.image = Image::iconForFile(path);
+    form_.agentWatchPathImageWell.toolTip = path;
+}
+
+void AppDelegate::watchPathDropped(const std::string& path) {
+    if (form_.agentActionButton.selectedItem != AgentAction::PathModified)
+        return;
+    applyAgentAction();
+    watchPathChosen(path);
+}
+
+void AppDelegate::chooseWatchPath() {
+    services_.filePanels.open(watchPathPanel(),
+                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
+                                  if (path)
+                                      return watchPathChosen(*path);
+                                  form_.agentActionButton.selectedItem = AgentAction::None;
+                                  form_.agentWatchPathImageWell.clear();
+                                  chooseAgentAction();
+                              }));
 }
 
 void AppDelegate::chooseAgentSchedule() {

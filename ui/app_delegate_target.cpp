@@ -50,15 +50,25 @@ void AppDelegate::chooseAgentTarget() {
     }
 }
 
-void AppDelegate::chooseApplicationOrScript() {
-    form_.showPopOverScriptButton.hidden = true;
+OpenPanel AppDelegate::targetPanel() {
     OpenPanel panel;
     panel.prompt = "Select";
     panel.message = "Please choose an application, script, or workflow (.app, .sh, .py, .rb, .pl, "
                     ".scpt, .workflow):";
     panel.allowedFileTypes = {"app", "sh", "py", "rb", "pl", "scpt", "workflow"};
     panel.directory = "/Applications";
-    services_.filePanels.open(panel,
+    return panel;
+}
+
+void AppDelegate::targetDropped(const std::string& path) {
+    form_.agentTargetButton.selectedItem = TargetType::File;
+    chooseAgentTarget();
+    targetChosen(path);
+}
+
+void AppDelegate::chooseApplicationOrScript() {
+    form_.showPopOverScriptButton.hidden = true;
+    services_.filePanels.open(targetPanel(),
                               lifetime_.whileAlive([this](const std::optional<std::string>& path) {
                                   if (path) {
                                       targetChosen(*path);
@@ -138,16 +148,17 @@ void AppDelegate::chooseAdditionalWathPath() {
         additionalWatchPathChosen(std::nullopt);
         return;
     }
-    OpenPanel panel;
-    panel.canChooseDirectories = true;
-    panel.canCreateDirectories = true;
-    panel.prompt = "Select";
-    panel.message = "Please choose folder:";
+    OpenPanel panel = watchPathPanel();
     panel.directory = "/Applications";
     services_.filePanels.open(panel,
                               lifetime_.whileAlive([this](const std::optional<std::string>& path) {
                                   additionalWatchPathChosen(path);
                               }));
+}
+
+void AppDelegate::additionalWatchPathDropped(const std::string& path) {
+    if (form_.alsoRunPathChangeCheckbox.state == CheckState::On)
+        additionalWatchPathChosen(path);
 }
 
 /// Without a path the option is off: it is never on without one.

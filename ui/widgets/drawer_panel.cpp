@@ -191,6 +191,12 @@ void DrawerPanel::addOptions() {
     });
     connect(well, &QToolButton::clicked, this,
             [this] { mirror_.send(&AppDelegate::chooseAdditionalWathPath); });
+    well->acceptDropsFor(AppDelegate::watchPathPanel());
+    connect(well, &ImageWellButton::dropped, this, [this](const QString& path) {
+        mirror_.send([&](AppDelegate& delegate) {
+            delegate.additionalWatchPathDropped(path.toStdString());
+        });
+    });
     place(well, secondX, alsoRunSecondY - 2, 24, 24);
 }
 

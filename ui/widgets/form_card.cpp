@@ -134,6 +134,10 @@ void FormCard::addTargetRow() {
     targetWell_->setAccessibleName(tr("Application or script to launch"));
     targetWell_->setEmptyToolTip(tr("Choose an application or script"));
     connect(targetWell_, &QToolButton::clicked, this, &FormCard::pressTargetWell);
+    targetWell_->acceptDropsFor(AppDelegate::targetPanel());
+    connect(targetWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
+        mirror_.send([&](AppDelegate& delegate) { delegate.targetDropped(path.toStdString()); });
+    });
     mirror_.bind("agentTargetImageWell", targetWell_, &FormModel::agentTargetImageWell);
     addToRow(TargetRow, Well, targetWell_);
 
@@ -164,14 +168,18 @@ void FormCard::addActionRow() {
     watchPathWell_ = new ImageWellButton(32, look::Plane::card, this);
     watchPathWell_->setAccessibleName(tr("Watched path"));
     connect(watchPathWell_, &QToolButton::clicked, this, &FormCard::pressWatchPathWell);
+    watchPathWell_->acceptDropsFor(AppDelegate::watchPathPanel());
+    connect(watchPathWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
+        mirror_.send([&](AppDelegate& delegate) { delegate.watchPathDropped(path.toStdString()); });
+    });
     mirror_.bind("agentWatchPathImageWell", watchPathWell_, &FormModel::agentWatchPathImageWell);
     mirror_.show([this](const FormModel& form) {
         // An empty well would invite to choose a path that the action has no use for.
         if (form.agentWatchPathImageWell.image.kind == Image::Kind::None)
             watchPathWell_->hide();
-        watchPathWell_->setFocusPolicy(
-            form.agentActionButton.selectedItem == AgentAction::PathModified ? Qt::StrongFocus
-                                                                             : Qt::NoFocus);
+        const bool isPath = form.agentActionButton.selectedItem == AgentAction::PathModified;
+        watchPathWell_->setFocusPolicy(isPath ? Qt::StrongFocus : Qt::NoFocus);
+        watchPathWell_->setAcceptDrops(isPath);
     });
     addToRow(ActionRow, Well, watchPathWell_);
     addMarker(ActionRow, "actionErrorImageWell", &FormModel::actionErrorImageWell);

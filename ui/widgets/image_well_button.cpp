@@ -2,8 +2,39 @@
 
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
+#include "ui/widgets/panel_rules.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
 
 namespace frimbolate {
+
+namespace {
+
+/// The one file of this computer that is dragged; empty where it is more, less or elsewhere.
+QString draggedPath(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile())
+        return {};
+    const QString host = urls.first().host();
+    if (!host.isEmpty() && host != "localhost")
+        return {};
+    // A file manager may end a folder's path with a slash, a panel never does.
+    return QDir::cleanPath(urls.first().path(QUrl::FullyDecoded));
+}
+
+/// What the source is told to have been done; nothing where it would give the file away.
+Qt::DropAction harmlessAction(const QDropEvent& event) {
+    for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction})
+        if (event.possibleActions() & action)
+            return action;
+    return Qt::IgnoreAction;
+}
+
+} // namespace
 
 ImageWellButton::ImageWellButton(int side, look::Plane plane, QWidget* parent)
     : QToolButton(parent), plane_(plane) {
@@ -47,10 +78,49 @@ void ImageWellButton::setEmptyToolTip(const QString& toolTip) {
     setPath(path_);
 }
 
+void ImageWellButton::acceptDropsFor(const OpenPanel& panel) {
+    panel_ = panel;
+    setAcceptDrops(true);
+}
+
+QString ImageWellButton::pathDropped(const QDropEvent& event) const {
+    if (!panel_ || QApplication::activeModalWidget() || harmlessAction(event) == Qt::IgnoreAction)
+        return {};
+    const QString path = draggedPath(*event.mimeData());
+    if (path.isEmpty())
+        return {};
+    const PanelChoice choice = tryToChoose(*panel_, path);
+    return choice.refusal.isEmpty() ? choice.path : QString();
+}
+
+void ImageWellButton::setHovered(bool hovered) {
+    isHovered_ = hovered;
+    update();
+}
+
+void ImageWellButton::dragEnterEvent(QDragEnterEvent* event) {
+    setHovered(!pathDropped(*event).isEmpty());
+    event->setDropAction(harmlessAction(*event));
+    event->setAccepted(isHovered_);
+}
+
+void ImageWellButton::dragLeaveEvent(QDragLeaveEvent*) { setHovered(false); }
+
+void ImageWellButton::dropEvent(QDropEvent* event) {
+    setHovered(false);
+    const QString path = pathDropped(*event);
+    event->setDropAction(harmlessAction(*event));
+    event->setAccepted(!path.isEmpty());
+    if (!path.isEmpty())
+        emit dropped(path);
+}
+
 void ImageWellButton::paintEvent(QPaintEvent* event) {
     QToolButton::paintEvent(event);
     if (icon().isNull())
         look::paintEmptyWell(*this);
+    if (isHovered_)
+        look::paintDropPlace(*this);
 }
 
 } // namespace frimbolate

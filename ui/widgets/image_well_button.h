@@ -1,11 +1,14 @@
 // An image well: the picture of what was chosen, whose path it tells in its tool tip. A press on
-// it chooses anew.
+// it chooses anew, and so does a file or folder that is dropped on it.
 #pragma once
 
 #include "core/form_model.h"
+#include "platform/file_panels.h"
 #include "ui/widgets/look/icons.h"
 
 #include <QToolButton>
+
+#include <optional>
 
 namespace frimbolate {
 
@@ -26,18 +29,32 @@ class ImageWellButton : public QToolButton {
     void setEmptyToolTip(const QString& toolTip);
     /// Shown while there is no image; none shows a plus in a dashed square.
     void setPlaceholder(const Image& placeholder);
+    /// Takes what this panel would let through, as long as no sheet is up.
+    void acceptDropsFor(const OpenPanel& panel);
+
+  signals:
+    /// \param path absolute, as the panel would hand it on
+    void dropped(const QString& path);
 
   protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
     void showImage();
+    void setHovered(bool hovered);
+    /// Empty where nothing of it is to be had.
+    QString pathDropped(const QDropEvent& event) const;
 
     look::Plane plane_;
     Image image_;
     Image placeholder_;
     QString path_;
     QString emptyToolTip_;
+    std::optional<OpenPanel> panel_; ///< whose rules a drop follows
+    bool isHovered_ = false;         ///< by something that may be dropped
 };
 
 } // namespace frimbolate

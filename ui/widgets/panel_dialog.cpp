@@ -29,11 +29,6 @@ constexpr int panelWidth = 640, panelHeight = 420, placesWidth = 112;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
 
-/// The name or link target holds bytes that are no UTF-8: as text it names nothing on the disk.
-bool isUnreadableName(const QString& path) {
-    return path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);
-}
-
 QString existingFolder(const std::optional<std::string>& directory) {
     const QString wanted = directory ? textOf(*directory) : QString();
     return QFileInfo(wanted).isDir() ? QDir::cleanPath(wanted) : QDir::homePath();
@@ -193,32 +188,20 @@ QString PanelDialog::typedPath() const {
 
 void PanelDialog::accept() {
     const QString path = typedPath();
-    if (isUnreadableName(path))
-        return refuse(tr("This name cannot be read as text. Give the item another name first."));
     open_ ? acceptOpen(path) : acceptSave(path);
 }
 
 void PanelDialog::acceptOpen(const QString& path) {
-    const QFileInfo item(path);
-    const QString name = item.fileName();
-    if (!item.exists())
-        return refuse(tr("“%1” does not exist.").arg(name));
-    if (item.isDir() && !isBundle(path)) {
-        if (!open_->canChooseDirectories)
-            return enter(path);
-    } else if (!open_->canChooseFiles) {
-        return refuse(tr("“%1” is not a folder.").arg(name));
-    } else if (!isOfAllowedType(path)) {
-        return refuse(tr("“%1” is not of a kind that can be chosen here.").arg(name));
-    }
-    const QString chosen = open_->resolvesAliases ? item.canonicalFilePath() : path;
-    if (isUnreadableName(chosen))
-        return refuse(tr("“%1” points to a name that cannot be read as text.").arg(name));
-    choose(chosen);
+    if (QFileInfo(path).isDir() && !isBundle(path) && !open_->canChooseDirectories)
+        return enter(path);
+    const PanelChoice choice = tryToChoose(*open_, path);
+    choice.refusal.isEmpty() ? choose(choice.path) : refuse(choice.refusal);
 }
 
 void PanelDialog::acceptSave(const QString& path) {
     const QFileInfo item(path);
+    if (isUnreadableName(path))
+        return refuse(tr("This name cannot be read as text. Give the item another name first."));
     if (nameField_->text().isEmpty())
         return;
     if (item.isDir())
@@ -262,20 +245,6 @@ void PanelDialog::refuse(const QString& reason) {
     refusal_->setText(reason);
     refusal_->show();
     nameField_->setFocus();
-}
-
-bool PanelDialog::isOfAllowedType(const QString& path) const {
-    if (open_->allowedFileTypes.empty())
-        return true;
-    const QString suffix = QFileInfo(path).suffix();
-    return std::ranges::any_of(open_->allowedFileTypes, [&](const std::string& extension) {
-        return suffix.compare(textOf(extension), Qt::CaseInsensitive) == 0;
-    });
-}
-
-bool PanelDialog::isBundle(const QString& path) const {
-    return open_ && open_->canChooseFiles && !open_->allowedFileTypes.empty() &&
-           QFileInfo(path).isDir() && isOfAllowedType(path);
 }
 
 } // namespace frimbolate

@@ -6,7 +6,7 @@
 // UTF-8 on disk cannot be handed on as text and is refused in the panel.
 #pragma once
 
-#include "platform/file_panels.h"
+#include "ui/widgets/panel_rules.h"
 
 #include <QFileDialog>
 
@@ -53,9 +53,7 @@ class PanelDialog : public QFileDialog {
 
     QString pathAt(const QModelIndex& index) const;
     QString typedPath() const;
-    bool isOfAllowedType(const QString& path) const;
-    /// A folder that is chosen like a file, such as an application bundle.
-    bool isBundle(const QString& path) const;
+    bool isBundle(const QString& path) const { return open_ && frimbolate::isBundle(*open_, path); }
 
     std::optional<OpenPanel> open_; ///< the rules of an open panel; none in a save panel
     QLineEdit* nameField_;

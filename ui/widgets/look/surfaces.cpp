@@ -92,6 +92,13 @@ void paintEmptyWell(QWidget& well) {
     painter.drawLine(middle - QPointF(0, arm), middle + QPointF(0, arm));
 }
 
+void paintDropPlace(QWidget& place) {
+    QPainter painter(&place);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(tokens(place.palette()).accent, 2));
+    painter.drawRoundedRect(QRectF(place.rect()).adjusted(1, 1, -1, -1), scaled(6), scaled(6));
+}
+
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {
     const Tokens& t = tokens(hint.palette());
     QPainter painter(&hint);

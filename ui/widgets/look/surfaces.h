@@ -29,6 +29,8 @@ void paintBadge(QWidget& badge, int number);
 void paintTip(QAbstractButton& tip);
 /// An image well with nothing in it: a dashed square with a plus.
 void paintEmptyWell(QWidget& well);
+/// The border of what would take the file that is held over it, as that of a focus.
+void paintDropPlace(QWidget& place);
 /// One line of text, elided where it is too long, in the colour of hints or of faults.
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning);
 

@@ -1,0 +1,163 @@
+// What is dropped on a well does exactly what choosing it in the well's panel does.
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+#include "tests/support/rows.h"
+
+#include <functional>
+
+namespace frimbolate {
+
+namespace {
+
+using test::differences;
+using test::dirtyForm;
+using test::EditorTest;
+using test::NamedAfterRow;
+using test::Picture;
+using test::picture;
+using testing::IsEmpty;
+
+using Act = std::function<void(AppDelegate&)>;
+
+struct DropRow {
+    std::string_view name;
+    Act ask;  ///< what opens the panel
+    Act drop; ///< what takes its place
+    std::string path;
+    int alerts = 0; ///< how many follow
+};
+
+class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
+  protected:
+    Drop() {
+        platform.defaults.contents["WarnForSuccessfulExit"] = "True";
+        platform.files.contents["/A/Good.app/Contents/Info.plist"] =
+            Dictionary{{"CFBundleExecutable", "Good"}};
+        platform.files.contents["/A/Good.app/Contents/MacOS/Good"] = std::nullopt;
+    }
+
+    /// The form and the journal after each step, from a form with everything set.
+    struct Story {
+        std::vector<Picture> pictures;
+        std::vector<std::string> lines;
+    };
+    Story live(bool flag, const std::function<void()>& act) {
+        platform.journal.clear();
+        form = dirtyForm(flag);
+        form.allowSuccessfulExitCheckbox.state = CheckState::On;
+        act();
+        Story story{{picture(form)}, {}};
+        for (int i = 0; i < GetParam().alerts; ++i) {
+            platform.press("Ok");
+            story.pictures.push_back(picture(form));
+        }
+        for (const std::string& line : platform.journal.lines())
+            if (!line.starts_with("open panel: "))
+                story.lines.push_back(line);
+        EXPECT_FALSE(platform.isAsking());
+        return story;
+    }
+};
+
+TEST_P(Drop, doesWhatThePanelDoes) {
+    for (const bool flag : {false, true}) {
+        const Story byPanel = live(flag, [&] {
+            GetParam().ask(editor);
+            platform.choose(GetParam().path);
+        });
+        const Story byDrop = live(flag, [&] { GetParam().drop(editor); });
+        ASSERT_EQ(byPanel.pictures.size(), byDrop.pictures.size());
+        for (std::size_t i = 0; i < byPanel.pictures.size(); ++i)
+            EXPECT_THAT(differences(byPanel.pictures[i], byDrop.pictures[i]), IsEmpty());
+        EXPECT_EQ(byPanel.lines, byDrop.lines);
+    }
+}
+
+DropRow target(std::string_view name, int action, const std::string& path, int alerts) {
+    return {name,
+            [action](AppDelegate& editor) {
+                editor.form().agentActionButton.selectedItem = action;
+                editor.form().agentTargetButton.selectedItem = TargetType::File;
+                editor.chooseAgentTarget();
+                editor.chooseApplicationOrScript();
+            },
+            [action, path](AppDelegate& editor) {
+                editor.form().agentActionButton.selectedItem = action;
+                editor.targetDropped(path);
+            },
+            path, alerts};
+}
+
+DropRow watchPath(std::string_view name, const std::string& path) {
+    return {name,
+            [](AppDelegate& editor) {
+                editor.form().agentActionButton.selectedItem = AgentAction::PathModified;
+                editor.chooseAgentAction();
+            },
+            [path](AppDelegate& editor) {
+                editor.form().agentActionButton.selectedItem = AgentAction::PathModified;
+                editor.watchPathDropped(path);
+            },
+            path};
+}
+
+DropRow additionalPath(std::string_view name, const std::string& path) {
+    return {name,
+            [](AppDelegate& editor) {
+                editor.form().alsoRunPathChangeCheckbox.state = CheckState::On;
+                editor.chooseAdditionalWathPath();
+            },
+            [path](AppDelegate& editor) {
+                editor.form().alsoRunPathChangeCheckbox.state = CheckState::On;
+                editor.additionalWatchPathDropped(path);
+            },
+            path};
+}
+
+const DropRow drops[] = {
+    target("Script", AgentAction::OnSchedule, "/u/run.sh", 0),
+    target("ScriptAtRisk", AgentAction::KeepRunning, "/u/run.sh", 1),
+    target("Application", AgentAction::KeepRunning, "/A/Good.app", 0),
+    target("BrokenApplication", AgentAction::OnSchedule, "/A/Bad.app", 1),
+    watchPath("WatchedFolder", "/Users/maya/Pictures"),
+    watchPath("WatchedFile", "/etc/hosts"),
+    additionalPath("AdditionalFolder", "/Users/maya/Pictures"),
+    additionalPath("AdditionalFile", "/etc/hosts"),
+};
+
+INSTANTIATE_TEST_SUITE_P(Wells, Drop, testing::ValuesIn(drops), NamedAfterRow());
+
+using DropRefusal = EditorTest;
+
+TEST_F(DropRefusal, aWatchPathNeedsTheActionThatWatchesOne) {
+    for (const int action : {AgentAction::None, AgentAction::OnSchedule, AgentAction::KeepRunning,
+                             AgentAction::VolumeMounted}) {
+        form = dirtyForm(true);
+        form.agentActionButton.selectedItem = action;
+        const auto before = picture(form);
+        editor.watchPathDropped("/Users/maya/Pictures");
+        EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    }
+}
+
+TEST_F(DropRefusal, anAdditionalPathNeedsItsBox) {
+    form = dirtyForm(true);
+    form.alsoRunPathChangeCheckbox.state = CheckState::Off;
+    const auto before = picture(form);
+    editor.additionalWatchPathDropped("/Users/maya/Pictures");
+    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+}
+
+TEST_F(DropRefusal, aDroppedScriptClosesTheTypedOne) {
+    form.agentTargetButton.selectedItem = TargetType::Script;
+    editor.createNewScript();
+    editor.targetDropped("/u/run.sh");
+    EXPECT_FALSE(form.popoverScriptObject.shown);
+    EXPECT_TRUE(form.showPopOverScriptButton.hidden);
+    EXPECT_EQ(form.agentTargetButton.selectedItem, TargetType::File);
+    EXPECT_EQ(form.agentTargetImageWell.toolTip, "/u/run.sh");
+}
+
+} // namespace
+
+} // namespace frimbolate

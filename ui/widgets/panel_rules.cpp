@@ -1,0 +1,58 @@
+#include "ui/widgets/panel_rules.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace frimbolate {
+
+namespace {
+
+QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
+
+bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
+    if (panel.allowedFileTypes.empty())
+        return true;
+    const QString suffix = QFileInfo(path).suffix();
+    return std::ranges::any_of(panel.allowedFileTypes, [&](const std::string& extension) {
+        return suffix.compare(QString::fromStdString(extension), Qt::CaseInsensitive) == 0;
+    });
+}
+
+QString refusalOf(const OpenPanel& panel, const QFileInfo& item) {
+    if (isUnreadableName(item.filePath()))
+        return tr("This name cannot be read as text. Give the item another name first.");
+    if (!item.exists())
+        return tr("“%1” does not exist.");
+    const bool isFolder = item.isDir() && !isBundle(panel, item.filePath());
+    if (isFolder && !panel.canChooseDirectories)
+        return tr("“%1” is a folder.");
+    if (!isFolder && !panel.canChooseFiles)
+        return tr("“%1” is not a folder.");
+    if (!isFolder && !isOfAllowedType(panel, item.filePath()))
+        return tr("“%1” is not of a kind that can be chosen here.");
+    return {};
+}
+
+} // namespace
+
+bool isUnreadableName(const QString& path) {
+    return path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);
+}
+
+bool isBundle(const OpenPanel& panel, const QString& path) {
+    return panel.canChooseFiles && !panel.allowedFileTypes.empty() && QFileInfo(path).isDir() &&
+           isOfAllowedType(panel, path);
+}
+
+PanelChoice tryToChoose(const OpenPanel& panel, const QString& path) {
+    const QFileInfo item(path);
+    QString refusal = refusalOf(panel, item);
+    const QString chosen = panel.resolvesAliases ? item.canonicalFilePath() : path;
+    if (refusal.isEmpty() && isUnreadableName(chosen))
+        refusal = tr("“%1” points to a name that cannot be read as text.");
+    return {chosen, refusal.contains("%1") ? refusal.arg(item.fileName()) : refusal};
+}
+
+} // namespace frimbolate

@@ -1,0 +1,24 @@
+// What an open panel lets a person choose, for whatever else takes a file or folder in its place.
+#pragma once
+
+#include "platform/file_panels.h"
+
+#include <QString>
+
+namespace frimbolate {
+
+/// The name or link target holds bytes that are no UTF-8: as text it names nothing on the disk.
+bool isUnreadableName(const QString& path);
+
+/// A folder that is chosen like a file, such as an application bundle.
+bool isBundle(const OpenPanel& panel, const QString& path);
+
+struct PanelChoice {
+    QString path;    ///< what the panel hands on, links resolved where it does so
+    QString refusal; ///< why it is not to be had; empty where it is
+};
+
+/// \param path absolute and clean; a folder that the panel would only enter is refused
+PanelChoice tryToChoose(const OpenPanel& panel, const QString& path);
+
+} // namespace frimbolate
