@@ -185,10 +185,8 @@ void DrawerPanel::addOptions() {
 
     auto* well = new ImageWellButton(24, look::Plane::drawer, this);
     well->setAccessibleName(tr("Additional watched path"));
+    well->setHiddenWhenEmpty(true);
     mirror_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);
-    mirror_.show([well](const FormModel& form) {
-        well->setVisible(form.alsoRunPathChangeImageWell.image.kind != Image::Kind::None);
-    });
     connect(well, &QToolButton::clicked, this,
             [this] { mirror_.send(&AppDelegate::chooseAdditionalWathPath); });
     well->acceptDropsFor(AppDelegate::watchPathPanel());

@@ -11,6 +11,7 @@
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/tip_button.h"
+#include "ui/widgets/window_access.h"
 
 #include <QDir>
 #include <QGridLayout>
@@ -167,6 +168,7 @@ void FormCard::addActionRow() {
 
     watchPathWell_ = new ImageWellButton(32, look::Plane::card, this);
     watchPathWell_->setAccessibleName(tr("Watched path"));
+    watchPathWell_->setHiddenWhenEmpty(true);
     connect(watchPathWell_, &QToolButton::clicked, this, &FormCard::pressWatchPathWell);
     watchPathWell_->acceptDropsFor(AppDelegate::watchPathPanel());
     connect(watchPathWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
@@ -174,9 +176,6 @@ void FormCard::addActionRow() {
     });
     mirror_.bind("agentWatchPathImageWell", watchPathWell_, &FormModel::agentWatchPathImageWell);
     mirror_.show([this](const FormModel& form) {
-        // An empty well would invite to choose a path that the action has no use for.
-        if (form.agentWatchPathImageWell.image.kind == Image::Kind::None)
-            watchPathWell_->hide();
         const bool isPath = form.agentActionButton.selectedItem == AgentAction::PathModified;
         watchPathWell_->setFocusPolicy(isPath ? Qt::StrongFocus : Qt::NoFocus);
         watchPathWell_->setAcceptDrops(isPath);
@@ -227,9 +226,11 @@ void FormCard::showHints(const FormModel& form) {
         const bool faulty = !(form.*markers[i]).hidden && faults[i];
         row.hint->setWholeText(text(*lines[i]));
         row.hint->setWarning(faulty);
-        row.control->setAccessibleDescription(row.hint->text());
-        for (QWidget* control : row.marked)
+        describe(row.control, row.hint->text());
+        for (QWidget* control : row.marked) {
             look::setFaulty(control, faulty);
+            describe(control, row.hint->text());
+        }
     }
 }
 

@@ -166,7 +166,7 @@ void FormMirror::bind(std::string_view outlet, ImageWellButton* well,
     show([well, member](const FormModel& form) {
         well->setImage((form.*member).image);
         well->setPath(text((form.*member).toolTip));
-        well->setVisible(!(form.*member).hidden);
+        well->setVisible(!(form.*member).hidden && well->isOfUse());
     });
 }
 

@@ -3,6 +3,7 @@
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/panel_rules.h"
+#include "ui/widgets/window_access.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,7 +71,7 @@ void ImageWellButton::showImage() {
 void ImageWellButton::setPath(const QString& path) {
     path_ = path;
     setToolTip(path.isEmpty() ? emptyToolTip_ : path);
-    setAccessibleDescription(path.isEmpty() ? tr("Nothing chosen") : path);
+    describe(this, path.isEmpty() ? tr("Nothing chosen") : path);
 }
 
 void ImageWellButton::setEmptyToolTip(const QString& toolTip) {

@@ -29,6 +29,9 @@ class ImageWellButton : public QToolButton {
     void setEmptyToolTip(const QString& toolTip);
     /// Shown while there is no image; none shows a plus in a dashed square.
     void setPlaceholder(const Image& placeholder);
+    /// An empty well would invite to choose a path that there is no use for.
+    void setHiddenWhenEmpty(bool hidden) { isHiddenWhenEmpty_ = hidden; }
+    bool isOfUse() const { return !isHiddenWhenEmpty_ || image_.kind != Image::Kind::None; }
     /// Takes what this panel would let through, as long as no sheet is up.
     void acceptDropsFor(const OpenPanel& panel);
 
@@ -54,7 +57,8 @@ class ImageWellButton : public QToolButton {
     QString path_;
     QString emptyToolTip_;
     std::optional<OpenPanel> panel_; ///< whose rules a drop follows
-    bool isHovered_ = false;         ///< by something that may be dropped
+    bool isHiddenWhenEmpty_ = false;
+    bool isHovered_ = false; ///< by something that may be dropped
 };
 
 } // namespace frimbolate

@@ -10,6 +10,7 @@
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/text.h"
+#include "ui/widgets/window_access.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -50,6 +51,7 @@ class Foot : public QWidget {
 } // namespace
 
 MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *this)) {
+    installWindowAccess();
     setObjectName("mainWindow");
     setWindowTitle(tr("Frimbolate"));
     setWindowIcon(look::toolIcon("app"));

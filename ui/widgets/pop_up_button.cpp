@@ -2,7 +2,9 @@
 
 #include "ui/widgets/text.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
@@ -16,6 +18,9 @@ PopUpButton::PopUpButton(std::span<const PopUpItem> items, QWidget* parent) : QC
         else
             addItem(text(item.title));
     setMaxVisibleItems(count());
+    // Later, for keys and mouse select an item before it becomes the current one.
+    connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &PopUpButton::chooseWhatWasSelected, Qt::QueuedConnection);
 }
 
 void PopUpButton::setDisabledItems(const std::set<int>& indexes) {
@@ -34,6 +39,25 @@ void PopUpButton::setShownTitle(const QString& title) {
         return;
     shownTitle_ = title;
     update();
+}
+
+void PopUpButton::setUnlabelledName(const QString& name) {
+    setAccessibleName(name);
+    auto* label = new QLabel(name, parentWidget());
+    label->setBuddy(this);
+    label->hide();
+}
+
+void PopUpButton::chooseWhatWasSelected() {
+    const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
+    if (selected.size() != 1 || selected.first() == view()->currentIndex() || !isEnabled() ||
+        !(selected.first().flags() & Qt::ItemIsEnabled))
+        return;
+    const int item = selected.first().row();
+    hidePopup();
+    setCurrentIndex(item);
+    view()->setCurrentIndex(selected.first());
+    emit activated(item);
 }
 
 void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {

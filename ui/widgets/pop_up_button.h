@@ -23,12 +23,19 @@ class PopUpButton : public QComboBox {
     /// Shown on the closed button in place of the selected item's title; empty = that title.
     void setShownTitle(const QString& title);
 
+    /// Names a button that no label in sight belongs to. Assistive tools take the shown item for
+    /// the name of a pop-up, and what it is for from its label alone; so it gets one out of sight.
+    void setUnlabelledName(const QString& name);
+
   protected:
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    /// Assistive tools choose by selecting in the list, which a person only does by choosing.
+    void chooseWhatWasSelected();
+
     QString shownTitle_;
     std::set<int> disabledItems_;
 };

@@ -58,7 +58,7 @@ void FormCard::addScheduleRow() {
     mirror_.bind("agentIntervalField", interval, &FormModel::agentIntervalField);
     auto* unit = new PopUpButton(agentIntervalTypeItems(), this);
     unit->setFixedWidth(scaled(89));
-    unit->setAccessibleName(tr("Unit of the interval"));
+    unit->setUnlabelledName(tr("Unit of the interval"));
     mirror_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
 
     for (QWidget* part : QList<QWidget*>{schedule, dayBox, timePicker_, interval, unit}) {

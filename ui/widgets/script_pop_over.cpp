@@ -49,7 +49,7 @@ ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWin
 void ScriptPopOver::layOut() {
     auto* title = new QLabel(tr("Script"), this);
     look::setFont(title, look::FontRole::defaultButton);
-    language_->setAccessibleName(tr("Language"));
+    language_->setUnlabelledName(tr("Language"));
     language_->setFixedSize(scaled(160), scaled(32));
     language_->setItemIcon(ScriptLanguage::Shell,
                            look::imageIcon(Image::resource("iconScriptBash.png")));

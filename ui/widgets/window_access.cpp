@@ -1,0 +1,73 @@
+#include "ui/widgets/window_access.h"
+
+#include "ui/widgets/main_window.h"
+#include "ui/widgets/script_pop_over.h"
+#include "ui/widgets/sheet_alerts.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace frimbolate {
+
+namespace {
+
+/// The window's own parts, then the pop-over, hidden or not as with any other part.
+class MainWindowAccess : public QAccessibleWidget {
+  public:
+    explicit MainWindowAccess(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+    int childCount() const override {
+        return QAccessibleWidget::childCount() + (popOver() ? 1 : 0);
+    }
+
+    QAccessibleInterface* child(int index) const override {
+        return index == QAccessibleWidget::childCount() ? popOver()
+                                                        : QAccessibleWidget::child(index);
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child && child == popOver() ? QAccessibleWidget::childCount()
+                                           : QAccessibleWidget::indexOfChild(child);
+    }
+
+    QAccessibleInterface* childAt(int x, int y) const override {
+        // It stands in front of all the others.
+        QAccessibleInterface* front = popOver();
+        return front && front->rect().contains(x, y) ? front : QAccessibleWidget::childAt(x, y);
+    }
+
+  private:
+    QAccessibleInterface* popOver() const {
+        return QAccessible::queryAccessibleInterface(widget()->findChild<ScriptPopOver*>());
+    }
+};
+
+class PopOverAccess : public QAccessibleWidget {
+  public:
+    explicit PopOverAccess(QWidget* popOver) : QAccessibleWidget(popOver, QAccessible::Dialog) {}
+
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(widget()->parentWidget());
+    }
+};
+
+QAccessibleInterface* makeAccess(const QString&, QObject* object) {
+    if (auto* window = qobject_cast<MainWindow*>(object))
+        return new MainWindowAccess(window);
+    if (auto* popOver = qobject_cast<ScriptPopOver*>(object))
+        return new PopOverAccess(popOver);
+    if (auto* alert = qobject_cast<AlertDialog*>(object))
+        return new QAccessibleWidget(alert, QAccessible::AlertMessage);
+    return nullptr;
+}
+
+} // namespace
+
+void installWindowAccess() { QAccessible::installFactory(makeAccess); }
+
+void describe(QWidget* control, const QString& description) {
+    if (description != control->accessibleDescription())
+        control->setAccessibleDescription(description);
+}
+
+} // namespace frimbolate
