@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QToolButton>
 
 namespace frimbolate::test {
 namespace {
@@ -86,6 +87,33 @@ TEST_F(WindowAccessTest, AnItemSelectedByAToolIsChosen) {
         [&] { return form().agentScheduleTypeButton.selectedItem == ScheduleType::OnInterval; }));
     EXPECT_FALSE(schedule->view()->isVisible());
     EXPECT_FALSE(form().agentIntervalField.hidden) << "its action was sent";
+}
+
+TEST_F(WindowAccessTest, TheListDoesNotRememberWhatWasTakenBack) {
+    auto* action = find<QComboBox>("agentActionButton");
+    for (int times = 0; times < 2; ++times) {
+        selectByTool(action, AgentAction::PathModified);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return platform.isAsking(); }));
+        platform.cancelPanel();
+        window.mirror();
+        EXPECT_EQ(action->currentIndex(), AgentAction::None);
+        EXPECT_TRUE(access(action->view())->child(AgentAction::None)->state().selected);
+    }
+}
+
+TEST_F(WindowAccessTest, AToolTogglesThroughTheToolbar) {
+    auto* advanced = find<QToolButton>("advancedToolbarItem");
+    for (const bool open : {true, false}) {
+        access(advanced)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        EXPECT_EQ(form().advancedDrawer.open, open);
+        EXPECT_EQ(advanced->isChecked(), open);
+    }
+    find<QAction>("advancedToolbarItem")->trigger();
+    EXPECT_TRUE(form().advancedDrawer.open);
+    EXPECT_TRUE(advanced->isChecked());
+    QTest::mouseClick(advanced, Qt::LeftButton);
+    EXPECT_FALSE(form().advancedDrawer.open);
+    EXPECT_FALSE(advanced->isChecked());
 }
 
 TEST_F(WindowAccessTest, WhatIsGreyedOutIsNotChosenByAToolEither) {

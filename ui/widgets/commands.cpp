@@ -93,7 +93,9 @@ void Commands::makeActions() {
         action->setIconVisibleInMenu(false);
         action->setMenuRole(row.menu == Action::Menu::Application ? QAction::PreferencesRole
                                                                   : QAction::NoRole);
-        connect(action, &QAction::triggered, this, [this, send = row.send] { mirror_.send(send); });
+        // Assistive tools check a button of the toolbar without triggering its command.
+        connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this,
+                [this, send = row.send] { mirror_.send(send); });
     }
 }
 

@@ -18,6 +18,8 @@ PopUpButton::PopUpButton(std::span<const PopUpItem> items, QWidget* parent) : QC
         else
             addItem(text(item.title));
     setMaxVisibleItems(count());
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectWhatIsChosen);
+    selectWhatIsChosen();
     // Later, for keys and mouse select an item before it becomes the current one.
     connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &PopUpButton::chooseWhatWasSelected, Qt::QueuedConnection);
@@ -48,16 +50,21 @@ void PopUpButton::setUnlabelledName(const QString& name) {
     label->hide();
 }
 
+void PopUpButton::selectWhatIsChosen() {
+    if (!view()->isVisible())
+        view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
+}
+
 void PopUpButton::chooseWhatWasSelected() {
     const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
-    if (selected.size() != 1 || selected.first() == view()->currentIndex() || !isEnabled() ||
-        !(selected.first().flags() & Qt::ItemIsEnabled))
+    const QModelIndex item = selected.isEmpty() ? QModelIndex() : selected.first();
+    if (!item.isValid() || item == view()->currentIndex() || !isEnabled() ||
+        !(item.flags() & Qt::ItemIsEnabled))
         return;
-    const int item = selected.first().row();
     hidePopup();
-    setCurrentIndex(item);
-    view()->setCurrentIndex(selected.first());
-    emit activated(item);
+    setCurrentIndex(item.row());
+    view()->setCurrentIndex(item);
+    emit activated(item.row());
 }
 
 void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {

@@ -33,6 +33,8 @@ class PopUpButton : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    /// In the list, while it is closed.
+    void selectWhatIsChosen();
     /// Assistive tools choose by selecting in the list, which a person only does by choosing.
     void chooseWhatWasSelected();
 

@@ -1,0 +1,30 @@
+"""Writes what the programs on the bus tell assistive tools: a line for each event.
+
+    listener.py <file>
+"""
+
+import sys
+
+import pyatspi
+
+EVENTS = ("window:activate", "object:state-changed:showing",
+          "object:property-change:accessible-description")
+
+
+def write(line):
+    with open(sys.argv[1], "a", encoding="utf-8") as heard:
+        print(line, file=heard)
+
+
+def tell(event):
+    try:
+        words = (event.type, event.source.getRoleName(), event.source.name,
+                 event.source.description, event.detail1)
+    except Exception:  # what told it is gone; the binding raises whatever the bus said
+        return
+    write(" | ".join(str(word).replace("\n", " ") for word in words))
+
+
+pyatspi.Registry.registerEventListener(tell, *EVENTS)
+write("listening")
+pyatspi.Registry.start()
