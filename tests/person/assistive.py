@@ -37,6 +37,7 @@ def part_of(node):
     part = Part(node.getRoleName(), node.name, _labels(node),
                 showing=states.contains(pyatspi.STATE_SHOWING),
                 sensitive=states.contains(pyatspi.STATE_SENSITIVE),
+                selectable=states.contains(pyatspi.STATE_SELECTABLE),
                 focusable=states.contains(pyatspi.STATE_FOCUSABLE), actions=_actions(node))
     if part.showing:
         part.parts = [part_of(child) for child in node if child is not None]

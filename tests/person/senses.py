@@ -9,16 +9,17 @@ from dataclasses import dataclass, field
 INTERACTIVE = {
     "push button", "toggle button", "check box", "radio button", "combo box", "text", "entry",
     "password text", "spin button", "slider", "menu item", "check menu item", "radio menu item",
-    "menu", "list item", "tree item", "table cell", "table column header", "page tab", "link",
+    "menu", "list item", "tree item", "table column header", "page tab", "link",
 }
 # Of these, what can be worked without the keyboard.
 PRESSED = {"push button", "toggle button", "check box", "radio button", "combo box", "menu item",
            "check menu item", "list item"}
 WINDOWS = {"frame", "window", "dialog", "alert", "file chooser"}
-# What may have the keyboard without being worked with by itself.
-HOLDERS = WINDOWS | {"list", "tree", "table", "tree table", "menu bar", "popup menu", "scroll pane"}
+# What may have the keyboard without being worked with by itself: a label's text can be selected.
+HOLDERS = WINDOWS | {"list", "tree", "table", "tree table", "table cell", "menu bar", "popup menu",
+                     "panel", "label"}
 # Where many things of one name are in order.
-LISTED = {"list item", "tree item", "table cell", "table column header"}
+LISTED = {"list item", "tree item", "table column header"}
 
 
 @dataclass
@@ -30,6 +31,7 @@ class Part:
     labels: tuple = ()
     showing: bool = True
     sensitive: bool = True
+    selectable: bool = True
     focusable: bool = False
     actions: tuple = ()
     parts: list = field(default_factory=list)
@@ -57,7 +59,10 @@ def faults(tree):
     found, met = [], set()
     for part in shown(tree):
         # A separator in a list is an item that nobody can choose.
-        if part.role in LISTED and not part.sensitive and not part.name:
+        if part.role in LISTED and not part.selectable and not part.name:
+            continue
+        # A border has the role of a window's frame, and is one only where it stands for it all.
+        if part.role == "frame" and part is not tree:
             continue
         if part.role in INTERACTIVE | WINDOWS and not part.called().strip():
             found.append(f"{part.role} without a name (it shows '{part.name}')")

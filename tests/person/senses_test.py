@@ -20,7 +20,7 @@ class Faults(unittest.TestCase):
             button("Save"), Part("text", "Name", focusable=True), Part("filler", parts=[
                 Part("combo box", "Every Day", labels=("Schedule",), actions=("Press",)),
                 Part("list", parts=[Part("list item", "Every Day", actions=("Toggle",)),
-                                    Part("list item", sensitive=False)])]),
+                                    Part("list item", selectable=False)])]),
             Part("label"), Part("image"))
         self.assertEqual(faults(sound), [])
 
@@ -32,6 +32,9 @@ class Faults(unittest.TestCase):
 
     def test_window_needs_a_name(self):
         self.assertEqual(len(faults(Part("dialog"))), 1)
+        self.assertEqual(len(faults(Part("frame"))), 1)
+        self.assertEqual(len(faults(window(Part("dialog")))), 1)
+        self.assertEqual(faults(window(Part("frame"))), [], "a border is no window")
 
     def test_blank_is_no_name(self):
         self.assertEqual(len(faults(window(button(" ")))), 1)

@@ -3,6 +3,7 @@
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/tokens.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
@@ -46,6 +47,10 @@ PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& m
     setDirectory(existingFolder(directory));
     nameField_ = findChild<QLineEdit*>("fileNameEdit");
     nameField_->setAccessibleName(tr("Name"));
+    // The dialog's pop-ups stand beside labels that do not say so.
+    for (const char* row : {"lookIn", "fileType"})
+        if (auto* label = findChild<QLabel*>(QString(row) + "Label"))
+            label->setBuddy(findChild<QComboBox*>(QString(row) + "Combo"));
     // Above the rows of the dialog's own layout, which leaves no place for another.
     layout()->setMenuBar(header(message));
     setUpViews();

@@ -109,8 +109,9 @@ void AlertDialog::makeTextScroll() {
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setAccessibleName(accessibleName());
     delete text->parentWidget()->layout()->replaceWidget(text, scroll);
+    // Not before: to be named it must be known as a part of the alert.
+    scroll->setAccessibleName(accessibleName());
     text->setContentsMargins(0, 0, padding / 2, 0);
     scroll->setWidget(text);
     // Both would paint the colour of a window on the sheet.

@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QScrollArea>
 
 namespace frimbolate {
 
@@ -58,6 +59,10 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
         return new PopOverAccess(popOver);
     if (auto* alert = qobject_cast<AlertDialog*>(object))
         return new QAccessibleWidget(alert, QAccessible::AlertMessage);
+    // The text of an alert that has to be scrolled has the keyboard for it.
+    auto* scroll = qobject_cast<QScrollArea*>(object);
+    if (scroll && qobject_cast<AlertDialog*>(scroll->window()))
+        return new QAccessibleWidget(scroll, QAccessible::Pane);
     return nullptr;
 }
 
