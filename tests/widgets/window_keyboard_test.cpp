@@ -1,0 +1,110 @@
+// Everything by keyboard alone: Tab follows the reading, and no two letters mean the same.
+#include "tests/widgets/window_test.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace frimbolate::test {
+namespace {
+
+class WindowKeyboardTest : public WindowTest {
+  protected:
+    /// What Tab reaches in the form, from the name on, and where it stands.
+    struct Stop {
+        std::string name;
+        QPoint middle;
+    };
+    std::vector<Stop> stops() {
+        std::vector<Stop> result;
+        auto* form = find("form");
+        const QWidget* const first = find("agentNameTextField");
+        const QWidget* at = first;
+        do {
+            if (form->isAncestorOf(at) && at->isVisibleTo(form) && at->isEnabled() &&
+                (at->focusPolicy() & Qt::TabFocus) && !at->objectName().startsWith("qt_"))
+                result.push_back(
+                    {at->objectName().toStdString(), at->mapTo(form, at->rect().center())});
+            at = at->nextInFocusChain();
+        } while (at != first);
+        return result;
+    }
+    static bool has(const std::vector<Stop>& stops, const char* name) {
+        return std::ranges::any_of(stops, [&](const Stop& stop) { return stop.name == name; });
+    }
+
+    /// The letters of the mnemonics of what shows in the dialog or is a label's control there.
+    static void expectOwnLetters(const QWidget* dialog) {
+        QStringList taken;
+        const auto take = [&](const QString& words) {
+            const qsizetype at = QString(words).replace("&&", "  ").indexOf('&');
+            if (at < 0)
+                return;
+            const QString letter = words.mid(at + 1, 1).toLower();
+            EXPECT_FALSE(taken.contains(letter)) << words.toStdString();
+            taken.append(letter);
+        };
+        for (const auto* button : dialog->findChildren<QAbstractButton*>())
+            take(button->text());
+        for (const auto* label : dialog->findChildren<QLabel*>())
+            if (label->buddy())
+                take(label->text());
+    }
+};
+
+TEST_F(WindowKeyboardTest, TabFollowsTheReadingInEverySchedule) {
+    const std::pair<int, const char*> rows[] = {
+        {ScheduleType::EveryDay, "agentScheduleDatePicker"},
+        {ScheduleType::OnceAMonth, "onMonthTextField"},
+        {ScheduleType::AtLoad, "agentScheduleTypeButton"},
+        {ScheduleType::OnInterval, "agentIntervalTypeButton"}};
+    window.show();
+    for (const auto& [schedule, control] : rows) {
+        auto* button = find<QComboBox>("agentScheduleTypeButton");
+        button->setCurrentIndex(schedule);
+        emit button->activated(schedule);
+        QCoreApplication::processEvents();
+        const std::vector<Stop> met = stops();
+        EXPECT_TRUE(has(met, control)) << schedule;
+        ASSERT_GE(met.size(), 5u);
+        for (std::size_t i = 1; i < met.size(); ++i) {
+            constexpr int sameRow = 20; // the rows stand 72 apart
+            const QPoint step = met[i].middle - met[i - 1].middle;
+            EXPECT_TRUE(step.y() > sameRow || (std::abs(step.y()) <= sameRow && step.x() > 0))
+                << "from " << met[i - 1].name << " to " << met[i].name << ", schedule " << schedule;
+        }
+    }
+}
+
+TEST_F(WindowKeyboardTest, NoTwoLettersOfASheetAreTheSame) {
+    for (const char* sheet : {"welcomeWindow", "preferencesWindow", "executeScriptWindow"})
+        expectOwnLetters(find(sheet));
+    find<QAction>("about")->trigger();
+    expectOwnLetters(stack.current());
+}
+
+TEST_F(WindowKeyboardTest, EverySheetHasOneDefaultButtonAndTabReachesAllOfIt) {
+    for (const char* name : {"welcomeWindow", "preferencesWindow", "executeScriptWindow"}) {
+        int defaults = 0;
+        for (const auto* button : find(name)->findChildren<QAbstractButton*>()) {
+            const auto* push = qobject_cast<const QPushButton*>(button);
+            defaults += push && push->isDefault();
+            EXPECT_TRUE(button->focusPolicy() & Qt::TabFocus) << button->objectName().toStdString();
+        }
+        EXPECT_EQ(defaults, 1) << name;
+    }
+}
+
+TEST_F(WindowKeyboardTest, ReturnAndEscapeCloseTheWordsAboutTheProgram) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        find<QAction>("about")->trigger();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return stack.current() != nullptr; }));
+        QTest::keyClick(stack.current(), key);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !stack.current(); })) << key;
+    }
+}
+
+} // namespace
+} // namespace frimbolate::test
