@@ -23,7 +23,7 @@ def wait_until(condition, what):
             return result
         if time.monotonic() > deadline:
             raise TimeoutError(f"waited {PATIENCE} s in vain for {what}")
-        time.sleep(0.05)
+        time.sleep(0.01)
 
 
 class Desktop:
@@ -80,7 +80,8 @@ class Desktop:
         os.environ.update(
             HOME=str(home), LANG="C.UTF-8", QT_QPA_PLATFORM="xcb", XDG_CURRENT_DESKTOP="",
             # Without an assistive program running, Qt would keep its controls to itself.
-            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", FRIMBOLATE_COLOR_SCHEME="light")
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", FRIMBOLATE_COLOR_SCHEME="light",
+            FRIMBOLATE_REDUCED_MOTION="1")
         for name in ("CONFIG", "DATA", "CACHE", "RUNTIME"):
             kind = "DIR" if name == "RUNTIME" else "HOME"
             folder = home / name.lower()

@@ -16,26 +16,52 @@ ROLES = {
     "dialog": (pyatspi.ROLE_DIALOG, pyatspi.ROLE_ALERT, pyatspi.ROLE_FILE_CHOOSER),
     "field": (pyatspi.ROLE_TEXT,),
     "label": (pyatspi.ROLE_LABEL,),
+    "list": (pyatspi.ROLE_LIST,),
     "pop-up": (pyatspi.ROLE_COMBO_BOX,),
+    "slider": (pyatspi.ROLE_SLIDER,),
     "time": (pyatspi.ROLE_SPIN_BUTTON,),
     "window": (pyatspi.ROLE_FRAME, pyatspi.ROLE_WINDOW),
 }
+# What these hold is asked for by who looks into them; there is much of it, and most is not shown.
+CLOSED = (pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_LIST, pyatspi.ROLE_MENU_BAR, pyatspi.ROLE_TREE)
+# The X server keeps the order of the keys, however fast they come; a pause serves nobody.
+TYPE = ("type", "--clearmodifiers", "--delay", "1")
 
 
-def _descendants(node, depth=0):
-    """A control and all that it holds. What vanishes meanwhile is passed over."""
+def has(node, state):
+    """Whether a control is in that state; one that has vanished is in none."""
+    try:
+        return node.getState().contains(getattr(pyatspi, f"STATE_{state}"))
+    except Exception:  # the binding raises whatever the bus told
+        return False
+
+
+def children(node):
+    try:
+        return [child for child in (node.getChildAtIndex(i) for i in range(node.childCount))
+                if child is not None]
+    except Exception:  # vanished while being looked at
+        return []
+
+
+def descendants(node, depth=0):
+    """A control and all that it holds."""
     yield node, depth
     try:
-        children = [node.getChildAtIndex(i) for i in range(node.childCount)]
-    except Exception:  # the binding raises whatever the bus told
+        if node.getRole() in CLOSED:
+            return
+    except Exception:  # vanished while being looked at
         return
-    for child in children:
-        if child is not None:
-            yield from _descendants(child, depth + 1)
+    for child in children(node):
+        yield from descendants(child, depth + 1)
 
 
-def _is_showing(node):
-    return node.getState().contains(pyatspi.STATE_SHOWING)
+def labels_of(node):
+    """The names of the labels that stand beside a control."""
+    return [relation.getTarget(i).name
+            for relation in node.getRelationSet()
+            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
+            for i in range(relation.getNTargets())]
 
 
 class Person:
@@ -43,73 +69,22 @@ class Person:
 
     def __init__(self, program):
         self._program = program
+        self._known = []  # a window, and what was found in it by kind and name
+
+    # Eyes
 
     def look(self, kind, name):
         """The showing control of that kind and accessible name, waited for."""
-        try:
-            return wait_until(lambda: self._found(kind, name), f"{kind} '{name}'")
-        except TimeoutError as error:
-            raise TimeoutError(f"{error}; in sight are:\n{self.sight()}") from error
+        return self._wait(lambda: self._found(kind, name), f"{kind} '{name}'")
 
     def sees(self, kind, name):
         return self._found(kind, name) is not None
 
-    def click(self, kind, name):
-        """Clicks into the middle of a control once it has come to rest."""
-        node = self.look(kind, name)
-        # Between a sheet's showing and its getting the keyboard a click would go astray.
-        wait_until(self._front_window_listens, "the window in front to get the keyboard")
-        places = [None]
-
-        def at_rest():
-            box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-            places.append((box.x + box.width // 2, box.y + box.height // 2))
-            return box.width > 0 and places[-1] == places[-2]
-
-        wait_until(at_rest, f"{kind} '{name}' to come to rest")
-        x, y = places[-1]
-        self._do("mousemove", str(x), str(y), "click", "1")
-        return node
-
-    def press(self, *keys):
-        """Presses keys one after another, such as "ctrl+s"."""
-        self._do("key", "--clearmodifiers", *keys)
-
-    def write(self, name, text):
-        """Clicks into a field, replaces what it holds, and waits until it shows the text."""
-        node = self.click("field", name)
-        wait_until(lambda: node.getState().contains(pyatspi.STATE_FOCUSED), f"'{name}' to listen")
-        self.press("ctrl+a")
-        self._do("type", "--clearmodifiers", "--delay", "20", text)
-        wait_until(lambda: self.text(node) == text, f"'{name}' to show '{text}'")
-
-    def choose(self, pop_up, item):
-        """Opens a pop-up and chooses an item by typing its title."""
-        node = self.click("pop-up", pop_up)
-        wait_until(lambda: node.getState().contains(pyatspi.STATE_EXPANDED), f"'{pop_up}' to open")
-        self._do("type", "--clearmodifiers", "--delay", "20", item)
-        self.press("Return")
-
-    def choose_file(self, pop_up, item, path):
-        """Chooses an item that asks for a file, and answers with the path."""
-        self.choose(pop_up, item)
-        self.answer_panel(path, "Select")
-
-    def answer_panel(self, path, prompt):
-        """Writes a path into the file panel whose button bears that prompt, and enters it."""
-        self.look("button", prompt)
-        self.write("Name", path)
-        # A click would only close the list of completions below the field.
-        self.press("Return")
-        wait_until(lambda: not self.sees("button", prompt), f"the panel '{prompt}' to close")
-
-    def set_time(self, name, time):
-        """Types a time such as "07:05" into a time field, from its first section on."""
-        node = self.click("time", name)
-        # Entered by Tab, and only so, the field selects its first section.
-        self.press("Home", "shift+Tab", "Tab")
-        self._do("type", "--clearmodifiers", "--delay", "20", time.replace(":", ""))
-        wait_until(lambda: self.text(node) == time, f"'{name}' to show '{time}'")
+    def look_at_window(self, title):
+        """The window of that title, once it is in front and listens."""
+        return self._wait(lambda: next((window for window in self.front_windows()
+                                        if window.name == title and self._listens()), None),
+                          f"the window '{title}'")
 
     def read(self, kind, name):
         return self.text(self.look(kind, name))
@@ -121,60 +96,175 @@ class Person:
         except NotImplementedError:
             return node.name
 
+    def showing(self, *kinds):
+        """All showing controls of those kinds in the window in front, in their order."""
+        roles = [role for kind in kinds for role in ROLES[kind]]
+        return [node for window in self.front_windows() for node, _ in descendants(window)
+                if node.getRole() in roles and has(node, "SHOWING")]
+
     def sight(self):
         """All that shows, for the report of a search in vain."""
-        return "\n".join(
-            f"{'  ' * depth}{node.getRoleName()} '{node.name}'"
-            for node, depth in self._nodes()
-            if _is_showing(node)
-        )
+        return "\n".join(f"{'  ' * depth}{node.getRoleName()} '{node.name}'"
+                         for window in self.windows() for node, depth in descendants(window)
+                         if has(node, "SHOWING"))
+
+    def windows(self):
+        """The program's windows, shown or not; none when it is not running."""
+        for application in children(pyatspi.Registry.getDesktop(0)):
+            try:
+                if application.name == self._program:
+                    return children(application)
+            except Exception:  # ended meanwhile
+                continue
+        return []
+
+    def front_windows(self):
+        """The windows that have the keyboard, as the others do not answer a click."""
+        return [window for window in self.windows() if has(window, "ACTIVE")]
+
+    # Pointer
+
+    def click(self, kind, name):
+        """Clicks into the middle of a control once it has come to rest."""
+        node = self.look(kind, name)
+        # Between a sheet's showing and its getting the keyboard a click would go astray.
+        self._wait(self._listens, "the window in front to get the keyboard")
+        self.click_node(node, f"{kind} '{name}'")
+        return node
+
+    def click_node(self, node, what):
+        places = [None]
+
+        def at_rest():
+            box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            places.append((box.x + box.width // 2, box.y + box.height // 2))
+            return box.width > 0 and places[-1] == places[-2]
+
+        self._wait(at_rest, f"{what} to come to rest")
+        x, y = places[-1]
+        self._do("mousemove", str(x), str(y), "click", "1")
+
+    # Keyboard
+
+    def press(self, *keys):
+        """Presses keys one after another, such as "ctrl+s"."""
+        self._wait(self._listens, "the window in front to get the keyboard")
+        self._do("key", "--clearmodifiers", "--delay", "1", *keys)
+
+    def type(self, text):
+        self._do(*TYPE, text)
+
+    def write(self, name, text):
+        """Clicks into a field, replaces what it holds, and waits until it shows the text."""
+        self.overwrite(self.click("field", name), text)
+
+    def overwrite(self, node, text):
+        """Replaces by typing what a field holds that was clicked or reached by a key."""
+        self.wait_for_focus(node)
+        self.press("ctrl+a")
+        self.type(text)
+        self._wait(lambda: self.text(node) == text, f"'{node.name}' to show '{text}'")
+
+    def wait_for_focus(self, node):
+        self._wait(lambda: has(node, "FOCUSED"), f"'{node.name}' to listen")
+
+    def choose(self, pop_up, item):
+        """Opens a pop-up and walks down to an item."""
+        node = self.click("pop-up", pop_up)
+        self.walk_down(node, item)
+
+    def walk_down(self, node, item):
+        """Chooses an item of an open pop-up with the arrow keys."""
+        items = self.items(node)
+        titles = [each.name for each in items]
+        # Separators and items that are disabled are passed over.
+        steps = sum(has(each, "FOCUSABLE") for each in items[:titles.index(item)])
+        self.press("Home", *["Down"] * steps)
+        self._wait(lambda: has(items[titles.index(item)], "SELECTED"), f"'{item}' to be lit")
+        self.press("Return")
+        self._wait(lambda: not has(node, "EXPANDED"), f"the list with '{item}' to close")
+
+    def items(self, node):
+        """The items of a pop-up, once its list is open."""
+        self._wait(lambda: has(node, "EXPANDED"), f"'{node.name}' to open")
+        return [item for part in children(node) for item in children(part)]
+
+    def choose_file(self, pop_up, item, path):
+        """Chooses an item that asks for a file, and answers with the path."""
+        self.choose(pop_up, item)
+        self.answer_panel(path, "Select")
+
+    def answer_panel(self, path, prompt):
+        """Writes a path into the file panel whose button bears that prompt, and enters it."""
+        panel = self.look_at_window(prompt)
+        self.write("Name", path)
+        # A click would only close the list of completions below the field.
+        self.press("Return")
+        self.wait_until_gone(panel)
+
+    def wait_until_gone(self, window):
+        self._wait(lambda: not has(window, "SHOWING"), "a window to close")
+
+    def set_time(self, name, time):
+        """Types a time such as "07:05" into a time field, from its first section on."""
+        node = self.click("time", name)
+        self.wait_for_focus(node)
+        # Entered by Tab, and only so, the field selects its first section.
+        self.press("Home", "shift+Tab", "Tab")
+        self.type(time.replace(":", ""))
+        self._wait(lambda: self.text(node) == time, f"'{name}' to show '{time}'")
 
     def type_into_pop_over(self, title, text):
-        """Types into the pop-over of that title, which assistive tools do not list as a window."""
-        wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--name",
-                                           f"^{title}$"], capture_output=True).returncode == 0,
-                   f"the pop-over '{title}'")
-        self._do("type", "--clearmodifiers", "--delay", "20", text)
+        """Types into the pop-over of that title, which has the keyboard while it is open."""
+        wait_until(lambda: self.pop_over_shows(title), f"the pop-over '{title}'")
+        self.type(text)
 
-    def _front_windows(self):
-        for application in pyatspi.Registry.getDesktop(0):
-            if application is not None and application.name == self._program:
-                for window in application:
-                    if window.getState().contains(pyatspi.STATE_ACTIVE):
-                        yield window
+    @staticmethod
+    def pop_over_shows(title):
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
+                              capture_output=True).returncode == 0
 
-    def _front_window_listens(self):
+    def _wait(self, condition, what):
+        try:
+            return wait_until(condition, what)
+        except TimeoutError as error:
+            raise TimeoutError(f"{error}; in sight are:\n{self.sight()}") from error
+
+    def _listens(self):
         """Whether the program and the window manager agree on which window has the keyboard."""
         asked = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"],
                                capture_output=True, text=True)
-        return asked.stdout.strip() in [window.name for window in self._front_windows()]
-
-    def _nodes(self):
-        """The controls of the window in front, as the others do not answer a click."""
-        for window in self._front_windows():
-            yield from _descendants(window)
+        return asked.stdout.strip() in [window.name for window in self.front_windows()]
 
     def _found(self, kind, name):
-        for node, _ in self._nodes():
-            try:
-                if (node.getRole() in ROLES[kind] and name in self._names(node)
-                        and _is_showing(node)):
+        for window in self.front_windows():
+            known = self._known_in(window)
+            # What was found once is there still, unless it is hidden or has got another name.
+            if has(known.get((kind, name)), "SHOWING") and self._is(known[kind, name], kind, name):
+                return known[kind, name]
+            for node, _ in descendants(window):
+                if self._is(node, kind, name) and has(node, "SHOWING"):
+                    known[kind, name] = node
                     return node
-            except Exception:  # vanished while being looked at
-                continue
         return None
 
+    def _known_in(self, window):
+        for each, known in self._known:
+            if each == window:
+                return known
+        self._known.append((window, {}))
+        return self._known[-1][1]
+
     @staticmethod
-    def _names(node):
-        """What the control is called: by itself, and by the label beside it.
+    def _is(node, kind, name):
+        """Whether the control is called so: by itself, or by the label beside it.
 
         A pop-up tells the item that it shows as its own name.
         """
-        labels = [relation.getTarget(i).name
-                  for relation in node.getRelationSet()
-                  if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
-                  for i in range(relation.getNTargets())]
-        return [node.name, *labels]
+        try:
+            return node.getRole() in ROLES[kind] and (node.name == name or name in labels_of(node))
+        except Exception:  # vanished while being looked at
+            return False
 
     @staticmethod
     def _do(*command):
