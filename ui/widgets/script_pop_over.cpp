@@ -6,6 +6,7 @@
 #include "ui/widgets/pop_up_button.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -79,7 +80,10 @@ void ScriptPopOver::setWanted(bool wanted) {
 
 void ScriptPopOver::setBlocked(bool blocked) {
     blocked_ = blocked;
-    showOrHide();
+    if (blocked)
+        showOrHide();
+    else // after the window has given the keyboard to the control that had it
+        QTimer::singleShot(0, this, &ScriptPopOver::showOrHide);
 }
 
 void ScriptPopOver::showOrHide() {
@@ -145,8 +149,15 @@ void ScriptPopOver::hideEvent(QHideEvent* event) {
 
 bool ScriptPopOver::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parentWidget()) {
-        if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
-            setBlocked(event->type() == QEvent::WindowBlocked);
+        if (event->type() == QEvent::WindowBlocked)
+            setBlocked(true);
+        else if (event->type() == QEvent::WindowUnblocked && !parentWidget()->isActiveWindow())
+            // Qt takes no notice of a window that gets the keyboard while a pop-up is open, so the
+            // window has to have it back first.
+            parentWidget()->activateWindow();
+        else if (event->type() == QEvent::WindowUnblocked ||
+                 (event->type() == QEvent::WindowActivate && !QApplication::activeModalWidget()))
+            setBlocked(false);
     } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         // The list closes at Escape, which then reaches the pop-over as well.
         escapeIsUsed_ = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
