@@ -87,6 +87,12 @@ class Desktop:
             folder = home / name.lower()
             folder.mkdir(parents=True, mode=0o700)
             os.environ[f"XDG_{name}_{kind}"] = str(folder)
+        # The first terminal that the program looks for only tells that it was asked for.
+        terminal = home / "bin" / "xdg-terminal-exec"
+        terminal.parent.mkdir()
+        terminal.write_text("#!/bin/sh\n: >\"$HOME/terminal-was-opened\"\n", encoding="utf-8")
+        terminal.chmod(0o755)
+        os.environ["PATH"] = f"{terminal.parent}:{os.environ['PATH']}"
         for name in ("WAYLAND_DISPLAY", "LC_ALL", "LANGUAGE", "QT_SCALE_FACTOR"):
             os.environ.pop(name, None)
 

@@ -75,14 +75,14 @@ class Person:
 
     def look(self, kind, name):
         """The showing control of that kind and accessible name, waited for."""
-        return self._wait(lambda: self._found(kind, name), f"{kind} '{name}'")
+        return self.wait_until(lambda: self._found(kind, name), f"{kind} '{name}'")
 
     def sees(self, kind, name):
         return self._found(kind, name) is not None
 
     def look_at_window(self, title):
         """The window of that title, once it is in front and listens."""
-        return self._wait(lambda: next((window for window in self.front_windows()
+        return self.wait_until(lambda: next((window for window in self.front_windows()
                                         if window.name == title and self._listens()), None),
                           f"the window '{title}'")
 
@@ -95,6 +95,17 @@ class Person:
             return node.queryText().getText(0, -1)
         except NotImplementedError:
             return node.name
+
+    @staticmethod
+    def name_of(node):
+        """What a control is called; a pop-up tells the item that it shows as its own name."""
+        return next(iter(labels_of(node)), node.name)
+
+    def state_of(self, node):
+        """What a control holds: its text, or whether it is on."""
+        if node.getRole() in ROLES["check box"]:
+            return "on" if self.is_checked(node) else "off"
+        return self.text(node)
 
     def showing(self, *kinds):
         """All showing controls of those kinds in the window in front, in their order."""
@@ -128,7 +139,7 @@ class Person:
         """Clicks into the middle of a control once it has come to rest."""
         node = self.look(kind, name)
         # Between a sheet's showing and its getting the keyboard a click would go astray.
-        self._wait(self._listens, "the window in front to get the keyboard")
+        self.wait_until(self._listens, "the window in front to get the keyboard")
         self.click_node(node, f"{kind} '{name}'")
         return node
 
@@ -140,7 +151,7 @@ class Person:
             places.append((box.x + box.width // 2, box.y + box.height // 2))
             return box.width > 0 and places[-1] == places[-2]
 
-        self._wait(at_rest, f"{what} to come to rest")
+        self.wait_until(at_rest, f"{what} to come to rest")
         x, y = places[-1]
         self._do("mousemove", str(x), str(y), "click", "1")
 
@@ -148,7 +159,7 @@ class Person:
 
     def press(self, *keys):
         """Presses keys one after another, such as "ctrl+s"."""
-        self._wait(self._listens, "the window in front to get the keyboard")
+        self.wait_until(self._listens, "the window in front to get the keyboard")
         self._do("key", "--clearmodifiers", "--delay", "1", *keys)
 
     def type(self, text):
@@ -163,10 +174,10 @@ class Person:
         self.wait_for_focus(node)
         self.press("ctrl+a")
         self.type(text)
-        self._wait(lambda: self.text(node) == text, f"'{node.name}' to show '{text}'")
+        self.wait_until(lambda: self.text(node) == text, f"'{node.name}' to show '{text}'")
 
     def wait_for_focus(self, node):
-        self._wait(lambda: has(node, "FOCUSED"), f"'{node.name}' to listen")
+        self.wait_until(lambda: has(node, "FOCUSED"), f"'{node.name}' to listen")
 
     def choose(self, pop_up, item):
         """Opens a pop-up and walks down to an item."""
@@ -180,13 +191,13 @@ class Person:
         # Separators and items that are disabled are passed over.
         steps = sum(has(each, "FOCUSABLE") for each in items[:titles.index(item)])
         self.press("Home", *["Down"] * steps)
-        self._wait(lambda: has(items[titles.index(item)], "SELECTED"), f"'{item}' to be lit")
+        self.wait_until(lambda: has(items[titles.index(item)], "SELECTED"), f"'{item}' to be lit")
         self.press("Return")
-        self._wait(lambda: not has(node, "EXPANDED"), f"the list with '{item}' to close")
+        self.wait_until(lambda: not self.is_open(node), f"the list with '{item}' to close")
 
     def items(self, node):
         """The items of a pop-up, once its list is open."""
-        self._wait(lambda: has(node, "EXPANDED"), f"'{node.name}' to open")
+        self.wait_until(lambda: self.is_open(node), f"'{node.name}' to open")
         return [item for part in children(node) for item in children(part)]
 
     def choose_file(self, pop_up, item, path):
@@ -203,16 +214,59 @@ class Person:
         self.wait_until_gone(panel)
 
     def wait_until_gone(self, window):
-        self._wait(lambda: not has(window, "SHOWING"), "a window to close")
+        self.wait_until(lambda: not has(window, "SHOWING"), "a window to close")
+
+    def tab_to(self, node):
+        """Presses Tab until the control has the focus, once around at most."""
+        for _ in range(40):
+            if has(node, "FOCUSED"):
+                return
+            before = self.focused()
+            self.press("Tab")
+            self.wait_until(lambda: not has(before, "FOCUSED"), "Tab to lead on")
+        raise AssertionError(f"Tab does not reach '{node.name}' in:\n{self.sight()}")
+
+    def focused(self):
+        """The control that has the focus, waited for."""
+        return self.wait_until(lambda: next(
+            (node for window in self.front_windows() for node, depth in descendants(window)
+             if depth and has(node, "FOCUSED")), None), "a control with the focus")
+
+    def wait_for_menu(self):
+        """Waits until a menu of the bar is open."""
+        bar = next(node for window in self.front_windows() for node in children(window)
+                   if node.getRole() == pyatspi.ROLE_MENU_BAR)
+        self.wait_until(lambda: any(has(menu, "SHOWING") for title in children(bar)
+                                    for menu in children(title)), "a menu to open")
 
     def set_time(self, name, time):
-        """Types a time such as "07:05" into a time field, from its first section on."""
-        node = self.click("time", name)
+        """Types a time such as "07:05" into a time field."""
+        self.type_time(self.click("time", name), time)
+
+    def type_time(self, node, time):
+        """Types a time into the field that has the focus, from its first section on."""
         self.wait_for_focus(node)
         # Entered by Tab, and only so, the field selects its first section.
         self.press("Home", "shift+Tab", "Tab")
+        self.wait_for_focus(node)
         self.type(time.replace(":", ""))
-        self._wait(lambda: self.text(node) == time, f"'{name}' to show '{time}'")
+        self.wait_until(lambda: self.text(node) == time, f"'{node.name}' to show '{time}'")
+
+    # Accessibility bus
+
+    def act(self, kind, name, action=None):
+        """Sends an action to a control, its first one unless it is named."""
+        node = self.look(kind, name)
+        actions = node.queryAction()
+        names = [actions.getName(i) for i in range(actions.nActions)]
+        assert actions.doAction(names.index(action) if action else 0), f"'{name}' did not act"
+        return node
+
+    def put(self, name, text):
+        """Sets the text of a field without typing it."""
+        node = self.look("field", name)
+        node.queryEditableText().setTextContents(text)
+        self.wait_until(lambda: self.text(node) == text, f"'{name}' to show '{text}'")
 
     def type_into_pop_over(self, title, text):
         """Types into the pop-over of that title, which has the keyboard while it is open."""
@@ -220,11 +274,19 @@ class Person:
         self.type(text)
 
     @staticmethod
+    def is_open(pop_up):
+        return has(pop_up, "EXPANDED")
+
+    @staticmethod
+    def is_checked(box):
+        return has(box, "CHECKED")
+
+    @staticmethod
     def pop_over_shows(title):
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
                               capture_output=True).returncode == 0
 
-    def _wait(self, condition, what):
+    def wait_until(self, condition, what):
         try:
             return wait_until(condition, what)
         except TimeoutError as error:
