@@ -115,9 +115,13 @@ class Person:
 
     def sight(self):
         """All that shows, for the report of a search in vain."""
-        return "\n".join(f"{'  ' * depth}{node.getRoleName()} '{node.name}'"
-                         for window in self.windows() for node, depth in descendants(window)
-                         if has(node, "SHOWING"))
+        lines = [f"the keyboard goes to the window '{self._focus()}'"]
+        for window in self.windows():
+            lines.append(f"{'in front' if has(window, 'ACTIVE') else 'behind'}:")
+            lines += (f"{'  ' * depth}{node.getRoleName()} '{node.name}'"
+                      f"{' with the focus' if has(node, 'FOCUSED') else ''}"
+                      for node, depth in descendants(window) if has(node, "SHOWING"))
+        return "\n".join(lines)
 
     def windows(self):
         """The program's windows, shown or not; none when it is not running."""
@@ -131,7 +135,14 @@ class Person:
 
     def front_windows(self):
         """The windows that have the keyboard, as the others do not answer a click."""
-        return [window for window in self.windows() if has(window, "ACTIVE")]
+        windows = self.windows()
+        active = [window for window in windows if has(window, "ACTIVE")]
+        if active:
+            return active
+        # A window manager may take the keyboard away and give it back in one breath, some time
+        # after a window was closed. While a pop-up is open Qt heeds the first and not the second.
+        focus = self._focus()
+        return [window for window in windows if window.name == focus and has(window, "SHOWING")]
 
     # Pointer
 
@@ -294,9 +305,14 @@ class Person:
 
     def _listens(self):
         """Whether the program and the window manager agree on which window has the keyboard."""
+        return self._focus() in [window.name for window in self.front_windows()]
+
+    @staticmethod
+    def _focus():
+        """The title of the window to which the X server sends the keys."""
         asked = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"],
                                capture_output=True, text=True)
-        return asked.stdout.strip() in [window.name for window in self.front_windows()]
+        return asked.stdout.strip()
 
     def _found(self, kind, name):
         for window in self.front_windows():
