@@ -164,7 +164,8 @@ class Person:
 
         self.wait_until(at_rest, f"{what} to come to rest")
         x, y = places[-1]
-        self._do("mousemove", str(x), str(y), "click", "1")
+        # A click of the tool's own would wait for another one to follow.
+        self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
 
     # Keyboard
 
