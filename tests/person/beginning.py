@@ -13,7 +13,7 @@ MUST_SELECT = "You must select your user LaunchAgents folder (~/Library/LaunchAg
 NOT_VALIDATED = ("Frimbolate could not validate if you chose your user LaunchAgents folder "
                  "(~/Library/LaunchAgents).")
 FAULTS = ("• Name cannot be left blank\n• Condition for launch not selected\n"
-          "• No app or script to launch selected\n")
+          "• No app or script to launch selected")
 FIRST_START = (
     "No key found for ShowWelcomeWindow, writing default of True - 3.0",
     "No key found for AutoCopyScriptsKey, writing default of False",

@@ -64,11 +64,43 @@ def labels_of(node):
             for i in range(relation.getNTargets())]
 
 
+class Tool:
+    """One xdotool that takes command after command, as starting it anew costs more than most do."""
+
+    END = "getdisplaygeometry"  # what it prints tells that the command before it is done
+
+    def __init__(self):
+        self._process = None
+        self._end = subprocess.run(["xdotool", self.END], capture_output=True, text=True,
+                                   check=True).stdout
+
+    def do(self, *command):
+        """Does a command of plain words and returns what it prints."""
+        if self._process is None:
+            self._process = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE,
+                                             stdout=subprocess.PIPE,
+                                             stderr=subprocess.DEVNULL, text=True)
+        try:
+            self._process.stdin.write(f"{' '.join(command)}\n{self.END}\n")
+            self._process.stdin.flush()
+            printed = list(iter(self._process.stdout.readline, self._end))
+        except BrokenPipeError:
+            printed = [""]
+        if "" not in printed:
+            return "".join(printed).strip()
+        # A window that vanishes while it is asked for ends the tool.
+        self._process.wait()
+        self._process = None
+        return ""
+
+
 class Person:
     """Works with the program that calls itself so."""
 
     def __init__(self, program):
         self._program = program
+        # Apart, for keys would go to the window that was asked for last in the same tool.
+        self._keys, self._asked = Tool(), Tool()
         self._known = []  # a window, and what was found in it by kind and name
 
     # Eyes
@@ -165,17 +197,17 @@ class Person:
         self.wait_until(at_rest, f"{what} to come to rest")
         x, y = places[-1]
         # A click of the tool's own would wait for another one to follow.
-        self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
+        self._keys.do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
 
     # Keyboard
 
     def press(self, *keys):
         """Presses keys one after another, such as "ctrl+s"."""
         self.wait_until(self._listens, "the window in front to get the keyboard")
-        self._do("key", "--clearmodifiers", "--delay", "1", *keys)
+        self._keys.do("key", "--clearmodifiers", "--delay", "1", *keys)
 
     def type(self, text):
-        self._do(*TYPE, text)
+        subprocess.run(["xdotool", *TYPE, text], check=True)
 
     def write(self, name, text):
         """Clicks into a field, replaces what it holds, and waits until it shows the text."""
@@ -308,12 +340,9 @@ class Person:
         """Whether the program and the window manager agree on which window has the keyboard."""
         return self._focus() in [window.name for window in self.front_windows()]
 
-    @staticmethod
-    def _focus():
+    def _focus(self):
         """The title of the window to which the X server sends the keys."""
-        asked = subprocess.run(["xdotool", "getwindowfocus", "getwindowname"],
-                               capture_output=True, text=True)
-        return asked.stdout.strip()
+        return self._asked.do("getwindowfocus", "getwindowname")
 
     def _found(self, kind, name):
         for window in self.front_windows():
@@ -344,7 +373,3 @@ class Person:
             return node.getRole() in ROLES[kind] and (node.name == name or name in labels_of(node))
         except Exception:  # vanished while being looked at
             return False
-
-    @staticmethod
-    def _do(*command):
-        subprocess.run(["xdotool", *command], check=True)

@@ -34,7 +34,7 @@ class Life:
             way(self.person) for way in (Pointer, Keyboard, Menus, Bus))
         self.process = None
         self._told = 0  # how much of the log has been looked at
-        self._pictures = 0
+        self._kept = []
 
     # The program
 
@@ -49,9 +49,10 @@ class Life:
         assert self.process.returncode == 0, self.process.returncode
 
     def keep(self, name):
-        """Keeps a picture of the program's windows."""
-        self._pictures += 1
-        self.desktop.picture(self.pictures / f"{self._pictures:02}-{name}.png")
+        """Keeps a picture of the first time that something stands on the screen."""
+        if name not in self._kept:
+            self._kept.append(name)
+            self.desktop.picture(self.pictures / f"{len(self._kept):02}-{name}.png")
 
     # What it writes
 
@@ -95,6 +96,7 @@ class Life:
         elif control == "Script":
             self.person.type_into_pop_over("Script", text)
             self.person.look("label", f"Script: {text}")
+            self.keep("script")
             self.close_pop_over()
         elif control.endswith("..."):
             way.reply(control, text)
