@@ -83,11 +83,13 @@ class Tool:
         try:
             self._process.stdin.write(f"{' '.join(command)}\n{self.END}\n")
             self._process.stdin.flush()
-            printed = list(iter(self._process.stdout.readline, self._end))
         except BrokenPipeError:
-            printed = [""]
-        if "" not in printed:
-            return "".join(printed).strip()
+            pass  # as below, where there is nothing to read then
+        printed = ""
+        for line in self._process.stdout:
+            if line == self._end:
+                return printed.strip()
+            printed += line
         # A window that vanishes while it is asked for ends the tool.
         self._process.wait()
         self._process = None
