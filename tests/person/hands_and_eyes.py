@@ -103,6 +103,7 @@ class Person:
         self._program = program
         # Apart, for keys would go to the window that was asked for last in the same tool.
         self._keys, self._asked = Tool(), Tool()
+        self._desktops = 2
         self._known = []  # a window, and what was found in it by kind and name
 
     # Eyes
@@ -116,9 +117,11 @@ class Person:
 
     def look_at_window(self, title):
         """The window of that title, once it is in front and listens."""
-        return self.wait_until(lambda: next((window for window in self.front_windows()
+        window = self.wait_until(lambda: next((window for window in self.front_windows()
                                         if window.name == title and self._listens()), None),
                           f"the window '{title}'")
+        self._settle()
+        return window
 
     def read(self, kind, name):
         return self.text(self.look(kind, name))
@@ -261,6 +264,7 @@ class Person:
 
     def wait_until_gone(self, window):
         self.wait_until(lambda: not has(window, "SHOWING"), "a window to close")
+        self._settle()
 
     def tab_to(self, node):
         """Presses Tab until the control has the focus, once around at most."""
@@ -341,6 +345,18 @@ class Person:
     def _listens(self):
         """Whether the program and the window manager agree on which window has the keyboard."""
         return self._focus() in [window.name for window in self.front_windows()]
+
+    def _settle(self):
+        """Waits until the window manager has worked off what it was told so far.
+
+        After a window has come or gone it may still take the keyboard away and give it back, and Qt
+        loses sight of that while a pop-up is open. It takes its messages in their order, so that
+        the last one done, a harmless one, means that all are.
+        """
+        self._desktops = 5 - self._desktops  # 2 or 3
+        self._keys.do("set_num_desktops", str(self._desktops))
+        self.wait_until(lambda: self._asked.do("get_num_desktops") == str(self._desktops),
+                        "the window manager to settle")
 
     def _focus(self):
         """The title of the window to which the X server sends the keys."""
