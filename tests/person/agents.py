@@ -7,6 +7,8 @@ ON_SCHEDULE = {"When to launch": "Launch on schedule"}
 KEPT_ALIVE = {"When to launch": "Launch on schedule and keep alive"}
 # A pop-up in which nothing is chosen tells its own name.
 NO_SCHEDULE = {"Schedule": "Schedule"}
+# An interval is read back in the unit of its key.
+SECONDS = {"Unit of the interval": "seconds"}
 FILE, SCRIPT = "Application or script…", "New script…"
 # The drawer as it stands when it opens, and nothing in it was touched.
 DRAWER = {
@@ -69,15 +71,15 @@ AGENTS = (
               "Agent runs once a month 31"),
     of_script("seconds", {**ON_SCHEDULE, "Schedule": "On Interval", "Interval": "90"},
               {"StartInterval": 90}, "every 90 seconds", "Agent runs on interval",
-              {"seconds": "seconds"}),
+              SECONDS),
     of_script("minutes", {**ON_SCHEDULE, "Schedule": "On Interval", "Interval": "5",
-                          "seconds": "minutes"},
+                          "Unit of the interval": "minutes"},
               {"StartInterval": 300}, "every 5 minutes", "Agent runs on interval",
-              {"Interval": "300", "seconds": "seconds"}),
+              {"Interval": "300"} | SECONDS),
     of_script("hours", {**ON_SCHEDULE, "Schedule": "On Interval", "Interval": "2",
-                        "seconds": "hours"},
+                        "Unit of the interval": "hours"},
               {"StartInterval": 7200}, "every 2 hours", "Agent runs on interval",
-              {"Interval": "7200", "seconds": "seconds"}),
+              {"Interval": "7200"} | SECONDS),
     of_script("login", {**ON_SCHEDULE, "Schedule": "On Login/Load"}, {"RunAtLoad": True},
               "when the agent is loaded, such as at login",
               "Evaluating keys for advanced drawer..."),

@@ -9,7 +9,7 @@ from pathlib import Path
 import pyatspi
 
 from desktop import wait_until
-from hands_and_eyes import ROLES, Person, _descendants
+from hands_and_eyes import ROLES, Person, descendants
 from senses import Part
 
 ROLES |= {"item": (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM),
@@ -47,6 +47,8 @@ def part_of(node):
 class Assistive(Person):
     """Finds controls as a person's tools do, and works them through the bus."""
 
+    closed = ()
+
     def use(self, kind, name):
         """Does the first action of a control: presses, toggles, or opens it."""
         self._act(self.look(kind, name))
@@ -62,7 +64,7 @@ class Assistive(Person):
 
     def pick(self, pop_up, item):
         """Selects an item of a pop-up that need not be open."""
-        wanted = [node for node, _ in _descendants(self.look("pop-up", pop_up))
+        wanted = [node for node, _ in descendants(self.look("pop-up", pop_up), self.closed)
                   if node.getRole() == pyatspi.ROLE_LIST_ITEM and node.name == item]
         assert len(wanted) == 1, f"{len(wanted)} items '{item}' in '{pop_up}'"
         self._act(wanted[0])
@@ -76,7 +78,7 @@ class Assistive(Person):
 
     def windows(self):
         """The windows in front, as plain data."""
-        return [part_of(window) for window in self._front_windows()]
+        return [part_of(window) for window in self.front_windows()]
 
     @staticmethod
     def has_keyboard(node):

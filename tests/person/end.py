@@ -135,5 +135,5 @@ def quit_by_menu(life):
     life.person.press("alt+b")
     life.person.wait_for_menu()
     life.person.press("q")
-    wait_until(lambda: not life.person.windows(), "the program to quit")
+    wait_until(lambda: not life.person.all_windows(), "the program to quit")
     assert len(list(life.folder.iterdir())) == len(AGENTS) - 3

@@ -44,16 +44,16 @@ def children(node):
         return []
 
 
-def descendants(node, depth=0):
-    """A control and all that it holds."""
+def descendants(node, closed=CLOSED, depth=0):
+    """A control and all that it holds, with how deep it stands."""
     yield node, depth
     try:
-        if node.getRole() in CLOSED:
+        if node.getRole() in closed:
             return
     except Exception:  # vanished while being looked at
         return
     for child in children(node):
-        yield from descendants(child, depth + 1)
+        yield from descendants(child, closed, depth + 1)
 
 
 def labels_of(node):
@@ -98,6 +98,8 @@ class Tool:
 
 class Person:
     """Works with the program that calls itself so."""
+
+    closed = CLOSED
 
     def __init__(self, program):
         self._program = program
@@ -147,20 +149,20 @@ class Person:
     def showing(self, *kinds):
         """All showing controls of those kinds in the window in front, in their order."""
         roles = [role for kind in kinds for role in ROLES[kind]]
-        return [node for window in self.front_windows() for node, _ in descendants(window)
+        return [node for window in self.front_windows() for node, _ in descendants(window, self.closed)
                 if node.getRole() in roles and has(node, "SHOWING")]
 
     def sight(self):
         """All that shows, for the report of a search in vain."""
         lines = [f"the keyboard goes to the window '{self._focus()}'"]
-        for window in self.windows():
+        for window in self.all_windows():
             lines.append(f"{'in front' if has(window, 'ACTIVE') else 'behind'}:")
             lines += (f"{'  ' * depth}{node.getRoleName()} '{node.name}'"
                       f"{' with the focus' if has(node, 'FOCUSED') else ''}"
-                      for node, depth in descendants(window) if has(node, "SHOWING"))
+                      for node, depth in descendants(window, self.closed) if has(node, "SHOWING"))
         return "\n".join(lines)
 
-    def windows(self):
+    def all_windows(self):
         """The program's windows, shown or not; none when it is not running."""
         for application in children(pyatspi.Registry.getDesktop(0)):
             try:
@@ -172,7 +174,7 @@ class Person:
 
     def front_windows(self):
         """The windows that have the keyboard, as the others do not answer a click."""
-        windows = self.windows()
+        windows = self.all_windows()
         active = [window for window in windows if has(window, "ACTIVE")]
         if active:
             return active
@@ -202,17 +204,17 @@ class Person:
         self.wait_until(at_rest, f"{what} to come to rest")
         x, y = places[-1]
         # A click of the tool's own would wait for another one to follow.
-        self._keys.do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
+        self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
 
     # Keyboard
 
     def press(self, *keys):
         """Presses keys one after another, such as "ctrl+s"."""
         self.wait_until(self._listens, "the window in front to get the keyboard")
-        self._keys.do("key", "--clearmodifiers", "--delay", "1", *keys)
+        self._do("key", "--clearmodifiers", "--delay", "1", *keys)
 
     def type(self, text):
-        subprocess.run(["xdotool", *TYPE, text], check=True)
+        self._do(*TYPE, text)
 
     def write(self, name, text):
         """Clicks into a field, replaces what it holds, and waits until it shows the text."""
@@ -242,11 +244,11 @@ class Person:
         self.press("Home", *["Down"] * steps)
         self.wait_until(lambda: has(items[titles.index(item)], "SELECTED"), f"'{item}' to be lit")
         self.press("Return")
-        self.wait_until(lambda: not self.is_open(node), f"the list with '{item}' to close")
+        self.wait_until(lambda: not self.is_expanded(node), f"the list with '{item}' to close")
 
     def items(self, node):
         """The items of a pop-up, once its list is open."""
-        self.wait_until(lambda: self.is_open(node), f"'{node.name}' to open")
+        self.wait_until(lambda: self.is_expanded(node), f"'{node.name}' to open")
         return [item for part in children(node) for item in children(part)]
 
     def choose_file(self, pop_up, item, path):
@@ -279,7 +281,7 @@ class Person:
     def focused(self):
         """The control that has the focus, waited for."""
         return self.wait_until(lambda: next(
-            (node for window in self.front_windows() for node, depth in descendants(window)
+            (node for window in self.front_windows() for node, depth in descendants(window, self.closed)
              if depth and has(node, "FOCUSED")), None), "a control with the focus")
 
     def wait_for_menu(self):
@@ -312,7 +314,7 @@ class Person:
         assert actions.doAction(names.index(action) if action else 0), f"'{name}' did not act"
         return node
 
-    def put(self, name, text):
+    def set_text(self, name, text):
         """Sets the text of a field without typing it."""
         node = self.look("field", name)
         node.queryEditableText().setTextContents(text)
@@ -324,7 +326,7 @@ class Person:
         self.type(text)
 
     @staticmethod
-    def is_open(pop_up):
+    def is_expanded(pop_up):
         return has(pop_up, "EXPANDED")
 
     @staticmethod
@@ -368,7 +370,7 @@ class Person:
             # What was found once is there still, unless it is hidden or has got another name.
             if has(known.get((kind, name)), "SHOWING") and self._is(known[kind, name], kind, name):
                 return known[kind, name]
-            for node, _ in descendants(window):
+            for node, _ in descendants(window, self.closed):
                 if self._is(node, kind, name) and has(node, "SHOWING"):
                     known[kind, name] = node
                     return node
@@ -391,3 +393,10 @@ class Person:
             return node.getRole() in ROLES[kind] and (node.name == name or name in labels_of(node))
         except Exception:  # vanished while being looked at
             return False
+
+    def _do(self, *command):
+        # A text may hold blanks and quotes, which the tool that is kept running would take apart.
+        if command[0] == "type":
+            subprocess.run(["xdotool", *command], check=True)
+        else:
+            self._keys.do(*command)

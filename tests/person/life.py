@@ -14,7 +14,7 @@ PREFERENCES = "com.qz.Frimbolate.plist"
 # Which control of the form is of which kind; what is not named here is a field.
 KINDS = {
     "What to launch": "pop-up", "When to launch": "pop-up", "Schedule": "pop-up",
-    "seconds": "pop-up", "Priority": "pop-up", "Time of day": "time", "Nice level": "slider",
+    "Unit of the interval": "pop-up", "Priority": "pop-up", "Time of day": "time", "Nice level": "slider",
     "Advanced": "check box", "Expand wildcards in arguments": "check box",
     "Allow successful exit": "check box", "Agent loads": "check box",
     "Volume mounts": "check box", "Path changes": "check box",

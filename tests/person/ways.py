@@ -52,7 +52,7 @@ class Pointer:
         node = self.person.click("pop-up", pop_up)
         wanted = next(each for each in self.person.items(node) if each.name == item)
         self.person.click_node(wanted, f"item '{item}'")
-        self.person.wait_until(lambda: not self.person.is_open(node), f"'{item}' to be chosen")
+        self.person.wait_until(lambda: not self.person.is_expanded(node), f"'{item}' to be chosen")
 
     def set_time(self, name, time):
         self.person.set_time(name, time)
@@ -144,7 +144,7 @@ class Bus(Pointer):
         self.person.act("button", title)
 
     def write(self, field, text):
-        self.person.put(field, text)
+        self.person.set_text(field, text)
 
     def choose(self, pop_up, item):
         node = self.person.look("pop-up", pop_up)
@@ -157,7 +157,7 @@ class Bus(Pointer):
 
     def answer_panel(self, path, prompt):
         panel = self.person.look_at_window(prompt)
-        self.person.put("Name", path)
+        self.person.set_text("Name", path)
         self.person.act("button", prompt)
         self.person.wait_until_gone(panel)
 
