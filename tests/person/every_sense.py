@@ -175,7 +175,11 @@ class Walk:
             wait_until(lambda: any(
                 line.startswith(f"{event} | alert | {INCOMPLETE} | • Name cannot be left blank")
                 for line in self.listener.heard(before)), f"{event} of the alert")
+        before = len(self.listener.heard())
         self.tools.use("button", "Ok")
+        # Told after all that there is to tell of the alert's going.
+        wait_until(lambda: any(line.startswith("window:activate | frame | Frimbolate")
+                               for line in self.listener.heard(before)), "the window to be back")
         field = self.tools.look("field", "Name")
         wait_until(lambda: field.description == "The agent needs a name", "the fault to be told")
 
