@@ -41,7 +41,7 @@ class Desktop:
         try:
             self._set_up_home()
             os.environ["DISPLAY"] = ":" + self._start_and_read("Xvfb", "-displayfd", "-screen",
-                "0", "1400x1000x24", "-nolisten", "tcp", "-noreset")
+                "0", "1400x1000x24", "-nolisten", "tcp", "-noreset", "-wr")  # on white
             os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(
                 "dbus-daemon", "--print-address", "--session", "--nofork")
             self.start("openbox", "--sm-disable")

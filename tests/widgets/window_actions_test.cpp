@@ -1,11 +1,13 @@
 // What a person does changes the model and sends the control's one action.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
+#include "ui/widgets/look/tokens.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCursor>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -243,6 +245,26 @@ TEST_F(WindowTest, EditCommandsActOnTheFieldThatHasTheKeyboard) {
     EXPECT_EQ(form().agentNameTextField.stringValue, "");
     find<QAction>("redo")->trigger();
     EXPECT_EQ(form().agentNameTextField.stringValue, "backup");
+}
+
+TEST_F(WindowTest, APopUpForgetsAMouseThatWentAwayBehindItsList) {
+    QWidget* button = find("agentActionButton");
+    button->setAttribute(Qt::WA_UnderMouse); // as it stays when the list closes
+    const auto plate = [button] {
+        return button->grab().toImage().pixelColor(button->width() - 40, 5);
+    };
+    QCursor::setPos(button->mapToGlobal(button->rect().center()));
+    EXPECT_EQ(plate(), look::tokens(false).hover);
+    QCursor::setPos(window.mapToGlobal(QPoint(1, 1)));
+    EXPECT_EQ(plate(), look::tokens(false).button);
+}
+
+TEST_F(WindowTest, TheTimeOfDayGoesRound) {
+    auto* time = find<QTimeEdit>("agentScheduleDatePicker");
+    time->setTime({23, 59});
+    time->setCurrentSection(QDateTimeEdit::HourSection);
+    time->stepUp();
+    EXPECT_EQ(time->time(), QTime(0, 59));
 }
 
 TEST_F(WindowTest, NothingIsChosenByTheWheelOrByAnArrowAlone) {

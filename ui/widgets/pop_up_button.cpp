@@ -3,6 +3,7 @@
 #include "ui/widgets/text.h"
 
 #include <QAbstractItemView>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStandardItemModel>
@@ -69,6 +70,9 @@ void PopUpButton::chooseWhatWasSelected() {
 
 void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {
     QComboBox::initStyleOption(option);
+    // Nobody tells a pop-up that the mouse has left it while its list was open.
+    if (!rect().contains(mapFromGlobal(QCursor::pos())))
+        option->state &= ~QStyle::State_MouseOver;
     if (!shownTitle_.isEmpty())
         option->currentText = shownTitle_;
 }

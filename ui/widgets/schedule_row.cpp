@@ -79,6 +79,7 @@ void FormCard::setUpTimePicker() {
     const bool twelveHours = hasTwelveHourClock();
     timePicker_->setDisplayFormat(twelveHours ? "hh:mm AP" : "HH:mm");
     timePicker_->setAccessibleName(tr("Time of day"));
+    timePicker_->setWrapping(true); // as a clock does
     mirror_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
     if (!twelveHours)
         return;
