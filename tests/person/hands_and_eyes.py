@@ -9,6 +9,7 @@ import subprocess
 import pyatspi
 
 from desktop import wait_until
+from tool import Tool
 
 ROLES = {
     "button": (pyatspi.ROLE_PUSH_BUTTON,),
@@ -62,38 +63,6 @@ def labels_of(node):
             for relation in node.getRelationSet()
             if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
             for i in range(relation.getNTargets())]
-
-
-class Tool:
-    """One xdotool that takes command after command, as starting it anew costs more than most do."""
-
-    END = "getdisplaygeometry"  # what it prints tells that the command before it is done
-
-    def __init__(self):
-        self._process = None
-        self._end = subprocess.run(["xdotool", self.END], capture_output=True, text=True,
-                                   check=True).stdout
-
-    def do(self, *command):
-        """Does a command of plain words and returns what it prints."""
-        if self._process is None:
-            self._process = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE,
-                                             stdout=subprocess.PIPE,
-                                             stderr=subprocess.DEVNULL, text=True)
-        try:
-            self._process.stdin.write(f"{' '.join(command)}\n{self.END}\n")
-            self._process.stdin.flush()
-        except BrokenPipeError:
-            pass  # as below, where there is nothing to read then
-        printed = ""
-        for line in self._process.stdout:
-            if line == self._end:
-                return printed.strip()
-            printed += line
-        # A window that vanishes while it is asked for ends the tool.
-        self._process.wait()
-        self._process = None
-        return ""
 
 
 class Person:
@@ -298,9 +267,18 @@ class Person:
     def type_time(self, node, time):
         """Types a time into the field that has the focus, from its first section on."""
         self.wait_for_focus(node)
-        # Entered by Tab, and only so, the field selects its first section.
-        self.press("Home", "shift+Tab", "Tab")
-        self.wait_for_focus(node)
+        self.press("Home")
+
+        def hours_are_lit():
+            selection = node.queryText().getSelection(0)
+            if (selection[0], selection[1]) == (0, 2):
+                return True
+            # Entered by Tab, and only so, the field lights its first section; and not while the
+            # window manager has taken the keyboard from the window for a moment.
+            self.press("shift+Tab", "Tab")
+            return False
+
+        self.wait_until(hours_are_lit, f"the hours of '{node.name}' to be lit")
         self.type(time.replace(":", ""))
         self.wait_until(lambda: self.text(node) == time, f"'{node.name}' to show '{time}'")
 
