@@ -3,9 +3,11 @@
 Needs Debian's Xvfb, dbus-daemon, openbox, xdotool and imagemagick; a missing one is an error.
 """
 
+import argparse
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 import time
 from pathlib import Path
@@ -111,3 +113,26 @@ class Desktop:
     @staticmethod
     def _has_window_manager():
         return subprocess.run(["xdotool", "get_desktop"], capture_output=True).returncode == 0
+
+
+def perform(play, about):
+    """Performs play(desktop, program, pictures) on a desktop of its own.
+
+    The command line names the program and a folder for the pictures. What goes wrong leaves the
+    log, and a picture called after the play.
+    """
+    parser = argparse.ArgumentParser(description=about.splitlines()[0])
+    parser.add_argument("program", type=Path)
+    parser.add_argument("pictures", type=Path)
+    arguments = parser.parse_args()
+    arguments.pictures.mkdir(parents=True, exist_ok=True)
+    failure = arguments.pictures / f"failed-{Path(sys.argv[0]).stem}.png"
+    failure.unlink(missing_ok=True)
+    with Desktop() as desktop:
+        try:
+            play(desktop, arguments.program.resolve(), arguments.pictures)
+        except BaseException:
+            desktop.picture(failure)
+            print(desktop.log(), file=sys.stderr)
+            raise
+    print(f"Pictures are in {arguments.pictures.resolve()}")

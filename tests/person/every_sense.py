@@ -6,11 +6,8 @@ Ends with 0 only when in every state all that is worked with has a name and a ro
 an alert is announced, and when nothing is told twice.
 """
 
-import argparse
-import sys
-from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import perform, wait_until
 from main_job import launch_agents_folder, script_to_launch
 from senses import faults, missing
 
@@ -231,21 +228,9 @@ class Walk:
         assert not self.found, "\n".join(dict.fromkeys(self.found))
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("program", type=Path)
-    parser.add_argument("pictures", type=Path)
-    arguments = parser.parse_args()
-    arguments.pictures.mkdir(parents=True, exist_ok=True)
-
-    with Desktop() as desktop:
-        try:
-            Walk(desktop, arguments.program.resolve()).through()
-        except BaseException:
-            desktop.picture(arguments.pictures / "every-sense-failed.png")
-            print(desktop.log(), file=sys.stderr)
-            raise
+def walk(desktop, program, _):
+    Walk(desktop, program).through()
 
 
 if __name__ == "__main__":
-    main()
+    perform(walk, __doc__)

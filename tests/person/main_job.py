@@ -5,14 +5,11 @@
 Ends with 0 only when the agent on disk is the one that was asked for.
 """
 
-import argparse
 import os
 import plistlib
 import pwd
-import sys
-from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import perform, wait_until
 
 NAME = "Backup"
 
@@ -84,28 +81,16 @@ def play(desktop, program, pictures):
     return folder / f"com.frimbolate.{NAME}.plist", command, expected_agent(script)
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("program", type=Path)
-    parser.add_argument("pictures", type=Path)
-    arguments = parser.parse_args()
-    arguments.pictures.mkdir(parents=True, exist_ok=True)
-
-    with Desktop() as desktop:
-        try:
-            path, command, expected = play(desktop, arguments.program.resolve(), arguments.pictures)
-        except BaseException:
-            desktop.picture(arguments.pictures / "failed.png")
-            print(desktop.log(), file=sys.stderr)
-            raise
-        wait_until(path.is_file, f"{path}")
-        content = path.read_bytes()
-        print(f"\nSaved, in a home made for this run, as {path}:\n\n{content.decode()}")
-        print(f"The command that loads it:\n\n{command}\n")
-        print(f"Pictures of the window are in {arguments.pictures.resolve()}")
-        assert plistlib.loads(content) == expected, f"expected {expected}"
-        assert command == f"launchctl load '{path}'", "that is not the load command"
+def show(desktop, program, pictures):
+    """Plays it, and prints what came of it."""
+    path, command, expected = play(desktop, program, pictures)
+    wait_until(path.is_file, f"{path}")
+    content = path.read_bytes()
+    print(f"\nSaved, in a home made for this run, as {path}:\n\n{content.decode()}")
+    print(f"The command that loads it:\n\n{command}\n")
+    assert plistlib.loads(content) == expected, f"expected {expected}"
+    assert command == f"launchctl load '{path}'", "that is not the load command"
 
 
 if __name__ == "__main__":
-    main()
+    perform(show, __doc__)

@@ -5,12 +5,9 @@
 Ends with 0 only when every file on the way, and the log, are as they should be.
 """
 
-import argparse
-import sys
 import time
-from pathlib import Path
 
-from desktop import Desktop
+from desktop import perform
 
 
 def stations():
@@ -45,6 +42,8 @@ def live(desktop, program, pictures):
     from beginning import furnish
     from life import Life  # connects to the bus of the running desktop
 
+    for picture in pictures.glob("*.png"):
+        picture.unlink()
     life = Life(desktop, program, pictures)
     furnish(life.home)
     for station in stations():
@@ -53,24 +52,5 @@ def live(desktop, program, pictures):
         print(f"{station.__name__} ({time.monotonic() - begun:.1f} s)", flush=True)
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("program", type=Path)
-    parser.add_argument("pictures", type=Path)
-    arguments = parser.parse_args()
-    arguments.pictures.mkdir(parents=True, exist_ok=True)
-    for picture in arguments.pictures.glob("*.png"):
-        picture.unlink()
-
-    with Desktop() as desktop:
-        try:
-            live(desktop, arguments.program.resolve(), arguments.pictures)
-        except BaseException:
-            desktop.picture(arguments.pictures / "failed.png")
-            print(desktop.log(), file=sys.stderr)
-            raise
-    print(f"Pictures of this life are in {arguments.pictures.resolve()}")
-
-
 if __name__ == "__main__":
-    main()
+    perform(live, __doc__)

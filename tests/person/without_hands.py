@@ -5,12 +5,9 @@
 Ends with 0 only when the agent on disk is the one that was asked for.
 """
 
-import argparse
 import plistlib
-import sys
-from pathlib import Path
 
-from desktop import Desktop, wait_until
+from desktop import perform, wait_until
 from main_job import NAME, expected_agent, launch_agents_folder, script_to_launch
 
 TYPED = "echo “hello”\nexit 0"
@@ -75,7 +72,7 @@ def all_controls(person, folder):
     return save(person, folder / "com.frimbolate.Typed.plist")
 
 
-def play(desktop, program):
+def play(desktop, program, _):
     from assistive import Assistive  # connects to the bus of the running desktop
 
     folder, script = launch_agents_folder(desktop), script_to_launch(desktop)
@@ -90,21 +87,5 @@ def play(desktop, program):
     assert command == f"launchctl load '{folder}/com.frimbolate.Typed.plist'", command
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("program", type=Path)
-    parser.add_argument("pictures", type=Path)
-    arguments = parser.parse_args()
-    arguments.pictures.mkdir(parents=True, exist_ok=True)
-
-    with Desktop() as desktop:
-        try:
-            play(desktop, arguments.program.resolve())
-        except BaseException:
-            desktop.picture(arguments.pictures / "without-hands-failed.png")
-            print(desktop.log(), file=sys.stderr)
-            raise
-
-
 if __name__ == "__main__":
-    main()
+    perform(play, __doc__)
