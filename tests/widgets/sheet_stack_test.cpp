@@ -148,9 +148,9 @@ TEST_F(Stack, TakesTheCurtainAwayWithASheetThatIsClosedAtOnce) {
     SheetDialog* sheet = make("sheet");
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
     stack.present(sheet);
-    QPointer<QWidget> curtain = sheet->findChild<QWidget*>("sheetCurtain");
-    sheet->reject();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return curtain.isNull(); }));
+    ASSERT_NE(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
+    stack.dismiss(sheet);
+    EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
 }
 
 TEST_F(Stack, MakesASheetAsHighAsItsContent) {

@@ -147,6 +147,21 @@ TEST_F(WindowAccessTest, WalkingThroughTheListChoosesNothing) {
     EXPECT_FALSE(platform.isAsking());
 }
 
+TEST_F(WindowAccessTest, WhatAPersonOnlyLookedAtCanBeChosenByATool) {
+    auto* action = find<QComboBox>("agentActionButton");
+    window.show();
+    action->showPopup();
+    QTest::keyClick(action->view(), Qt::Key_Down);
+    const int lit = action->view()->currentIndex().row();
+    ASSERT_NE(lit, AgentAction::None);
+    QTest::keyClick(action->view(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return access(action->view())->child(AgentAction::None)->state().selected; }));
+    EXPECT_EQ(form().agentActionButton.selectedItem, AgentAction::None);
+    selectByTool(action, lit);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form().agentActionButton.selectedItem == lit; }));
+}
+
 // What is told
 
 TEST_F(WindowAccessTest, AControlIsDescribedByTheLineBelowIt) {

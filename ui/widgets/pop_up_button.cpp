@@ -51,6 +51,15 @@ void PopUpButton::setUnlabelledName(const QString& name) {
     label->hide();
 }
 
+void PopUpButton::hidePopup() {
+    const bool wasOpen = view()->isVisible();
+    QComboBox::hidePopup();
+    // What was lit and not chosen must not count as selected. Later, for a key or click that
+    // chooses hides the list before it takes what is lit.
+    if (wasOpen)
+        QMetaObject::invokeMethod(this, &PopUpButton::selectWhatIsChosen, Qt::QueuedConnection);
+}
+
 void PopUpButton::selectWhatIsChosen() {
     if (!view()->isVisible())
         view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));

@@ -27,6 +27,8 @@ class PopUpButton : public QComboBox {
     /// the name of a pop-up, and what it is for from its label alone; so it gets one out of sight.
     void setUnlabelledName(const QString& name);
 
+    void hidePopup() override;
+
   protected:
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;

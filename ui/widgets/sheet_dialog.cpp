@@ -142,6 +142,12 @@ void SheetDialog::showEvent(QShowEvent* event) {
         slideOut();
 }
 
+void SheetDialog::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    // Shown again, the sheet would be pictured with it.
+    delete curtain_;
+}
+
 void SheetDialog::slideOut() {
     // The sheet itself is in its place at once and takes clicks and keys; only its picture slides,
     // on a curtain before it.
@@ -153,7 +159,7 @@ void SheetDialog::slideOut() {
     slide->setEasingCurve(QEasingCurve::OutCubic);
     connect(slide, &QVariantAnimation::valueChanged, curtain, qOverload<>(&QWidget::update));
     connect(slide, &QVariantAnimation::finished, curtain, &QObject::deleteLater);
-    connect(this, &QDialog::finished, curtain, &QObject::deleteLater);
+    curtain_ = curtain;
     curtain->showBy(*slide);
     slide->start();
 }

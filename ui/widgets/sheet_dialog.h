@@ -13,6 +13,7 @@
 #include <QList>
 #include <QMargins>
 #include <QPixmap>
+#include <QPointer>
 
 class QPushButton;
 class QVBoxLayout;
@@ -50,6 +51,7 @@ class SheetDialog : public QDialog {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -64,6 +66,7 @@ class SheetDialog : public QDialog {
     bool paintsFrame_; ///< whether the frame is ours, or the desktop's
     bool grabsSoon_ = false;
     QPixmap backdrop_;
+    QPointer<QWidget> curtain_; ///< only while the sheet slides out
 };
 
 } // namespace frimbolate

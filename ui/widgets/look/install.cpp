@@ -9,10 +9,12 @@
 namespace frimbolate::look {
 namespace {
 
+#ifndef Q_OS_MACOS
 void wear(bool dark) {
     QApplication::setPalette(palette(dark));
     QToolTip::setPalette(palette(dark));
 }
+#endif
 
 } // namespace
 
