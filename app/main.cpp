@@ -48,7 +48,8 @@ int main(int argc, char* argv[]) {
 #ifdef __APPLE__
     // macOS itself starts a program once, and makes it active when its icon is clicked. An instance
     // beside it is made on request only, to which a sandboxed program may hand no argument.
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged,
+    QObject whileItLives; // ends before the program does
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &whileItLives,
                      [&program](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
                              program.reopen();

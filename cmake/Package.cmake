@@ -8,7 +8,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME frimbolate)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT
-    "Frimbolate maintainers <maintainers@users.noreply.c-seed-c4b54c00.example>")
+    "Frimbolate maintainers <maintainers@frimbolate.example>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 # What the person who packages has as umask must not reach who installs.
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

@@ -24,12 +24,12 @@ struct Fault {
 
 constexpr std::array<Fault, 10> faults = {{
     {"Name can only contain alphanumeric characters", &ErrorReport::name,
-     "The name may hold only letters, digits and _", ""},
+     "The name may hold only a to z, A to Z, 0 to 9 and _", ""},
     {"Name cannot be left blank", &ErrorReport::name, "The agent needs a name", "a name"},
     {"No app or script to launch selected", &ErrorReport::target,
      "Choose what the agent is to launch", "something to launch"},
     {"Condition for launch not selected", &ErrorReport::action,
-     "Choose what is to launch the agent", "a time to launch it"},
+     "Choose what is to launch the agent", "a choice of when to launch it"},
     {"Day of the month must be numeric", &ErrorReport::schedule,
      "The day of the month must be a number", ""},
     {"Day of the month cannot be left blank", &ErrorReport::schedule,

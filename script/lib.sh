@@ -10,8 +10,8 @@ program_packages=(cmake fonts-dejavu-core fonts-inter g++ libqt6svg6 libxcb1-dev
 # shellcheck disable=SC2034
 desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi xdotool xvfb)
 # shellcheck disable=SC2034
-test_packages=(clang-14 clang-format-14 libbenchmark-dev libclang-rt-14-dev libgmock-dev
-    libgtest-dev libxml2-utils python3)
+test_packages=(clang-14 clang-format-14 dbus-daemon libbenchmark-dev libclang-rt-14-dev
+    libgmock-dev libgtest-dev libxml2-utils python3)
 
 # What makes a package, and what judges it.
 # shellcheck disable=SC2034

@@ -5,6 +5,7 @@
 #ifndef Q_OS_MACOS
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string>

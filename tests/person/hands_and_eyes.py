@@ -4,6 +4,7 @@ Controls are found as a screen reader finds them, by role and accessible name; c
 through the X server. Import it only on a running Desktop: the binding connects to its bus at once.
 """
 
+import itertools
 import subprocess
 
 import pyatspi
@@ -31,8 +32,9 @@ TYPE = ("type", "--clearmodifiers", "--delay", "1")
 
 def has(node, state):
     """Whether a control is in that state; one that has vanished is in none."""
+    wanted = getattr(pyatspi, f"STATE_{state}")
     try:
-        return node.getState().contains(getattr(pyatspi, f"STATE_{state}"))
+        return node.getState().contains(wanted)
     except Exception:  # the binding raises whatever the bus told
         return False
 
@@ -75,6 +77,7 @@ class Person:
         # Apart, for keys would go to the window that was asked for last in the same tool.
         self._keys, self._asked = Tool(), Tool()
         self._desktops = 2
+        self._at = None  # where a drag is
         self._known = []  # a window, and what was found in it by kind and name
 
     # Eyes
@@ -159,10 +162,11 @@ class Person:
         node = self.look(kind, name)
         # Between a sheet's showing and its getting the keyboard a click would go astray.
         self.wait_until(self._listens, "the window in front to get the keyboard")
-        self.click_node(node, f"{kind} '{name}'")
+        self.click_node(node)
         return node
 
-    def click_node(self, node, what):
+    def place_of(self, node):
+        """The middle of a control on the screen, once it has come to rest."""
         places = [None]
 
         def at_rest():
@@ -170,10 +174,35 @@ class Person:
             places.append((box.x + box.width // 2, box.y + box.height // 2))
             return box.width > 0 and places[-1] == places[-2]
 
-        self.wait_until(at_rest, f"{what} to come to rest")
-        x, y = places[-1]
+        self.wait_until(at_rest, f"'{node.name}' to come to rest")
+        return places[-1]
+
+    def click_node(self, node):
+        x, y = self.place_of(node)
         # A click of the tool's own would wait for another one to follow.
         self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
+
+    def grasp(self, place):
+        """Presses the button at a place of the screen and begins to drag."""
+        self._at = place
+        self._do("mousemove", *map(str, place), "mousedown", "1")
+
+    def drag_to(self, place, is_felt, what):
+        """Drags on to a place, and moves about there as a hand does until it is felt."""
+        (x, y), (to_x, to_y) = self._at, place
+        for step in range(1, 10):
+            self._do("mousemove", str(x + (to_x - x) * step // 10), str(y + (to_y - y) * step // 10))
+        self._at = place
+        trembling = itertools.cycle((0, 1))
+
+        def felt():
+            self._do("mousemove", str(to_x + next(trembling)), str(to_y))
+            return is_felt()
+
+        self.wait_until(felt, what)
+
+    def let_go(self):
+        self._do("mouseup", "1")
 
     # Keyboard
 

@@ -152,7 +152,7 @@ class Life:
     def empty_form(self):
         self.person.look_at_window("Frimbolate")
         self.person.press("ctrl+n")
-        self.person.look("label", "Still needs a name, something to launch and a time to launch it.")
+        self.person.look("label", "Still needs a name, something to launch and a choice of when to launch it.")
 
 
 def wait_for(check):

@@ -1,6 +1,7 @@
-"""The three ways in which a person does the same things: pointer, keyboard, accessibility bus.
+"""The four ways in which a person does the same things: pointer, keyboard, menus, bus.
 
-Each way offers command, write, choose, set_time, answer_panel and reply.
+Each way offers command, write, choose, set_time, set_level, toggle, answer_panel, press_button and
+reply.
 """
 
 # What a command is called in the toolbar, its shortcut, and the keys that find it in the menus.
@@ -51,7 +52,7 @@ class Pointer:
     def choose(self, pop_up, item):
         node = self.person.click("pop-up", pop_up)
         wanted = next(each for each in self.person.items(node) if each.name == item)
-        self.person.click_node(wanted, f"item '{item}'")
+        self.person.click_node(wanted)
         self.person.wait_until(lambda: not self.person.is_expanded(node), f"'{item}' to be chosen")
 
     def set_time(self, name, time):

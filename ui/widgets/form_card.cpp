@@ -118,7 +118,7 @@ void FormCard::addNameRow() {
     auto* field = new QLineEdit(this);
     field->setPlaceholderText(tr("For example, backup_photos"));
     mirror_.bind("agentNameTextField", field, &FormModel::agentNameTextField);
-    setFocusProxy(field);
+    firstField_ = field;
     addRow(NameRow, tr("&Name"), field, {field});
     addToRow(NameRow, Control, field);
     addMarker(NameRow, "nameErrorImageWell", &FormModel::nameErrorImageWell);

@@ -23,6 +23,8 @@ class FormCard : public QWidget {
   public:
     explicit FormCard(FormMirror& mirror, QWidget* parent = nullptr);
 
+    /// Where a person begins to type.
+    QWidget* firstField() const { return firstField_; }
     /// Where the script pop-over points to.
     QWidget* scriptButton() const { return scriptButton_; }
 
@@ -60,6 +62,7 @@ class FormCard : public QWidget {
 
     FormMirror& mirror_;
     QGridLayout* grid_;
+    QWidget* firstField_ = nullptr;
     Row rows_[RowCount];
     PopUpButton* targetButton_ = nullptr;
     ImageWellButton* targetWell_ = nullptr;

@@ -29,7 +29,7 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int formWidth = 680, drawerWidth = 400, windowHeight = 472, contentHeight = 380;
 using look::cardMargin;
-constexpr int footHeight = 44, dotSide = 8, dotGap = 8;
+constexpr int footHeight = 44, dotGap = 8;
 
 /// The line at the foot, under a hairline, behind a dot that lights up when the form is complete.
 class Foot : public QWidget {
@@ -66,9 +66,9 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *th
     new ScriptPopOver(mirror_, card->scriptButton(), blendsWindows, this);
     setTabOrder(form, drawer);
     setRoomForDrawer(false);
-    card->setFocus();
+    card->firstField()->setFocus();
     connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
-            [card] { card->setFocus(); });
+            [card] { card->firstField()->setFocus(); });
     mirror_.show([this](const FormModel& model) {
         if (model.mainWindow.visible && !isVisible())
             bringToFront();
@@ -97,7 +97,8 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     auto* foot = new Foot(parent);
     foot->setFixedHeight(scaled(footHeight));
     auto* line = new QVBoxLayout(foot);
-    line->setContentsMargins(scaled(cardMargin + dotSide + dotGap), 0, scaled(cardMargin), 0);
+    line->setContentsMargins(scaled(cardMargin + look::footDotSide + dotGap), 0, scaled(cardMargin),
+                             0);
     auto* plan = new ElidedLabel(Qt::ElideRight, foot);
     plan->setObjectName("planSentence");
     line->addWidget(plan);

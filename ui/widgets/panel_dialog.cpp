@@ -1,6 +1,7 @@
 #include "ui/widgets/panel_dialog.h"
 
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
 #include "ui/widgets/look/tokens.h"
 
 #include <QComboBox>
@@ -222,9 +223,12 @@ void PanelDialog::acceptSave(const QString& path) {
 void PanelDialog::askToReplace(const QString& path) {
     const QFileInfo item(path);
     auto* question =
-        new QMessageBox(QMessageBox::Warning, windowTitle(),
+        new QMessageBox(QMessageBox::NoIcon, windowTitle(),
                         tr("“%1” already exists. Do you want to replace it?").arg(item.fileName()),
                         QMessageBox::NoButton, this);
+    const int iconSide = look::scaled(40);
+    question->setIconPixmap(
+        look::toolIcon("warning").pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
     question->setObjectName("replaceAlert");
     question->setAttribute(Qt::WA_DeleteOnClose);
     question->setWindowModality(Qt::WindowModal);

@@ -151,7 +151,8 @@ bool ScriptPopOver::eventFilter(QObject* watched, QEvent* event) {
     if (watched == parentWidget()) {
         if (event->type() == QEvent::WindowBlocked)
             setBlocked(true);
-        else if (event->type() == QEvent::WindowUnblocked && !parentWidget()->isActiveWindow())
+        else if (event->type() == QEvent::WindowUnblocked && wanted_ &&
+                 !parentWidget()->isActiveWindow())
             // Qt takes no notice of a window that gets the keyboard while a pop-up is open, so the
             // window has to have it back first.
             parentWidget()->activateWindow();

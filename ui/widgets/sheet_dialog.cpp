@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 #include <QVariantAnimation>
 
+#include <utility>
+
 namespace frimbolate {
 namespace {
 

@@ -128,7 +128,7 @@ void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option, con
 QSize menuBarItemSize(const QStyleOptionMenuItem& option) {
     const QFontMetrics metrics(menuBarFont(option));
     const int width = metrics.size(Qt::TextShowMnemonic, option.text).width();
-    return {width + 20, std::max(28, metrics.height() + 10)};
+    return {width + 18, std::max(28, metrics.height() + 10)};
 }
 
 } // namespace frimbolate::look

@@ -8,6 +8,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QSlider>
@@ -270,6 +271,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
         return 0;
+    case SH_DialogButtonLayout:
+        return QDialogButtonBox::GnomeLayout; // what accepts stands in the corner
     case SH_UnderlineShortcut:
         return underlinesMnemonics_ ? 1 : 0;
     case SH_Widget_Animate:

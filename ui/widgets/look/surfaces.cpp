@@ -40,7 +40,7 @@ void paintFoot(QWidget& foot, bool complete) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(complete ? t.accent : t.controlBorder);
-    const double side = scaled(8);
+    const double side = scaled(footDotSide);
     painter.drawEllipse(QRectF(scaled(cardMargin), (foot.height() - side) / 2, side, side));
 }
 

@@ -14,6 +14,8 @@ namespace frimbolate::look {
 
 /// Where rows are parted, and how far their lines keep from the edges; pixels of the 1x layout.
 constexpr int cardRowHeight = 72, cardMargin = 24;
+/// How wide the dot at the foot is; pixels of the 1x layout.
+constexpr int footDotSide = 8;
 
 /// The plate of the form, with hairlines between its rows.
 void paintCard(QWidget& card, int rows);
