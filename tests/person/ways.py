@@ -150,7 +150,7 @@ class Bus(Pointer):
     def choose(self, pop_up, item):
         node = self.person.look("pop-up", pop_up)
         self.person.act("pop-up", pop_up, "Press")
-        # The bus lights an item of the list, but the keyboard chooses it.
+        # Chosen with the keys; without_hands.py chooses over the bus as well.
         self.person.walk_down(node, item)
 
     def toggle(self, box):
