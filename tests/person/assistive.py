@@ -9,11 +9,10 @@ from pathlib import Path
 import pyatspi
 
 from desktop import wait_until
-from hands_and_eyes import ROLES, Person, descendants
+from hands_and_eyes import ROLES, Person, descendants, labels_of
 from senses import Part
 
-ROLES |= {"item": (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM),
-          "slider": (pyatspi.ROLE_SLIDER,)}
+ROLES["item"] = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM)
 
 
 def _actions(node):
@@ -24,17 +23,10 @@ def _actions(node):
     return tuple(asked.getName(i) for i in range(asked.nActions))
 
 
-def _labels(node):
-    return tuple(relation.getTarget(i).name
-                 for relation in node.getRelationSet()
-                 if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
-                 for i in range(relation.getNTargets()))
-
-
 def part_of(node):
     """A control and all that shows of what it holds, as plain data."""
     states = node.getState()
-    part = Part(node.getRoleName(), node.name, _labels(node),
+    part = Part(node.getRoleName(), node.name, tuple(labels_of(node)),
                 showing=states.contains(pyatspi.STATE_SHOWING),
                 sensitive=states.contains(pyatspi.STATE_SENSITIVE),
                 selectable=states.contains(pyatspi.STATE_SELECTABLE),

@@ -91,9 +91,10 @@ class Person:
 
     def look_at_window(self, title):
         """The window of that title, once it is in front and listens."""
-        window = self.wait_until(lambda: next((window for window in self.front_windows()
-                                        if window.name == title and self._listens()), None),
-                          f"the window '{title}'")
+        window = self.wait_until(
+            lambda: next((window for window in self.front_windows()
+                          if window.name == title and self._listens()), None),
+            f"the window '{title}'")
         self._settle()
         return window
 
@@ -296,15 +297,15 @@ class Person:
     def type_time(self, node, time):
         """Types a time into the field that has the focus, from its first section on."""
         self.wait_for_focus(node)
-        self.press("Home")
 
         def hours_are_lit():
             selection = node.queryText().getSelection(0)
             if (selection[0], selection[1]) == (0, 2):
                 return True
             # Entered by Tab, and only so, the field lights its first section; and not while the
-            # window manager has taken the keyboard from the window for a moment.
-            self.press("shift+Tab", "Tab")
+            # window manager has taken the keyboard from the window for a moment. Whatever of this
+            # is still on its way when the hours are lit leaves them lit.
+            self.press("Home", "shift+Tab", "Tab")
             return False
 
         self.wait_until(hours_are_lit, f"the hours of '{node.name}' to be lit")

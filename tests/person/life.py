@@ -14,7 +14,8 @@ PREFERENCES = "com.qz.Frimbolate.plist"
 # Which control of the form is of which kind; what is not named here is a field.
 KINDS = {
     "What to launch": "pop-up", "When to launch": "pop-up", "Schedule": "pop-up",
-    "Unit of the interval": "pop-up", "Priority": "pop-up", "Time of day": "time", "Nice level": "slider",
+    "Unit of the interval": "pop-up", "Priority": "pop-up", "Time of day": "time",
+    "Nice level": "slider",
     "Advanced": "check box", "Expand wildcards in arguments": "check box",
     "Allow successful exit": "check box", "Agent loads": "check box",
     "Volume mounts": "check box", "Path changes": "check box",
@@ -152,7 +153,8 @@ class Life:
     def empty_form(self):
         self.person.look_at_window("Frimbolate")
         self.person.press("ctrl+n")
-        self.person.look("label", "Still needs a name, something to launch and a choice of when to launch it.")
+        self.person.look("label", "Still needs a name, something to launch and a choice of when to "
+                                  "launch it.")
 
 
 def wait_for(check):

@@ -143,6 +143,23 @@ TEST_F(FilePanel, ChoosesABundleBySelectingIt) {
     EXPECT_EQ(journal.front(), path("Foo.app"));
 }
 
+TEST_F(FilePanel, NamesAFileThatIsSelected) {
+    open(files());
+    select("notes.txt");
+    EXPECT_EQ(nameField()->text(), "notes.txt");
+}
+
+TEST_F(FilePanel, KeepsWhatIsTypedWhileTheKeyboardIsAway) {
+    open(folders());
+    select("folder"); // the folder's content is known by then
+    dialog->findChild<QTreeView*>("treeView")->setFocus();
+    for (const char* typed : {"folder", "Foo.app", "folder/"}) {
+        nameField()->setText(typed);
+        settle();
+        EXPECT_EQ(nameField()->text(), typed);
+    }
+}
+
 TEST_F(FilePanel, EntersAnOrdinaryFolderByDoubleClick) {
     open(files({"app"}));
     doubleClick("folder");

@@ -53,6 +53,8 @@ TEST_F(FilePanel, AsksBeforeItReplaces) {
     ASSERT_NE(question, nullptr);
     EXPECT_TRUE(question->isVisible());
     EXPECT_THAT(question->text().toStdString(), HasSubstr("agent.plist"));
+    EXPECT_FALSE(question->iconPixmap().isNull());
+    EXPECT_GT(button(question, "Replace")->x(), button(question, "Cancel")->x());
     click(question, "Cancel");
     settle();
     EXPECT_THAT(journal, ElementsAre());

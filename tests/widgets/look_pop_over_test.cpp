@@ -71,7 +71,7 @@ TEST(PopOverFrame, BlendedThrowsAShadowThatFadesOut) {
     }
 }
 
-TEST(PopOverFrame, BlendedTakesNoClickInItsShadow) {
+TEST(PopOverFrame, BlendedLeavesItsShadowOutOfItsShape) {
     const Painted p(true);
     const QRegion shape = p.frame.shape(p.size, p.tipY);
     EXPECT_FALSE(shape.contains(QPoint(p.size.width() / 2, p.size.height() - 2)));

@@ -19,6 +19,7 @@ namespace frimbolate {
 class SheetFixture : public testing::Test {
   protected:
     SheetFixture() {
+        qputenv("FRIMBOLATE_REDUCED_MOTION", "1"); // whatever an earlier test has left behind
         toolBar->setFixedHeight(64);
         window.setCentralWidget(new QWidget);
         window.setFixedSize(680, 472);

@@ -132,6 +132,16 @@ TEST_F(WindowAccessTest, WhatIsGreyedOutIsNotChosenByAToolEither) {
     EXPECT_EQ(form().agentTargetButton.selectedItem, TargetType::None);
 }
 
+TEST_F(WindowAccessTest, TheFocusIsToldOfOneControlAlone) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    find<QAction>("createNewAgent")->trigger();
+    QStringList focused;
+    for (QWidget* widget : window.findChildren<QWidget*>())
+        if (QAccessible::queryAccessibleInterface(widget)->state().focused)
+            focused.append(widget->objectName());
+    EXPECT_EQ(focused.join(", ").toStdString(), "agentNameTextField");
+}
+
 TEST_F(WindowAccessTest, WalkingThroughTheListChoosesNothing) {
     auto* action = find<QComboBox>("agentActionButton");
     window.show();
@@ -143,6 +153,7 @@ TEST_F(WindowAccessTest, WalkingThroughTheListChoosesNothing) {
     EXPECT_EQ(form().agentActionButton.selectedItem, AgentAction::None);
     EXPECT_TRUE(action->view()->isVisible());
     QTest::keyClick(action->view(), Qt::Key_Escape);
+    QCoreApplication::processEvents(); // what is lit is worked off later
     EXPECT_EQ(form().agentActionButton.selectedItem, AgentAction::None);
     EXPECT_FALSE(platform.isAsking());
 }

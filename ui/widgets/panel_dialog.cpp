@@ -145,6 +145,9 @@ void PanelDialog::setUpViews() {
         // The dialog would enter a bundle where the panel chooses it.
         disconnect(view, &QAbstractItemView::activated, this, nullptr);
         connect(view, &QAbstractItemView::activated, this, &PanelDialog::activate);
+        // While a path is typed the dialog selects what begins like it, and takes these names for
+        // the typed one whenever the window has lost the keyboard for a moment.
+        disconnect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, nullptr);
         connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &PanelDialog::currentChanged);
     }
@@ -173,9 +176,12 @@ void PanelDialog::activate(const QModelIndex& index) {
 
 void PanelDialog::currentChanged(const QModelIndex& index) {
     const QString path = pathAt(index);
+    if (!index.isValid())
+        return;
     // A folder that cannot be chosen is a place to enter and leaves the name as it is.
-    if (index.isValid() && QFileInfo(path).isDir() && open_ &&
-        (open_->canChooseDirectories || isBundle(path)))
+    const bool canBeChosen =
+        !QFileInfo(path).isDir() || (open_ && (open_->canChooseDirectories || isBundle(path)));
+    if (canBeChosen)
         nameField_->setText(QFileInfo(path).fileName());
 }
 

@@ -9,6 +9,8 @@
 // none) and hangs at the bottom of its QToolBar (at the top where there is none).
 #pragma once
 
+#include "ui/widgets/look/surfaces.h"
+
 #include <QDialog>
 #include <QList>
 #include <QMargins>
@@ -27,8 +29,9 @@ class SheetDialog : public QDialog {
     Q_OBJECT
 
   public:
-    static constexpr int shadowWidth = 32; ///< left, right and below the panel; pixels
-    static constexpr int padding = 24;     ///< around the body; pixels
+    /// Left, right and below the panel; pixels.
+    static constexpr int shadowWidth = look::sheetShadowReach + look::sheetShadowDrop;
+    static constexpr int padding = 24; ///< around the body; pixels
 
     /// \param panelWidth of the visible panel, in pixels of the 1x layout
     SheetDialog(const QString& objectName, int panelWidth, QWidget* mainWindow);

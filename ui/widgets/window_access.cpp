@@ -39,7 +39,8 @@ class MainWindowAccess : public QAccessibleWidget {
 
   private:
     QAccessibleInterface* popOver() const {
-        return QAccessible::queryAccessibleInterface(widget()->findChild<ScriptPopOver*>());
+        return QAccessible::queryAccessibleInterface(
+            widget()->findChild<ScriptPopOver*>({}, Qt::FindDirectChildrenOnly));
     }
 };
 

@@ -57,6 +57,16 @@ void checkMark(QPainter& painter, const QRectF& box, const QColor& colour) {
     stroke(painter, path, colour, 1.75 * std::max(unit, 0.85));
 }
 
+void softShadow(QPainter& painter, int reach, float strength,
+                const std::function<void(int step)>& drawLayer) {
+    painter.setPen(Qt::NoPen);
+    for (int step = reach; step > 0; --step) {
+        const float nearness = 1 - static_cast<float>(step) / static_cast<float>(reach);
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, strength * nearness));
+        drawLayer(step);
+    }
+}
+
 void controlPlate(QPainter& painter, const QStyleOption& option, const QWidget* widget,
                   const QColor& fill) {
     const Tokens& t = tokens(option.palette);

@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <functional>
+
 class QPainter;
 
 namespace frimbolate::look {
@@ -27,6 +29,10 @@ void plate(QPainter& painter, const QRectF& rect, double radius, const QColor& f
 void chevron(QPainter& painter, const QPointF& centre, bool up, const QColor& colour);
 /// The pair that stands for "one of several": up above down.
 void chevrons(QPainter& painter, const QPointF& centre, const QColor& up, const QColor& down);
+/// A shadow that fades out over `reach` pixels: faint layers on top of each other look like a
+/// blurred one. drawLayer(step) draws one that reaches out `step` pixels.
+void softShadow(QPainter& painter, int reach, float strength,
+                const std::function<void(int step)>& drawLayer);
 void checkMark(QPainter& painter, const QRectF& box, const QColor& colour);
 
 /// Plate of a field or pop-up by its state: plain, focused, faulty or disabled.

@@ -1,3 +1,4 @@
+#include "ui/widgets/look/painting.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/look/tokens.h"
 
@@ -11,8 +12,6 @@ namespace frimbolate::look {
 namespace {
 
 constexpr double cornerRadius = 12;
-constexpr int shadowReach = 26;
-constexpr int shadowDrop = 6;
 
 QPainterPath panelPath(const QRectF& panel, double radius) {
     QPainterPath path(panel.topLeft());
@@ -29,15 +28,11 @@ QPainterPath panelPath(const QRectF& panel, double radius) {
 }
 
 void paintShadow(QPainter& painter, const QRectF& panel, bool dark) {
-    painter.setPen(Qt::NoPen);
-    const float strength = dark ? .04f : .014f;
-    for (int step = shadowReach; step > 0; --step) {
-        // Many faint plates on top of each other fade out like a blurred one.
-        const float nearness = 1 - static_cast<float>(step) / shadowReach;
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, strength * nearness));
-        const QRectF layer = panel.adjusted(-step, 0, step, step).translated(0, shadowDrop);
-        painter.drawPath(panelPath(layer.adjusted(0, -shadowReach, 0, 0), cornerRadius + step));
-    }
+    softShadow(painter, sheetShadowReach, dark ? .04f : .014f, [&](int step) {
+        const QRectF layer = panel.adjusted(-step, 0, step, step).translated(0, sheetShadowDrop);
+        painter.drawPath(
+            panelPath(layer.adjusted(0, -sheetShadowReach, 0, 0), cornerRadius + step));
+    });
 }
 
 void paintFrame(QPainter& painter, const QWidget& sheet, const QPixmap& backdrop,

@@ -1,6 +1,7 @@
 #include "ui/widgets/look/pop_over_frame.h"
 
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/painting.h"
 #include "ui/widgets/look/tokens.h"
 
 #include <QBitmap>
@@ -64,18 +65,12 @@ QPainterPath PopOverFrame::outline(const QRectF& panel, double radius, double ti
 }
 
 void PopOverFrame::paintShadow(QPainter& painter, const QRectF& panel, bool dark) const {
-    // Many faint plates on top of each other fade out like a blurred one.
-    const int reach = scaled(shadowReach);
-    const float strength = dark ? .05f : .022f;
-    painter.setPen(Qt::NoPen);
-    for (int step = reach; step > 0; --step) {
-        const float nearness = 1 - static_cast<float>(step) / static_cast<float>(reach);
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, strength * nearness));
+    softShadow(painter, scaled(shadowReach), dark ? .05f : .022f, [&](int step) {
         const double radius = scaled(blendedRadius) + step;
         painter.drawRoundedRect(
             panel.adjusted(-step, -step, step, step).translated(0, scaled(shadowDrop)), radius,
             radius);
-    }
+    });
 }
 
 void PopOverFrame::paint(QWidget& window, int tipY) const {

@@ -36,6 +36,9 @@ void paintDropPlace(QWidget& place);
 /// One line of text, elided where it is too long, in the colour of hints or of faults.
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning);
 
+/// How far the shadow of a sheet spreads, and how much lower than the sheet it lies; pixels.
+constexpr int sheetShadowReach = 26, sheetShadowDrop = 6;
+
 /// A sheet that the desktop frames.
 void paintPlainSheet(QWidget& sheet);
 /// A sheet with its own frame: what lies behind it, the shadow, and the panel, square above, where
