@@ -21,9 +21,17 @@ Dictionary with(Dictionary keys, const char* key, Value value) {
     return keys;
 }
 
+/// What is set of any calendar, and of none.
+const Picture anyCalendar = {{"agentIntervalField.hidden", "yes"},
+                             {"agentScheduleDatePicker.width", "146"}};
+
 Picture at(const std::string& time) {
-    return {{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
+    return anyCalendar + Picture{{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
 }
+
+/// What a calendar that can be read shows.
+const Picture shown = {{"agentScheduleDatePicker.hidden", "no"},
+                       {"agentScheduleTypeButton.width", "160"}};
 
 Picture selected(int item) {
     return {{"agentScheduleTypeButton.selectedItem", std::to_string(item)}};
@@ -43,7 +51,9 @@ Picture interval(const std::string& text) {
            Picture{{"agentScheduleDatePicker.hidden", "yes"},
                    {"agentIntervalTypeButton.hidden", "no"},
                    {"agentIntervalField.hidden", "no"},
-                   {"agentIntervalField.stringValue", '"' + text + '"'}};
+                   {"agentIntervalField.stringValue", '"' + text + '"'},
+                   {"agentScheduleTypeButton.width", "160"},
+                   {"onMonthTextBox.hidden", "yes"}};
 }
 
 Picture wide(int schedule) {
@@ -52,16 +62,21 @@ Picture wide(int schedule) {
 }
 
 const Picture atLoad =
-    wide(ScheduleType::AtLoad) + Picture{{"alsoRunAtLoadCheckbox.enabled", "no"}};
+    wide(ScheduleType::AtLoad) +
+    Picture{{"alsoRunAtLoadCheckbox.state", "0"}, {"alsoRunAtLoadCheckbox.enabled", "no"}};
 
 // Two entries
 
 std::vector<ReaderRow> days() {
     const Lines everyDay = {"log: Agent runs on every day on a schedule"};
+    const auto daily = [](const std::string& time) {
+        return at(time) + shown + selected(ScheduleType::EveryDay) +
+               Picture{{"onMonthTextBox.hidden", "yes"}};
+    };
     const auto row = [&](const char* name, Value hour, Value minute, const std::string& time) {
         const auto lines = hourAndMinute(description(hour), description(minute)) + everyDay;
-        return ReaderRow{name, calendar(Dictionary{{"Hour", hour}, {"Minute", minute}}), at(time),
-                         lines};
+        return ReaderRow{name, calendar(Dictionary{{"Hour", hour}, {"Minute", minute}}),
+                         daily(time), lines};
     };
     return {row("every_day", 7, 5, "7:5"),
             row("midnight", 0, 0, "0:0"),
@@ -73,25 +88,25 @@ std::vector<ReaderRow> days() {
             row("negative", 0, -1, "23:59"),
             row("huge", std::numeric_limits<std::int64_t>::max(), 0, "7:0"),
             row("least", 0, std::numeric_limits<std::int64_t>::min(), "5:52"),
-            {"any_two_entries", calendar(Dictionary{{"Day", 3}, {"Weekday", 4}}), at("0:0"),
+            {"any_two_entries", calendar(Dictionary{{"Day", 3}, {"Weekday", 4}}), daily("0:0"),
              hourAndMinute("(null)", "(null)") + everyDay}};
 }
 INSTANTIATE_TEST_SUITE_P(Calendar, ScheduleKeys, testing::ValuesIn(days()), NamedAfterRow());
 
 // Three entries
 
-ReaderRow weekly(const char* name, Value weekday, int item) {
+ReaderRow weekly(const char* name, Value weekday, const Picture& selection) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a week on day : " + description(weekday)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Weekday", weekday}}),
-            at("7:5") + selected(item), lines};
+            at("7:5") + shown + selection, lines};
 }
 
 ReaderRow monthly(const char* name, Value day, const std::string& text) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a month " + description(day)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", day}}),
-            at("7:5") + selected(ScheduleType::OnceAMonth) +
+            at("7:5") + shown + selected(ScheduleType::OnceAMonth) +
                 Picture{{"onMonthTextField.stringValue", '"' + text + '"'},
                         {"onMonthTextBox.hidden", "no"},
                         {"agentScheduleDatePicker.width", "90"}},
@@ -99,24 +114,24 @@ ReaderRow monthly(const char* name, Value day, const std::string& text) {
 }
 
 std::vector<ReaderRow> weekdays() {
-    const auto nothing = ScheduleType::EveryDay; // as the reset left it
-    return {weekly("sunday", 0, ScheduleType::EverySunday),
-            weekly("monday", 1, ScheduleType::EveryMonday),
-            weekly("tuesday", 2, ScheduleType::EveryTuesday),
-            weekly("wednesday", 3, ScheduleType::EveryWednesday),
-            weekly("thursday", 4, ScheduleType::EveryThursday),
-            weekly("friday", 5, ScheduleType::EveryFriday),
-            weekly("saturday", 6, ScheduleType::EverySaturday),
-            weekly("sunday_as_seven", 7, ScheduleType::EverySunday),
+    const Picture nothing; // the selection stays as it was
+    return {weekly("sunday", 0, selected(ScheduleType::EverySunday)),
+            weekly("monday", 1, selected(ScheduleType::EveryMonday)),
+            weekly("tuesday", 2, selected(ScheduleType::EveryTuesday)),
+            weekly("wednesday", 3, selected(ScheduleType::EveryWednesday)),
+            weekly("thursday", 4, selected(ScheduleType::EveryThursday)),
+            weekly("friday", 5, selected(ScheduleType::EveryFriday)),
+            weekly("saturday", 6, selected(ScheduleType::EverySaturday)),
+            weekly("sunday_as_seven", 7, selected(ScheduleType::EverySunday)),
             weekly("eighth_day", 8, nothing),
             weekly("day_before_sunday", -1, nothing),
             weekly("beyond_64_bits", std::numeric_limits<std::uint64_t>::max(), nothing),
-            weekly("text", "3", ScheduleType::EveryWednesday),
-            weekly("word", "Friday", ScheduleType::EverySunday),
-            weekly("fraction", 5.9, ScheduleType::EveryFriday),
-            weekly("boolean", true, ScheduleType::EveryMonday),
+            weekly("text", "3", selected(ScheduleType::EveryWednesday)),
+            weekly("word", "Friday", selected(ScheduleType::EverySunday)),
+            weekly("fraction", 5.9, selected(ScheduleType::EveryFriday)),
+            weekly("boolean", true, selected(ScheduleType::EveryMonday)),
             {"no_weekday", calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Month", 2}}),
-             at("7:5") + selected(ScheduleType::EverySunday),
+             at("7:5") + shown + selected(ScheduleType::EverySunday),
              hourAndMinute("7", "5") + specificDay +
                  Lines{"log: Agent runs once a week on day : (null)"}}};
 }
@@ -131,7 +146,8 @@ std::vector<ReaderRow> monthDays() {
             monthly("day_word", "none", "none"),
             monthly("day_fraction", 2.5, "2.5"),
             {"day_and_weekday", calendar(Dictionary{{"Hour", 7}, {"Weekday", 2}, {"Day", 9}}),
-             monthly("", 9, "9").changes + at("7:0"),
+             monthly("", 9, "9").sets +
+                 Picture{{"agentScheduleDatePicker.dateValue", "2000-1-1 7:0:0"}},
              hourAndMinute("7", "(null)") + specificDay + Lines{"log: Agent runs once a month 9"}}};
 }
 INSTANTIATE_TEST_SUITE_P(MonthDay, ScheduleKeys, testing::ValuesIn(monthDays()), NamedAfterRow());
@@ -144,7 +160,7 @@ std::vector<ReaderRow> oddCalendars() {
     const auto broken = [](const char* key, Value value, const Lines& lines) {
         Dictionary dictionary{{"Hour", 7}, {"Minute", 5}};
         dictionary.insert_or_assign(key, std::move(value));
-        return ReaderRow{"", calendar(dictionary), interval(""), lines};
+        return ReaderRow{"", calendar(dictionary), anyCalendar + interval(""), lines};
     };
     auto hour = broken("Hour", Array{}, hourAndMinute("(\n)", "5") + asInterval);
     hour.name = "hour_without_a_number";
@@ -153,11 +169,11 @@ std::vector<ReaderRow> oddCalendars() {
     auto day = broken("Day", Data{{1}},
                       hourAndMinute("7", "5") + specificDay +
                           Lines{"log: Agent runs once a month <01>"} + asInterval);
-    day.name = "day_without_a_number", day.changes = day.changes + at("7:5");
+    day.name = "day_without_a_number", day.sets = at("7:5") + interval("");
     auto weekday = broken("Weekday", Data{{1}},
                           hourAndMinute("7", "5") + specificDay +
                               Lines{"log: Agent runs once a week on day : <01>"} + asInterval);
-    weekday.name = "weekday_without_a_number", weekday.changes = weekday.changes + at("7:5");
+    weekday.name = "weekday_without_a_number", weekday.sets = at("7:5") + interval("");
     return {{"one_entry", calendar(one), at("0:5"), hourAndMinute("(null)", "5")},
             {"four_entries", calendar(four), at("7:5"), hourAndMinute("7", "5")},
             {"an_array", calendar(Array{one, four}), interval(""), asInterval},
@@ -202,7 +218,8 @@ Picture watched(const std::string& path) {
            Picture{{"agentScheduleTypeButton.enabled", "no"},
                    {"agentActionButton.selectedItem", "4"},
                    {"agentWatchPathImageWell.toolTip", '"' + path + '"'},
-                   {"agentWatchPathImageWell.image", "icon of " + path}};
+                   {"agentWatchPathImageWell.image", "icon of " + path},
+                   {"agentWatchPathImageWell.hidden", "no"}};
 }
 
 const Picture mounted =
@@ -222,10 +239,12 @@ std::vector<ReaderRow> triggers() {
     const Picture alsoWatched = {{"alsoRunPathChangeCheckbox.state", "1"},
                                  {"alsoRunPathChangeImageWell.toolTip", "\"/b\""},
                                  {"alsoRunPathChangeImageWell.image", "icon of /b"},
+                                 {"alsoRunPathChangeImageWell.hidden", "no"},
                                  {"advancedDrawer.open", "yes"}};
     const Picture alsoMounted = {{"alsoRunVolumeCheckbox.state", "1"},
                                  {"advancedDrawer.open", "yes"}};
-    const Picture keptAlive = {{"allowSuccessfulExitCheckbox.enabled", "yes"}};
+    const Picture keptAlive = {{"allowSuccessfulExitCheckbox.enabled", "yes"},
+                               {"allowSuccessfulExitCheckbox.state", "0"}};
     const Lines kept = {
         "log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines noCalendar = hourAndMinute("(null)", "(null)");
@@ -262,12 +281,12 @@ std::vector<ReaderRow> triggers() {
             {"mounting_by_an_empty_text", {{"StartOnMount", ""}}, atLoad + at("0:0"), onDemand},
             {"watching_a_text",
              {{"WatchPaths", "/b"}},
-             interval("") + at("0:0"),
+             at("0:0") + interval(""),
              onDemand + asInterval,
              {keysAlert}},
             {"watching_a_number",
              {{"WatchPaths", Array{Value(5)}}},
-             interval("") + at("0:0") +
+             at("0:0") + interval("") +
                  Picture{{"agentActionButton.selectedItem", "4"},
                          {"agentScheduleTypeButton.enabled", "no"}},
              watchLines("5") + asInterval}};
@@ -276,19 +295,21 @@ INSTANTIATE_TEST_SUITE_P(Trigger, ScheduleKeys, testing::ValuesIn(triggers()), N
 
 /// Run at load is read first, and whatever schedule there is takes its place.
 std::vector<ReaderRow> afterRunAtLoad() {
-    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"}, {"advancedDrawer.open", "yes"}};
-    auto weekday = weekly("weekly", 3, ScheduleType::EveryWednesday);
+    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"},
+                          {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                          {"advancedDrawer.open", "yes"}};
+    auto weekday = weekly("weekly", 3, selected(ScheduleType::EveryWednesday));
     auto monthDay = monthly("monthly", 3, "3");
     ReaderRow seconds{"interval", {{"StartInterval", 60}}, interval("60"), asInterval};
     std::vector<ReaderRow> rows = {weekday, monthDay, seconds};
     for (auto& row : rows) {
         row.keys.emplace("RunAtLoad", true);
-        row.changes = row.changes + also;
+        row.sets = row.sets + also;
         row.advanced = {"drawer"};
     }
     // An eighth day and a fourth entry select nothing, so that run at load stays selected.
-    auto eighth = weekly("eighth_day_after", 8, ScheduleType::AtLoad);
-    eighth.changes = eighth.changes + Picture{{"alsoRunAtLoadCheckbox.enabled", "no"}};
+    auto eighth = weekly("eighth_day_after", 8, {});
+    eighth.sets = atLoad + eighth.sets;
     const Value one = Dictionary{{"Minute", 5}};
     ReaderRow single{"one_entry_after", calendar(one), atLoad + at("0:5"),
                      hourAndMinute("(null)", "5")};

@@ -51,9 +51,12 @@ TEST_P(BareName, IsTheLabelWithoutThreeParts) {
 }
 
 TEST_P(BareName, IsWhatTheFormShows) {
-    RecordingEditor editor;
-    AgentReader(editor).read({{"Label", Value(GetParam().label)}});
-    EXPECT_EQ(editor.form().agentNameTextField.stringValue, GetParam().expected);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        RecordingEditor editor(start.form);
+        AgentReader(editor).read({{"Label", Value(GetParam().label)}});
+        EXPECT_EQ(editor.form().agentNameTextField.stringValue, GetParam().expected);
+    }
 }
 
 constexpr NameRow bareNames[] = {
@@ -77,9 +80,13 @@ constexpr NameRow bareNames[] = {
 INSTANTIATE_TEST_SUITE_P(Reader, BareName, testing::ValuesIn(bareNames), NamedAfterRow());
 
 TEST(AgentReader, HasNoNameWithoutALabel) {
-    RecordingEditor editor;
-    EXPECT_THROW(AgentReader(editor).read({{"ProgramArguments", Array{Value("/a")}}}), Failure);
-    EXPECT_THAT(editor.journal, testing::IsEmpty());
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        RecordingEditor editor(start.form);
+        EXPECT_THROW(AgentReader(editor).read({{"ProgramArguments", Array{Value("/a")}}}), Failure);
+        EXPECT_THAT(editor.journal, testing::IsEmpty());
+        EXPECT_THAT(differences(picture(start.form), picture(editor.form())), testing::IsEmpty());
+    }
 }
 
 // Target, action and run at load, each with a daily schedule
@@ -89,7 +96,7 @@ class PrimaryKeys : public testing::TestWithParam<ReaderRow> {};
 TEST_P(PrimaryKeys, ReadAs) {
     auto row = GetParam();
     row.keys.emplace("StartCalendarInterval", daily());
-    row.changes = dailyPicture() + row.changes;
+    row.sets = dailyPicture() + row.sets;
     row.primary = row.primary + dailyLines();
     expectReads(row);
 }
@@ -97,12 +104,12 @@ TEST_P(PrimaryKeys, ReadAs) {
 Dictionary arguments(Value value) { return {{"ProgramArguments", std::move(value)}}; }
 
 Picture file(const std::string& path) {
-    return {{"agentTargetImageWell.toolTip", '"' + path + '"'}};
+    return {{"agentTargetButton.selectedItem", "2"},
+            {"agentTargetImageWell.toolTip", '"' + path + '"'}};
 }
 
 Picture script(const std::string& text) {
     return {{"agentTargetButton.selectedItem", "3"},
-            {"agentTargetImageWell.toolTip", "\"\""},
             {"scriptPopOverScriptField.stringValue", '"' + text + '"'},
             {"showPopOverScriptButton.hidden", "no"},
             {"popoverScriptObject.shown", "yes"}};
@@ -112,9 +119,7 @@ Picture script(const std::string& text) {
 const Lines unreadableTarget = {
     "log: ProgramArguments key could not be read or key contained unexpected content.", keysAlert,
     "reset"};
-const Picture noTarget = {{"agentNameTextField.stringValue", "\"\""},
-                          {"agentTargetButton.selectedItem", "0"},
-                          {"agentTargetImageWell.toolTip", "\"\""}};
+const Picture noTarget = {{"agentNameTextField.stringValue", "\"\""}};
 
 std::vector<ReaderRow> targets() {
     const Value sh("/bin/sh");
@@ -157,7 +162,9 @@ Dictionary keepAlive(Value value) { return {{"KeepAlive", std::move(value)}}; }
 std::vector<ReaderRow> actions() {
     const Picture kept = {{"agentActionButton.selectedItem", "3"},
                           {"allowSuccessfulExitCheckbox.enabled", "yes"}};
-    const Picture odd = {{"agentActionButton.selectedItem", "3"}};
+    const Picture running = kept + Picture{{"allowSuccessfulExitCheckbox.state", "0"}};
+    const Picture odd = {{"agentActionButton.selectedItem", "3"},
+                         {"allowSuccessfulExitCheckbox.enabled", "no"}};
     const Picture allowed =
         kept + Picture{{"allowSuccessfulExitCheckbox.state", "1"}, {"advancedDrawer.open", "yes"}};
     const auto exit = [](Value value) {
@@ -173,9 +180,9 @@ std::vector<ReaderRow> actions() {
     const Lines on = {"log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines off = {"log: KeepAlive key does not exist or has unexpected value"};
     return {{"not_kept_alive", {}, {}},
-            {"kept_alive", keepAlive(true), kept, on},
-            {"kept_alive_by_a_number", keepAlive(-1), kept, on},
-            {"kept_alive_by_a_text", keepAlive("yes"), kept, on},
+            {"kept_alive", keepAlive(true), running, on},
+            {"kept_alive_by_a_number", keepAlive(-1), running, on},
+            {"kept_alive_by_a_text", keepAlive("yes"), running, on},
             {"false_still_keeps_running", keepAlive(false), odd, off},
             {"zero", keepAlive(0), odd, off},
             {"a_text_that_is_no_yes", keepAlive("no"), odd, off},
@@ -208,8 +215,11 @@ TEST(AgentReader, LeavesTheStepOfTheActionWhenAConditionHasNoTruth) {
 /// Beside a daily schedule, which takes the selection of run at load away again.
 std::vector<ReaderRow> runAtLoad() {
     const auto key = [](Value value) { return Dictionary{{"RunAtLoad", std::move(value)}}; };
-    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"}, {"advancedDrawer.open", "yes"}};
-    const Picture off = {{"alsoRunAtLoadCheckbox.enabled", "no"}};
+    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"},
+                          {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                          {"advancedDrawer.open", "yes"}};
+    const Picture off = {{"alsoRunAtLoadCheckbox.state", "0"},
+                         {"alsoRunAtLoadCheckbox.enabled", "no"}};
     return {{"run_at_load_true", key(true), also, {}, {"drawer"}},
             {"run_at_load_number", key(2), also, {}, {"drawer"}},
             {"run_at_load_text", key("TRUE"), also, {}, {"drawer"}},

@@ -2,24 +2,41 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace frimbolate::test {
 
-void RecordingEditor::reset() {
-    form_ = {};
-    form_.showPopOverScriptButton.hidden = true;
-    form_.agentScheduleTypeButton.width = 160;
-    form_.agentScheduleDatePicker.dateValue = {2026, 11, 21, 9, 41, 7};
-    form_.agentIntervalField.hidden = true;
-    form_.agentIntervalTypeButton.hidden = true;
-    form_.onMonthTextBox.hidden = true;
-    form_.priorityLevelButton.selectedItem = PriorityLevel::Normal;
-    form_.niceLevelTextField.stringValue = "0";
-    form_.allowSuccessfulExitCheckbox.enabled = false;
+FormModel newAgentForm() {
+    FormModel form;
+    form.showPopOverScriptButton.hidden = true;
+    form.agentScheduleTypeButton.width = 160;
+    form.agentScheduleDatePicker.dateValue = {2026, 11, 21, 9, 41, 7};
+    form.agentIntervalField.hidden = true;
+    form.agentIntervalTypeButton.hidden = true;
+    form.onMonthTextBox.hidden = true;
+    form.priorityLevelButton.selectedItem = PriorityLevel::Normal;
+    form.niceLevelTextField.stringValue = "0";
+    form.allowSuccessfulExitCheckbox.enabled = false;
+    return form;
+}
+
+std::vector<StartForm> startForms() {
+    return {{"from a new agent", newAgentForm()},
+            {"from other values, flags not set", dirtyForm(false)},
+            {"from other values, flags set", dirtyForm(true)}};
 }
 
 Value daily() { return Dictionary{{"Hour", 7}, {"Minute", 5}}; }
 
-Picture dailyPicture() { return {{"agentScheduleDatePicker.dateValue", "2000-1-1 7:5:0"}}; }
+Picture dailyPicture() {
+    return {{"agentIntervalField.hidden", "yes"},
+            {"agentScheduleDatePicker.dateValue", "2000-1-1 7:5:0"},
+            {"agentScheduleDatePicker.hidden", "no"},
+            {"agentScheduleDatePicker.width", "146"},
+            {"agentScheduleTypeButton.selectedItem", "0"},
+            {"agentScheduleTypeButton.width", "160"},
+            {"onMonthTextBox.hidden", "yes"}};
+}
 
 Lines dailyLines() {
     return {"log: Agent Hour key is: 7", "log: Agent Minute key is: 5",
@@ -43,23 +60,27 @@ void expectReads(const ReaderRow& row) {
         {"ProgramArguments", Array{Value("/bin/sh"), Value("/Users/maya/backup.sh")}}};
     for (const auto& [key, value] : row.keys)
         file.insert_or_assign(key, value);
-    const Picture usual = {{"agentNameTextField.stringValue", "\"Backup\""},
-                           {"agentTargetButton.selectedItem", "2"},
-                           {"agentTargetImageWell.toolTip", "\"/Users/maya/backup.sh\""},
-                           {"agentActionButton.selectedItem", "2"}};
-    RecordingEditor editor;
-    const auto expected = with(picture(editor.form()), usual + row.changes);
-
-    AgentReader(editor).read(file);
-
-    EXPECT_THAT(differences(expected, picture(editor.form())), testing::IsEmpty());
+    Picture sets = {{"agentNameTextField.stringValue", "\"Backup\""},
+                    {"agentActionButton.selectedItem", "2"}};
     Lines effects;
-    if (!row.keys.contains("ProgramArguments"))
+    if (!row.keys.contains("ProgramArguments")) {
+        sets["agentTargetButton.selectedItem"] = "2";
+        sets["agentTargetImageWell.toolTip"] = "\"/Users/maya/backup.sh\"";
         effects = {"target: /Users/maya/backup.sh"};
+    }
     effects = effects + row.primary + Lines{"log: Evaluating keys for advanced drawer..."} +
               row.advanced + Lines{"log: Completed evaluating keys for advanced drawer"} +
               Lines{"log: Completed evaluating primary keys for editing"};
-    EXPECT_EQ(editor.journal, effects);
+    const bool resets = std::find(effects.begin(), effects.end(), "reset") != effects.end();
+
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        RecordingEditor editor(start.form);
+        AgentReader(editor).read(file);
+        const auto expected = with(picture(resets ? newAgentForm() : start.form), sets + row.sets);
+        EXPECT_THAT(differences(expected, picture(editor.form())), testing::IsEmpty());
+        EXPECT_EQ(editor.journal, effects);
+    }
 }
 
 } // namespace frimbolate::test

@@ -11,14 +11,26 @@ namespace frimbolate::test {
 
 using Lines = std::vector<std::string>;
 
+/// The form of a new agent.
+FormModel newAgentForm();
+
+/// A form that a reading starts from.
+struct StartForm {
+    const char* name;
+    FormModel form;
+};
+/// A new agent, and two forms in which every control holds something else. Only the latter show a
+/// line of the reader that sets a control to what a new agent has.
+std::vector<StartForm> startForms();
+
 /// Its journal holds "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".
 class RecordingEditor : public ReaderEditor {
   public:
-    RecordingEditor() { reset(); }
+    explicit RecordingEditor(FormModel start = newAgentForm()) : form_(std::move(start)) {}
 
     FormModel& form() override { return form_; }
     void log(const std::string& line) override { journal.push_back("log: " + line); }
-    void createNewAgent() override { journal.emplace_back("reset"), reset(); }
+    void createNewAgent() override { journal.emplace_back("reset"), form_ = newAgentForm(); }
     void openAdvancedDrawer() override {
         journal.emplace_back("drawer"), form_.advancedDrawer.open = true;
     }
@@ -40,16 +52,15 @@ class RecordingEditor : public ReaderEditor {
     Dictionary preferences = {{"DefaultGlobbingKey", "1"}, {"DefaultPriorityKey", "0"}};
 
   private:
-    void reset();
-
     FormModel form_;
 };
 
-/// What an agent file reads as, all told against a new agent.
+/// What an agent file reads as, whatever the form held before.
 struct ReaderRow {
     const char* name;
-    Dictionary keys;     ///< beside a label and a target, or in their place
-    Picture changes;     ///< of the form, beside those of a label, a target and no keep-alive
+    Dictionary keys; ///< beside a label and a target, or in their place
+    Picture sets;    ///< every property that is set, beside those of a label and no keep-alive, and
+                     ///< of the target where it is the usual one
     Lines primary = {};  ///< effects before the advanced keys, after the target's
     Lines advanced = {}; ///< effects of the advanced keys
 };
@@ -64,7 +75,8 @@ Picture operator+(Picture picture, const Picture& more);
 inline constexpr const char* keysAlert = "alert: This launch agent could not be read. | An error "
                                          "occurred while reading some key values.";
 
-/// Fails the running test where the form or the effects differ from the row.
+/// Reads into each start form. Fails the running test where the form or the effects differ from
+/// the row; a row with a reset among its effects sets its properties on a new agent.
 void expectReads(const ReaderRow& row);
 
 } // namespace frimbolate::test

@@ -14,28 +14,28 @@ constexpr std::string_view needsText = ".....AAAAAAAAAAAAAAA";
 constexpr std::string_view needsTruth = "............AAAAAAAA";
 constexpr std::string_view atLoad = "LLLLLLLLLLLLLLLLLLLL";
 constexpr std::string_view everyDay = "DDDDDDDDDDDDDDDDDDDD";
-constexpr std::string_view interval = "LIIIIIIIIIIIIIIIIIDL";
-constexpr std::string_view hourAlone = "DDDDDDDDDDDDIIIIIIII";
+constexpr std::string_view interval = "LIIIIIIIIIIIIIIIIIKL";
+constexpr std::string_view hourAlone = "KDDDDDDDDDDDIIIIIIII";
 constexpr std::string_view hourWeekly = "DWWWWWWWWWWWIIIIIIII";
-constexpr std::string_view weekday = "DSSWSOSWSDDTIIIIIIII";
+constexpr std::string_view weekday = "DSSWSOSWSKKTIIIIIIII";
 
 constexpr const char* calendar = "StartCalendarInterval";
 
 constexpr KeyRow rows[] = {
-    {"label", "Label", nullptr, "!....!!!!!!!!!!!!!!!", "DLLLLDDDDDDDDDDDDDDD",
-     "!....!!!!!!!!!!!!!!!", everyDay},
+    {"label", "Label", nullptr, "!....!!!!!!!!!!!!!!!", "KLLLLKKKKKKKKKKKKKKK",
+     "!....!!!!!!!!!!!!!!!", "KDDDDKKKKKKKKKKKKKKK"},
     {"program_arguments", "ProgramArguments", nullptr, ".....PPPPPPPPP..P.PP", atLoad,
      ".....PPPPPPPPP..P.PP", everyDay},
     {"keep_alive", "KeepAlive", nullptr, none, atLoad, none, everyDay},
     {"successful_exit", "SuccessfulExit", "KeepAlive", "............!!!!!!!!",
-     "LLLLLLLLLLLLDDDDDDDD", "............!!!!!!!!", everyDay},
+     "LLLLLLLLLLLLKKKKKKKK", "............!!!!!!!!", "DDDDDDDDDDDDKKKKKKKK"},
     {"run_at_load", "RunAtLoad", nullptr, needsTruth, atLoad, needsTruth, everyDay, true},
     {"start_interval", "StartInterval", nullptr, none, interval, none, "DIIIIIIIIIIIIIIIIIDD",
      true},
     {"start_calendar_interval", calendar, nullptr, none, interval, none, interval, true},
     {"hour", "Hour", calendar, none, hourAlone, none, hourWeekly, true},
     {"minute", "Minute", calendar, none, hourAlone, none, hourWeekly, true},
-    {"day", "Day", calendar, none, "DMMMMMMMMMMMIIIIIIII", none, "WDDDDDDDDDDDDDDDDDDD", true},
+    {"day", "Day", calendar, none, "DMMMMMMMMMMMIIIIIIII", none, "WKKKKKKKKKKKKKKKKKKK", true},
     {"weekday", "Weekday", calendar, none, weekday, none, weekday, true},
     // A path that is no text fails only when the action has been taken from it already.
     {"watch_paths", "WatchPaths", nullptr, ".AAAAAAAAAAAAA....AA", "LIIIIIIIIIIIIINNINII",
@@ -93,8 +93,10 @@ const std::array<ValueKind, valueKindCount>& valueKinds() {
     return kinds;
 }
 
-int scheduleItem(char letter) {
+int scheduleItem(char letter, int kept) {
     switch (letter) {
+    case 'K':
+        return kept;
     case 'D':
         return ScheduleType::EveryDay;
     case 'S':

@@ -22,8 +22,8 @@ const std::array<ValueKind, valueKindCount>& valueKinds();
 
 /// A key with an outcome per kind, in the order of valueKinds():
 ///   failures    '.' none, '!' the whole reading, 'P' the program arguments, 'A' the advanced keys
-///   schedules   the item selected in the end: 'D' every day (also where nothing was selected),
-///               'S' 'O' 'T' 'W' Sunday to Wednesday, 'M' once a month, 'L' at load, 'I' on
+///   schedules   the item selected in the end: 'K' the one that was selected before, 'D' every
+///               day, 'S' 'O' 'T' 'W' Sunday to Wednesday, 'M' once a month, 'L' at load, 'I' on
 ///               interval, 'N' no selection
 struct KeyRow {
     const char* name;
@@ -37,7 +37,8 @@ struct KeyRow {
 std::span<const KeyRow> keyRows();
 
 /// The schedule item that a letter of the table stands for.
-int scheduleItem(char letter);
+/// \param kept the item selected before the reading; a new agent's unless told otherwise
+int scheduleItem(char letter, int kept = ScheduleType::EveryDay);
 
 /// A sound agent whose key holds the value, with or without a schedule beside it.
 AgentFile agentWith(const KeyRow& row, const ValueKind& kind, bool beside);
