@@ -187,7 +187,6 @@ void AgentReader::readCalendar(const AgentFile& file) {
 void AgentReader::readDayOfMonth(const Value& day) {
     auto& form = editor_.form();
     editor_.log("Agent runs once a month " + description(day));
-    form.agentIntervalField.hidden = true;
     form.onMonthTextField.stringValue = textOf(day);
     form.agentScheduleDatePicker.width = narrowDatePickerWidth;
     selectScheduleTitled("Once a Month");
@@ -209,7 +208,7 @@ void AgentReader::readWeekday(const Value* weekday) {
 void AgentReader::readOnDemand(const AgentFile& file) {
     auto& form = editor_.form();
     const Value* interval = find(file, "StartInterval");
-    const bool oddInterval = interval && interval->dictionary() && !interval->dictionary()->empty();
+    const bool oddInterval = interval && *interval != Value(Dictionary{});
     if (oddInterval || form.agentScheduleTypeButton.selectedItem == ScheduleType::AtLoad)
         return;
     editor_.log("Agent has no schedule and runs on demand instead.");
