@@ -21,8 +21,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     form_.advancedDrawer.minContentSize = drawerSize;
     // Both go to the closing handler, the opening one too: opening from the toolbar puts the
     // item's action right again afterwards, opening by other means deliberately does not.
-    drawerObservers_.willOpen = [this] { advancedDrawerDidClose(); };
-    drawerObservers_.willClose = [this] { advancedDrawerDidClose(); };
+    drawer_.addWillOpenObserver([this] { advancedDrawerDidClose(); });
+    drawer_.addWillCloseObserver([this] { advancedDrawerDidClose(); });
     setUpDefaults();
     createNewAgent();
     showWelcomeWindow();

@@ -15,8 +15,8 @@
 #include "settings/bookmark.h"
 #include "settings/loaded_agent_warning.h"
 #include "settings/preferences.h"
+#include "ui/drawer_controller.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -56,6 +56,8 @@ class AppDelegate : private ReaderEditor {
     void closeAdvancedDrawer();
     void advancedDrawerWillOpen();
     void advancedDrawerDidClose();
+    /// Opens and closes the drawer by other means than the actions above.
+    DrawerController& advancedDrawer() { return drawer_; }
     /// Sends the action that the toolbar item carries now, as a click on it does.
     void sendAdvancedToolbarItem();
 
@@ -124,8 +126,6 @@ class AppDelegate : private ReaderEditor {
     void chooseWatchPath();
     void watchPathChosen(const std::string& path);
     bool isSuccessfulExitAtRisk();
-    void openDrawer();
-    void closeDrawer();
 
     void targetChosen(const std::string& path);
     void chooseExecutableOf(const std::string& bundlePath);
@@ -154,10 +154,7 @@ class AppDelegate : private ReaderEditor {
     AgentDeletion agentDeletion_;
     /// Replaced whenever the welcome flow ends.
     std::unique_ptr<BookmarkClass> bookmark_;
-    /// Who is told when the drawer is about to open or close.
-    struct DrawerObservers {
-        std::function<void()> willOpen, willClose;
-    } drawerObservers_;
+    DrawerController drawer_{form_.advancedDrawer};
     Lifetime lifetime_;
 };
 

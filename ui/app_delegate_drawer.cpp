@@ -6,12 +6,13 @@ namespace frimbolate {
 using ItemAction = ToolbarItem::Action;
 
 void AppDelegate::openAdvancedDrawer() {
-    openDrawer();
+    constexpr int rightEdge = 2;
+    drawer_.openOnEdge(rightEdge);
     form_.advancedToolbarItem.action = ItemAction::closeAdvancedDrawer;
 }
 
 void AppDelegate::closeAdvancedDrawer() {
-    closeDrawer();
+    drawer_.close();
     form_.advancedToolbarItem.action = ItemAction::openAdvancedDrawer;
 }
 
@@ -30,24 +31,6 @@ void AppDelegate::sendAdvancedToolbarItem() {
         openAdvancedDrawer();
     else
         closeAdvancedDrawer();
-}
-
-void AppDelegate::openDrawer() {
-    constexpr int rightEdge = 2;
-    if (form_.advancedDrawer.open)
-        return; // harmless, and nobody is told
-    if (drawerObservers_.willOpen)
-        drawerObservers_.willOpen();
-    form_.advancedDrawer.edge = rightEdge;
-    form_.advancedDrawer.open = true;
-}
-
-void AppDelegate::closeDrawer() {
-    if (!form_.advancedDrawer.open)
-        return;
-    if (drawerObservers_.willClose)
-        drawerObservers_.willClose();
-    form_.advancedDrawer.open = false;
 }
 
 } // namespace frimbolate
