@@ -24,11 +24,9 @@ class DrawerTest : public EditorTest {
         platform.journal.clear();
     }
 
-    /// What happens when something else than an action of ours opens the drawer.
-    void openByOtherMeans() {
-        editor.advancedDrawerDidClose(); // the handler registered for "will open"
-        form.advancedDrawer.open = true;
-    }
+    /// Something else than an action opens the drawer, on the left edge.
+    void openByOtherMeans() { editor.advancedDrawer().openOnEdge(0); }
+    void closeByOtherMeans() { editor.advancedDrawer().close(); }
 };
 
 TEST_F(DrawerTest, opensOnTheRightAndCanThenBeClosed) {
@@ -104,11 +102,61 @@ TEST_F(DrawerTest, openedByOtherMeansLeavesTheItemAtOpening) {
     EXPECT_FALSE(form.advancedDrawer.open);
 }
 
+TEST_F(DrawerTest, theOpeningByOtherMeansItselfSetsTheItemToOpening) {
+    start();
+    form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
+    openByOtherMeans();
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, theClosingByOtherMeansItselfSetsTheItemToOpening) {
+    start();
+    editor.openAdvancedDrawer();
+    closeByOtherMeans();
+    EXPECT_FALSE(form.advancedDrawer.open);
+    EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, nothingIsRegisteredBeforeStartUp) {
+    form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
+    openByOtherMeans();
+    EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+    closeByOtherMeans();
+    EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
+}
+
+TEST_F(DrawerTest, theRegisteredHandlersRunBeforeTheDrawerMoves) {
+    start();
+    std::vector<std::string> seen;
+    const auto see = [&] {
+        seen.push_back(std::string(form.advancedDrawer.open ? "open" : "closed") +
+                       (itemAction() == Action::openAdvancedDrawer ? ", opens" : ", closes"));
+    };
+    editor.advancedDrawer().addWillOpenObserver(see);
+    editor.advancedDrawer().addWillCloseObserver(see);
+
+    form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
+    openByOtherMeans();
+    form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
+    closeByOtherMeans();
+    EXPECT_THAT(seen, ElementsAre("closed, opens", "open, opens"));
+}
+
+TEST_F(DrawerTest, theActionsSetTheItemOnlyAfterTheDrawer) {
+    std::vector<Action> seen;
+    const auto see = [&] { seen.push_back(itemAction()); };
+    editor.advancedDrawer().addWillOpenObserver(see);
+    editor.advancedDrawer().addWillCloseObserver(see);
+    editor.openAdvancedDrawer();
+    editor.closeAdvancedDrawer();
+    EXPECT_THAT(seen, ElementsAre(Action::openAdvancedDrawer, Action::closeAdvancedDrawer));
+}
+
 TEST_F(DrawerTest, theRegisteredHandlersLeaveTheToolbarSizeAlone) {
     start();
     form.mainWindowToolbar.sizeMode = 2;
-    editor.openAdvancedDrawer();
-    editor.closeAdvancedDrawer();
+    openByOtherMeans();
+    closeByOtherMeans();
     EXPECT_EQ(form.mainWindowToolbar.sizeMode, 2);
 }
 
