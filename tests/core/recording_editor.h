@@ -14,13 +14,7 @@ using Lines = std::vector<std::string>;
 /// The form of a new agent.
 FormModel newAgentForm();
 
-/// A form that a reading starts from.
-struct StartForm {
-    const char* name;
-    FormModel form;
-};
-/// A new agent, and two forms in which every control holds something else. Only the latter show a
-/// line of the reader that sets a control to what a new agent has.
+/// A new agent, and two forms that hold other values and opposite flags.
 std::vector<StartForm> startForms();
 
 /// Its journal holds "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".

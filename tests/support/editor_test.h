@@ -1,6 +1,7 @@
 // The controller over the scripted desktop, as every scenario starts from it.
 #pragma once
 
+#include "tests/support/form_picture.h"
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
 
@@ -16,6 +17,16 @@ class EditorTest : public testing::Test {
     EditorTest() {
         platform.files.folders = {agents, "/Users/maya"};
         platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
+    }
+
+    /// A new agent, and two forms that hold other values and opposite flags.
+    std::vector<StartForm> startForms() {
+        AppDelegate fresh(platform.services());
+        fresh.createNewAgent();
+        platform.journal.clear();
+        return {{"from a new agent", fresh.form()},
+                {"from other values, flags not set", dirtyForm(false)},
+                {"from other values, flags set", dirtyForm(true)}};
     }
 
     std::vector<std::string> log() const { return platform.journal.texts("log"); }

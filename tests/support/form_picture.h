@@ -28,4 +28,11 @@ Picture with(Picture picture, const Picture& changes);
 ///             rule that sets one
 FormModel dirtyForm(bool flag);
 
+/// A form that a test starts from. Only one that holds other values than a new agent shows a rule
+/// that sets a control to what a new agent has.
+struct StartForm {
+    const char* name;
+    FormModel form;
+};
+
 } // namespace frimbolate::test

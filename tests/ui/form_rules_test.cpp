@@ -2,18 +2,18 @@
 #include "tests/support/form_picture.h"
 #include "tests/support/rows.h"
 
+#include <optional>
+
 namespace frimbolate {
 
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::NamedAfterRow;
 using test::Picture;
 using test::picture;
 using test::with;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// What an action sets, when one pop-up selects an item; all else must stay as it was.
@@ -21,6 +21,7 @@ struct RuleRow {
     std::string_view name;
     int selectedItem;
     Picture sets;
+    std::optional<bool> offersInterval = {}; ///< whether the item "On Interval" can be chosen
 };
 
 Picture joined(Picture one, const Picture& other) {
@@ -28,15 +29,28 @@ Picture joined(Picture one, const Picture& other) {
     return one;
 }
 
+/// The items of the schedule that cannot be chosen: those of the form, with "On Interval" or not.
+Picture disabledItems(FormModel form, bool offersInterval) {
+    auto& items = form.agentScheduleTypeButton.disabledItems;
+    if (offersInterval)
+        items.erase(ScheduleType::OnInterval);
+    else
+        items.insert(ScheduleType::OnInterval);
+    constexpr auto name = "agentScheduleTypeButton.disabledItems";
+    return {{name, picture(form).at(name)}};
+}
+
 class RuleTest : public EditorTest, public testing::WithParamInterface<RuleRow> {
   protected:
-    /// Runs an action on two forms whose flags are all opposite, and compares the whole form.
+    /// Runs an action on each start form, and compares the whole form.
     void expectRule(PopUp FormModel::*chosen, void (AppDelegate::*action)()) {
-        for (const bool flag : {false, true}) {
-            SCOPED_TRACE(flag ? "flags set" : "flags not set");
-            form = dirtyForm(flag);
+        for (const auto& start : startForms()) {
+            SCOPED_TRACE(start.name);
+            form = start.form;
             (form.*chosen).selectedItem = GetParam().selectedItem;
-            const auto expected = with(picture(form), GetParam().sets);
+            auto expected = with(picture(form), GetParam().sets);
+            if (GetParam().offersInterval)
+                expected = with(expected, disabledItems(form, *GetParam().offersInterval));
             (editor.*action)();
             EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
         }
@@ -45,21 +59,14 @@ class RuleTest : public EditorTest, public testing::WithParamInterface<RuleRow> 
 
 // The action
 
-const Picture neutral = {{"popoverScriptObject.shown", "no"},
-                         {"alsoRunVolumeCheckbox.enabled", "yes"},
-                         {"alsoRunPathChangeCheckbox.enabled", "yes"},
-                         {"agentIntervalTypeButton.selectedItem", "0"},
-                         {"agentIntervalTypeButton.hidden", "yes"},
-                         {"agentIntervalField.stringValue", "\"\""},
-                         {"agentIntervalField.hidden", "yes"},
-                         {"onMonthTextBox.hidden", "yes"},
-                         {"onMonthTextField.stringValue", "\"\""},
-                         {"agentScheduleDatePicker.width", "146"},
-                         {"agentWatchPathImageWell.image", "none"},
-                         {"agentWatchPathImageWell.toolTip", "\"\""},
-                         {"agentScheduleTypeButton.disabledItems", "0 5"},
-                         {"allowSuccessfulExitCheckbox.state", "0"},
-                         {"allowSuccessfulExitCheckbox.enabled", "no"}};
+const Picture neutral = {
+    {"popoverScriptObject.shown", "no"},          {"alsoRunVolumeCheckbox.enabled", "yes"},
+    {"alsoRunPathChangeCheckbox.enabled", "yes"}, {"agentIntervalTypeButton.selectedItem", "0"},
+    {"agentIntervalTypeButton.hidden", "yes"},    {"agentIntervalField.stringValue", "\"\""},
+    {"agentIntervalField.hidden", "yes"},         {"onMonthTextBox.hidden", "yes"},
+    {"onMonthTextField.stringValue", "\"\""},     {"agentScheduleDatePicker.width", "146"},
+    {"agentWatchPathImageWell.image", "none"},    {"agentWatchPathImageWell.toolTip", "\"\""},
+    {"allowSuccessfulExitCheckbox.state", "0"},   {"allowSuccessfulExitCheckbox.enabled", "no"}};
 
 const Picture scheduled = joined({{"agentScheduleTypeButton.enabled", "yes"},
                                   {"agentScheduleTypeButton.selectedItem", "0"},
@@ -67,9 +74,7 @@ const Picture scheduled = joined({{"agentScheduleTypeButton.enabled", "yes"},
                                   {"agentScheduleDatePicker.hidden", "no"}},
                                  neutral);
 
-const Picture keptRunning = joined({{"agentScheduleTypeButton.disabledItems", "0 5 14"},
-                                    {"allowSuccessfulExitCheckbox.enabled", "yes"}},
-                                   scheduled);
+const Picture keptRunning = joined({{"allowSuccessfulExitCheckbox.enabled", "yes"}}, scheduled);
 
 const Picture triggered = joined({{"agentScheduleTypeButton.enabled", "no"},
                                   {"agentScheduleTypeButton.selectedItem", "-1"},
@@ -85,10 +90,10 @@ const Picture onMount = joined({{"alsoRunVolumeCheckbox.state", "0"},
                                triggered);
 
 const RuleRow actions[] = {
-    {"NoSelection", -1, scheduled},       {"None", 0, scheduled},
-    {"Reserved", 1, scheduled},           {"OnSchedule", 2, scheduled},
-    {"KeepRunning", 3, keptRunning},      {"VolumeMounted", 5, onMount},
-    {"AboveVolumeMounted", 6, triggered}, {"FarAbove", 100, triggered},
+    {"NoSelection", -1, scheduled, true},       {"None", 0, scheduled, true},
+    {"Reserved", 1, scheduled, true},           {"OnSchedule", 2, scheduled, true},
+    {"KeepRunning", 3, keptRunning, false},     {"VolumeMounted", 5, onMount, true},
+    {"AboveVolumeMounted", 6, triggered, true}, {"FarAbove", 100, triggered, true},
 };
 
 class ActionRule : public RuleTest {};
@@ -232,144 +237,6 @@ TEST_F(FormRules, aDailyScheduleAfterAnIntervalKeepsTheHiddenNumber) {
     EXPECT_EQ(form.agentIntervalField.stringValue, "20");
     EXPECT_EQ(form.agentIntervalTypeButton.selectedItem, IntervalUnit::Hours);
 }
-
-// The reset
-
-class FormReset : public EditorTest {
-  protected:
-    static Picture newAgent() {
-        return joined(scheduled, {{"advancedDrawer.open", "no"},
-                                  {"advancedToolbarItem.action", "openAdvancedDrawer"},
-                                  {"nameErrorImageWell.hidden", "yes"},
-                                  {"targetErrorImageWell.hidden", "yes"},
-                                  {"actionErrorImageWell.hidden", "yes"},
-                                  {"scheduleErrorImageWell.hidden", "yes"},
-                                  {"agentNameTextField.stringValue", "\"\""},
-                                  {"agentTargetButton.selectedItem", "0"},
-                                  {"agentTargetImageWell.image", "none"},
-                                  {"agentTargetImageWell.toolTip", "\"\""},
-                                  {"showPopOverScriptButton.hidden", "yes"},
-                                  {"showPopOverScriptButton.toolTip", "\"Click to edit script\""},
-                                  {"scriptPopOverLanguageButton.selectedItem", "0"},
-                                  {"scriptPopOverScriptField.stringValue", "\"\""},
-                                  {"agentActionButton.selectedItem", "0"},
-                                  {"agentScheduleDatePicker.dateValue", "2026-11-21 9:41:7"},
-                                  {"niceLevelSlider.value", "0.000000"},
-                                  {"niceLevelTextField.stringValue", "\"0\""},
-                                  {"standardInPathField.stringValue", "\"\""},
-                                  {"standardOutPathField.stringValue", "\"\""},
-                                  {"standardErrorPathField.stringValue", "\"\""},
-                                  {"workingDirectoryField.stringValue", "\"\""},
-                                  {"rootDirectoryField.stringValue", "\"\""},
-                                  {"queueDirectoryField.stringValue", "\"\""},
-                                  {"alsoRunAtLoadCheckbox.state", "0"},
-                                  {"alsoRunAtLoadCheckbox.enabled", "yes"},
-                                  {"alsoRunPathChangeCheckbox.state", "0"},
-                                  {"alsoRunVolumeCheckbox.state", "0"},
-                                  {"alsoRunPathChangeImageWell.image", "none"},
-                                  {"alsoRunPathChangeImageWell.toolTip", "\"\""},
-                                  // From the preferences, which are all at their defaults
-                                  {"enableGlobbingCheckbox.state", "0"},
-                                  {"priorityLevelButton.selectedItem", "1"},
-                                  {"showWelcomeWindowCheckbox.state", "1"},
-                                  {"autoCopyScriptCheckbox.state", "0"},
-                                  {"warnSuccessfulExitCheckbox.state", "1"},
-                                  {"globalGlobbingCheckbox.selectedItem", "1"},
-                                  {"globalPriorityCheckbox.selectedItem", "0"}});
-    }
-};
-
-TEST_F(FormReset, setsNoMoreAndNoLess) {
-    for (const bool flag : {false, true}) {
-        SCOPED_TRACE(flag ? "flags set" : "flags not set");
-        form = dirtyForm(flag);
-        auto sets = newAgent();
-        sets.erase("popoverScriptObject.shown"); // it stays as it is
-        const auto expected = with(picture(form), sets);
-        editor.createNewAgent();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
-    }
-}
-
-TEST_F(FormReset, endsByNormalisingThePreferences) {
-    editor.createNewAgent();
-    EXPECT_THAT(
-        platform.journal.lines(),
-        ElementsAre("synchronize: defaults",
-                    "log: No key found for ShowWelcomeWindow, writing default of True - 3.0",
-                    "set: ShowWelcomeWindow = True - 3.0",
-                    "log: No key found for AutoCopyScriptsKey, writing default of False",
-                    "set: AutoCopyScriptsKey = False",
-                    "log: No key found for WarnForSuccessfulExit, writing default of True",
-                    "set: WarnForSuccessfulExit = True",
-                    "log: No key found or key is 1 for DefaultGlobbingKey, writing default of 1",
-                    "set: DefaultGlobbingKey = 1",
-                    "log: No key found or key is 0 for DefaultPriorityKey, writing default of 0",
-                    "set: DefaultPriorityKey = 0"));
-}
-
-TEST_F(FormReset, takesGlobbingAndPriorityFromThePreferences) {
-    platform.defaults.contents["DefaultGlobbingKey"] = "0";
-    platform.defaults.contents["DefaultPriorityKey"] = "1";
-    editor.createNewAgent();
-    EXPECT_TRUE(agentForm(form).enableGlobbing);
-    EXPECT_EQ(agentForm(form).priorityLevel, PriorityLevel::Low);
-}
-
-TEST_F(FormReset, takesNoNumberForAPreference) {
-    platform.defaults.contents["DefaultGlobbingKey"] = 0;
-    platform.defaults.contents["DefaultPriorityKey"] = 1;
-    editor.createNewAgent();
-    EXPECT_FALSE(agentForm(form).enableGlobbing);
-    EXPECT_EQ(agentForm(form).priorityLevel, PriorityLevel::Normal);
-}
-
-TEST_F(FormReset, givesARecordThatIsNew) {
-    form = dirtyForm(true);
-    editor.createNewAgent();
-    AgentForm expected;
-    expected.scheduleTime = platform.time;
-    EXPECT_EQ(agentForm(form), expected);
-}
-
-TEST_F(FormReset, keepsTheTimeAtWhichItRan) {
-    editor.createNewAgent();
-    platform.time.hour = 22;
-    EXPECT_EQ(form.agentScheduleDatePicker.dateValue.hour, 9);
-}
-
-// The nice level
-
-struct LevelRow {
-    std::string_view name;
-    double value;
-    std::string text;
-};
-
-class NiceLevel : public EditorTest, public testing::WithParamInterface<LevelRow> {};
-
-TEST_P(NiceLevel, isMirroredAsText) {
-    form = dirtyForm(true);
-    form.niceLevelSlider.value = GetParam().value;
-    const auto expected =
-        with(picture(form), {{"niceLevelTextField.stringValue", '"' + GetParam().text + '"'}});
-    editor.niceLevelSliderValueChanged();
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
-}
-
-const LevelRow levels[] = {
-    {"Least", -20.0, "-20"},
-    {"Most", 20.0, "20"},
-    {"Zero", 0.0, "0"},
-    {"FractionIsCutOff", 2.9, "2"},
-    {"NegativeFractionIsCutOff", -2.9, "-2"},
-    {"NearZero", -0.9, "0"},
-    {"Most32Bits", 2147483647.0, "2147483647"},
-    {"Beyond32Bits", 2147483648.0, "-2147483648"},
-    {"WrapsToOne", 4294967297.0, "1"},
-};
-
-INSTANTIATE_TEST_SUITE_P(Levels, NiceLevel, testing::ValuesIn(levels), NamedAfterRow());
 
 } // namespace
 
