@@ -19,10 +19,13 @@ class EditorTest : public testing::Test {
         platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
     }
 
-    /// A new agent, and two forms that hold other values and opposite flags.
+    /// A new agent, and two forms that hold other values and opposite flags. The preferences stay
+    /// as they are; the journal starts anew.
     std::vector<StartForm> startForms() {
+        const auto preferences = platform.defaults.contents;
         AppDelegate fresh(platform.services());
         fresh.createNewAgent();
+        platform.defaults.contents = preferences;
         platform.journal.clear();
         return {{"from a new agent", fresh.form()},
                 {"from other values, flags not set", dirtyForm(false)},

@@ -161,8 +161,9 @@ TEST_F(DrawerTest, theRegisteredHandlersLeaveTheToolbarSizeAlone) {
 }
 
 TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         const auto expected =
             with(picture(form), {{"advancedToolbarItem.action", "closeAdvancedDrawer"},
                                  {"mainWindowToolbar.sizeMode", "1"}});
@@ -172,8 +173,9 @@ TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
 }
 
 TEST_F(DrawerTest, theClosingHandlerSetsTheItemAlone) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         const auto expected =
             with(picture(form), {{"advancedToolbarItem.action", "openAdvancedDrawer"}});
         editor.advancedDrawerDidClose();

@@ -36,14 +36,14 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
         platform.files.contents["/A/Good.app/Contents/MacOS/Good"] = std::nullopt;
     }
 
-    /// The form and the journal after each step, from a form with everything set.
+    /// The form and the journal after each step.
     struct Story {
         std::vector<Picture> pictures;
         std::vector<std::string> lines;
     };
-    Story live(bool flag, const std::function<void()>& act) {
+    Story live(const FormModel& start, const std::function<void()>& act) {
         platform.journal.clear();
-        form = dirtyForm(flag);
+        form = start;
         form.allowSuccessfulExitCheckbox.state = CheckState::On;
         act();
         Story story{{picture(form)}, {}};
@@ -60,12 +60,13 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
 };
 
 TEST_P(Drop, doesWhatThePanelDoes) {
-    for (const bool flag : {false, true}) {
-        const Story byPanel = live(flag, [&] {
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        const Story byPanel = live(start.form, [&] {
             GetParam().ask(editor);
             platform.choose(GetParam().path);
         });
-        const Story byDrop = live(flag, [&] { GetParam().drop(editor); });
+        const Story byDrop = live(start.form, [&] { GetParam().drop(editor); });
         ASSERT_EQ(byPanel.pictures.size(), byDrop.pictures.size());
         for (std::size_t i = 0; i < byPanel.pictures.size(); ++i)
             EXPECT_THAT(differences(byPanel.pictures[i], byDrop.pictures[i]), IsEmpty());

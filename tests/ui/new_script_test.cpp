@@ -6,7 +6,6 @@ namespace frimbolate {
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::picture;
 using test::with;
@@ -16,8 +15,9 @@ using testing::IsEmpty;
 class NewScript : public EditorTest {};
 
 TEST_F(NewScript, takesTheTargetAwayAndShowsThePopOver) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         const auto expected = with(picture(form), {{"agentTargetImageWell.image", "none"},
                                                    {"agentTargetImageWell.toolTip", "\"\""},
                                                    {"showPopOverScriptButton.hidden", "no"},
@@ -44,8 +44,9 @@ TEST_F(NewScript, isWarnedOfEvenAfterAnApplication) {
 }
 
 TEST_F(NewScript, popOverIsAllThatShowingItChanges) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         const auto expected = with(picture(form), {{"popoverScriptObject.shown", "yes"}});
         editor.showPopOverScript();
         EXPECT_THAT(differences(expected, picture(form)), IsEmpty());

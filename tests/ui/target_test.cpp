@@ -68,8 +68,9 @@ struct TargetTypeRow {
 class TargetChoice : public TargetTest, public testing::WithParamInterface<TargetTypeRow> {};
 
 TEST_P(TargetChoice, setsNoMoreAndNoLess) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         form.agentTargetButton.selectedItem = GetParam().selectedItem;
         auto expected = with(picture(form), {{"popoverScriptObject.shown", "no"}});
         if (GetParam().clears)
@@ -90,8 +91,9 @@ INSTANTIATE_TEST_SUITE_P(Items, TargetChoice, testing::ValuesIn(targetTypes), Na
 // The panel
 
 TEST_F(TargetTest, thePanelOffersApplicationsAndScripts) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         const auto before = picture(form);
         editor.chooseApplicationOrScript();
         expectChange(before, {{"showPopOverScriptButton.hidden", "yes"}});
@@ -109,12 +111,13 @@ TEST_F(TargetTest, thePanelOffersApplicationsAndScripts) {
         EXPECT_EQ(panel.directory, "/Applications");
         platform.cancelPanel();
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
 TEST_F(TargetTest, cancellingThePanelTakesTargetAndScriptAway) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         riskSuccessfulExit();
         openPanel();
         auto expected = with(picture(form), noTarget);
@@ -138,17 +141,20 @@ struct ChosenRow {
 class ChosenFile : public TargetTest, public testing::WithParamInterface<ChosenRow> {};
 
 TEST_P(ChosenFile, isShownByItsExtension) {
-    form = dirtyForm(true);
-    riskSuccessfulExit();
-    form.allowSuccessfulExitCheckbox.state = CheckState::Off;
-    openPanel();
-    const auto before = picture(form);
-    platform.choose(GetParam().path);
-    expectChange(before, GetParam().image.empty()
-                             ? Picture{}
-                             : targetIs("resource " + GetParam().image, GetParam().path));
-    EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("log: Last path component: " + GetParam().extension));
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
+        riskSuccessfulExit();
+        form.allowSuccessfulExitCheckbox.state = CheckState::Off;
+        openPanel();
+        const auto before = picture(form);
+        platform.choose(GetParam().path);
+        expectChange(before, GetParam().image.empty()
+                                 ? Picture{}
+                                 : targetIs("resource " + GetParam().image, GetParam().path));
+        EXPECT_THAT(platform.journal.lines(),
+                    ElementsAre("log: Last path component: " + GetParam().extension));
+    }
 }
 
 TEST_P(ChosenFile, isCheckedForTheSuccessfulExit) {
@@ -229,8 +235,9 @@ class BrokenApplication : public TargetTest, public testing::WithParamInterface<
 
 TEST_P(BrokenApplication, isReportedAndThenCleared) {
     GetParam().install(platform.files);
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         riskSuccessfulExit();
         form.allowSuccessfulExitCheckbox.state = CheckState::Off;
         form.agentTargetImageWell.toolTip.clear();
@@ -325,12 +332,16 @@ struct StoredRow {
 class StoredTarget : public TargetTest, public testing::WithParamInterface<StoredRow> {};
 
 TEST_P(StoredTarget, isShown) {
-    form = dirtyForm(true);
-    const auto before = picture(form);
-    editor.evaluateScriptExtension(GetParam().path);
-    expectChange(before, targetIs(GetParam().image, GetParam().path));
-    EXPECT_EQ(log(), GetParam().logged);
-    EXPECT_EQ(platform.journal.lines().size(), GetParam().logged.size());
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
+        platform.journal.clear();
+        const auto before = picture(form);
+        editor.evaluateScriptExtension(GetParam().path);
+        expectChange(before, targetIs(GetParam().image, GetParam().path));
+        EXPECT_EQ(log(), GetParam().logged);
+        EXPECT_EQ(platform.journal.lines().size(), GetParam().logged.size());
+    }
 }
 
 StoredRow script(std::string_view name, std::string path, std::string_view extension,

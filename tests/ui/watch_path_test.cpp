@@ -43,6 +43,12 @@ class WatchPath : public EditorTest {
     }
 };
 
+/// The form with the item "On Interval" among those that can be chosen.
+FormModel withInterval(FormModel form) {
+    form.agentScheduleTypeButton.disabledItems.erase(ScheduleType::OnInterval);
+    return form;
+}
+
 const Picture byPath = {{"popoverScriptObject.shown", "no"},
                         {"alsoRunVolumeCheckbox.enabled", "yes"},
                         {"alsoRunPathChangeCheckbox.state", "0"},
@@ -51,7 +57,6 @@ const Picture byPath = {{"popoverScriptObject.shown", "no"},
                         {"agentScheduleTypeButton.enabled", "no"},
                         {"agentScheduleTypeButton.selectedItem", "-1"},
                         {"agentScheduleTypeButton.width", "311"},
-                        {"agentScheduleTypeButton.disabledItems", "0 5"},
                         {"agentScheduleDatePicker.hidden", "yes"},
                         {"agentScheduleDatePicker.width", "146"},
                         {"agentIntervalTypeButton.selectedItem", "0"},
@@ -66,10 +71,11 @@ const Picture byPath = {{"popoverScriptObject.shown", "no"},
                         {"allowSuccessfulExitCheckbox.enabled", "no"}};
 
 TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         form.agentActionButton.selectedItem = AgentAction::PathModified;
-        auto expected = with(picture(form), byPath);
+        auto expected = with(picture(withInterval(form)), byPath);
         editor.chooseAgentAction();
         EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
         expectFolderPanel(platform.shownOpenPanel());
@@ -81,14 +87,15 @@ TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
                             {"agentWatchPathImageWell.toolTip", "\"/Users/maya/Pictures\""}});
         EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
 TEST_F(WatchPath, cancelledReturnsToNoAction) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         form.agentActionButton.selectedItem = AgentAction::PathModified;
-        auto expected = with(picture(form), byPath);
+        auto expected = with(picture(withInterval(form)), byPath);
         editor.chooseAgentAction();
         platform.cancelPanel();
         expected = with(expected, {{"agentActionButton.selectedItem", "0"},
@@ -100,7 +107,7 @@ TEST_F(WatchPath, cancelledReturnsToNoAction) {
         EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
         EXPECT_FALSE(platform.isAsking());
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
 TEST_F(WatchPath, isTakenByTheFormAsItThenIs) {
@@ -148,8 +155,9 @@ struct StateRow {
 class AdditionalPathOff : public EditorTest, public testing::WithParamInterface<StateRow> {};
 
 TEST_P(AdditionalPathOff, goesAtOnce) {
-    for (const bool flag : {false, true}) {
-        form = dirtyForm(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        form = start.form;
         form.alsoRunPathChangeCheckbox.state = GetParam().state;
         const auto expected = with(picture(form), {{"alsoRunPathChangeCheckbox.state", "0"},
                                                    {"alsoRunPathChangeImageWell.image", "none"},
@@ -166,9 +174,9 @@ INSTANTIATE_TEST_SUITE_P(States, AdditionalPathOff, testing::ValuesIn(states), N
 
 class AdditionalPath : public EditorTest {
   protected:
-    /// Ticks the box in a form that holds a path already.
-    Picture tick(bool flag) {
-        form = dirtyForm(flag);
+    /// Ticks the box in a form.
+    Picture tick(const FormModel& start) {
+        form = start;
         form.alsoRunPathChangeCheckbox.state = CheckState::On;
         const auto before = picture(form);
         editor.chooseAdditionalWathPath();
@@ -178,7 +186,7 @@ class AdditionalPath : public EditorTest {
 };
 
 TEST_F(AdditionalPath, isAskedForInTheApplications) {
-    tick(true);
+    tick(dirtyForm(true));
     expectFolderPanel(platform.shownOpenPanel());
     EXPECT_EQ(platform.shownOpenPanel().directory, "/Applications");
     platform.cancelPanel();
@@ -186,8 +194,9 @@ TEST_F(AdditionalPath, isAskedForInTheApplications) {
 }
 
 TEST_F(AdditionalPath, isShownWhenChosen) {
-    for (const bool flag : {false, true}) {
-        const auto before = tick(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        const auto before = tick(start.form);
         platform.choose("/a folder");
         EXPECT_THAT(
             differences(with(before, {{"alsoRunPathChangeImageWell.image", "icon of /a folder"},
@@ -198,8 +207,9 @@ TEST_F(AdditionalPath, isShownWhenChosen) {
 }
 
 TEST_F(AdditionalPath, cancelledTurnsTheBoxOff) {
-    for (const bool flag : {false, true}) {
-        const auto before = tick(flag);
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        const auto before = tick(start.form);
         platform.cancelPanel();
         EXPECT_THAT(differences(with(before, {{"alsoRunPathChangeCheckbox.state", "0"},
                                               {"alsoRunPathChangeImageWell.image", "none"},
