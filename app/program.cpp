@@ -16,7 +16,8 @@ Program::Program(const std::string& preferencePath)
                  .workspace = system_.workspace,
                  .clock = clock_,
                  .log = system_.log,
-                 .application = application_}) {
+                 .application = application_,
+                 .trash = system_.trash}) {
     window_.connectTo(delegate_);
     stack_.setAfterwards([this] { window_.mirror(); });
 }

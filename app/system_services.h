@@ -2,6 +2,7 @@
 #pragma once
 
 #ifdef __APPLE__
+#include "platform/macos/mac_trash.h"
 #include "platform/macos/mac_workspace.h"
 #include "platform/macos/scoped_folder_access.h"
 #include "platform/macos/unified_log.h"
@@ -9,6 +10,7 @@
 #else
 #include "platform/qt/path_folder_access.h"
 #include "platform/qt/plist_defaults.h"
+#include "platform/qt/qt_trash.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/system_log.h"
 #endif
@@ -26,6 +28,7 @@ struct SystemServices {
     ScopedFolderAccess folderAccess;
     UserDefaults defaults;
     MacWorkspace workspace;
+    MacTrash trash;
 };
 #else
 struct SystemServices {
@@ -36,6 +39,7 @@ struct SystemServices {
     PathFolderAccess folderAccess;
     PlistDefaults defaults;
     QtWorkspace workspace;
+    QtTrash trash;
 };
 #endif
 

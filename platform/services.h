@@ -46,6 +46,15 @@ class Files {
     virtual bool writeDictionary(const std::string& path, const Dictionary& dictionary) = 0;
 };
 
+/// The desktop's trash, out of which the user can take a file back.
+class Trash {
+  public:
+    virtual ~Trash() = default;
+    /// Moves one file, or one link but not its target; never a folder, since that could be a whole
+    /// bundle. Returns where it went, or nothing when it stays in place.
+    virtual std::optional<std::string> moveToTrash(const std::string& path) = 0;
+};
+
 /// Scoped access to a folder that the person granted once.
 class FolderAccess {
   public:
@@ -124,6 +133,7 @@ struct Services {
     Clock& clock;
     Log& log;
     Application& application;
+    Trash& trash;
 };
 
 } // namespace frimbolate

@@ -141,6 +141,7 @@ class AppDelegate : private ReaderEditor {
     void askForUpgrade(const std::string& path);
     void upgrade(const std::string& oldPath);
     void writeUpgraded(const AgentFile& agent, const std::string& path, const std::string& oldPath);
+    void moveToTrash(const std::string& oldPath);
 
     void startAccessingFolder();
 

@@ -60,18 +60,30 @@ void AppDelegate::chooseUpgradePath(const AgentFile& agent, const std::string& f
 void AppDelegate::writeUpgraded(const AgentFile& agent, const std::string& path,
                                 const std::string& oldPath) {
     try {
-        // Whether the write succeeded is not examined, only whether a file is there now.
-        services_.files.writeDictionary(path, agent);
+        // The write's result does not decide what happens, only whether a file is there now.
+        const bool written = services_.files.writeDictionary(path, agent);
         if (!services_.files.exists(path))
             throw pathNotDeletable(path);
         log("The upgraded path exists, removing the old path");
         // Also when both are one: an agent saved under its old name ends with no file.
-        services_.files.remove(oldPath);
+        if (written)
+            services_.files.remove(oldPath);
+        else
+            moveToTrash(oldPath);
     } catch (const Failure&) {
         services_.alerts.show(
             {notUpgraded, "An unknown error occurred. Please make sure the agent is located in a "
                           "path accessible by Sandboxed applications."});
     }
+}
+
+/// The file in place is not the agent, so that the old file may be its only copy.
+void AppDelegate::moveToTrash(const std::string& oldPath) {
+    const auto place = services_.trash.moveToTrash(oldPath);
+    log(place ? "The upgraded agent was not written, the old one is now " + *place
+              : "The upgraded agent was not written, and the trash did not take the old one, which "
+                "stays: " +
+                    oldPath);
 }
 
 } // namespace frimbolate

@@ -8,6 +8,7 @@
 #include "tests/platform/eventually.h"
 #include "tests/platform/property_lists.h"
 #include "tests/platform/temporary_folder.h"
+#include "tests/platform/variable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,22 +22,6 @@ namespace frimbolate::test {
 namespace {
 
 using namespace std::string_literals;
-
-class Variable {
-  public:
-    Variable(const char* name, const std::string& value) : name_(name) {
-        const char* before = std::getenv(name);
-        before_ = before ? std::optional<std::string>(before) : std::nullopt;
-        ::setenv(name, value.c_str(), 1);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-    ~Variable() { before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_); }
-
-  private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 // Workspace
 

@@ -39,9 +39,9 @@ int switchAgent(const std::string& path) {
     LocalFiles files(person);
     const auto scripted = person.services();
     Services services{
-        scripted.alerts,       scripted.sheets,   scripted.filePanels, files,
-        scripted.folderAccess, scripted.defaults, scripted.pasteboard, scripted.workspace,
-        scripted.clock,        scripted.log,      scripted.application};
+        scripted.alerts,       scripted.sheets,   scripted.filePanels,  files,
+        scripted.folderAccess, scripted.defaults, scripted.pasteboard,  scripted.workspace,
+        scripted.clock,        scripted.log,      scripted.application, scripted.trash};
     AgentSwitch agentSwitch(services);
     agentSwitch.onOffLaunchAgent();
     person.choose(path);

@@ -74,6 +74,23 @@ bool ScriptedFiles::writeDictionary(const std::string& path, const Dictionary& d
     return true;
 }
 
+// Trash
+
+std::optional<std::string> ScriptedTrash::moveToTrash(const std::string& path) {
+    journal_.add("trash", path);
+    const auto found = files_.contents.find(path);
+    if (refuses || found == files_.contents.end())
+        return std::nullopt;
+    // A trash keeps several files of one name apart.
+    std::string place = std::string(folder) + "/" + std::string(lastPiece(path, "/"));
+    while (files_.contents.contains(place))
+        place += " 2";
+    const auto content = std::move(found->second);
+    files_.contents.erase(found);
+    files_.contents[place] = content;
+    return place;
+}
+
 // Defaults
 
 std::optional<Value> ScriptedDefaults::object(std::string_view key) {
@@ -134,7 +151,8 @@ ScriptedPlatform::~ScriptedPlatform() {
 }
 
 Services ScriptedPlatform::services() {
-    return {*this, *this, *this, files, folderAccess, defaults, *this, *this, *this, *this, *this};
+    return {*this, *this, *this, files, folderAccess, defaults,
+            *this, *this, *this, *this, *this,        trash};
 }
 
 template <typename Kind>

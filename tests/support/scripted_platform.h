@@ -54,6 +54,22 @@ class ScriptedFiles : public Files {
     Journal& journal_;
 };
 
+/// What is moved here stays in the contents of the files, under the path in the trash.
+class ScriptedTrash : public Trash {
+  public:
+    static constexpr const char* folder = "/Users/maya/.Trash";
+
+    ScriptedTrash(Journal& journal, ScriptedFiles& files) : journal_(journal), files_(files) {}
+
+    std::optional<std::string> moveToTrash(const std::string& path) override;
+
+    bool refuses = false;
+
+  private:
+    Journal& journal_;
+    ScriptedFiles& files_;
+};
+
 class ScriptedDefaults : public Defaults {
   public:
     explicit ScriptedDefaults(Journal& journal) : journal_(journal) {}
@@ -125,6 +141,7 @@ class ScriptedPlatform : public Alerts,
 
     Journal journal;
     ScriptedFiles files{journal};
+    ScriptedTrash trash{journal, files};
     ScriptedDefaults defaults{journal};
     ScriptedFolderAccess folderAccess{journal};
     LocalDateTime time{2026, 11, 21, 9, 41, 7};

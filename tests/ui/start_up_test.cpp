@@ -155,9 +155,10 @@ TEST_F(StartUpTest, TheWindowIsReadyBeforeTheFirstPassAndTheFormResetBeforeTheSe
     constexpr Size drawerSize{400, 380};
     WatchingLog log;
     auto given = platform.services();
-    auto& editor = makeDelegate({given.alerts, given.sheets, given.filePanels, given.files,
-                                 given.folderAccess, given.defaults, given.pasteboard,
-                                 given.workspace, given.clock, log, given.application});
+    auto& editor =
+        makeDelegate({given.alerts, given.sheets, given.filePanels, given.files, given.folderAccess,
+                      given.defaults, given.pasteboard, given.workspace, given.clock, log,
+                      given.application, given.trash});
     auto& form = editor.form();
     form.agentNameTextField.stringValue = "left over";
     int lines = 0;

@@ -216,17 +216,62 @@ TEST_F(Upgrading, SaysNothingWhenTheOldFileStays) {
     EXPECT_FALSE(platform.isAsking());
 }
 
+// A write that fails onto a file that is there
+
+const std::string trashedPath =
+    std::string(ScriptedTrash::folder) + "/com.fr\u0131mbolate.Backup.plist";
+
 /// Only the existence of a file is looked at, so one that was there before counts as written.
-TEST_F(Upgrading, TakesAnyFileThereForTheNewOne) {
+TEST_F(Upgrading, TakesAnyFileThereForTheNewOneAndKeepsTheOldOneInTheTrash) {
     platform.files.contents[newPath] = Dictionary{{"Label", "another"}};
     accept();
     platform.files.readOnly.insert(newPath);
     platform.saveAs(newPath);
-    EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("write: " + newPath,
-                            "log: The upgraded path exists, removing the old path",
-                            "remove: " + oldPath));
+    EXPECT_THAT(
+        platform.journal.lines(),
+        ElementsAre("write: " + newPath, "log: The upgraded path exists, removing the old path",
+                    "trash: " + oldPath,
+                    "log: The upgraded agent was not written, the old one is now " + trashedPath));
+    EXPECT_FALSE(disk().contains(oldPath));
+    EXPECT_EQ(disk().at(trashedPath), oldAgent());
     EXPECT_FALSE(platform.isAsking());
+}
+
+TEST_F(Upgrading, MovesTheFileToTheTrashThatItCouldNotWriteOver) {
+    accept();
+    platform.files.diskIsFull = true;
+    platform.saveAs(oldPath);
+    EXPECT_THAT(
+        platform.journal.lines(),
+        ElementsAre("write: " + oldPath, "log: The upgraded path exists, removing the old path",
+                    "trash: " + oldPath,
+                    "log: The upgraded agent was not written, the old one is now " + trashedPath));
+    EXPECT_EQ(disk().size(), 1U);
+    EXPECT_EQ(disk().at(trashedPath), oldAgent());
+    EXPECT_FALSE(platform.isAsking());
+}
+
+TEST_F(Upgrading, LeavesTheOldFileThatTheTrashRefuses) {
+    for (const auto& path : {newPath, oldPath}) {
+        if (path == oldPath) {
+            editor.continueEditingAgent();
+            platform.choose(oldPath);
+        }
+        platform.files.contents[newPath] = Dictionary{{"Label", "another"}};
+        accept();
+        platform.files.diskIsFull = true;
+        platform.trash.refuses = true;
+        platform.saveAs(path);
+        EXPECT_THAT(platform.journal.lines(),
+                    ElementsAre("write: " + path,
+                                "log: The upgraded path exists, removing the old path",
+                                "trash: " + oldPath,
+                                "log: The upgraded agent was not written, and the trash did not "
+                                "take the old one, which stays: " +
+                                    oldPath));
+        EXPECT_EQ(disk().at(oldPath), oldAgent());
+        EXPECT_FALSE(platform.isAsking());
+    }
 }
 
 TEST_F(Upgrading, CanBeContinuedDirectly) {

@@ -72,7 +72,8 @@ class ScriptedWindow {
                 .workspace = all.workspace,
                 .clock = all.clock,
                 .log = all.log,
-                .application = all.application};
+                .application = all.application,
+                .trash = all.trash};
     }
 };
 
