@@ -31,6 +31,24 @@ TEST_F(Stack, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
     EXPECT_EQ(stack.current(), second);
 }
 
+TEST_F(Stack, ShowsTheWindowBeforeItsFirstSheet) {
+    window.hide();
+    SheetDialog* first = make("first");
+    SheetDialog* second = make("second");
+    stack.present(first);
+    stack.present(second);
+    stack.complete([this] { journal.push_back("completed"); });
+    ASSERT_TRUE(journalReaches(2));
+    settle();
+    EXPECT_FALSE(first->isVisible());
+    EXPECT_FALSE(window.findChild<QWidget*>("sheetScrim")->isVisibleTo(&window));
+    window.show();
+    EXPECT_FALSE(first->isVisible()) << "the window has not reached the screen yet";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return first->isVisible(); }));
+    EXPECT_FALSE(second->isVisible());
+    EXPECT_EQ(QApplication::activeWindow(), first);
+}
+
 TEST_F(Stack, ShowsASheetAskedForTwiceOnce) {
     SheetDialog* sheet = make("sheet");
     stack.present(sheet);

@@ -81,6 +81,8 @@ void SheetStack::goOn() {
 }
 
 void SheetStack::showNext() {
+    if (!mainWindow_.isVisible())
+        return; // it would stand behind the window, without the keyboard
     while (!waiting_.isEmpty() && !current_)
         current_ = waiting_.takeFirst();
     placeScrim();
@@ -102,6 +104,9 @@ bool SheetStack::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &mainWindow_) {
         if (event->type() == QEvent::Resize && scrim_->isVisible())
             placeScrim();
+        // From the event loop, for the window itself reaches the screen only after this event.
+        if (event->type() == QEvent::Show && !waiting_.isEmpty())
+            goOnSoon();
     } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
         watched->removeEventFilter(this);
         if (watched == current_) {

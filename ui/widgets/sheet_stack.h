@@ -1,5 +1,6 @@
 // One queue for everything that is shown on the main window: alerts, file panels and the program's
-// own sheets. One of them is on the screen at a time, in the order in which they were asked for.
+// own sheets. One of them is on the screen at a time, in the order in which they were asked for, and
+// none before the main window is: a sheet asked for earlier waits until the window is shown.
 //
 // What follows an answer runs from the event loop, when the dialog has left the screen: first the
 // completion, then `afterwards`, which lets the window mirror the model, then the next sheet is

@@ -1,0 +1,100 @@
+// The start over the real window and real panels: what stands on the screen, and in which order.
+#include "tests/support/scripted_platform.h"
+#include "ui/app_delegate.h"
+#include "ui/widgets/file_panels.h"
+#include "ui/widgets/main_window.h"
+#include "ui/widgets/own_sheets.h"
+#include "ui/widgets/sheet_stack.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace frimbolate {
+namespace {
+
+/// Writes down which windows are shown.
+class Shown : public QObject {
+  public:
+    Shown() { qApp->installEventFilter(this); }
+
+    std::vector<std::string> names;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && widget && widget->isWindow())
+            names.push_back(widget->objectName().toStdString());
+        return false;
+    }
+};
+
+class StartUp : public testing::Test {
+  protected:
+    StartUp() {
+        qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
+        window.connectTo(delegate);
+        stack.setAfterwards([this] { window.mirror(); });
+    }
+    void start() {
+        delegate.applicationDidFinishLaunching();
+        window.mirror();
+    }
+    bool comes(const char* name) {
+        return QTest::qWaitFor([&] {
+            const auto* sheet = window.findChild<QDialog*>(name);
+            return sheet && sheet->isVisible();
+        });
+    }
+
+    test::ScriptedPlatform platform;
+    MainWindow window{false};
+    SheetStack stack{window};
+    QtFilePanels panels{stack, window};
+    OwnSheets sheets{stack, window};
+    AppDelegate delegate{services()};
+    Shown shown;
+
+  private:
+    Services services() {
+        const Services all = platform.services();
+        return {.alerts = all.alerts,
+                .sheets = sheets,
+                .filePanels = panels,
+                .files = all.files,
+                .folderAccess = all.folderAccess,
+                .defaults = all.defaults,
+                .pasteboard = all.pasteboard,
+                .workspace = all.workspace,
+                .clock = all.clock,
+                .log = all.log,
+                .application = all.application};
+    }
+};
+
+TEST_F(StartUp, ShowsTheWindowBeforeThePanelThatAsksForTheFolder) {
+    platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
+    start();
+    ASSERT_TRUE(comes("openPanel"));
+    EXPECT_THAT(shown.names, testing::ElementsAre("mainWindow", "openPanel"));
+    EXPECT_EQ(QApplication::activeWindow(), window.findChild<QDialog*>("openPanel"));
+}
+
+TEST_F(StartUp, ShowsTheWindowBeforeTheWelcome) {
+    start();
+    ASSERT_TRUE(comes("welcomeWindow"));
+    EXPECT_THAT(shown.names, testing::ElementsAre("mainWindow", "welcomeWindow"));
+}
+
+TEST_F(StartUp, ShowsTheWindowAloneWhereTheFolderIsGranted) {
+    platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
+    platform.defaults.contents["Bookmark"] = test::bookmarkOf("/Users/maya/Library/LaunchAgents");
+    start();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(shown.names, testing::ElementsAre("mainWindow"));
+}
+
+} // namespace
+} // namespace frimbolate
