@@ -7,16 +7,16 @@
 
 namespace frimbolate {
 
-/// The answers of an alert: 1000 for its first button, and on from there.
+/// The answers of an alert: 1000 for its first button, 1001 for its second.
 namespace AlertAnswer {
-enum : int { First = 1000, Second = 1001, Third = 1002 };
+enum : int { First = 1000, Second = 1001 };
 }
 
 /// An alert in the warning style, the only one that the program uses.
 struct SheetAlert {
     std::string messageText;
     std::string informativeText;
-    std::vector<std::string> buttons = {"Ok"}; ///< one to three; the first is the default
+    std::vector<std::string> buttons = {"Ok"}; ///< one or two; the first is the default
     bool showsSuppressionButton = false;       ///< "Do not show this message again", off at first
 };
 

@@ -115,14 +115,6 @@ void advancedTip(Stage& stage) {
     stage.showAlert();
 }
 
-void threeButtons(Stage& stage) {
-    stage.alerts.show({"Three ways to go on.",
-                       "The default stands in the corner, the second beside it, a third apart.",
-                       {"Go On", "Cancel", "Leave It"},
-                       true},
-                      {});
-}
-
 void monthly(Stage& stage) {
     filled(stage);
     stage.schedule("Once a Month");
@@ -203,7 +195,6 @@ constexpr Face rows[] = {
     {"loaded_agent", loadedAgent},
     {"tip", tip},
     {"advanced_tip", advancedTip},
-    {"three_buttons", threeButtons},
     {"monthly", monthly},
     {"interval", interval},
     {"on_login", onLogin},

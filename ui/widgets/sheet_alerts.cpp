@@ -128,10 +128,8 @@ void AlertDialog::addButtons(const SheetAlert& alert) {
         buttons.append(button);
     }
     QPushButton* first = buttons.first();
-    // The default stands in the corner, the second before it, a third one apart at the left.
-    QWidget* apart = buttons.size() > 2 ? buttons.takeLast() : nullptr;
-    std::ranges::reverse(buttons);
-    addButtonRow(apart, buttons);
+    std::ranges::reverse(buttons); // the default stands in the corner
+    addButtonRow(nullptr, buttons);
     first->setDefault(true);
     first->setFocus();
 }
