@@ -46,6 +46,14 @@ QLabel* label(const char* name, const std::string& text, look::FontRole role) {
     return result;
 }
 
+/// What Escape answers: only what changes nothing, or what has to be answered anyway.
+std::optional<int> escapeAnswer(const std::vector<std::string>& buttons) {
+    const auto cancel = std::ranges::find(buttons, "Cancel");
+    if (cancel != buttons.end())
+        return AlertAnswer::First + static_cast<int>(cancel - buttons.begin());
+    return buttons.size() == 1 ? std::optional<int>(AlertAnswer::First) : std::nullopt;
+}
+
 QLabel* warningSign() {
     auto* result = new QLabel;
     result->setPixmap(
@@ -59,7 +67,7 @@ QLabel* warningSign() {
 
 AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
     : SheetDialog("sheetAlert", usualWidth, mainWindow),
-      lastAnswer_(AlertAnswer::First + static_cast<int>(alert.buttons.size()) - 1) {
+      escapeAnswer_(escapeAnswer(alert.buttons)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(textOf(alert.messageText));
     setAccessibleName(textOf(alert.messageText));
@@ -138,7 +146,10 @@ AlertOutcome AlertDialog::outcome() const {
     return {result(), suppressionButton_ && suppressionButton_->isChecked() ? 1 : 0};
 }
 
-void AlertDialog::reject() { done(lastAnswer_); }
+void AlertDialog::reject() {
+    if (escapeAnswer_)
+        done(*escapeAnswer_);
+}
 
 void AlertDialog::showEvent(QShowEvent* event) {
     SheetDialog::showEvent(event);

@@ -2,11 +2,14 @@
 //
 // The dialog is named "sheetAlert", its parts "messageText", "informativeText" and
 // "suppressionButton"; the push buttons carry their titles exactly. The first button is the default
-// and stands in the corner. Escape answers as the last button does.
+// and stands in the corner. Escape and the window manager's close button press "Cancel" or an only
+// button; an alert that has neither stays until one of its buttons is pressed.
 #pragma once
 
 #include "platform/alerts.h"
 #include "ui/widgets/sheet_dialog.h"
+
+#include <optional>
 
 class QCheckBox;
 class QLabel;
@@ -38,7 +41,7 @@ class AlertDialog : public SheetDialog {
     void makeTextScroll();
 
     QCheckBox* suppressionButton_ = nullptr;
-    int lastAnswer_;
+    std::optional<int> escapeAnswer_;
 };
 
 class SheetAlerts : public Alerts {
