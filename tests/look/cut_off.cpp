@@ -1,6 +1,7 @@
 #include "tests/look/cut_off.h"
 
 #include "ui/widgets/elided_label.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
@@ -32,6 +33,13 @@ bool isCutOff(const QLabel& label) {
     if (label.wordWrap())
         return label.heightForWidth(label.width()) > label.height();
     return label.sizeHint().width() > label.width() || label.sizeHint().height() > label.height();
+}
+
+bool isCutOff(const WrappedText& text) {
+    const bool scrolls = text.verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
+    const QWidget* lines = text.viewport();
+    return text.document()->idealWidth() > lines->width() ||
+           (!scrolls && text.heightForWidth(lines->width()) > lines->height());
 }
 
 bool isCutOff(const QAbstractButton& button) {
@@ -66,6 +74,8 @@ bool isCutOff(const QLineEdit& field) {
 bool isTextCutOff(const QWidget& widget) {
     if (const auto* label = qobject_cast<const QLabel*>(&widget))
         return isCutOff(*label);
+    if (const auto* text = qobject_cast<const WrappedText*>(&widget))
+        return isCutOff(*text);
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
         return isCutOff(*button);
     if (const auto* box = qobject_cast<const QComboBox*>(&widget))

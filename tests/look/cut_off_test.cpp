@@ -1,6 +1,7 @@
 // Nothing on any face of the window is cut off; and what is cut off is found.
 #include "tests/look/cut_off.h"
 #include "tests/look/stage.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -55,6 +56,11 @@ TEST_F(CutOffTest, FindsALabelThatWraps) {
     EXPECT_TRUE(isFound(label, 100, 20));
 }
 
+TEST_F(CutOffTest, FindsATextThatWraps) {
+    const QString words = "A text of so many words that it takes several lines";
+    EXPECT_TRUE(isFound(new WrappedText(words), 100, 20));
+}
+
 TEST_F(CutOffTest, FindsAButton) { EXPECT_TRUE(isFound(new QPushButton("A long title"), 30, 32)); }
 
 TEST_F(CutOffTest, FindsACheckBox) { EXPECT_TRUE(isFound(new QCheckBox("A long title"), 30, 32)); }
@@ -80,6 +86,7 @@ TEST_F(CutOffTest, FindsAControlBeyondTheEdge) {
 TEST_F(CutOffTest, FindsNothingWhereThereIsRoom) {
     EXPECT_FALSE(isFound(new QPushButton("Save"), 200, 32));
     EXPECT_FALSE(isFound(new QLabel("A long label"), 200, 32));
+    EXPECT_FALSE(isFound(new WrappedText("A text that wraps"), 100, 60));
 }
 
 } // namespace

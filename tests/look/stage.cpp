@@ -115,6 +115,13 @@ void advancedTip(Stage& stage) {
     stage.showAlert();
 }
 
+void longPath(Stage& stage) {
+    stage.delegate.deleteLaunchAgentContinue();
+    stage.platform.choose(std::string(Stage::agents) + "/com.frimbolate." + std::string(67, 'm') +
+                          "_of_a_name_without_any_blank.plist");
+    stage.showAlert();
+}
+
 void monthly(Stage& stage) {
     filled(stage);
     stage.schedule("Once a Month");
@@ -195,6 +202,7 @@ constexpr Face rows[] = {
     {"loaded_agent", loadedAgent},
     {"tip", tip},
     {"advanced_tip", advancedTip},
+    {"long_path", longPath},
     {"monthly", monthly},
     {"interval", interval},
     {"on_login", onLogin},

@@ -1,11 +1,14 @@
 #include "tests/widgets/sheet_fixture.h"
 
+#include "ui/widgets/look/tokens.h"
 #include "ui/widgets/sheet_alerts.h"
+#include "ui/widgets/window_access.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QAccessible>
 #include <QCheckBox>
-#include <QLabel>
-#include <QScrollArea>
+#include <QClipboard>
+#include <QScrollBar>
 
 namespace frimbolate {
 namespace {
@@ -23,7 +26,7 @@ class Alert : public SheetFixture {
         return shown<AlertDialog>("sheetAlert");
     }
     static QString text(QDialog* dialog, const char* name) {
-        return dialog->findChild<QLabel*>(name)->text();
+        return dialog->findChild<WrappedText*>(name)->text();
     }
 
     SheetAlerts alerts{stack, window};
@@ -79,9 +82,10 @@ TEST_F(Alert, ShowsItsTextsAsTheyAre) {
     EXPECT_EQ(text(dialog, "messageText"), "A <b>bold</b> & plain title");
     EXPECT_EQ(text(dialog, "informativeText"), "First\n\n<i>Second</i>");
     for (const char* name : {"messageText", "informativeText"}) {
-        const auto* label = dialog->findChild<QLabel*>(name);
-        EXPECT_EQ(label->textFormat(), Qt::PlainText);
-        EXPECT_TRUE(label->textInteractionFlags() & Qt::TextSelectableByMouse);
+        const auto* shown = dialog->findChild<WrappedText*>(name);
+        EXPECT_EQ(shown->toPlainText(), shown->text());
+        EXPECT_TRUE(shown->textInteractionFlags() & Qt::TextSelectableByMouse);
+        EXPECT_FALSE(shown->textInteractionFlags() & Qt::TextEditable);
     }
 }
 
@@ -134,18 +138,87 @@ std::string words(int number) {
 TEST_F(Alert, OfUsualLengthShowsAllOfItsText) {
     AlertDialog* dialog = show({"Message", words(100), {"Continue", "Cancel"}, true});
     EXPECT_LE(dialog->panelRect().height(), 348);
-    EXPECT_EQ(dialog->findChild<QScrollArea*>(), nullptr);
-    const auto* label = dialog->findChild<QLabel*>("informativeText");
-    EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+    const auto* shown = dialog->findChild<WrappedText*>("informativeText");
+    EXPECT_EQ(shown->verticalScrollBar()->maximum(), 0);
+    EXPECT_GE(shown->height(), shown->heightForWidth(shown->width()));
 }
 
-TEST_F(Alert, OfGreatLengthStaysInsideTheFormAndScrolls) {
-    AlertDialog* dialog = show({"Message", words(1000)});
+struct LongRow {
+    const char* name;
+    SheetAlert alert;
+    const char* scrolls; ///< which of its texts
+};
+
+class LongAlert : public Alert, public testing::WithParamInterface<LongRow> {};
+
+TEST_P(LongAlert, StaysInsideTheFormAndScrolls) {
+    AlertDialog* dialog = show(GetParam().alert);
     EXPECT_LE(dialog->panelRect().height(), 348);
-    auto* scroll = dialog->findChild<QScrollArea*>();
-    ASSERT_NE(scroll, nullptr);
-    EXPECT_GT(scroll->widget()->height(), scroll->viewport()->height());
-    EXPECT_EQ(scroll->widget()->width(), scroll->viewport()->width());
+    auto* shown = dialog->findChild<WrappedText*>(GetParam().scrolls);
+    EXPECT_GT(shown->verticalScrollBar()->maximum(), 0);
+    EXPECT_TRUE(shown->verticalScrollBar()->isVisible());
+    shown->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(shown, Qt::Key_PageDown);
+    EXPECT_GT(shown->verticalScrollBar()->value(), 0);
+}
+
+const LongRow longRows[] = {
+    {"Text", {"Message", words(1000)}, "informativeText"},
+    {"Message", {words(600), {}}, "messageText"},
+    {"OneWord", {"Message", std::string(4096, 'x')}, "informativeText"},
+};
+INSTANTIATE_TEST_SUITE_P(Table, LongAlert, testing::ValuesIn(longRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(Alert, BreaksAWordThatIsLongerThanItsLine) {
+    const std::string name(67, 'm');
+    AlertDialog* dialog = show({name, "/Users/maya/" + name, {"Delete", "Cancel"}});
+    for (auto* shown : dialog->findChildren<WrappedText*>()) {
+        QTextCursor end(shown->document());
+        end.movePosition(QTextCursor::End);
+        EXPECT_GT(shown->cursorRect(end).top(), 0) << "it takes more than one line";
+        EXPECT_TRUE(shown->viewport()->rect().contains(shown->cursorRect(end)));
+        EXPECT_LE(shown->document()->idealWidth(), shown->viewport()->width());
+    }
+}
+
+TEST_F(Alert, CopiesAndTellsItsTextsAsTheyAre) {
+    installWindowAccess();
+    for (const char16_t* odd : {u"two\nlines", u"no\u00A0break", u"a\r\nb", u"a\u2028b\u2029c",
+                                u"an\uFFFCobject", u"of\u200Bno\u00ADwidth", u"🚀 rocket"}) {
+        const QString path = "/Users/maya/" + QString(60, 'x') + QString::fromUtf16(odd) + "/end";
+        AlertDialog* dialog = show({"Message", path.toStdString(), {"Delete", "Cancel"}});
+        auto* shown = dialog->findChild<WrappedText*>("informativeText");
+        shown->selectAll();
+        shown->copy();
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), path);
+        QAccessibleInterface* access = QAccessible::queryAccessibleInterface(shown);
+        EXPECT_EQ(access->role(), QAccessible::StaticText);
+        EXPECT_EQ(access->text(QAccessible::Name), path);
+        EXPECT_EQ(access->childCount(), 0);
+        dialog->done(AlertAnswer::Second);
+        settle();
+    }
+}
+
+TEST_F(Alert, CopiesThePartThatIsSelected) {
+    AlertDialog* dialog = show({"Message", "/Users/maya/" + std::string(80, 'x') + "/a b.plist"});
+    auto* shown = dialog->findChild<WrappedText*>("informativeText");
+    QTextCursor part = shown->textCursor();
+    part.setPosition(92);
+    part.setPosition(97, QTextCursor::KeepAnchor);
+    shown->setTextCursor(part);
+    QTest::keyClick(shown, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "/a b.");
+}
+
+TEST_F(Alert, KeepsItsColoursWithTheDesktops) {
+    AlertDialog* dialog = show({"Message", "Text"});
+    const auto* shown = dialog->findChild<WrappedText*>("informativeText");
+    for (const bool isDark : {true, false}) {
+        dialog->setPalette(look::palette(isDark));
+        EXPECT_EQ(shown->palette().color(QPalette::Text), look::tokens(isDark).text2);
+    }
 }
 
 TEST_F(Alert, IsToldToAssistiveTechnology) {

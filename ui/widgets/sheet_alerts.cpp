@@ -3,13 +3,13 @@
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/sheet_stack.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -35,14 +35,13 @@ QString withoutLastBreak(const std::string& text) {
     return result;
 }
 
-QLabel* label(const char* name, const std::string& text, look::FontRole role) {
-    auto* result = new QLabel(withoutLastBreak(text));
+WrappedText* makeText(const char* name, const std::string& text, WrappedText::Tone tone,
+                      look::FontRole role) {
+    auto* result = new WrappedText(withoutLastBreak(text), tone);
     result->setObjectName(name);
-    result->setTextFormat(Qt::PlainText);
-    result->setWordWrap(true);
-    result->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    result->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     look::setFont(result, role);
+    if (text.empty())
+        result->hide();
     return result;
 }
 
@@ -90,10 +89,10 @@ QWidget* AlertDialog::texts(const SheetAlert& alert) {
     auto* layout = new QVBoxLayout(result);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleGap);
-    layout->addWidget(label("messageText", alert.messageText, look::FontRole::sheetTitle));
-    QLabel* text = label("informativeText", alert.informativeText, look::FontRole::control);
-    text->setForegroundRole(QPalette::PlaceholderText);
-    layout->addWidget(text);
+    layout->addWidget(makeText("messageText", alert.messageText, WrappedText::Tone::plain,
+                               look::FontRole::sheetTitle));
+    layout->addWidget(makeText("informativeText", alert.informativeText, WrappedText::Tone::hint,
+                               look::FontRole::control));
     if (alert.showsSuppressionButton) {
         suppressionButton_ = new QCheckBox(tr("Do not show this message again"));
         suppressionButton_->setObjectName("suppressionButton");
@@ -110,21 +109,12 @@ int AlertDialog::excessHeight() const {
 }
 
 void AlertDialog::makeTextScroll() {
-    auto* text = findChild<QLabel*>("informativeText");
     const int textWidth = panelRect().width() - 2 * padding - iconSide - iconGap;
-    auto* scroll = new QScrollArea;
-    scroll->setFixedHeight(text->heightForWidth(textWidth) - excessHeight());
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    delete text->parentWidget()->layout()->replaceWidget(text, scroll);
-    // Not before: to be named it must be known as a part of the alert.
-    scroll->setAccessibleName(accessibleName());
-    text->setContentsMargins(0, 0, padding / 2, 0);
-    scroll->setWidget(text);
-    // Both would paint the colour of a window on the sheet.
-    text->setAutoFillBackground(false);
-    scroll->viewport()->setAutoFillBackground(false);
+    const auto needed = [textWidth](const WrappedText* text) {
+        return text->isHidden() ? 0 : text->heightForWidth(textWidth);
+    };
+    WrappedText* longest = std::ranges::max(findChildren<WrappedText*>(), {}, needed);
+    longest->scrollWithin(needed(longest) - excessHeight());
 }
 
 void AlertDialog::addButtons(const SheetAlert& alert) {

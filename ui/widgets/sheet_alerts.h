@@ -12,7 +12,6 @@
 #include <optional>
 
 class QCheckBox;
-class QLabel;
 
 namespace frimbolate {
 

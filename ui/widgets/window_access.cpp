@@ -3,10 +3,10 @@
 #include "ui/widgets/main_window.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/sheet_alerts.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QScrollArea>
 
 namespace frimbolate {
 
@@ -53,6 +53,20 @@ class PopOverAccess : public QAccessibleWidget {
     }
 };
 
+/// A label that tells its text, not an editor with parts.
+class TextAccess : public QAccessibleWidget {
+  public:
+    explicit TextAccess(WrappedText* text) : QAccessibleWidget(text, QAccessible::StaticText) {}
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? static_cast<WrappedText*>(widget())->text()
+                                         : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* makeAccess(const QString&, QObject* object) {
     if (auto* window = qobject_cast<MainWindow*>(object))
         return new MainWindowAccess(window);
@@ -60,10 +74,8 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
         return new PopOverAccess(popOver);
     if (auto* alert = qobject_cast<AlertDialog*>(object))
         return new QAccessibleWidget(alert, QAccessible::AlertMessage);
-    // The text of an alert that has to be scrolled has the keyboard for it.
-    auto* scroll = qobject_cast<QScrollArea*>(object);
-    if (scroll && qobject_cast<AlertDialog*>(scroll->window()))
-        return new QAccessibleWidget(scroll, QAccessible::Pane);
+    if (auto* text = qobject_cast<WrappedText*>(object))
+        return new TextAccess(text);
     return nullptr;
 }
 
