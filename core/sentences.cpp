@@ -14,6 +14,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+/// The rows of the form from top to bottom, each by its marker.
+constexpr std::array<bool ErrorReport::*, 4> rowsOfForm = {
+    &ErrorReport::name, &ErrorReport::target, &ErrorReport::action, &ErrorReport::schedule};
+
 /// A line of the error report in other words.
 struct Fault {
     std::string_view line;
@@ -27,9 +31,9 @@ constexpr std::array<Fault, 10> faults = {{
      "The name may hold only a to z, A to Z, 0 to 9 and _", ""},
     {"Name cannot be left blank", &ErrorReport::name, "The agent needs a name", "a name"},
     {"No app or script to launch selected", &ErrorReport::target,
-     "Choose what the agent is to launch", "something to launch"},
-    {"Condition for launch not selected", &ErrorReport::action,
-     "Choose what is to launch the agent", "a choice of when to launch it"},
+     "Choose an application or a script", "something to launch"},
+    {"Condition for launch not selected", &ErrorReport::action, "Choose when the agent starts",
+     "a choice of when to launch it"},
     {"Day of the month must be numeric", &ErrorReport::schedule,
      "The day of the month must be a number", ""},
     {"Day of the month cannot be left blank", &ErrorReport::schedule,
@@ -112,32 +116,50 @@ Words launchConditions(const AgentForm& form, std::string_view home) {
     return words;
 }
 
-/// Faults of the form, and the paths that no rule insists on but the sentence cannot do without.
+/// A path that no rule insists on but the row cannot do without; empty where there is none.
+std::string_view missingPath(const AgentForm& form, bool ErrorReport::*row) {
+    if (row == &ErrorReport::target && form.targetType == TargetType::File &&
+        form.targetPath.empty())
+        return "something to launch";
+    if (row == &ErrorReport::action && form.action == AgentAction::PathModified &&
+        watchedPath(form).empty())
+        return "a path to watch";
+    return "";
+}
+
+/// What the form lacks, in the order of its rows.
+Words missingParts(const AgentForm& form, const ErrorReport& report) {
+    Words words;
+    for (const auto row : rowsOfForm) {
+        for (const auto& fault : faults)
+            if (fault.marker == row && !fault.missing.empty() && reports(report, fault))
+                words.emplace_back(fault.missing);
+        if (const auto path = missingPath(form, row); !path.empty())
+            words.emplace_back(path);
+    }
+    // The additional path belongs to the drawer, which stands after all rows.
+    if (form.action != AgentAction::PathModified && watchesPath(form) && watchedPath(form).empty())
+        words.emplace_back("a path to watch");
+    return words;
+}
+
+/// What is missing, then what is wrong; empty for a form that can be told.
 std::string shortcomings(const AgentForm& form) {
     const auto report = validate(form);
-    Words missing;
-    Words wrong;
-    for (const auto& fault : faults) {
-        if (!reports(report, fault))
-            continue;
-        if (fault.missing.empty())
-            wrong.push_back(withFirst(std::tolower, std::string(fault.hint)));
-        else
-            missing.emplace_back(fault.missing);
-    }
-    if (form.targetType == TargetType::File && form.targetPath.empty())
-        missing.emplace_back("something to launch");
-    if (watchesPath(form) && watchedPath(form).empty())
-        missing.emplace_back("a path to watch");
+    const Words missing = missingParts(form, report);
+    Words parts;
     if (!missing.empty())
-        wrong.insert(wrong.begin(), "still needs " + joined(missing, ", ", " and "));
-    return joined(wrong, "; ", "; ");
+        parts.push_back("still needs " + joined(missing, ", ", " and "));
+    for (const auto& fault : faults)
+        if (fault.missing.empty() && reports(report, fault))
+            parts.push_back(withFirst(std::tolower, std::string(fault.hint)));
+    return joined(parts, "; ", "; ");
 }
 
 std::string targetHint(const AgentForm& form, std::string_view home) {
     if (form.targetType == TargetType::None ||
         (form.targetType == TargetType::File && form.targetPath.empty()))
-        return "Choose an application or script\u2026";
+        return "Choose an application or a script, or drop one on the box";
     if (form.targetType == TargetType::File)
         return shownPath(form.targetPath, home);
     return form.scriptText.empty() ? "An empty script"
@@ -147,12 +169,12 @@ std::string targetHint(const AgentForm& form, std::string_view home) {
 std::string actionHint(const AgentForm& form, std::string_view home) {
     switch (form.action) {
     case AgentAction::None:
-        return "Choose what launches the agent\u2026";
+        return "Choose a schedule or an event that starts the agent";
     case AgentAction::KeepRunning:
         return form.allowSuccessfulExit ? "Launched as scheduled, and again whenever it fails"
                                         : "Launched as scheduled, and again whenever it ends";
     case AgentAction::PathModified:
-        return form.watchPath.empty() ? "Choose the file or folder to watch\u2026"
+        return form.watchPath.empty() ? "Choose the file or folder to watch"
                                       : "Watches " + shownPath(form.watchPath, home);
     case AgentAction::VolumeMounted:
         return "Launched when a disk or a share appears in /Volumes";
@@ -181,6 +203,10 @@ std::string planSentence(const AgentForm& form, std::string_view home) {
         sentence += form.allowSuccessfulExit ? ", and keeps it running until it succeeds"
                                              : ", and keeps it running";
     return sentence + ".";
+}
+
+bool isPlanComplete(const AgentForm& form) {
+    return shortcomings(form).empty() && !launchConditions(form, {}).empty();
 }
 
 RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home) {

@@ -16,7 +16,12 @@ namespace frimbolate {
 /// \param home the person's home folder, shown as "~"; without it paths stand in full
 std::string planSentence(const AgentForm& form, std::string_view home = {});
 
-/// The line under each row of the form.
+/// Whether that sentence tells a plan: nothing is missing or wrong, and something starts the agent.
+/// Validation asks for less; an empty target path passes it.
+bool isPlanComplete(const AgentForm& form);
+
+/// The line under each row of the form: plain words without a full stop or dots at their end, for
+/// some of them end with a path or a file name.
 struct RowHints {
     std::string name;     ///< the file name that will be proposed
     std::string target;   ///< the chosen path or the typed script

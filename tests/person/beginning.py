@@ -83,8 +83,8 @@ def faults(life):
     life.keep("faults")
     life.person.press("Return")
     life.person.wait_until_gone(sheet)
-    for hint in ("The agent needs a name", "Choose what the agent is to launch",
-                 "Choose what is to launch the agent"):
+    for hint in ("The agent needs a name", "Choose an application or a script",
+                 "Choose when the agent starts"):
         life.person.look("label", hint)
     life.expect_log("Agent failed initial validation with the following errors:",
                     *FAULTS.splitlines())
@@ -119,7 +119,7 @@ def every_kind(life):
             copy_commands(life, agent)
         else:
             way.reply("Load the agent", "Close")
-        life.person.look("label", "Choose what launches the agent…")
+        life.person.look("label", "Choose a schedule or an event that starts the agent")
     assert sorted(path.name for path in life.folder.iterdir()) == sorted(
         life.path(agent.name).name for agent in AGENTS)
 

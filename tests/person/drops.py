@@ -56,7 +56,8 @@ def play(desktop, program, pictures):
 
     target = "Application or script to launch"
     for files in ([note], [script, note], [folder]):
-        drop(desktop, person, files, target, taken=False, hint="Choose an application or script…")
+        drop(desktop, person, files, target, taken=False,
+             hint="Choose an application or a script, or drop one on the box")
     drop(desktop, person, [script], target, taken=True, hint="~/backup.sh")
     person.choose_file("When to launch", "Launch when a path is modified…", str(home / "inbox"))
     person.look("label", "Watches ~/inbox")

@@ -150,7 +150,7 @@ def upgrade(life):
     life.pointer.command("Edit")
     life.bus.answer_panel(str(old), "Select")
     life.keyboard.reply(UPGRADE, "Cancel")
-    life.person.look("label", "Choose what launches the agent…")
+    life.person.look("label", "Choose a schedule or an event that starts the agent")
     assert plistlib.loads(old.read_bytes()) == OLD_AGENT
     life.keyboard.command("Edit")
     life.bus.answer_panel(str(old), "Select")

@@ -133,7 +133,7 @@ void FormCard::addTargetRow() {
 
     targetWell_ = new ImageWellButton(32, look::Plane::card, this);
     targetWell_->setAccessibleName(tr("Application or script to launch"));
-    targetWell_->setEmptyToolTip(tr("Choose an application or script"));
+    targetWell_->setEmptyToolTip(tr("Choose an application or a script"));
     connect(targetWell_, &QToolButton::clicked, this, &FormCard::pressTargetWell);
     targetWell_->acceptDropsFor(AppDelegate::targetPanel());
     connect(targetWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
@@ -207,7 +207,7 @@ void FormCard::showTarget(const FormModel& form) {
     targetButton_->setShownTitle(fileName(form.agentTargetImageWell.toolTip));
     targetWell_->setPlaceholder(isScript ? Image::resource("iconScriptBash.png") : Image::none());
     targetWell_->setEmptyToolTip(isScript ? tr("Edit the script")
-                                          : tr("Choose an application or script"));
+                                          : tr("Choose an application or a script"));
 }
 
 void FormCard::showHints(const FormModel& form) {

@@ -1,0 +1,118 @@
+// What holds for every sentence and hint, whatever the form.
+#include "core/sentences.h"
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace frimbolate {
+
+namespace {
+
+AgentForm completeForm() {
+    AgentForm form;
+    form.name = "Backup";
+    form.targetType = TargetType::File;
+    form.targetPath = "/Users/ada/bin/backup.sh";
+    form.action = AgentAction::OnSchedule;
+    return form;
+}
+
+/// Every choice of the three pop-ups, with and without what the user adds to it.
+void forEveryForm(const std::function<void(const AgentForm&)>& look) {
+    for (const std::string path : {"", "/Users/ada/bin/backup.sh"})
+        for (const std::string number : {"", "0", "12", "x"})
+            for (int target = TargetType::None; target <= TargetType::Script; ++target)
+                for (int action = AgentAction::None; action <= AgentAction::VolumeMounted + 1;
+                     ++action)
+                    for (int schedule = ScheduleType::NoSelection;
+                         schedule <= ScheduleType::OnInterval + 1; ++schedule) {
+                        auto form = completeForm();
+                        form.name = path.empty() ? "" : "Backup";
+                        form.targetType = target;
+                        form.targetPath = form.scriptText = form.watchPath = path;
+                        form.action = action;
+                        form.scheduleType = schedule;
+                        form.dayOfMonthText = form.intervalText = number;
+                        form.alsoRunOnVolumeMount = number == "12";
+                        look(form);
+                    }
+}
+
+struct MissingRow {
+    std::string_view name;
+    std::function<void(AgentForm&)> change;
+    std::string_view expected;
+};
+
+class Missing : public testing::TestWithParam<MissingRow> {};
+
+TEST_P(Missing, isListedInTheOrderOfTheRows) {
+    auto form = completeForm();
+    GetParam().change(form);
+    EXPECT_EQ(planSentence(form), GetParam().expected);
+    EXPECT_FALSE(isPlanComplete(form));
+}
+
+void noDay(AgentForm& form) { form.scheduleType = ScheduleType::OnceAMonth; }
+
+const MissingRow missingRows[] = {
+    {"PathThenAction",
+     [](AgentForm& form) { form.targetPath.clear(), form.action = AgentAction::None; },
+     "Still needs something to launch and a choice of when to launch it."},
+    {"PathThenDay", [](AgentForm& form) { form.targetPath.clear(), noDay(form); },
+     "Still needs something to launch and a day of the month."},
+    {"NameThenWatchPathThenDay",
+     [](AgentForm& form) {
+         form.name.clear(), form.action = AgentAction::PathModified, noDay(form);
+     },
+     "Still needs a name, a path to watch and a day of the month."},
+    {"TheDrawersPathLast", [](AgentForm& form) { form.alsoRunOnPathChange = true, noDay(form); },
+     "Still needs a day of the month and a path to watch."},
+    {"AllRows",
+     [](AgentForm& form) {
+         form = {};
+         noDay(form);
+     },
+     "Still needs a name, something to launch, a choice of when to launch it and a day of the "
+     "month."},
+};
+
+INSTANTIATE_TEST_SUITE_P(Sentences, Missing, testing::ValuesIn(missingRows), test::NamedAfterRow());
+
+TEST(Plan, isCompleteExactlyWhenTheSentenceTellsWhatRuns) {
+    int complete = 0;
+    forEveryForm([&](const AgentForm& form) {
+        const auto sentence = planSentence(form);
+        EXPECT_EQ(isPlanComplete(form), sentence.starts_with("Runs ")) << sentence;
+        complete += isPlanComplete(form);
+    });
+    EXPECT_GT(complete, 0);
+}
+
+TEST(Plan, isNotCompleteForEveryFormThatPassesValidation) {
+    auto form = completeForm();
+    form.targetPath.clear();
+    EXPECT_TRUE(validate(form).passed());
+    EXPECT_FALSE(isPlanComplete(form));
+    form.targetPath = "/bin/true";
+    EXPECT_TRUE(isPlanComplete(form));
+}
+
+TEST(Hint, endsWithoutFullStopOrDots) {
+    constexpr std::string RowHints::*hints[] = {&RowHints::name, &RowHints::target,
+                                                &RowHints::action, &RowHints::schedule};
+    forEveryForm([&](const AgentForm& form) {
+        for (const auto& markers : {ErrorReport{}, validate(form)})
+            for (const auto hint : hints) {
+                const auto text = rowHints(form, markers).*hint;
+                EXPECT_FALSE(text.empty());
+                EXPECT_FALSE(text.ends_with(".") || text.ends_with("\u2026")) << text;
+            }
+    });
+}
+
+} // namespace
+
+} // namespace frimbolate
