@@ -5,6 +5,8 @@
 #include "tests/widgets/window_test.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/image_well_button.h"
+#include "ui/widgets/look/surfaces.h"
+#include "ui/widgets/look/tokens.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -329,6 +331,24 @@ TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
     QTest::keyClicks(find("agentNameTextField"), "backup");
     EXPECT_EQ(plan->text().toStdString(), planSentence(agentForm(form()), home));
     EXPECT_EQ(plan->toolTip(), plan->text());
+}
+
+TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
+    const auto isLit = [this] {
+        auto* foot = find("planSentence")->parentWidget();
+        const QPoint dot(look::cardMargin + look::footDotSide / 2, foot->height() / 2);
+        return foot->grab().toImage().pixelColor(dot) == look::tokens(false).accent;
+    };
+    EXPECT_FALSE(isLit());
+    show([](FormModel& model) {
+        model.agentNameTextField.stringValue = "backup";
+        model.agentTargetButton.selectedItem = TargetType::File;
+        model.agentActionButton.selectedItem = AgentAction::OnSchedule;
+    });
+    ASSERT_TRUE(validate(agentForm(form())).passed());
+    EXPECT_FALSE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();
+    show([](FormModel& model) { model.agentTargetImageWell.toolTip = "/bin/true"; });
+    EXPECT_TRUE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();
 }
 
 } // namespace

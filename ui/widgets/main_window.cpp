@@ -31,7 +31,7 @@ constexpr int formWidth = 680, drawerWidth = 400, windowHeight = 472, contentHei
 using look::cardMargin;
 constexpr int footHeight = 44, dotGap = 8;
 
-/// The line at the foot, under a hairline, behind a dot that lights up when the form is complete.
+/// The line at the foot, under a hairline, behind a dot that lights up when the line tells a plan.
 class Foot : public QWidget {
   public:
     using QWidget::QWidget;
@@ -105,7 +105,7 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     mirror_.show([plan, foot](const FormModel& model) {
         const AgentForm form = agentForm(model);
         plan->setWholeText(text(planSentence(form, QDir::homePath().toStdString())));
-        foot->setComplete(validate(form).passed());
+        foot->setComplete(isPlanComplete(form));
     });
     return foot;
 }

@@ -21,7 +21,7 @@ constexpr int footDotSide = 8;
 void paintCard(QWidget& card, int rows);
 /// The ground of the drawer, with the shadow of the form that lies above it.
 void paintDrawer(QWidget& drawer);
-/// The strip at the foot: a hairline above, and a dot that lights up when the form is complete.
+/// The strip at the foot: a hairline above, and a dot that lights up when the plan is complete.
 void paintFoot(QWidget& foot, bool complete);
 /// Dims what lies behind a sheet.
 void paintScrim(QWidget& scrim);
