@@ -6,10 +6,14 @@ namespace {
 
 constexpr PopUpItem separator{"", PopUpItem::Kind::Separator};
 
-constexpr PopUpItem targets[] = {
-    {"None"}, separator, {"Application or script\u2026"}, {"New script\u2026"}};
+constexpr PopUpItem placeholder(std::string_view title) {
+    return {title, PopUpItem::Kind::Choice, true};
+}
 
-constexpr PopUpItem actions[] = {{"Choose\u2026"},
+constexpr PopUpItem targets[] = {
+    placeholder("None"), separator, {"Application or script\u2026"}, {"New script\u2026"}};
+
+constexpr PopUpItem actions[] = {placeholder("Choose\u2026"),
                                  separator,
                                  {"Launch on schedule"},
                                  {"Launch on schedule and keep alive"},

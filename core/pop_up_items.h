@@ -13,6 +13,7 @@ struct PopUpItem {
     enum class Kind { Choice, Separator };
     std::string_view title; ///< shown to the person; the schedule's are also looked up by it
     Kind kind = Kind::Choice;
+    bool isPlaceholder = false; ///< stands for nothing chosen yet
 };
 
 std::span<const PopUpItem> agentTargetItems();

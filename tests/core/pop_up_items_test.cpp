@@ -45,6 +45,13 @@ TEST_P(Menu, findsNoOtherTitle) {
     EXPECT_EQ(itemWithTitle(GetParam().items, "Every Other Day"), -1);
 }
 
+TEST_P(Menu, sparesThePlaceholdersColourForNothingChosen) {
+    for (std::size_t i = 0; i < GetParam().items.size(); ++i)
+        EXPECT_EQ(GetParam().items[i].isPlaceholder,
+                  GetParam().items[i].title == "None" ||
+                      GetParam().items[i].title == "Choose\u2026");
+}
+
 const MenuRow menus[] = {
     {"Target", agentTargetItems(), 4, {1}},
     {"Action", agentActionItems(), 6, {1}},

@@ -13,11 +13,15 @@
 namespace frimbolate {
 
 PopUpButton::PopUpButton(std::span<const PopUpItem> items, QWidget* parent) : QComboBox(parent) {
-    for (const PopUpItem& item : items)
+    for (const PopUpItem& item : items) {
+        if (item.isPlaceholder)
+            placeholders_.insert(count());
         if (item.kind == PopUpItem::Kind::Separator)
             insertSeparator(count());
         else
             addItem(text(item.title));
+    }
+    colourPlaceholders();
     setMaxVisibleItems(count());
     connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectWhatIsChosen);
     selectWhatIsChosen();
@@ -49,6 +53,21 @@ void PopUpButton::setUnlabelledName(const QString& name) {
     auto* label = new QLabel(name, parentWidget());
     label->setBuddy(this);
     label->hide();
+}
+
+void PopUpButton::colourPlaceholders() {
+    for (const int index : placeholders_)
+        setItemData(index, palette().placeholderText(), Qt::ForegroundRole);
+}
+
+bool PopUpButton::showsPlaceholder() const {
+    return shownTitle_.isEmpty() && placeholders_.contains(currentIndex());
+}
+
+void PopUpButton::changeEvent(QEvent* event) {
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        colourPlaceholders();
 }
 
 void PopUpButton::hidePopup() {
@@ -84,6 +103,8 @@ void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {
         option->state &= ~QStyle::State_MouseOver;
     if (!shownTitle_.isEmpty())
         option->currentText = shownTitle_;
+    if (showsPlaceholder())
+        option->palette.setBrush(QPalette::ButtonText, palette().placeholderText());
 }
 
 void PopUpButton::keyPressEvent(QKeyEvent* event) {

@@ -30,6 +30,7 @@ class PopUpButton : public QComboBox {
     void hidePopup() override;
 
   protected:
+    void changeEvent(QEvent* event) override;
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -40,7 +41,12 @@ class PopUpButton : public QComboBox {
     /// Assistive tools choose by selecting in the list, which a person only does by choosing.
     void chooseWhatWasSelected();
 
+    /// An item that stands for nothing chosen has the colour of a field's placeholder.
+    void colourPlaceholders();
+    bool showsPlaceholder() const;
+
     QString shownTitle_;
+    std::set<int> placeholders_;
     std::set<int> disabledItems_;
 };
 

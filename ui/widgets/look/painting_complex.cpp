@@ -113,7 +113,8 @@ void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option,
     }
     const bool isEnabled = has(option, QStyle::State_Enabled);
     painter.save();
-    painter.setPen(isEnabled ? t.text : t.disabledText);
+    // Of the option, for an item that stands for nothing chosen is quieter.
+    painter.setPen(isEnabled ? option.palette.color(QPalette::ButtonText) : t.disabledText);
     const QString shown =
         painter.fontMetrics().elidedText(option.currentText, Qt::ElideRight, text.width());
     style.drawItemText(&painter, text, Qt::AlignVCenter, option.palette, isEnabled, shown);

@@ -72,7 +72,9 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const 
     const bool isSelected = isEnabled && has(option, QStyle::State_Selected);
     if (isSelected)
         plate(painter, rect, controlRadius - 2, t.accent);
-    const QColor ink = isSelected ? t.onAccent : isEnabled ? t.text : t.disabledText;
+    const QColor ink = isSelected  ? t.onAccent
+                       : isEnabled ? option.palette.color(QPalette::Text)
+                                   : t.disabledText;
     painter.save();
     painter.setFont(option.font);
     if (isChecked(option))

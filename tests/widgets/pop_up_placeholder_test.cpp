@@ -1,0 +1,80 @@
+// What stands for nothing chosen is as quiet as the placeholder of a field.
+#include "core/pop_up_items.h"
+#include "ui/widgets/look/tokens.h"
+#include "ui/widgets/pop_up_button.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+
+#include <gmock/gmock.h>
+
+namespace frimbolate {
+namespace {
+
+class PopUpPlaceholder : public testing::TestWithParam<bool> {
+  protected:
+    PopUpPlaceholder() { button.resize(311, 32); }
+    ~PopUpPlaceholder() override { QApplication::setPalette(look::palette(false)); }
+
+    void setScheme() {
+        QApplication::setPalette(look::palette(GetParam()));
+        QCoreApplication::processEvents(); // the widgets are told later
+    }
+    /// The strongest ink in a part of a picture: how far it is from the colour behind it.
+    static int strength(const QImage& picture, const QRect& part) {
+        const int behind = picture.pixelColor(part.topLeft()).lightness();
+        int strongest = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            for (int x = part.left(); x <= part.right(); ++x)
+                strongest =
+                    std::max(strongest, std::abs(picture.pixelColor(x, y).lightness() - behind));
+        return strongest;
+    }
+    int strengthOnButton(int item) {
+        button.setCurrentIndex(item);
+        return strength(button.grab().toImage(), QRect(10, 4, 200, 24)); // without the chevrons
+    }
+    int strengthInList(int item) {
+        QAbstractItemView* list = button.view();
+        const QRect row = list->visualRect(button.model()->index(item, 0));
+        // From behind the check mark on.
+        return strength(list->viewport()->grab(row).toImage(),
+                        QRect(32, 2, row.width() - 48, row.height() - 4));
+    }
+    /// How much the colours of a text and of what is behind it differ.
+    static int contrast(const QColor& ink, const QColor& behind) {
+        return std::abs(ink.lightness() - behind.lightness());
+    }
+
+    PopUpButton button{agentTargetItems()};
+    const look::Tokens& t = look::tokens(GetParam());
+};
+
+TEST_P(PopUpPlaceholder, IsQuietOnTheButtonUntilSomethingIsChosen) {
+    // After the button was made: the scheme may change while the program runs.
+    setScheme();
+    const int quiet = contrast(t.text2, t.button);
+    EXPECT_LE(strengthOnButton(0), quiet);
+    EXPECT_GT(strengthOnButton(0), quiet / 2) << "the other scheme's would hardly show";
+    EXPECT_GT(strengthOnButton(2), quiet);
+    button.setCurrentIndex(0);
+    button.setShownTitle("backup.sh");
+    EXPECT_GT(strengthOnButton(0), quiet) << "a file's name is no placeholder";
+}
+
+TEST_P(PopUpPlaceholder, IsQuietInTheList) {
+    setScheme();
+    button.setCurrentIndex(3); // which is the one that is lit
+    button.show();
+    button.showPopup();
+    const int quiet = contrast(t.text2, t.surface);
+    EXPECT_LE(strengthInList(0), quiet);
+    EXPECT_GT(strengthInList(0), quiet / 2) << "the other scheme's would hardly show";
+    EXPECT_GT(strengthInList(2), quiet);
+}
+
+INSTANTIATE_TEST_SUITE_P(Schemes, PopUpPlaceholder, testing::Bool(),
+                         [](const auto& row) { return std::string(row.param ? "Dark" : "Light"); });
+
+} // namespace
+} // namespace frimbolate
