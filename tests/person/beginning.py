@@ -76,6 +76,7 @@ def grant(life):
 def faults(life):
     """All are told at once, and marked beside and below their rows."""
     life.person.look_at_window("Frimbolate")
+    life.person.press("Tab")
     life.person.press("ctrl+s")
     title = "Some information is missing or incorrect."
     sheet = life.person.look_at_window(title)
@@ -83,6 +84,7 @@ def faults(life):
     life.keep("faults")
     life.person.press("Return")
     life.person.wait_until_gone(sheet)
+    life.person.wait_for_focus(life.person.look("field", "Name"))
     for hint in ("The agent needs a name", "Choose an application or a script",
                  "Choose when the agent starts"):
         life.person.look("label", hint)

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <functional>
+
 namespace frimbolate::test {
 namespace {
 
@@ -76,6 +78,67 @@ TEST_F(WindowKeyboardTest, TabFollowsTheReadingInEverySchedule) {
                 << "from " << met[i - 1].name << " to " << met[i].name << ", schedule " << schedule;
         }
     }
+}
+
+TEST_F(WindowKeyboardTest, ANewAgentBeginsWithItsName) {
+    for (const char* before : {"agentActionButton", "standardInPathField"}) {
+        find(before)->setFocus();
+        ASSERT_EQ(window.focusWidget(), find(before));
+        find<QAction>("createNewAgent")->trigger();
+        EXPECT_EQ(window.focusWidget(), find("agentNameTextField")) << "from " << before;
+    }
+}
+
+struct FaultRow {
+    const char* control;
+    std::function<void(FormModel&)> mend; ///< together with those of the rows before it
+};
+const FaultRow faultRows[] = {
+    {"agentNameTextField", [](FormModel&) {}},
+    {"agentTargetButton", [](FormModel& form) { form.agentNameTextField.stringValue = "a"; }},
+    {"agentActionButton",
+     [](FormModel& form) { form.agentTargetButton.selectedItem = TargetType::Script; }},
+    {"onMonthTextField",
+     [](FormModel& form) {
+         form.agentActionButton.selectedItem = AgentAction::OnSchedule;
+         form.agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
+         form.onMonthTextBox.hidden = false;
+     }},
+    {"agentIntervalField",
+     [](FormModel& form) {
+         form.agentScheduleTypeButton.selectedItem = ScheduleType::OnInterval;
+         form.onMonthTextBox.hidden = true;
+         form.agentIntervalField.hidden = false;
+     }},
+};
+
+TEST_F(WindowKeyboardTest, AClosedAlertOfValidationLeadsToTheFirstFault) {
+    window.show();
+    for (const FaultRow& row : faultRows) {
+        show(row.mend);
+        find("agentScheduleTypeButton")->setFocus();
+        find<QAction>("validateAgentConfig")->trigger();
+        EXPECT_EQ(window.focusWidget(), find("agentScheduleTypeButton")) << "the alert comes first";
+        platform.press("Ok");
+        window.mirror();
+        EXPECT_EQ(window.focusWidget(), find(row.control)) << row.control;
+        find("agentScheduleTypeButton")->setFocus();
+        window.mirror();
+        EXPECT_EQ(window.focusWidget(), find("agentScheduleTypeButton")) << "only once";
+    }
+}
+
+TEST_F(WindowKeyboardTest, AFormWithoutFaultsLeavesTheKeyboardWhereItIs) {
+    show([](FormModel& form) {
+        form.agentNameTextField.stringValue = "a";
+        form.agentTargetButton.selectedItem = TargetType::Script;
+        form.agentActionButton.selectedItem = AgentAction::OnSchedule;
+    });
+    find("agentScheduleTypeButton")->setFocus();
+    find<QAction>("validateAgentConfig")->trigger();
+    platform.cancelPanel();
+    window.mirror();
+    EXPECT_EQ(window.focusWidget(), find("agentScheduleTypeButton"));
 }
 
 TEST_F(WindowKeyboardTest, NoTwoLettersOfASheetAreTheSame) {

@@ -78,6 +78,14 @@ FormCard::FormCard(FormMirror& mirror, QWidget* parent)
 
 void FormCard::paintEvent(QPaintEvent*) { look::paintCard(*this, RowCount); }
 
+QWidget* FormCard::firstFault() const {
+    for (const Row& row : rows_)
+        for (QWidget* control : row.marked)
+            if (look::isFaulty(*control) && control->isVisibleTo(this))
+                return control;
+    return nullptr;
+}
+
 void FormCard::addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked) {
     const QString name = QString(label).remove('&');
     auto* caption = new QLabel(label, this);

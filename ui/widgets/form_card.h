@@ -25,6 +25,8 @@ class FormCard : public QWidget {
 
     /// Where a person begins to type.
     QWidget* firstField() const { return firstField_; }
+    /// The first control, from top to bottom, that bears the border of a fault; null for none.
+    QWidget* firstFault() const;
     /// Where the script pop-over points to.
     QWidget* scriptButton() const { return scriptButton_; }
 

@@ -19,6 +19,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace frimbolate {
 
@@ -69,11 +70,24 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *th
     card->firstField()->setFocus();
     connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
             [card] { card->firstField()->setFocus(); });
+    leadToFirstFault(*card);
     mirror_.show([this](const FormModel& model) {
         if (model.mainWindow.visible && !isVisible())
             bringToFront();
         else if (!model.mainWindow.visible && isVisible())
             hide();
+    });
+}
+
+void MainWindow::leadToFirstFault(FormCard& card) {
+    // Not before the alert is closed: a screen reader would tell the control before the fault. The
+    // action itself has mirrored the model by now, so the next time is when the alert was answered.
+    connect(findChild<QAction*>("validateAgentConfig"), &QAction::triggered, this,
+            [this] { leadsToFault_ = true; });
+    mirror_.show([this, &card](const FormModel&) {
+        QWidget* fault = std::exchange(leadsToFault_, false) ? card.firstFault() : nullptr;
+        if (fault)
+            fault->setFocus();
     });
 }
 

@@ -42,8 +42,11 @@ class MainWindow : public QMainWindow {
     QWidget* makeFoot(QWidget* parent);
     void setRoomForDrawer(bool room);
 
+    void leadToFirstFault(FormCard& card);
+
     FormMirror mirror_;
     Commands* commands_;
+    bool leadsToFault_ = false; ///< as soon as what validation told was answered
 };
 
 } // namespace frimbolate

@@ -342,8 +342,10 @@ bool isMotionWanted(const QWidget& widget) {
            widget.style()->styleHint(QStyle::SH_Widget_Animate, nullptr, &widget) != 0;
 }
 
+bool isFaulty(const QWidget& widget) { return widget.property("faulty").toBool(); }
+
 void setFaulty(QWidget* widget, bool faulty) {
-    if (widget->property("faulty").toBool() == faulty)
+    if (isFaulty(*widget) == faulty)
         return;
     widget->setProperty("faulty", faulty);
     widget->update();

@@ -59,6 +59,7 @@ class Style : public QProxyStyle {
 };
 
 void setFaulty(QWidget* widget, bool faulty);
+bool isFaulty(const QWidget& widget);
 
 /// Whether a drawer or sheet may slide: not where the desktop asks for less motion, nor where
 /// FRIMBOLATE_REDUCED_MOTION is set.
