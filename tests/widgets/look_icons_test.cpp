@@ -119,10 +119,22 @@ TEST_F(Icons, ShowTheTileOfAScriptForItsFile) {
             << row.file;
 }
 
-TEST_F(Icons, ShowTheProgramsOwnForApplicationsAndForWhatIsNotThere) {
-    const QImage app = drawn(toolIcon("app"), 32);
-    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/Applications/Any.app")), 32), app);
-    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/nowhere/program")), 32), app);
+TEST_F(Icons, ShowANeutralTileForApplicationsAndForWhatIsNotThere) {
+    const QTemporaryDir folder;
+    QDir(folder.path()).mkpath("There.app/Contents");
+    const std::string there = folder.filePath("There.app").toStdString();
+    const QImage own = drawn(toolIcon("app"), 32);
+    const QImage application = drawn(toolIcon("application"), 32);
+    const QImage file = drawn(toolIcon("file"), 32);
+    EXPECT_NE(application, own);
+    EXPECT_NE(application, file);
+    for (const QImage& tile : {application, file})
+        EXPECT_THAT(count(tile, 0xE3EAE8), Gt(100)); // a plate like the others
+    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/Applications/Any.app")), 32), application);
+#ifndef Q_OS_MACOS
+    EXPECT_EQ(drawn(imageIcon(Image::iconForFile(there)), 32), application);
+#endif
+    EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/nowhere/program")), 32), file);
 }
 
 } // namespace

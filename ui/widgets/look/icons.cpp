@@ -151,12 +151,19 @@ constexpr Glyph glyphs[] = {
     {QStyle::SP_DriveNetIcon, drive},
 };
 
+#ifdef Q_OS_MACOS
+constexpr bool desktopKnowsBundles = true;
+#else
+constexpr bool desktopKnowsBundles = false;
+#endif
+
+/// Empty where the desktop's own icon says more.
 QString tileFor(const QFileInfo& file) {
     for (const ScriptTile& row : scriptTiles)
         if (file.suffix() == row.extension)
             return row.file;
     if (file.suffix() == "app")
-        return "app";
+        return desktopKnowsBundles && file.exists() ? QString() : "application";
     return file.isDir() ? "folder" : QString();
 }
 
@@ -167,7 +174,7 @@ QIcon fileIcon(const QString& path, Plane plane) {
         const QIcon ofDesktop = QFileIconProvider().icon(file);
         if (file.exists() && !ofDesktop.isNull())
             return ofDesktop;
-        tile = "app";
+        tile = "file";
     }
     return svgIcon(":/icons/" + tile + ".svg", plane);
 }

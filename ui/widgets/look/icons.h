@@ -25,8 +25,9 @@ QIcon toolIcon(std::string_view name);
 QIcon standardIcon(QStyle::StandardPixmap pixmap);
 
 /// The picture of an image well. A resource is one of the program's own tiles; a file's icon is
-/// our tile for folders and for scripts that are recognised by their extension, the desktop's icon
-/// for all else, and the program's own where the desktop has none. None gives a null icon.
+/// our tile for folders, for scripts that are recognised by their extension and for applications
+/// (macOS shows their own icons), the desktop's icon for all else, and a tile of a plain file where
+/// the desktop has none. It is never the program's own icon. None gives a null icon.
 QIcon imageIcon(const Image& image, Plane plane = Plane::card);
 
 } // namespace frimbolate::look
