@@ -25,6 +25,13 @@ QString typedText(const QPlainTextEdit& field) {
         .replace(QChar::LineSeparator, u'\n');
 }
 
+/// The place of a value on a slider: at the nearest end where it lies beyond.
+int sliderPosition(const QSlider& slider, double value) {
+    if (!(value > slider.minimum()))
+        return slider.minimum();
+    return value < slider.maximum() ? static_cast<int>(value) : slider.maximum();
+}
+
 /// A text as a plain text field gives it back.
 QString withPlainLineBreaks(QString text) { return text.replace("\r\n", "\n").replace('\r', '\n'); }
 
@@ -142,7 +149,7 @@ void FormMirror::bind(std::string_view outlet, QSlider* slider, Slider FormModel
                       const Send& send) {
     slider->setObjectName(text(outlet));
     show([slider, member](const FormModel& form) {
-        slider->setValue(static_cast<int>((form.*member).value));
+        slider->setValue(sliderPosition(*slider, (form.*member).value));
     });
     connect(slider, &QSlider::valueChanged, this, [this, member, send](int value) {
         change([&](FormModel& form) { (form.*member).value = value; }, send);

@@ -1,0 +1,50 @@
+// The nice level: a file may hold any number, the slider only those from -20 to 20.
+#include "tests/support/rows.h"
+#include "tests/widgets/window_test.h"
+
+#include <QLineEdit>
+#include <QSlider>
+
+#include <limits>
+
+namespace frimbolate::test {
+namespace {
+
+struct NiceRow {
+    std::string_view name;
+    double value;
+    int position;
+};
+
+class NiceSlider : public WindowTest, public testing::WithParamInterface<NiceRow> {};
+
+TEST_P(NiceSlider, ShowsTheNearestPosition) {
+    const auto& [name, value, position] = GetParam();
+    show([value = value](FormModel& model) {
+        model.niceLevelSlider.value = value;
+        model.niceLevelTextField.stringValue = "as the rules say";
+    });
+    EXPECT_EQ(find<QSlider>("niceLevelSlider")->value(), position);
+    EXPECT_EQ(find<QLineEdit>("niceLevelTextField")->text(), "as the rules say");
+    EXPECT_EQ(form().niceLevelSlider.value, value) << "the model keeps its number";
+}
+
+constexpr double most64Bits = 9223372036854775807.0;
+
+const NiceRow niceRows[] = {
+    {"Zero", 0, 0},
+    {"LowestEnd", -20, -20},
+    {"HighestEnd", 20, 20},
+    {"JustBelow", -21, -20},
+    {"JustAbove", 21, 20},
+    {"Beyond32Bits", 99999999999.0, 20},
+    {"Below32Bits", -99999999999.0, -20},
+    {"Largest", most64Bits, 20},
+    {"Smallest", -most64Bits, -20},
+    {"Infinite", std::numeric_limits<double>::infinity(), 20},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, NiceSlider, testing::ValuesIn(niceRows), NamedAfterRow());
+
+} // namespace
+} // namespace frimbolate::test
