@@ -2,19 +2,37 @@
 #include "ui/widgets/look/style.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
+namespace {
+
+/// A wide screen, on which every window of a test comes up, and a narrow one to its right.
+constexpr const char* screens = R"({"screens": [
+    {"name": "wide", "x": 0, "y": 0, "width": 2800, "height": 2000},
+    {"name": "narrow", "x": 2800, "y": 0, "width": 1024, "height": 600}]})";
+
+/// The platform of the tests, with its screens described in a file of that name.
+QByteArray offscreenPlatform(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(screens) < 0)
+        qFatal("The screens of the tests cannot be described in %s", qUtf8Printable(path));
+    return "offscreen:configfile=" + QFile::encodeName(path);
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     // Before the application exists: no display is needed, no preference of the person is touched,
     // and the desktop that the tests happen to run on decides nothing.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir settings; // the toolkit stores the state of its file dialogs
+    qputenv("QT_QPA_PLATFORM", offscreenPlatform(settings.filePath("screens.json")));
     qputenv("QT_QPA_PLATFORMTHEME", "");
     qputenv("XDG_CURRENT_DESKTOP", "");
     qputenv("FRIMBOLATE_COLOR_SCHEME", "light");
-    const QTemporaryDir settings; // the toolkit stores the state of its file dialogs
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleMock(&argc, argv);
