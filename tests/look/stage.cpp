@@ -4,8 +4,12 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace frimbolate::test {
 
@@ -57,6 +61,15 @@ void drawer(Stage& stage) {
     form.alsoRunPathChangeCheckbox.state = CheckState::On;
     stage.delegate.chooseAdditionalWathPath();
     stage.platform.choose("/Users/maya/Pictures");
+}
+
+/// Where the drawer has no place beside the form.
+void narrowDrawer(Stage& stage) {
+    const auto screens = QGuiApplication::screens();
+    const auto* narrowest = *std::ranges::min_element(
+        screens, {}, [](const QScreen* screen) { return screen->geometry().width(); });
+    stage.window.move(narrowest->availableGeometry().topLeft());
+    drawer(stage);
 }
 
 void typedScript(Stage& stage) {
@@ -193,6 +206,7 @@ constexpr Face rows[] = {
     {"faulty", faulty},
     {"fault_alert", faultAlert},
     {"drawer", drawer},
+    {"narrow_drawer", narrowDrawer},
     {"typed_script", typedScript},
     {"welcome", welcome},
     {"command", command},

@@ -44,11 +44,23 @@ constexpr PathField pathFields[] = {
     {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
 };
 
+class Shadow : public QWidget {
+  public:
+    explicit Shadow(QWidget* parent) : QWidget(parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFixedSize(scaled(look::drawerShadowReach), scaled(panelSize.height));
+        hide();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override { look::paintDrawerShadow(*this); }
+};
+
 } // namespace
 
 DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
     : QWidget(parent), mirror_(mirror), edge_(edge),
-      slide_(new QPropertyAnimation(this, "pos", this)) {
+      slide_(new QPropertyAnimation(this, "pos", this)), shadow_(new Shadow(parent)) {
     setObjectName("advancedDrawer");
     setAccessibleName(tr("Advanced settings"));
     setFixedSize(scaled(panelSize.width), scaled(panelSize.height));
@@ -69,18 +81,17 @@ void DrawerPanel::setOpen(bool open) {
     if (open == open_)
         return;
     open_ = open;
-    const QPoint shown(edge_, 0);
-    const QPoint tuckedIn(edge_ - width(), 0);
     if (open) {
+        emit needsRoom(true);
         // A drawer that is still sliding in turns round where it is.
         if (isHidden())
-            move(tuckedIn);
-        emit needsRoom(true);
+            move(closedPosition());
         show();
     }
+    emit openChanged(open);
     slide_->stop();
     slide_->setStartValue(pos());
-    slide_->setEndValue(open ? shown : tuckedIn);
+    slide_->setEndValue(open ? openPosition() : closedPosition());
     if (look::isMotionWanted(*this) && window()->isVisible()) {
         slide_->start();
     } else {
@@ -89,6 +100,39 @@ void DrawerPanel::setOpen(bool open) {
     }
 }
 
+void DrawerPanel::setBesideForm(bool beside) {
+    if (beside == besideForm_)
+        return;
+    besideForm_ = beside;
+    if (beside)
+        lower();
+    else
+        raise();
+    if (isVisible()) {
+        slide_->stop();
+        move(openPosition());
+        slideEnded();
+    }
+    placeShadow();
+    update();
+}
+
+QPoint DrawerPanel::openPosition() const { return {besideForm_ ? edge_ : edge_ - width(), 0}; }
+
+QPoint DrawerPanel::closedPosition() const { return {besideForm_ ? edge_ - width() : edge_, 0}; }
+
+void DrawerPanel::placeShadow() {
+    shadow_->move(x() - shadow_->width(), 0);
+    shadow_->setVisible(!besideForm_ && !isHidden());
+    shadow_->stackUnder(this);
+}
+
+void DrawerPanel::moveEvent(QMoveEvent*) { placeShadow(); }
+
+void DrawerPanel::showEvent(QShowEvent*) { placeShadow(); }
+
+void DrawerPanel::hideEvent(QHideEvent*) { placeShadow(); }
+
 void DrawerPanel::slideEnded() {
     if (open_)
         return;
@@ -96,7 +140,7 @@ void DrawerPanel::slideEnded() {
     emit needsRoom(false);
 }
 
-void DrawerPanel::paintEvent(QPaintEvent*) { look::paintDrawer(*this); }
+void DrawerPanel::paintEvent(QPaintEvent*) { look::paintDrawer(*this, besideForm_); }
 
 void DrawerPanel::place(QWidget* control, int x, int y, int width, int height) {
     control->setParent(this);
@@ -126,6 +170,7 @@ void DrawerPanel::addPriority() {
     mirror_.bind("priorityLevelButton", priority, &FormModel::priorityLevelButton);
     addCaption(priorityY, tr("&Priority"), priority);
     place(priority, controlX, priorityY, controlWidth, fieldHeight);
+    firstControl_ = priority;
 }
 
 void DrawerPanel::addNiceLevel() {

@@ -1,8 +1,8 @@
 // The advanced drawer: launchd's rarer keys, and what else may launch the agent.
 //
-// It is a child of the window's content that stands right of the form while open, and slides out
-// from behind it. The window grows once before it slides out and shrinks once after it slid in:
-// resizing a window step by step flickers.
+// It is a child of the window's content. Beside the form it slides out from behind it; the window
+// grows once before and shrinks once after, for resizing a window step by step flickers. Over the
+// form it slides in from the window's right edge and throws a shadow.
 #pragma once
 
 #include "core/form_model.h"
@@ -27,13 +27,24 @@ class DrawerPanel : public QWidget {
 
     void setOpen(bool open);
     bool isOpen() const { return open_; }
+    /// Whether the open drawer stands beside the form, as at first, or over it.
+    void setBesideForm(bool beside);
+    bool isBesideForm() const { return besideForm_; }
+    /// What has the keyboard first when the drawer takes it.
+    QWidget* firstControl() const { return firstControl_; }
 
   signals:
-    /// The window needs room for the drawer (true), or has it to give back.
+    /// The window needs room for the drawer (true), or has it to give back. Setting the drawer's
+    /// place is for whoever gives the room.
     void needsRoom(bool room);
+    /// Comes with the beginning of the slide.
+    void openChanged(bool open);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void addCaption(int y, const QString& caption, QWidget* buddy);
@@ -44,12 +55,18 @@ class DrawerPanel : public QWidget {
     void addPathFields();
     void addOptions();
     QCheckBox* addCheckBox(int x, int y, const QString& title);
+    QPoint openPosition() const;
+    QPoint closedPosition() const;
     void slideEnded();
+    void placeShadow();
 
     FormMirror& mirror_;
     int edge_;
     bool open_ = false;
+    bool besideForm_ = true;
     QPropertyAnimation* slide_;
+    QWidget* shadow_; ///< on the form
+    QWidget* firstControl_ = nullptr;
 };
 
 } // namespace frimbolate

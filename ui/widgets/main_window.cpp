@@ -2,6 +2,7 @@
 
 #include "core/sentences.h"
 #include "ui/widgets/commands.h"
+#include "ui/widgets/drawer_host.h"
 #include "ui/widgets/drawer_panel.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/form_card.h"
@@ -15,10 +16,8 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
-#include <QScreen>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace frimbolate {
@@ -28,7 +27,7 @@ using look::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int formWidth = 680, drawerWidth = 400, windowHeight = 472, contentHeight = 380;
+constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
 using look::cardMargin;
 constexpr int footHeight = 44, dotGap = 8;
 
@@ -60,13 +59,12 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *th
     auto* content = new QWidget(this);
     setCentralWidget(content);
     auto* drawer = new DrawerPanel(mirror_, scaled(formWidth), content);
-    connect(drawer, &DrawerPanel::needsRoom, this, &MainWindow::setRoomForDrawer);
     // The form is made last and so lies above the drawer, which slides out from behind it.
     QWidget* form = makeForm(content);
+    new DrawerHost(mirror_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
     auto* card = form->findChild<FormCard*>();
     new ScriptPopOver(mirror_, card->scriptButton(), blendsWindows, this);
     setTabOrder(form, drawer);
-    setRoomForDrawer(false);
     card->firstField()->setFocus();
     connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
             [card] { card->firstField()->setFocus(); });
@@ -122,21 +120,6 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
         foot->setComplete(isPlanComplete(form));
     });
     return foot;
-}
-
-void MainWindow::setRoomForDrawer(bool room) {
-    const QSize size(scaled(room ? formWidth + drawerWidth : formWidth), scaled(windowHeight));
-    // A window that would leave the screen goes left before it grows; window managers push a
-    // window back only after they have shown it outside.
-    if (room && isVisible()) {
-        const QRect frame = frameGeometry();
-        const QRect free = screen()->availableGeometry();
-        const int right = frame.left() + size.width() + frame.width() - width();
-        const int beyond = right - (free.right() + 1);
-        if (beyond > 0)
-            move(std::max(free.left(), frame.left() - beyond), frame.top());
-    }
-    setFixedSize(size);
 }
 
 void MainWindow::bringToFront() {

@@ -40,7 +40,6 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makeForm(QWidget* parent);
     QWidget* makeFoot(QWidget* parent);
-    void setRoomForDrawer(bool room);
 
     void leadToFirstFault(FormCard& card);
 

@@ -21,16 +21,29 @@ void paintCard(QWidget& card, int rows) {
                          card.width() - 2 * scaled(cardMargin), 1, t.hairline);
 }
 
-void paintDrawer(QWidget& drawer) {
+void paintDrawer(QWidget& drawer, bool besideForm) {
     const Tokens& t = tokens(drawer.palette());
     QPainter painter(&drawer);
     painter.fillRect(drawer.rect(), t.sunken);
-    const int depth = scaled(10);
-    QLinearGradient shadow(0, 0, depth, 0);
-    shadow.setColorAt(0, QColor(0, 0, 0, 40));
-    shadow.setColorAt(1, QColor(0, 0, 0, 0));
-    painter.fillRect(0, 0, depth, drawer.height(), shadow);
+    if (besideForm) {
+        const int depth = scaled(10);
+        QLinearGradient shadow(0, 0, depth, 0);
+        shadow.setColorAt(0, QColor(0, 0, 0, 40));
+        shadow.setColorAt(1, QColor(0, 0, 0, 0));
+        painter.fillRect(0, 0, depth, drawer.height(), shadow);
+    }
     painter.fillRect(0, 0, 1, drawer.height(), t.hairline.darker(115));
+}
+
+void paintDrawerShadow(QWidget& shadow) {
+    constexpr float strength = .18f;
+    QColor colour = tokens(shadow.palette()).scrim;
+    QLinearGradient fading(0, 0, shadow.width(), 0);
+    colour.setAlphaF(0);
+    fading.setColorAt(0, colour);
+    colour.setAlphaF(strength);
+    fading.setColorAt(1, colour);
+    QPainter(&shadow).fillRect(shadow.rect(), fading);
 }
 
 void paintFoot(QWidget& foot, bool complete) {

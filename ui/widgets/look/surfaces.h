@@ -19,8 +19,12 @@ constexpr int footDotSide = 8;
 
 /// The plate of the form, with hairlines between its rows.
 void paintCard(QWidget& card, int rows);
-/// The ground of the drawer, with the shadow of the form that lies above it.
-void paintDrawer(QWidget& drawer);
+/// The ground of the drawer; beside the form with the shadow of the form that lies above it.
+void paintDrawer(QWidget& drawer, bool besideForm);
+/// How far the shadow of a drawer over the form reaches; pixels of the 1x layout.
+constexpr int drawerShadowReach = 24;
+/// The shadow that a drawer throws on the form to its left.
+void paintDrawerShadow(QWidget& shadow);
 /// The strip at the foot: a hairline above, and a dot that lights up when the plan is complete.
 void paintFoot(QWidget& foot, bool complete);
 /// Dims what lies behind a sheet.
