@@ -10,12 +10,9 @@ namespace frimbolate {
 
 namespace {
 
-std::string twoDigits(int number) {
-    return std::string(number < 10 ? "0" : "").append(std::to_string(number));
-}
-
-std::string atTime(const AgentForm& form) {
-    return " at " + twoDigits(form.scheduleTime.hour) + ":" + twoDigits(form.scheduleTime.minute);
+std::string atTime(const AgentForm& form, ClockFormat clock) {
+    const auto& time = form.scheduleTime;
+    return " at " + formatTimeOfDay({time.hour, time.minute}, clock);
 }
 
 std::string ordinal(int number) {
@@ -25,12 +22,12 @@ std::string ordinal(int number) {
     return std::to_string(number).append(teen || last > 3 ? "th" : endings[last]);
 }
 
-std::string onceAMonth(const AgentForm& form) {
+std::string onceAMonth(const AgentForm& form, ClockFormat clock) {
     if (validate(form).schedule)
-        return "once a month" + atTime(form);
+        return "once a month" + atTime(form, clock);
     constexpr int everyMonthHas = 28;
     const int day = truncatedTo32Bits(leadingInteger(form.dayOfMonthText));
-    return "on the " + ordinal(day) + " of every month" + atTime(form) +
+    return "on the " + ordinal(day) + " of every month" + atTime(form, clock) +
            (day > everyMonthHas ? ", skipping shorter months" : "");
 }
 
@@ -54,23 +51,49 @@ std::string onInterval(const AgentForm& form) {
     return "";
 }
 
+/// The text on one line, without the white space around it, and not too long for a hint.
+std::string excerpt(std::string_view text) {
+    constexpr int most = 20; // characters
+    constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+    const auto first = text.find_first_not_of(whiteSpace);
+    if (first == std::string_view::npos)
+        return "";
+    text = text.substr(first, text.find_last_not_of(whiteSpace) + 1 - first);
+    std::string line;
+    int characters = 0;
+    for (const char unit : text) {
+        const auto byte = static_cast<unsigned char>(unit);
+        const bool begins = (byte & 0xc0) != 0x80; // not a continuation of a UTF-8 sequence
+        if (begins && ++characters > most)
+            return line + "\u2026";
+        line += byte < ' ' ? ' ' : unit;
+    }
+    return line;
+}
+
 } // namespace
 
-std::string scheduleWords(const AgentForm& form) {
+std::string scheduleWords(const AgentForm& form, ClockFormat clock) {
     constexpr std::array<std::string_view, 7> days = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                       "Thursday", "Friday", "Saturday"};
     const int type = form.scheduleType;
     if (type >= ScheduleType::EverySunday && type <= ScheduleType::EverySaturday) {
         const auto day = static_cast<std::size_t>(type - ScheduleType::EverySunday);
-        return "every " + std::string(days[day]) + atTime(form);
+        return "every " + std::string(days[day]) + atTime(form, clock);
     }
     if (type < ScheduleType::EverySunday)
-        return "every day" + atTime(form);
+        return "every day" + atTime(form, clock);
     if (type == ScheduleType::OnceAMonth)
-        return onceAMonth(form);
+        return onceAMonth(form, clock);
     if (type == ScheduleType::AtLoad)
         return "when the agent is loaded, such as at login";
     return type == ScheduleType::OnInterval ? onInterval(form) : "";
+}
+
+std::string unreadableTimeWords(std::string_view typed, TimeOfDay kept, ClockFormat clock) {
+    const auto text = excerpt(typed);
+    return (text.empty() ? "No time was given" : "\u201c" + text + "\u201d is not a time of day") +
+           "; the field keeps " + formatTimeOfDay(kept, clock);
 }
 
 } // namespace frimbolate

@@ -100,10 +100,10 @@ bool watchesPath(const AgentForm& form) {
     return form.action == AgentAction::PathModified || form.alsoRunOnPathChange;
 }
 
-Words launchConditions(const AgentForm& form, std::string_view home) {
+Words launchConditions(const AgentForm& form, std::string_view home, ClockFormat clock) {
     Words words;
     if (usesSchedule(form) && !scheduleWords(form).empty())
-        words.push_back(scheduleWords(form));
+        words.push_back(scheduleWords(form, clock));
     const bool alreadyAtLoad = usesSchedule(form) && form.scheduleType == ScheduleType::AtLoad;
     if (form.alsoRunAtLoad && !alreadyAtLoad)
         words.emplace_back("when the agent is loaded, such as at login");
@@ -183,19 +183,19 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
     }
 }
 
-std::string scheduleHint(const AgentForm& form) {
+std::string scheduleHint(const AgentForm& form, ClockFormat clock) {
     if (!usesSchedule(form))
         return "Not used: the condition above launches the agent";
-    const auto words = scheduleWords(form);
+    const auto words = scheduleWords(form, clock);
     return words.empty() ? "Never" : withFirst(std::toupper, words);
 }
 
 } // namespace
 
-std::string planSentence(const AgentForm& form, std::string_view home) {
+std::string planSentence(const AgentForm& form, std::string_view home, ClockFormat clock) {
     if (const auto lacking = shortcomings(form); !lacking.empty())
         return withFirst(std::toupper, lacking) + ".";
-    const auto conditions = launchConditions(form, home);
+    const auto conditions = launchConditions(form, home, clock);
     if (conditions.empty())
         return "Never runs " + targetName(form) + ": nothing launches it.";
     std::string sentence = "Runs " + targetName(form) + " " + joined(conditions, ", ", ", and ");
@@ -206,10 +206,11 @@ std::string planSentence(const AgentForm& form, std::string_view home) {
 }
 
 bool isPlanComplete(const AgentForm& form) {
-    return shortcomings(form).empty() && !launchConditions(form, {}).empty();
+    return shortcomings(form).empty() && !launchConditions(form, {}, {}).empty();
 }
 
-RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home) {
+RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home,
+                  ClockFormat clock) {
     struct Row {
         bool ErrorReport::*marker;
         std::string RowHints::*hint;
@@ -219,7 +220,7 @@ RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string
                                           {&ErrorReport::action, &RowHints::action},
                                           {&ErrorReport::schedule, &RowHints::schedule}}};
     RowHints hints{proposedFileName(form.name.empty() ? "<name>" : form.name),
-                   targetHint(form, home), actionHint(form, home), scheduleHint(form)};
+                   targetHint(form, home), actionHint(form, home), scheduleHint(form, clock)};
     const auto report = validate(form);
     for (const auto& row : rows)
         for (const auto& fault : faults)

@@ -1,10 +1,11 @@
 // The form in plain English: what launchd will do with it, and a line under each of its rows.
 //
 // The sentences speak of the form alone. Whether an agent is saved, loaded or switched on cannot be
-// known, so no sentence says anything about it. Times are 24-hour.
+// known, so no sentence says anything about it.
 #pragma once
 
 #include "core/agent_form.h"
+#include "core/time_of_day.h"
 #include "core/validation.h"
 
 #include <string>
@@ -14,7 +15,9 @@ namespace frimbolate {
 
 /// One sentence: when launchd runs what, or else what is still missing or wrong.
 /// \param home the person's home folder, shown as "~"; without it paths stand in full
-std::string planSentence(const AgentForm& form, std::string_view home = {});
+/// \param clock how times are shown
+std::string planSentence(const AgentForm& form, std::string_view home = {},
+                         ClockFormat clock = ClockFormat::TwentyFourHours);
 
 /// Whether that sentence tells a plan: nothing is missing or wrong, and something starts the agent.
 /// Validation asks for less; an empty target path passes it.
@@ -32,6 +35,7 @@ struct RowHints {
 /// The hints of the form as it stands. A row whose marker is shown says its fault instead, until
 /// the fault is mended: it is the form that is judged here, and of `markers` only the four flags
 /// count.
-RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home = {});
+RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home = {},
+                  ClockFormat clock = ClockFormat::TwentyFourHours);
 
 } // namespace frimbolate

@@ -1,0 +1,112 @@
+// The clock of the sentences, and the words about a time that cannot be read.
+#include "core/schedule_words.h"
+
+#include "core/sentences.h"
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+namespace frimbolate {
+
+namespace {
+
+using test::NamedAfterRow;
+
+struct ClockRow {
+    std::string_view name;
+    int scheduleType;
+    int hour;
+    std::string_view in24Hours, in12Hours;
+};
+
+AgentForm formOf(const ClockRow& row) {
+    AgentForm form;
+    form.name = "Backup";
+    form.targetType = TargetType::Script;
+    form.scriptText = "ls";
+    form.action = AgentAction::OnSchedule;
+    form.scheduleType = row.scheduleType;
+    form.scheduleTime.hour = row.hour;
+    form.scheduleTime.minute = 5;
+    form.dayOfMonthText = "31";
+    return form;
+}
+
+class ScheduleClock : public testing::TestWithParam<ClockRow> {};
+
+TEST_P(ScheduleClock, isThatOfAllWords) {
+    const auto form = formOf(GetParam());
+    for (const auto& [clock, expected] :
+         {std::pair(ClockFormat::TwentyFourHours, GetParam().in24Hours),
+          std::pair(ClockFormat::TwelveHours, GetParam().in12Hours)}) {
+        EXPECT_EQ(scheduleWords(form, clock), expected);
+        EXPECT_EQ(planSentence(form, {}, clock), "Runs a script " + std::string(expected) + ".");
+        // The hint begins with a capital letter.
+        EXPECT_EQ(rowHints(form, {}, {}, clock).schedule.substr(1), expected.substr(1));
+    }
+}
+
+const ClockRow clocks[] = {
+    {"Daily", ScheduleType::EveryDay, 7, "every day at 07:05", "every day at 07:05 AM"},
+    {"Weekly", ScheduleType::EveryMonday, 19, "every Monday at 19:05", "every Monday at 07:05 PM"},
+    {"Monthly", ScheduleType::OnceAMonth, 0,
+     "on the 31st of every month at 00:05, skipping shorter months",
+     "on the 31st of every month at 12:05 AM, skipping shorter months"},
+    {"Noon", ScheduleType::EveryDay, 12, "every day at 12:05", "every day at 12:05 PM"},
+    {"AtLoad", ScheduleType::AtLoad, 7, "when the agent is loaded, such as at login",
+     "when the agent is loaded, such as at login"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, ScheduleClock, testing::ValuesIn(clocks), NamedAfterRow());
+
+TEST(ScheduleClocks, tellAFaultyDayInBoth) {
+    AgentForm form;
+    form.scheduleType = ScheduleType::OnceAMonth;
+    form.scheduleTime.hour = 19;
+    EXPECT_EQ(scheduleWords(form, ClockFormat::TwentyFourHours), "once a month at 19:00");
+    EXPECT_EQ(scheduleWords(form, ClockFormat::TwelveHours), "once a month at 07:00 PM");
+}
+
+struct UnreadableRow {
+    std::string_view name;
+    std::string_view typed;
+    std::string_view expected; ///< before the time that is kept
+};
+
+class UnreadableTime : public testing::TestWithParam<UnreadableRow> {};
+
+TEST_P(UnreadableTime, isToldWithTheTimeThatIsKept) {
+    const std::string expected(GetParam().expected);
+    EXPECT_EQ(unreadableTimeWords(GetParam().typed, {19, 30}, ClockFormat::TwentyFourHours),
+              expected + "; the field keeps 19:30");
+    EXPECT_EQ(unreadableTimeWords(GetParam().typed, {19, 30}, ClockFormat::TwelveHours),
+              expected + "; the field keeps 07:30 PM");
+}
+
+const UnreadableRow unreadable[] = {
+    {"Time", "25:00", "\u201c25:00\u201d is not a time of day"},
+    {"Word", "abc", "\u201cabc\u201d is not a time of day"},
+    {"Nothing", "", "No time was given"},
+    {"Blanks", " \t\n", "No time was given"},
+    {"BlanksAround", "  25:00 \n", "\u201c25:00\u201d is not a time of day"},
+    {"LineBreak", "7:30\n8:30", "\u201c7:30 8:30\u201d is not a time of day"},
+    {"TwentyCharacters", "aaaaaaaaaaaaaaaaaaaa",
+     "\u201caaaaaaaaaaaaaaaaaaaa\u201d is not a time of day"},
+    {"MoreCharacters", "aaaaaaaaaaaaaaaaaaaab",
+     "\u201caaaaaaaaaaaaaaaaaaaa\u2026\u201d is not a time of day"},
+    {"CharactersOfSeveralBytes",
+     "\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc",
+     "\u201c\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u00fc\u201d is not "
+     "a time of day"},
+    {"CutBetweenCharacters",
+     "\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03"
+     "\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03",
+     "\u201c\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03"
+     "\u4e03\u4e03\u4e03\u4e03\u4e03\u4e03\u2026\u201d is not a time of day"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, UnreadableTime, testing::ValuesIn(unreadable), NamedAfterRow());
+
+} // namespace
+
+} // namespace frimbolate
