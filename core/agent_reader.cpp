@@ -165,7 +165,7 @@ void AgentReader::readCalendar(const AgentFile& file) {
     form.agentScheduleDatePicker.width = normalDatePickerWidth;
     editor_.log("Agent Hour key is: " + description(hour));
     editor_.log("Agent Minute key is: " + description(minute));
-    form.agentScheduleDatePicker.dateValue = timeOfDay(integerOrZero(hour), integerOrZero(minute));
+    form.agentScheduleDatePicker.set(timeOfDay(integerOrZero(hour), integerOrZero(minute)));
 
     if (calendar.empty()) {
         readOnDemand(file);
@@ -228,7 +228,7 @@ void AgentReader::readOnDemand(const AgentFile& file) {
 void AgentReader::readInterval(const AgentFile& file) {
     auto& form = editor_.form();
     editor_.log("Agent runs on interval");
-    form.agentScheduleDatePicker.hidden = true;
+    form.agentScheduleDatePicker.hide();
     form.agentIntervalTypeButton.hidden = false;
     form.agentIntervalField.hidden = false;
     form.onMonthTextBox.hidden = true;
@@ -241,7 +241,7 @@ void AgentReader::readInterval(const AgentFile& file) {
 void AgentReader::selectAtLoad() {
     auto& form = editor_.form();
     form.agentScheduleTypeButton.selectedItem = ScheduleType::AtLoad;
-    form.agentScheduleDatePicker.hidden = true;
+    form.agentScheduleDatePicker.hide();
     form.alsoRunAtLoadCheckbox.state = CheckState::Off;
     form.alsoRunAtLoadCheckbox.enabled = false;
     form.agentScheduleTypeButton.width = wideScheduleWidth;
@@ -256,7 +256,7 @@ void AgentReader::leaveScheduleToTrigger(int action) {
     auto& form = editor_.form();
     form.agentScheduleTypeButton.selectedItem = ScheduleType::NoSelection;
     form.agentScheduleTypeButton.enabled = false;
-    form.agentScheduleDatePicker.hidden = true;
+    form.agentScheduleDatePicker.hide();
     form.agentScheduleTypeButton.width = wideScheduleWidth;
     form.agentActionButton.selectedItem = action;
 }

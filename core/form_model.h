@@ -6,6 +6,7 @@
 
 #include "core/agent_form.h"
 
+#include <optional>
 #include <set>
 #include <string>
 
@@ -38,6 +39,12 @@ struct DatePicker {
     LocalDateTime dateValue;
     bool hidden = false;
     int width = 146; ///< points
+    /// What was typed last and means no time, for the row to tell; the date value is the one from
+    /// before. None once another time is set, or the picker hidden.
+    std::optional<std::string> unreadableText;
+
+    void set(const LocalDateTime& date) { dateValue = date, unreadableText.reset(); }
+    void hide() { hidden = true, unreadableText.reset(); }
 };
 
 struct Box {

@@ -38,7 +38,7 @@ void AppDelegate::createNewAgent() {
     form_.agentWatchPathImageWell.clear();
     form_.agentScheduleTypeButton.selectedItem = ScheduleType::EveryDay;
     form_.agentScheduleTypeButton.enabled = true;
-    form_.agentScheduleDatePicker.dateValue = services_.clock.now();
+    form_.agentScheduleDatePicker.set(services_.clock.now());
     form_.agentScheduleDatePicker.hidden = false;
     form_.agentIntervalField.hidden = true;
     form_.agentIntervalTypeButton.hidden = true;
@@ -100,7 +100,7 @@ void AppDelegate::applyAgentAction() {
     form_.agentScheduleTypeButton.selectedItem = ScheduleType::NoSelection;
     chooseAgentSchedule();
     form_.agentScheduleTypeButton.enabled = false;
-    form_.agentScheduleDatePicker.hidden = true;
+    form_.agentScheduleDatePicker.hide();
     form_.agentScheduleTypeButton.width = wideScheduleWidth;
     if (action == AgentAction::VolumeMounted) {
         turnOff(form_.alsoRunVolumeCheckbox, false);
@@ -173,7 +173,9 @@ void AppDelegate::chooseAgentSchedule() {
     const bool atLoad = !onInterval && schedule >= ScheduleType::AtLoad;
     const bool onceAMonth = !onInterval && !atLoad && schedule >= ScheduleType::OnceAMonth;
 
-    form_.agentScheduleDatePicker.hidden = onInterval || atLoad;
+    form_.agentScheduleDatePicker.hidden = false;
+    if (onInterval || atLoad)
+        form_.agentScheduleDatePicker.hide();
     form_.agentIntervalField.hidden = !onInterval;
     form_.agentIntervalTypeButton.hidden = !onInterval;
     form_.agentScheduleTypeButton.width = atLoad ? wideScheduleWidth : normalScheduleWidth;

@@ -322,6 +322,20 @@ std::vector<ReaderRow> afterRunAtLoad() {
 INSTANTIATE_TEST_SUITE_P(RunAtLoad, ScheduleKeys, testing::ValuesIn(afterRunAtLoad()),
                          NamedAfterRow());
 
+TEST(TheTimeOfAFile, replacesATextThatCouldNotBeRead) {
+    for (const Dictionary& schedule :
+         {calendar(daily()), Dictionary{{"StartInterval", 60}}, Dictionary{{"RunAtLoad", true}},
+          Dictionary{{"WatchPaths", Array{Value("/a")}}}}) {
+        RecordingEditor editor;
+        editor.form().agentScheduleDatePicker.unreadableText = "25:00";
+        AgentFile file = {{"Label", "com.frimbolate.Backup"}};
+        file.insert(schedule.begin(), schedule.end());
+        AgentReader(editor).read(file);
+        EXPECT_EQ(editor.form().agentScheduleDatePicker.unreadableText, std::nullopt)
+            << schedule.begin()->first;
+    }
+}
+
 } // namespace
 
 } // namespace frimbolate::test

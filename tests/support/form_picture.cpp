@@ -81,6 +81,9 @@ std::string text(bool flag) { return flag ? "yes" : "no"; }
 std::string text(int number) { return std::to_string(number); }
 std::string text(double number) { return std::to_string(number); }
 std::string text(const std::string& string) { return '"' + string + '"'; }
+std::string text(const std::optional<std::string>& string) {
+    return string ? text(*string) : "none";
+}
 std::string text(const Size& size) { return text(size.width) + " x " + text(size.height); }
 
 std::string text(ToolbarItem::Action action) {
@@ -129,7 +132,7 @@ class Painter {
     }
     void operator()(const char* name, const DatePicker& picker) {
         add(name, "dateValue", picker.dateValue), add(name, "hidden", picker.hidden);
-        add(name, "width", picker.width);
+        add(name, "width", picker.width), add(name, "unreadableText", picker.unreadableText);
     }
     void operator()(const char* name, const Box& box) { add(name, "hidden", box.hidden); }
     void operator()(const char* name, const Marker& marker) { add(name, "hidden", marker.hidden); }
@@ -185,8 +188,8 @@ class Spoiler {
     void operator()(const char*, CheckBox& box) {
         box = {flag_ ? CheckState::On : CheckState::Mixed, flag_};
     }
-    void operator()(const char*, DatePicker& picker) {
-        picker = {{1999, 12, 31, 23, 59, 58}, flag_, 77};
+    void operator()(const char* name, DatePicker& picker) {
+        picker = {{1999, 12, 31, 23, 59, 58}, flag_, 77, std::string("old ") + name};
     }
     void operator()(const char*, Box& box) { box = {flag_}; }
     void operator()(const char*, Marker& marker) { marker = {flag_}; }

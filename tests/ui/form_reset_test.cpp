@@ -43,6 +43,7 @@ class FormReset : public EditorTest {
                 {"agentScheduleDatePicker.hidden", "no"},
                 {"agentScheduleDatePicker.width", "146"},
                 {"agentScheduleDatePicker.dateValue", "2026-11-21 9:41:7"},
+                {"agentScheduleDatePicker.unreadableText", "none"},
                 {"agentIntervalField.hidden", "yes"},
                 {"agentIntervalField.stringValue", "\"\""},
                 {"agentIntervalTypeButton.hidden", "yes"},

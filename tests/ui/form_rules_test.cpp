@@ -80,6 +80,7 @@ const Picture triggered = joined({{"agentScheduleTypeButton.enabled", "no"},
                                   {"agentScheduleTypeButton.selectedItem", "-1"},
                                   {"agentScheduleTypeButton.width", "311"},
                                   {"agentScheduleDatePicker.hidden", "yes"},
+                                  {"agentScheduleDatePicker.unreadableText", "none"},
                                   {"alsoRunAtLoadCheckbox.enabled", "yes"}},
                                  neutral);
 
@@ -114,12 +115,14 @@ const Picture anySchedule = {
     {"agentIntervalTypeButton.hidden", "yes"}, {"agentScheduleTypeButton.width", "160"}};
 
 const Picture onInterval = joined({{"agentScheduleDatePicker.hidden", "yes"},
+                                   {"agentScheduleDatePicker.unreadableText", "none"},
                                    {"agentIntervalField.hidden", "no"},
                                    {"agentIntervalField.stringValue", "\"\""},
                                    {"agentIntervalTypeButton.hidden", "no"}},
                                   anySchedule);
 
 const Picture atLoad = joined({{"agentScheduleDatePicker.hidden", "yes"},
+                               {"agentScheduleDatePicker.unreadableText", "none"},
                                {"alsoRunAtLoadCheckbox.state", "0"},
                                {"alsoRunAtLoadCheckbox.enabled", "no"},
                                {"agentScheduleTypeButton.width", "311"}},
