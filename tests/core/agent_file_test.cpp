@@ -1,46 +1,24 @@
 #include "core/agent_file.h"
 
+#include "tests/core/written_forms.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <limits>
 
 namespace frimbolate {
 
 namespace {
 
+using test::ConditionRow;
+using test::fileOf;
+using test::idleForm;
+using test::joined;
+using test::label;
+using test::launched;
 using test::NamedAfterRow;
-using Change = std::function<void(AgentForm&)>;
-
-constexpr auto label = "com.frimbolate.Backup";
-
-/// A form that is faulty enough to write no launch condition at all.
-AgentForm idleForm() {
-    AgentForm form;
-    form.targetType = TargetType::File;
-    form.targetPath = "/bin/true";
-    form.action = 6;
-    form.scheduleType = ScheduleType::NoSelection;
-    form.scheduleTime = {2026, 3, 1, 7, 5, 59};
-    return form;
-}
-
-/// What is written whatever the form holds.
-AgentFile idleFile() {
-    return {{"Label", label},
-            {"ProgramArguments", Array{Value("/bin/true")}},
-            {"EnableGlobbing", false},
-            {"LowPriorityIO", false},
-            {"Nice", 0}};
-}
-
-AgentFile fileOf(const Change& change) {
-    auto form = idleForm();
-    change(form);
-    return agentFile(form, label);
-}
+using test::starts;
 
 struct ArgumentsRow {
     std::string_view name;
@@ -52,15 +30,19 @@ struct ArgumentsRow {
 class ProgramArguments : public testing::TestWithParam<ArgumentsRow> {};
 
 TEST_P(ProgramArguments, areWritten) {
-    const auto file = fileOf([](AgentForm& form) {
-        form.targetType = GetParam().targetType;
-        form.targetPath = GetParam().path;
-        form.scriptText = " echo 'a'\n";
-        form.scriptLanguage = 1;
-    });
-    auto expected = idleFile();
-    expected["ProgramArguments"] = Array(GetParam().arguments.begin(), GetParam().arguments.end());
-    EXPECT_EQ(file, expected);
+    for (const auto& start : starts()) {
+        SCOPED_TRACE(start.name);
+        const auto file = fileOf(start.form, [](AgentForm& form) {
+            form.targetType = GetParam().targetType;
+            form.targetPath = GetParam().path;
+            form.scriptText = " echo 'a'\n";
+            form.scriptLanguage = 1;
+        });
+        auto expected = start.file;
+        expected["ProgramArguments"] =
+            Array(GetParam().arguments.begin(), GetParam().arguments.end());
+        EXPECT_EQ(file, expected);
+    }
 }
 
 constexpr auto bundled = "/Applications/Example.app/Contents/MacOS/Example";
@@ -95,33 +77,17 @@ const ArgumentsRow arguments[] = {
 
 INSTANTIATE_TEST_SUITE_P(Targets, ProgramArguments, testing::ValuesIn(arguments), NamedAfterRow());
 
-struct ConditionRow {
-    std::string_view name;
-    Change change;
-    Dictionary keys; ///< what is written besides the keys that always are
-};
-
 class LaunchCondition : public testing::TestWithParam<ConditionRow> {};
 
 TEST_P(LaunchCondition, isWritten) {
-    auto expected = idleFile();
-    for (const auto& [key, value] : GetParam().keys)
-        expected[key] = value;
-    EXPECT_EQ(fileOf(GetParam().change), expected);
+    for (const auto& start : starts()) {
+        SCOPED_TRACE(start.name);
+        const auto expected = joined(joined(start.file, GetParam().keys), start.additional);
+        EXPECT_EQ(fileOf(start.form, GetParam().change), expected);
+    }
 }
 
-/// Every text that a schedule could read is there, so that one it must not read would show.
-Change launched(int action, int schedule, std::string number = "5", int unit = 0) {
-    return [=, number = std::move(number)](AgentForm& form) {
-        form.action = action;
-        form.scheduleType = schedule;
-        form.intervalText = form.dayOfMonthText = number;
-        form.intervalUnit = unit;
-        form.watchPath = "/watched";
-    };
-}
-
-Change kept(int schedule, bool successfulExit) {
+test::Change kept(int schedule, bool successfulExit) {
     return [=](AgentForm& form) {
         launched(AgentAction::KeepRunning, schedule)(form);
         form.allowSuccessfulExit = successfulExit;
@@ -214,66 +180,9 @@ const ConditionRow keepAlive[] = {
     {"Reserved13", kept(13, true), keptAlive(onDemandUntilSuccess, {})},
 };
 
-template <typename Field>
-Change set(Field AgentForm::*field, Field value) {
-    return [=](AgentForm& form) { form.*field = value; };
-}
-
-Change text(std::string AgentForm::*field, std::string value) { return set(field, value); }
-
-Change all(std::vector<Change> changes) {
-    return [=](AgentForm& form) {
-        for (const auto& change : changes)
-            change(form);
-    };
-}
-
-const auto alsoAtLoad = set(&AgentForm::alsoRunAtLoad, true);
-const auto alsoOnMount = set(&AgentForm::alsoRunOnVolumeMount, true);
-const auto alsoOnPath =
-    all({set(&AgentForm::alsoRunOnPathChange, true), text(&AgentForm::alsoRunPath, "/also")});
-const Array alsoPath = {Value("/also")};
-
-const ConditionRow advanced[] = {
-    {"Globbing", set(&AgentForm::enableGlobbing, true), {{"EnableGlobbing", true}}},
-    {"LowPriority", set(&AgentForm::priorityLevel, 0), {{"LowPriorityIO", true}}},
-    {"PriorityWithoutSelection", set(&AgentForm::priorityLevel, -1), {}},
-    {"PriorityBeyond", set(&AgentForm::priorityLevel, 2), {}},
-    {"Nice", set(&AgentForm::niceLevel, std::int64_t{-20}), {{"Nice", -20}}},
-    {"NiceBeyond32Bits",
-     set(&AgentForm::niceLevel, std::int64_t{4294967296}),
-     {{"Nice", 4294967296}}},
-    {"In", text(&AgentForm::standardInPath, "/in"), {{"StandardInPath", "/in"}}},
-    {"Out", text(&AgentForm::standardOutPath, "/out"), {{"StandardOutPath", "/out"}}},
-    {"Error", text(&AgentForm::standardErrorPath, "/err"), {{"StandardErrorPath", "/err"}}},
-    {"Working", text(&AgentForm::workingDirectory, "/w"), {{"WorkingDirectory", "/w"}}},
-    {"Root", text(&AgentForm::rootDirectory, "/r"), {{"RootDirectory", "/r"}}},
-    {"Queue", text(&AgentForm::queueDirectory, "/q"), {{"QueueDirectories", Array{Value("/q")}}}},
-    {"OnlyBlanksAreWritten", text(&AgentForm::standardInPath, "  "), {{"StandardInPath", "  "}}},
-    {"QueueOfABlank",
-     text(&AgentForm::queueDirectory, " "),
-     {{"QueueDirectories", Array{Value(" ")}}}},
-};
-
-const ConditionRow additional[] = {
-    {"AtLoad", alsoAtLoad, {{"RunAtLoad", true}}},
-    {"OnMount", alsoOnMount, {{"StartOnMount", true}}},
-    {"OnPath", alsoOnPath, {{"WatchPaths", alsoPath}}},
-    {"OnNoPath", set(&AgentForm::alsoRunOnPathChange, true), {{"WatchPaths", Array{Value("")}}}},
-    {"PathWithoutTheBox", text(&AgentForm::alsoRunPath, "/also"), {}},
-    {"PathReplacesTheMainOne", all({launched(4, -1), alsoOnPath}), {{"WatchPaths", alsoPath}}},
-    {"MountTwice", all({launched(5, -1), alsoOnMount}), {{"StartOnMount", true}}},
-    {"LoadTwice", all({launched(2, 12), alsoAtLoad}), {{"RunAtLoad", true}}},
-    {"All",
-     all({alsoAtLoad, alsoOnMount, alsoOnPath}),
-     {{"RunAtLoad", true}, {"StartOnMount", true}, {"WatchPaths", alsoPath}}},
-};
-
 INSTANTIATE_TEST_SUITE_P(Schedules, LaunchCondition, testing::ValuesIn(schedules), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(Actions, LaunchCondition, testing::ValuesIn(actions), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(KeepAlive, LaunchCondition, testing::ValuesIn(keepAlive), NamedAfterRow());
-INSTANTIATE_TEST_SUITE_P(Advanced, LaunchCondition, testing::ValuesIn(advanced), NamedAfterRow());
-INSTANTIATE_TEST_SUITE_P(Also, LaunchCondition, testing::ValuesIn(additional), NamedAfterRow());
 
 TEST(AgentFile, writesTheTimeOfDayAlone) {
     auto form = idleForm();
