@@ -47,6 +47,12 @@ const IntegerRow integers[] = {
     {"NoDigits", "abc", 0},
     {"ForeignDigits", "\u0663", 0},
     {"StopsAtNul", std::string_view("1\0002", 3), 1},
+    {"StopsAtTheEnd", std::string_view("12", 1), 1},
+    {"BlanksToTheEnd", std::string_view("  5", 2), 0},
+    {"ControlCharacterIsNoBlank", "\0015", 0},
+    {"BeforeTabIsNoBlank", "\0105", 0},
+    {"AfterCarriageReturnIsNoBlank", "\0165", 0},
+    {"NoBreakSpaceIsNoBlank", "\u00a05", 0},
     {"Most", "9223372036854775807", most},
     {"OneAboveMost", "9223372036854775808", most},
     {"FarAbove", "99999999999999999999999", most},
@@ -57,6 +63,47 @@ const IntegerRow integers[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Texts, LeadingInteger, testing::ValuesIn(integers), NamedAfterRow());
+
+/// Texts of the same beginning that end with each digit.
+struct LastDigitRow {
+    std::string_view name;
+    std::string beginning;
+    std::int64_t withZero; ///< the integer of a minus, the beginning and a last digit 0
+    int greatest;          ///< the greatest last digit that does not saturate; -1 for none
+    int greatestNegative;  ///< the same behind a minus
+};
+
+class LastDigit : public testing::TestWithParam<LastDigitRow> {};
+
+TEST_P(LastDigit, isCountedUntilTheNumberSaturates) {
+    const auto& row = GetParam();
+    for (int digit = 0; digit <= 9; ++digit) {
+        const auto text = row.beginning + std::to_string(digit);
+        const auto negative = digit <= row.greatestNegative ? row.withZero - digit : least;
+        const auto positive = digit <= row.greatest ? -(row.withZero - digit) : most;
+        EXPECT_EQ(leadingInteger("-" + text), negative) << text;
+        EXPECT_EQ(leadingInteger(text), positive) << text;
+        EXPECT_EQ(leadingInteger("+" + text + " "), positive) << text;
+        EXPECT_EQ(leadingInteger("-0" + text + "x"), negative) << text;
+    }
+}
+
+const LastDigitRow lastDigits[] = {
+    {"Digits1", "", 0, 9, 9},
+    {"Digits17", "9999999999999999", -99999999999999990, 9, 9},
+    {"Digits18", "99999999999999999", -999999999999999990, 9, 9},
+    {"Digits19", "100000000000000000", -1000000000000000000, 9, 9},
+    {"Digits19BelowTheBound", "922337203685477579", -9223372036854775790, 9, 9},
+    {"Digits19AtTheBound", "922337203685477580", -9223372036854775800, 7, 8},
+    {"Digits19BeyondTheBound", "922337203685477581", 0, -1, -1},
+    {"Digits19FarBeyond", "999999999999999999", 0, -1, -1},
+    {"Digits20", "1000000000000000000", 0, -1, -1},
+    {"Digits20BehindTheBound", "9223372036854775807", 0, -1, -1},
+    {"Digits20WithAZero", "0922337203685477580", -9223372036854775800, 7, 8},
+    {"Digits21", "18446744073709551616", 0, -1, -1},
+};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, LastDigit, testing::ValuesIn(lastDigits), NamedAfterRow());
 
 struct TruncationRow {
     std::string_view name;
@@ -101,6 +148,12 @@ TEST_P(Truth, isToldOfTextsAndNumbers) {
     if (const auto* text = GetParam().value.string()) {
         EXPECT_EQ(truthOfText(*text), GetParam().expected);
     }
+}
+
+TEST(TruthOfText, endsWithTheText) {
+    EXPECT_FALSE(truthOfText(std::string_view("0yes", 1)));
+    EXPECT_FALSE(truthOfText(std::string_view(" 1", 1)));
+    EXPECT_FALSE(truthOfText(std::string_view("-1", 1)));
 }
 
 const TruthRow truths[] = {
