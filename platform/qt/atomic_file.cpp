@@ -1,10 +1,10 @@
 #include "platform/qt/atomic_file.h"
 
 #include "platform/qt/file_descriptor.h"
+#include "platform/qt/symbolic_links.h"
 
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
@@ -14,37 +14,6 @@
 namespace frimbolate {
 
 namespace {
-
-struct Place {
-    std::string folder; ///< with its slash at the end
-    std::string name;
-};
-
-Place placeOf(const std::string& path) {
-    const auto slash = path.rfind('/');
-    return {path.substr(0, slash + 1), path.substr(slash + 1)};
-}
-
-/// The text of a symbolic link, or nothing where the path is none.
-std::optional<std::string> linkText(const std::string& path) {
-    std::array<char, PATH_MAX> text{};
-    const ssize_t size = ::readlink(path.c_str(), text.data(), text.size());
-    if (size < 0)
-        return std::nullopt;
-    return std::string(text.data(), static_cast<std::size_t>(size));
-}
-
-/// The place that the last component stands for; nothing when its links go in a circle.
-std::optional<Place> followLinks(std::string path) {
-    constexpr int maximumLinks = 40;
-    for (int i = 0; i < maximumLinks; ++i) {
-        const auto text = linkText(path);
-        if (!text)
-            return placeOf(path);
-        path = text->starts_with('/') ? *text : placeOf(path).folder + *text;
-    }
-    return std::nullopt;
-}
 
 /// Short whatever the file is called, since a name may fill all that the file system allows.
 std::string temporaryName() {
@@ -102,16 +71,16 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
                                                mode_t newFileMode) {
     if (path.find('\0') != std::string::npos)
         return "its path holds a NUL";
-    const auto place = followLinks(path);
-    if (!place)
-        return "its links go in a circle";
-    const FileDescriptor folder(::open(place->folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const auto [place, refusal] = resolveLinks(path);
+    if (!refusal.empty())
+        return refusal;
+    const FileDescriptor folder(::open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder)
         return systemError();
 
     struct stat original {};
     const bool exists =
-        ::fstatat(folder.number(), place->name.c_str(), &original, AT_SYMLINK_NOFOLLOW) == 0;
+        ::fstatat(folder.number(), place.name.c_str(), &original, AT_SYMLINK_NOFOLLOW) == 0;
     if (!exists && errno != ENOENT)
         return systemError();
     if (exists && !S_ISREG(original.st_mode))
@@ -120,7 +89,7 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     // Nobody else may look in before the mode of the original is set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
     if (!temporary.isOpen() || (exists && !temporary.takeOver(original)) ||
-        !temporary.write(content) || !temporary.moveTo(place->name))
+        !temporary.write(content) || !temporary.moveTo(place.name))
         return systemError();
     // The new file is in place. Should this fail, a power cut may bring the old one back, whole.
     static_cast<void>(::fsync(folder.number()));
