@@ -2,29 +2,16 @@
 
 #include "platform/qt/file_descriptor.h"
 #include "platform/qt/symbolic_links.h"
+#include "platform/qt/temporary_files.h"
 
-#include <array>
 #include <cerrno>
-#include <cstdint>
-#include <cstdio>
+#include <ctime>
 #include <fcntl.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 
 namespace frimbolate {
 
 namespace {
-
-/// Short whatever the file is called, since a name may fill all that the file system allows.
-std::string temporaryName() {
-    std::uint64_t number = 0;
-    if (::getentropy(&number, sizeof number) != 0)
-        number = static_cast<std::uint64_t>(::getpid());
-    std::array<char, 40> name{};
-    std::snprintf(name.data(), name.size(), ".frimbolate-%016llx",
-                  static_cast<unsigned long long>(number));
-    return name.data();
-}
 
 /// The new file under its temporary name, which is gone with this object unless it was moved.
 class TemporaryFile {
@@ -85,6 +72,8 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
         return systemError();
     if (exists && !S_ISREG(original.st_mode))
         return "it is not a regular file";
+    // First, since they may fill the disk.
+    removeAbandonedFiles(folder.number(), std::time(nullptr));
 
     // Nobody else may look in before the mode of the original is set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
