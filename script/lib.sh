@@ -3,8 +3,8 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-program_packages=(cmake fonts-dejavu-core fonts-inter g++ libqt6svg6 libxcb1-dev ninja-build
-    qt6-base-dev qt6-svg-dev)
+program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libqt6svg6 libxcb1-dev
+    ninja-build qt6-base-dev qt6-svg-dev)
 [[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
 # A desktop without a screen, and a person's hands and eyes on it.
 # shellcheck disable=SC2034

@@ -1,6 +1,7 @@
 #include "platform/qt/atomic_file.h"
 
 #include "platform/qt/file_descriptor.h"
+#include "platform/qt/file_metadata.h"
 #include "platform/qt/symbolic_links.h"
 #include "platform/qt/temporary_files.h"
 
@@ -28,12 +29,7 @@ class TemporaryFile {
     }
 
     bool isOpen() const { return static_cast<bool>(file_); }
-    /// The owner first: changing it takes bits of the mode away.
-    bool takeOver(const struct stat& original) {
-        if (::fchown(file_.number(), original.st_uid, original.st_gid) != 0)
-            static_cast<void>(!::fchown(file_.number(), uid_t(-1), original.st_gid));
-        return ::fchmod(file_.number(), original.st_mode & 07777) == 0;
-    }
+    int number() const { return file_.number(); }
     bool write(std::string_view content) {
         return writeWholly(file_.number(), content) && ::fsync(file_.number()) == 0 &&
                file_.close();
@@ -52,6 +48,12 @@ class TemporaryFile {
     bool created_;
 };
 
+/// Never waits: another file may have come into its place meanwhile.
+int openOriginal(int folder, const std::string& name) {
+    return ::openat(folder, name.c_str(),
+                    O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
 } // namespace
 
 std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
@@ -65,19 +67,21 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     if (!folder)
         return systemError();
 
-    struct stat original {};
+    struct stat status {};
     const bool exists =
-        ::fstatat(folder.number(), place.name.c_str(), &original, AT_SYMLINK_NOFOLLOW) == 0;
+        ::fstatat(folder.number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
     if (!exists && errno != ENOENT)
         return systemError();
-    if (exists && !S_ISREG(original.st_mode))
+    if (exists && !S_ISREG(status.st_mode))
         return "it is not a regular file";
     // First, since they may fill the disk.
     removeAbandonedFiles(folder.number(), std::time(nullptr));
 
-    // Nobody else may look in before the mode of the original is set.
+    const FileDescriptor original(exists ? openOriginal(folder.number(), place.name) : -1);
+    // Nobody else may look in before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
-    if (!temporary.isOpen() || (exists && !temporary.takeOver(original)) ||
+    if (!temporary.isOpen() ||
+        (exists && !copyMetadata(original.number(), status, temporary.number())) ||
         !temporary.write(content) || !temporary.moveTo(place.name))
         return systemError();
     // The new file is in place. Should this fail, a power cut may bring the old one back, whole.

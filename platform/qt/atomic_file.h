@@ -12,9 +12,11 @@ namespace frimbolate {
 
 /// Writes beside the file, flushes to the disk and moves into place. A symbolic link is followed,
 /// so that a link stays one; its target must be a regular file or not exist yet. Another user's
-/// link in a sticky folder that everybody may write to is refused (see symbolic_links.h). An
-/// existing file keeps its mode and, as far as the system lets us, its owner. What a killed save
-/// left in the folder is removed (see temporary_files.h).
+/// link in a sticky folder that everybody may write to is refused (see symbolic_links.h).
+///
+/// An existing file keeps, as far as the system lets us, its owner and group, its mode and access
+/// control list, and its extended attributes; what does not go over never widens the rights (see
+/// file_metadata.h). What a killed save left in the folder is removed (see temporary_files.h).
 /// \param path        absolute; the folder must exist
 /// \param newFileMode of a file that does not exist yet, less what the umask takes away
 /// \returns nothing, or why nothing was written; then the file is byte for byte as it was, and

@@ -24,6 +24,11 @@ unsigned modeOf(const std::string& path) {
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
+gid_t groupOf(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_gid : gid_t(-1);
+}
+
 class AtomicFile : public testing::Test {
   protected:
     /// The write went well, and left nothing but what is expected in the folder.
@@ -216,10 +221,12 @@ TEST(AtomicFileOfOrdinaryUser, writesOverAFileOfSomebodyElse) {
     const std::string file = folder / "a.plist";
     writeBytes(file, before);
     ASSERT_EQ(::chmod(file.c_str(), 0664), 0);
+    const gid_t group = groupOf(file);
     const OrdinaryUser user;
     EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
     EXPECT_EQ(bytesOf(file), after);
-    EXPECT_EQ(modeOf(file), 0664U);
+    // Members of another group could only read.
+    EXPECT_EQ(modeOf(file), groupOf(file) == group ? 0664U : 0644U);
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
