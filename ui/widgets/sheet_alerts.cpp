@@ -2,6 +2,7 @@
 
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
+#include "ui/widgets/scroll_keys.h"
 #include "ui/widgets/sheet_stack.h"
 #include "ui/widgets/wrapped_text.h"
 
@@ -19,6 +20,8 @@ namespace {
 
 constexpr int usualWidth = 440;
 constexpr int wideWidth = 560;
+/// As wide as the form, its shadow included.
+constexpr int widestWidth = 616;
 /// A higher sheet would reach below the form, or its shadow would; pixels.
 constexpr int greatestHeight = 348;
 constexpr int iconSide = 40;
@@ -78,8 +81,9 @@ AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
     body()->addLayout(content);
     body()->addSpacing(padding);
     addButtons(alert);
-    if (excessHeight() > 0)
-        setPanelWidth(wideWidth);
+    for (const int width : {wideWidth, widestWidth})
+        if (excessHeight() > 0)
+            setPanelWidth(width);
     if (excessHeight() > 0)
         makeTextScroll();
 }
@@ -115,6 +119,8 @@ void AlertDialog::makeTextScroll() {
     };
     WrappedText* longest = std::ranges::max(findChildren<WrappedText*>(), {}, needed);
     longest->scrollWithin(needed(longest) - excessHeight());
+    for (auto* button : findChildren<QAbstractButton*>())
+        button->installEventFilter(new ScrollKeys(longest));
 }
 
 void AlertDialog::addButtons(const SheetAlert& alert) {

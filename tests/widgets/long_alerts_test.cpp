@@ -1,0 +1,84 @@
+// The program's longest alerts can be read to their end, by the keyboard too.
+#include "tests/support/rows.h"
+#include "tests/widgets/window_test.h"
+#include "ui/widgets/sheet_alerts.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace frimbolate::test {
+namespace {
+
+struct LongAlertRow {
+    const char* name;
+    void (*ask)(AppDelegate& delegate);
+    bool fits; ///< without scrolling, at the usual size of type
+};
+
+class LongAlert : public WindowTest, public testing::WithParamInterface<LongAlertRow> {
+  protected:
+    AlertDialog* shown() {
+        GetParam().ask(delegate);
+        alerts.show(platform.shownAlert(), {});
+        platform.abandonQuestions();
+        return qobject_cast<AlertDialog*>(stack.current());
+    }
+
+    SheetAlerts alerts{stack, window};
+};
+
+TEST_P(LongAlert, IsReadToItsEnd) {
+    AlertDialog* dialog = shown();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_LE(dialog->panelRect().height(), 348);
+    EXPECT_LE(dialog->width(), 680) << "its shadow stays over the form";
+    const auto* text = dialog->findChild<QLabel*>("informativeText");
+    EXPECT_GE(text->height(), text->heightForWidth(text->width()));
+    auto* area = dialog->findChild<QScrollArea*>();
+    EXPECT_EQ(area == nullptr, GetParam().fits);
+    QWidget* button = dialog->focusWidget();
+    ASSERT_TRUE(qobject_cast<QPushButton*>(button));
+    if (!area)
+        return;
+    const auto* bar = area->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    const auto placeAfter = [&](Qt::Key key) {
+        QTest::keyClick(button, key);
+        EXPECT_EQ(dialog->focusWidget(), button) << "the answer keeps the keyboard";
+        return bar->value();
+    };
+    const int line = placeAfter(Qt::Key_Down);
+    EXPECT_GT(line, 0);
+    EXPECT_LT(line, bar->maximum());
+    EXPECT_EQ(placeAfter(Qt::Key_Up), 0);
+    EXPECT_GT(placeAfter(Qt::Key_PageDown), line);
+    EXPECT_EQ(placeAfter(Qt::Key_End), bar->maximum());
+    EXPECT_LT(placeAfter(Qt::Key_PageUp), bar->maximum());
+    EXPECT_EQ(placeAfter(Qt::Key_Home), 0);
+    QTest::keyClick(button, Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+constexpr LongAlertRow rows[] = {
+    {"NameTip", [](AppDelegate& delegate) { delegate.showTip("agentNameTipButton"); }, true},
+    {"TargetTip", [](AppDelegate& delegate) { delegate.showTip("agentTargetTipButton"); }, false},
+    {"ActionTip", [](AppDelegate& delegate) { delegate.showTip("agentActionTipButton"); }, false},
+    {"ScheduleTip", [](AppDelegate& delegate) { delegate.showTip("agentScheduleTipButton"); },
+     true},
+    {"DrawerTip", [](AppDelegate& delegate) { delegate.showTip("advancedDrawerTipButton"); }, true},
+    // The longest of all others, with a box to suppress it.
+    {"LoadedAgent", [](AppDelegate& delegate) { delegate.deleteLaunchAgent(); }, true},
+    {"AllFaults",
+     [](AppDelegate& delegate) {
+         delegate.form().agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
+         delegate.validateAgentConfig();
+     },
+     true},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, LongAlert, testing::ValuesIn(rows), NamedAfterRow());
+
+} // namespace
+} // namespace frimbolate::test
