@@ -1,5 +1,6 @@
 #include "ui/widgets/elided_label.h"
 
+#include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
 
@@ -13,8 +14,9 @@ ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent) : QLabel(paren
 }
 
 void ElidedLabel::setWholeText(const QString& text) {
-    setText(text);
-    setToolTip(text);
+    const QString shown = labelText(text, mode_);
+    setText(shown);
+    setToolTip(shown);
 }
 
 void ElidedLabel::setWarning(bool warning) {

@@ -1,5 +1,5 @@
 // A quiet line of text that is cut short where there is no room for it; its tool tip holds it
-// whole, and so do assistive tools.
+// whole, and so do assistive tools, as far as a text may be laid out at all.
 #pragma once
 
 #include <QLabel>

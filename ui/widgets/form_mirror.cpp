@@ -1,6 +1,7 @@
 #include "ui/widgets/form_mirror.h"
 
 #include "ui/widgets/image_well_button.h"
+#include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
@@ -12,6 +13,9 @@
 #include <QSlider>
 #include <QTextDocument>
 #include <QTimeEdit>
+
+#include <limits>
+#include <memory>
 
 namespace frimbolate {
 
@@ -63,15 +67,23 @@ void FormMirror::show(std::function<void(const FormModel&)> show) {
 
 void FormMirror::bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member) {
     field->setObjectName(text(outlet));
-    show([field, member](const FormModel& form) {
+    // The toolkit's own limit would cut what is held.
+    field->setMaxLength(std::numeric_limits<int>::max());
+    auto abbreviated = std::make_shared<AbbreviatedText>();
+    show([field, member, abbreviated](const FormModel& form) {
         field->setVisible(!(form.*member).hidden);
-        if (const QString wanted = text((form.*member).stringValue); wanted != field->text())
-            field->setText(wanted);
+        const QString wanted = text((form.*member).stringValue);
+        // What was typed stays as it stands, but for a pasted text that is much too long.
+        if (wanted != abbreviated->expand(field->text()) || field->text().size() > 2 * longestLine)
+            field->setText(abbreviated->abbreviate(wanted));
     });
     // textChanged, not textEdited: assistive tools set a text without typing it.
-    connect(field, &QLineEdit::textChanged, this, [this, member](const QString& typed) {
-        change([&](FormModel& form) { (form.*member).stringValue = typed.toStdString(); });
-    });
+    connect(field, &QLineEdit::textChanged, this,
+            [this, member, abbreviated](const QString& typed) {
+                change([&](FormModel& form) {
+                    (form.*member).stringValue = abbreviated->expand(typed).toStdString();
+                });
+            });
 }
 
 void FormMirror::bind(std::string_view outlet, QPlainTextEdit* field,

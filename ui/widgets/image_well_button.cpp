@@ -1,5 +1,6 @@
 #include "ui/widgets/image_well_button.h"
 
+#include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/panel_rules.h"
@@ -70,7 +71,7 @@ void ImageWellButton::showImage() {
 
 void ImageWellButton::setPath(const QString& path) {
     path_ = path;
-    setToolTip(path.isEmpty() ? emptyToolTip_ : path);
+    setToolTip(path.isEmpty() ? emptyToolTip_ : labelText(path));
     describe(this, path.isEmpty() ? tr("Nothing chosen") : path);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/widgets/pop_up_button.h"
 
+#include "ui/widgets/long_text.h"
 #include "ui/widgets/text.h"
 
 #include <QAbstractItemView>
@@ -42,9 +43,10 @@ void PopUpButton::setDisabledItems(const std::set<int>& indexes) {
 }
 
 void PopUpButton::setShownTitle(const QString& title) {
-    if (title == shownTitle_)
+    const QString shown = labelText(title, Qt::ElideRight);
+    if (shown == shownTitle_)
         return;
-    shownTitle_ = title;
+    shownTitle_ = shown;
     update();
 }
 

@@ -22,6 +22,7 @@ class PopUpButton : public QComboBox {
 
     /// Shown on the closed button in place of the selected item's title; empty = that title.
     void setShownTitle(const QString& title);
+    const QString& shownTitle() const { return shownTitle_; }
 
     /// Names a button that no label in sight belongs to. Assistive tools take the shown item for
     /// the name of a pop-up, and what it is for from its label alone; so it gets one out of sight.

@@ -1,5 +1,6 @@
 #include "ui/widgets/window_access.h"
 
+#include "ui/widgets/long_text.h"
 #include "ui/widgets/main_window.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/sheet_alerts.h"
@@ -84,8 +85,9 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
 void installWindowAccess() { QAccessible::installFactory(makeAccess); }
 
 void describe(QWidget* control, const QString& description) {
-    if (description != control->accessibleDescription())
-        control->setAccessibleDescription(description);
+    const QString told = labelText(description);
+    if (told != control->accessibleDescription())
+        control->setAccessibleDescription(told);
 }
 
 } // namespace frimbolate
