@@ -15,7 +15,10 @@ class FileDescriptor {
     /// \param number as open() returns it; negative is none
     explicit FileDescriptor(int number) : number_(number) {}
     FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    FileDescriptor& operator=(FileDescriptor&&) = delete;
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
     ~FileDescriptor() { close(); }
 
     explicit operator bool() const { return number_ >= 0; }

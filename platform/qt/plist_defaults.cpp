@@ -48,8 +48,18 @@ std::optional<std::string> renamedAside(const std::string& path) {
 
 } // namespace
 
-PlistDefaults::PlistDefaults(std::string path, Log& log) : path_(std::move(path)), log_(log) {
-    refresh();
+PlistDefaults::PlistDefaults(std::string path, Log& log, FileLock::Patience patience)
+    : path_(std::move(path)), log_(log), patience_(std::move(patience)) {
+    PlistDefaults::synchronize();
+}
+
+PlistDefaults::~PlistDefaults() {
+    try {
+        if (!pending_.empty())
+            PlistDefaults::synchronize();
+    } catch (const std::exception&) {
+        // Out of memory: there is nothing left to try.
+    }
 }
 
 std::string PlistDefaults::defaultPath() {
@@ -86,6 +96,9 @@ void PlistDefaults::remove(std::string_view key) {
 }
 
 std::vector<std::string> PlistDefaults::keys() {
+    auto file = readPropertyListFile(path_);
+    if (file.condition == FileCondition::read)
+        stored_ = std::move(file.dictionary);
     std::vector<std::string> result;
     for (const auto& [key, value] : current())
         result.push_back(key);
@@ -93,8 +106,8 @@ std::vector<std::string> PlistDefaults::keys() {
 }
 
 void PlistDefaults::synchronize() {
-    if (refresh())
-        write();
+    if (takeIn(readPropertyListFile(path_)))
+        change();
 }
 
 Dictionary PlistDefaults::current() const {
@@ -108,21 +121,55 @@ Dictionary PlistDefaults::current() const {
     return result;
 }
 
-/// Takes in what the file holds, and says whether the file may be written over.
-bool PlistDefaults::refresh() {
-    auto file = readPropertyListFile(path_);
+/// Takes in what the file holds, and says whether it must be changed.
+bool PlistDefaults::takeIn(PropertyListFile file) {
     switch (file.condition) {
-    case FileCondition::read:
-    case FileCondition::missing:
+    case FileCondition::read: {
         stored_ = std::move(file.dictionary);
-        return true;
+        const bool differs = current() != stored_;
+        if (!differs)
+            settle();
+        return differs;
+    }
+    case FileCondition::missing:
+        if (!current().empty())
+            return true;
+        stored_.clear(); // what was known is removed by now
+        settle();
+        return false;
     case FileCondition::damaged:
-        return setAside(file.reason);
+        return true;
     case FileCondition::inaccessible:
         tell("Could not read the preferences " + path_ + ": " + file.reason);
         return false;
     }
     return false;
+}
+
+/// Changes the file under the lock, on which others may have worked since it was read.
+void PlistDefaults::change() {
+    createFolderOf(path_);
+    const std::string lockPath = path_ + ".lock";
+    const FileLock lock(lockPath, waits_ ? patience_ : FileLock::Patience{.tries = 1});
+    waits_ = lock.state() != FileLock::State::busy;
+    if (!waits_)
+        return tell("Could not write the preferences " + path_ + ": another program holds " +
+                    lockPath);
+    auto file = readPropertyListFile(path_);
+    const bool isMissing = file.condition == FileCondition::missing && !stored_.empty();
+    if (file.condition == FileCondition::damaged) {
+        if (!setAside(file.reason))
+            return;
+        file = {};
+    }
+    if (!takeIn(std::move(file)) || !write())
+        return;
+    if (isMissing)
+        log_.line("The preferences " + path_ + " were missing and are written anew");
+    if (lock.state() == FileLock::State::unavailable && !toldNoLock_) {
+        log_.line("The preferences " + path_ + " were written without a lock: " + lock.reason());
+        toldNoLock_ = true;
+    }
 }
 
 /// The values known so far are still good; they go into the next file.
@@ -133,25 +180,28 @@ bool PlistDefaults::setAside(const std::string& reason) {
         return false;
     }
     log_.line("The preferences " + path_ + " cannot be read (" + reason + ") and are now " + *name);
-    pending_.insert(stored_.begin(), stored_.end());
-    stored_.clear();
     return true;
 }
 
-void PlistDefaults::write() {
-    const Dictionary merged = current();
-    if (merged != stored_) {
-        createFolderOf(path_);
-        std::optional<std::string> trouble;
-        try {
-            trouble = writePropertyListFile(path_, merged, 0600);
-        } catch (const Failure& failure) {
-            trouble = failure.reason();
-        }
-        if (trouble)
-            return tell("Could not write the preferences " + path_ + ": " + *trouble);
-        stored_ = merged;
+bool PlistDefaults::write() {
+    Dictionary merged = current();
+    std::optional<std::string> trouble;
+    try {
+        trouble = writePropertyListFile(path_, merged, 0600);
+    } catch (const Failure& failure) {
+        trouble = failure.reason();
     }
+    if (trouble) {
+        tell("Could not write the preferences " + path_ + ": " + *trouble);
+        return false;
+    }
+    stored_ = std::move(merged);
+    settle();
+    return true;
+}
+
+/// What is on the disk by now is others' to change.
+void PlistDefaults::settle() {
     pending_.clear();
     toldTrouble_.clear();
 }
