@@ -5,8 +5,8 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QLineEdit>
@@ -63,7 +63,8 @@ bool isCutOff(const QComboBox& box) {
 
 bool isCutOff(const QAbstractSpinBox& box) {
     const auto* field = box.findChild<QLineEdit*>();
-    return widthOf(box, field->text()) > field->width();
+    constexpr int clear = 4; // of its own edges
+    return widthOf(box, field->text()) > field->width() - clear;
 }
 
 bool isCutOff(const QLineEdit& field) {

@@ -1,6 +1,7 @@
 // Nothing on any face of the window is cut off; and what is cut off is found.
 #include "tests/look/cut_off.h"
 #include "tests/look/stage.h"
+#include "ui/widgets/time_field.h"
 #include "ui/widgets/wrapped_text.h"
 
 #include <QCheckBox>
@@ -9,7 +10,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimeEdit>
 
 #include <gtest/gtest.h>
 
@@ -33,6 +33,21 @@ TEST_P(FaceTest, ShowsEverythingWhole) {
 
 INSTANTIATE_TEST_SUITE_P(Look, FaceTest, testing::ValuesIn(faces().begin(), faces().end()),
                          [](const auto& face) { return std::string(face.param.name); });
+
+TEST(TimesOfDay, FitWhereTheyStand) {
+    Stage stage;
+    auto* time = stage.find<TimeField>("agentScheduleDatePicker");
+    for (const char* schedule : {"Every Day", "Once a Month"}) {
+        stage.schedule(schedule);
+        for (int minutes = 0; minutes < 24 * 60; ++minutes) {
+            stage.form().agentScheduleDatePicker.dateValue.hour = minutes / 60;
+            stage.form().agentScheduleDatePicker.dateValue.minute = minutes % 60;
+            stage.window.mirror();
+            QCoreApplication::sendPostedEvents();
+            EXPECT_EQ(cutOff(*time).join("\n").toStdString(), "") << minutes << schedule;
+        }
+    }
+}
 
 /// A window in which one control has too little room.
 class CutOffTest : public testing::Test {
@@ -71,7 +86,7 @@ TEST_F(CutOffTest, FindsAnItemOfAPopUp) {
     EXPECT_TRUE(isFound(box, 90, 32));
 }
 
-TEST_F(CutOffTest, FindsATime) { EXPECT_TRUE(isFound(new QTimeEdit, 36, 32)); }
+TEST_F(CutOffTest, FindsATime) { EXPECT_TRUE(isFound(new TimeField, 36, 32)); }
 
 TEST_F(CutOffTest, FindsAPlaceholder) {
     auto* field = new QLineEdit;

@@ -141,6 +141,11 @@ void monthly(Stage& stage) {
     stage.form().onMonthTextField.stringValue = "31";
 }
 
+void unreadableTime(Stage& stage) {
+    monthly(stage);
+    stage.form().agentScheduleDatePicker.unreadableText = "25:00";
+}
+
 void interval(Stage& stage) {
     filled(stage);
     stage.schedule("On Interval");
@@ -218,6 +223,7 @@ constexpr Face rows[] = {
     {"advanced_tip", advancedTip},
     {"long_path", longPath},
     {"monthly", monthly},
+    {"unreadable_time", unreadableTime},
     {"interval", interval},
     {"on_login", onLogin},
     {"kept_alive", keptAlive},

@@ -11,7 +11,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
-#include <QTimeEdit>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -89,13 +88,6 @@ TEST_F(WindowTest, CheckBoxesReachTheModel) {
         find<QCheckBox>(name)->click();
         EXPECT_EQ((form().*member).state, CheckState::On) << name;
     }
-}
-
-TEST_F(WindowTest, TheTimeReachesTheModel) {
-    find<QTimeEdit>("agentScheduleDatePicker")->setTime(QTime(7, 30));
-    EXPECT_EQ(form().agentScheduleDatePicker.dateValue.hour, 7);
-    EXPECT_EQ(form().agentScheduleDatePicker.dateValue.minute, 30);
-    EXPECT_EQ(form().agentScheduleDatePicker.dateValue.day, platform.time.day);
 }
 
 TEST_F(WindowTest, TheSliderSendsItsAction) {
@@ -257,14 +249,6 @@ TEST_F(WindowTest, APopUpForgetsAMouseThatWentAwayBehindItsList) {
     EXPECT_EQ(plate(), look::tokens(false).hover);
     QCursor::setPos(window.mapToGlobal(QPoint(1, 1)));
     EXPECT_EQ(plate(), look::tokens(false).button);
-}
-
-TEST_F(WindowTest, TheTimeOfDayGoesRound) {
-    auto* time = find<QTimeEdit>("agentScheduleDatePicker");
-    time->setTime({23, 59});
-    time->setCurrentSection(QDateTimeEdit::HourSection);
-    time->stepUp();
-    EXPECT_EQ(time->time(), QTime(0, 59));
 }
 
 TEST_F(WindowTest, NothingIsChosenByTheWheelOrByAnArrowAlone) {

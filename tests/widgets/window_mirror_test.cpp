@@ -7,6 +7,7 @@
 #include "ui/widgets/image_well_button.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/look/tokens.h"
+#include "ui/widgets/time_field.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -16,7 +17,6 @@
 #include <QPlainTextEdit>
 #include <QSlider>
 #include <QStandardItemModel>
-#include <QTimeEdit>
 
 namespace frimbolate::test {
 namespace {
@@ -220,7 +220,7 @@ TEST_F(WindowTest, MirrorsTheRestOfTheForm) {
         model.preferencesMenuItem.enabled = false;
         model.agentTargetImageWell = {Image::resource("iconScriptRuby.png"), "/Users/maya/a b.rb"};
     });
-    EXPECT_EQ(find<QTimeEdit>("agentScheduleDatePicker")->time(), QTime(23, 59));
+    EXPECT_TRUE(find<TimeField>("agentScheduleDatePicker")->time() == (TimeOfDay{23, 59}));
     EXPECT_TRUE(find("agentScheduleDatePicker")->isHidden());
     EXPECT_FALSE(find("onMonthTextBox")->isHidden());
     EXPECT_EQ(find<QSlider>("niceLevelSlider")->value(), -20);

@@ -11,7 +11,6 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QTimeEdit>
 #include <QToolBar>
 
 namespace frimbolate::test {
@@ -31,7 +30,7 @@ constexpr Outlet outlets[] = {
     {"agentActionButton", "QComboBox"},
     {"agentWatchPathImageWell", "QToolButton"},
     {"agentScheduleTypeButton", "QComboBox"},
-    {"agentScheduleDatePicker", "QTimeEdit"},
+    {"agentScheduleDatePicker", "QAbstractSpinBox"},
     {"agentIntervalField", "QLineEdit"},
     {"agentIntervalTypeButton", "QComboBox"},
     {"onMonthTextBox", "QWidget"},
@@ -126,11 +125,12 @@ TEST_F(WindowTest, EveryInteractiveWidgetHasAnAccessibleName) {
     for (const auto* widget : window.findChildren<QWidget*>()) {
         const bool isOurs =
             !widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_");
-        const bool isInteractive =
-            qobject_cast<const QAbstractButton*>(widget) ||
-            qobject_cast<const QComboBox*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
-            qobject_cast<const QTimeEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
-            qobject_cast<const QAbstractSlider*>(widget);
+        const bool isInteractive = qobject_cast<const QAbstractButton*>(widget) ||
+                                   qobject_cast<const QComboBox*>(widget) ||
+                                   qobject_cast<const QLineEdit*>(widget) ||
+                                   qobject_cast<const QAbstractSpinBox*>(widget) ||
+                                   qobject_cast<const QPlainTextEdit*>(widget) ||
+                                   qobject_cast<const QAbstractSlider*>(widget);
         if (!isOurs || !isInteractive)
             continue;
         ++seen;

@@ -1,6 +1,7 @@
 #include "ui/widgets/form_card.h"
 
 #include "core/sentences.h"
+#include "ui/widgets/clock_format.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/image_well_button.h"
@@ -10,13 +11,13 @@
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
+#include "ui/widgets/time_field.h"
 #include "ui/widgets/tip_button.h"
 #include "ui/widgets/window_access.h"
 
 #include <QDir>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QTimeEdit>
 #include <QToolButton>
 
 namespace frimbolate {
@@ -224,16 +225,22 @@ void FormCard::showHints(const FormModel& form) {
                             .action = !form.actionErrorImageWell.hidden,
                             .target = !form.targetErrorImageWell.hidden,
                             .schedule = !form.scheduleErrorImageWell.hidden};
-    const RowHints hints = rowHints(agentForm(form), shown, QDir::homePath().toStdString());
+    const RowHints hints =
+        rowHints(agentForm(form), shown, QDir::homePath().toStdString(), localeClockFormat());
     const std::string* lines[] = {&hints.name, &hints.target, &hints.action, &hints.schedule};
     // A marker stays until the next validation; the row itself looks sound once it is mended.
     const ErrorReport now = validate(agentForm(form));
     const bool faults[] = {now.name, now.target, now.action, now.schedule};
+    const QString unreadable = unreadableTime(form);
+    describe(timePicker_, unreadable);
     for (int i = 0; i < RowCount; ++i) {
         const Row& row = rows_[i];
         const bool faulty = !(form.*markers[i]).hidden && faults[i];
-        row.hint->setWholeText(text(*lines[i]));
-        row.hint->setWarning(faulty);
+        const bool isTimeUnreadable = i == ScheduleRow && !unreadable.isEmpty();
+        row.hint->setWholeText(!isTimeUnreadable ? text(*lines[i])
+                               : faulty          ? text(*lines[i]) + "; " + unreadable
+                                                 : unreadable);
+        row.hint->setWarning(faulty || isTimeUnreadable);
         describe(row.control, row.hint->text());
         for (QWidget* control : row.marked) {
             look::setFaulty(control, faulty);

@@ -8,7 +8,6 @@
 
 class QGridLayout;
 class QLayout;
-class QTimeEdit;
 
 namespace frimbolate {
 
@@ -16,6 +15,7 @@ class ElidedLabel;
 class FormMirror;
 class ImageWellButton;
 class PopUpButton;
+class TimeField;
 
 class FormCard : public QWidget {
     Q_OBJECT
@@ -56,6 +56,8 @@ class FormCard : public QWidget {
     void addActionRow();
     void addScheduleRow();
     void setUpTimePicker();
+    /// What there is to tell of a typed time that could not be read; empty where nothing is.
+    static QString unreadableTime(const FormModel& form);
 
     void pressTargetWell();
     void pressWatchPathWell();
@@ -70,7 +72,7 @@ class FormCard : public QWidget {
     ImageWellButton* targetWell_ = nullptr;
     ImageWellButton* watchPathWell_ = nullptr;
     QWidget* scriptButton_ = nullptr;
-    QTimeEdit* timePicker_ = nullptr;
+    TimeField* timePicker_ = nullptr;
 };
 
 } // namespace frimbolate

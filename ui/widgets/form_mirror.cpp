@@ -1,10 +1,12 @@
 #include "ui/widgets/form_mirror.h"
 
+#include "ui/widgets/clock_format.h"
 #include "ui/widgets/image_well_button.h"
 #include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
+#include "ui/widgets/time_field.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -12,7 +14,6 @@
 #include <QScopedValueRollback>
 #include <QSlider>
 #include <QTextDocument>
-#include <QTimeEdit>
 
 #include <limits>
 #include <memory>
@@ -55,10 +56,17 @@ void FormMirror::mirror() {
 void FormMirror::change(const std::function<void(FormModel&)>& change, const Send& send) {
     if (!delegate_ || mirroring_)
         return;
+    if (send)
+        finishTyping();
     change(delegate_->form());
     if (send)
         send(*delegate_);
     mirror();
+}
+
+void FormMirror::finishTyping() {
+    for (TimeField* field : pendingFields_)
+        field->commit();
 }
 
 void FormMirror::show(std::function<void(const FormModel&)> show) {
@@ -139,22 +147,32 @@ void FormMirror::bind(std::string_view outlet, QCheckBox* box, CheckBox FormMode
     });
 }
 
-void FormMirror::bind(std::string_view outlet, QTimeEdit* picker, DatePicker FormModel::*member) {
-    picker->setObjectName(text(outlet));
-    show([picker, member](const FormModel& form) {
-        const DatePicker& date = form.*member;
-        const QTime time(date.dateValue.hour, date.dateValue.minute);
-        if (time != picker->time())
-            picker->setTime(time);
-        picker->setFixedWidth(look::scaled(date.width));
-        picker->setVisible(!date.hidden);
+void FormMirror::bind(std::string_view outlet, TimeField* field, DatePicker FormModel::*member) {
+    field->setObjectName(text(outlet));
+    show([field, member](const FormModel& form) {
+        const DatePicker& picker = form.*member;
+        field->setClock(localeClockFormat());
+        const TimeOfDay time{picker.dateValue.hour, picker.dateValue.minute};
+        if (time != field->time())
+            field->setTime(time);
+        field->setFixedWidth(look::scaled(picker.width));
+        field->setVisible(!picker.hidden);
     });
-    connect(picker, &QTimeEdit::timeChanged, this, [this, member](QTime time) {
+    connect(field, &TimeField::timeRead, this, [this, member](TimeOfDay time) {
         change([&](FormModel& form) {
-            (form.*member).dateValue.hour = time.hour();
-            (form.*member).dateValue.minute = time.minute();
+            LocalDateTime date = (form.*member).dateValue;
+            date.hour = time.hour;
+            date.minute = time.minute;
+            (form.*member).set(date);
         });
     });
+    connect(field, &TimeField::textRejected, this, [this, member](const QString& typed) {
+        change([&](FormModel& form) { (form.*member).unreadableText = typed.toStdString(); });
+    });
+    connect(field, &TimeField::textEdited, this, [this, member] {
+        change([&](FormModel& form) { (form.*member).unreadableText.reset(); });
+    });
+    pendingFields_.push_back(field);
 }
 
 void FormMirror::bind(std::string_view outlet, QSlider* slider, Slider FormModel::*member,

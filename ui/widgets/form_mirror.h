@@ -19,13 +19,13 @@ class QCheckBox;
 class QLineEdit;
 class QPlainTextEdit;
 class QSlider;
-class QTimeEdit;
 class QWidget;
 
 namespace frimbolate {
 
 class ImageWellButton;
 class PopUpButton;
+class TimeField;
 
 class FormMirror : public QObject {
     Q_OBJECT
@@ -40,11 +40,15 @@ class FormMirror : public QObject {
     /// Makes everything that is bound show the model as it is now.
     void mirror();
     /// Does what a control does: changes the model, sends the action, mirrors. Nothing happens
-    /// before connectTo(), nor while the mirror itself moves the controls.
+    /// before connectTo(), nor while the mirror itself moves the controls. Before an action is sent
+    /// finishTyping() is called.
     void change(const std::function<void(FormModel&)>& change, const Send& send = {});
     void send(const Send& send) {
         change([](FormModel&) {}, send);
     }
+
+    /// Reads what was typed into a field that reads its text only when it is left.
+    void finishTyping();
 
     /// Runs at each mirroring, in the order of the bindings.
     void show(std::function<void(const FormModel&)> show);
@@ -57,7 +61,7 @@ class FormMirror : public QObject {
               const Send& send = {});
     void bind(std::string_view outlet, QCheckBox* box, CheckBox FormModel::*member,
               const Send& send = {});
-    void bind(std::string_view outlet, QTimeEdit* picker, DatePicker FormModel::*member);
+    void bind(std::string_view outlet, TimeField* field, DatePicker FormModel::*member);
     void bind(std::string_view outlet, QSlider* slider, Slider FormModel::*member,
               const Send& send);
     void bind(std::string_view outlet, QAbstractButton* button, Button FormModel::*member,
@@ -70,6 +74,7 @@ class FormMirror : public QObject {
     AppDelegate* delegate_ = nullptr;
     bool mirroring_ = false;
     std::vector<std::function<void(const FormModel&)>> shows_;
+    std::vector<TimeField*> pendingFields_; ///< owned by the window
 };
 
 } // namespace frimbolate

@@ -1,6 +1,7 @@
 #include "ui/widgets/main_window.h"
 
 #include "core/sentences.h"
+#include "ui/widgets/clock_format.h"
 #include "ui/widgets/commands.h"
 #include "ui/widgets/drawer_host.h"
 #include "ui/widgets/drawer_panel.h"
@@ -116,7 +117,8 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     line->addWidget(plan);
     mirror_.show([plan, foot](const FormModel& model) {
         const AgentForm form = agentForm(model);
-        plan->setWholeText(text(planSentence(form, QDir::homePath().toStdString())));
+        plan->setWholeText(
+            text(planSentence(form, QDir::homePath().toStdString(), localeClockFormat())));
         foot->setComplete(isPlanComplete(form));
     });
     return foot;
@@ -130,6 +132,7 @@ void MainWindow::bringToFront() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    mirror_.finishTyping();
     mirror_.change([](FormModel& form) {
         form.mainWindow.visible = false;
         form.popoverScriptObject.shown = false;

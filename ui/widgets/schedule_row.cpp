@@ -1,14 +1,16 @@
 // The last row of the form card, whose controls change with the kind of schedule.
 #include "ui/widgets/form_card.h"
 
+#include "core/schedule_words.h"
+#include "ui/widgets/clock_format.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/text.h"
+#include "ui/widgets/time_field.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QLocale>
-#include <QTimeEdit>
 
 namespace frimbolate {
 
@@ -20,10 +22,6 @@ constexpr int gap = 5;
 constexpr int controlHeight = 32;
 /// Beside the day of the month the picker is this narrow.
 constexpr int narrowPicker = 90;
-
-bool hasTwelveHourClock() {
-    return QLocale().timeFormat(QLocale::ShortFormat).contains("AP", Qt::CaseInsensitive);
-}
 
 } // namespace
 
@@ -49,7 +47,7 @@ void FormCard::addScheduleRow() {
     mirror_.bind("onMonthTextBox", dayBox, &FormModel::onMonthTextBox);
     mirror_.bind("onMonthTextField", day, &FormModel::onMonthTextField);
 
-    timePicker_ = new QTimeEdit(this);
+    timePicker_ = new TimeField(this);
     setUpTimePicker();
 
     auto* interval = new QLineEdit(this);
@@ -76,19 +74,23 @@ void FormCard::addScheduleRow() {
 }
 
 void FormCard::setUpTimePicker() {
-    const bool twelveHours = hasTwelveHourClock();
-    timePicker_->setDisplayFormat(twelveHours ? "hh:mm AP" : "HH:mm");
     timePicker_->setAccessibleName(tr("Time of day"));
-    timePicker_->setWrapping(true); // as a clock does
     mirror_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
-    if (!twelveHours)
-        return;
-    // "07:30 AM" and the steppers do not both fit into the narrow picker.
     mirror_.show([this](const FormModel& form) {
-        timePicker_->setButtonSymbols(form.agentScheduleDatePicker.width <= narrowPicker
-                                          ? QAbstractSpinBox::NoButtons
-                                          : QAbstractSpinBox::UpDownArrows);
+        // "07:30 AM" and the steppers do not both fit into the narrow picker.
+        const bool isFull = localeClockFormat() == ClockFormat::TwelveHours &&
+                            form.agentScheduleDatePicker.width <= narrowPicker;
+        timePicker_->setButtonSymbols(isFull ? QAbstractSpinBox::NoButtons
+                                             : QAbstractSpinBox::UpDownArrows);
     });
+}
+
+QString FormCard::unreadableTime(const FormModel& form) {
+    const DatePicker& picker = form.agentScheduleDatePicker;
+    if (!picker.unreadableText)
+        return {};
+    const TimeOfDay kept{picker.dateValue.hour, picker.dateValue.minute};
+    return text(unreadableTimeWords(*picker.unreadableText, kept, localeClockFormat()));
 }
 
 } // namespace frimbolate

@@ -1,0 +1,120 @@
+// The schedule row of a window that has the keyboard, in either clock, worked with real keys and
+// clicks.
+#pragma once
+
+#include "core/time_of_day.h"
+#include "tests/widgets/window_test.h"
+#include "ui/widgets/elided_label.h"
+#include "ui/widgets/time_field.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QLocale>
+#include <QWheelEvent>
+
+#include <string>
+
+namespace frimbolate::test {
+
+/// The toolkit's locale for as long as it lives. Nothing needs to be installed for it.
+class ChosenLocale {
+  public:
+    explicit ChosenLocale(const char* name) { QLocale::setDefault(QLocale(name)); }
+    ~ChosenLocale() { QLocale::setDefault(QLocale::system()); }
+    ChosenLocale(const ChosenLocale&) = delete;
+    ChosenLocale& operator=(const ChosenLocale&) = delete;
+};
+
+/// Its locale has to be chosen before the window is made.
+class TimeFieldFixture : private ChosenLocale, public WindowTest {
+  protected:
+    explicit TimeFieldFixture(ClockFormat clock)
+        : ChosenLocale(clock == ClockFormat::TwelveHours ? "en_US" : "de_DE"), clock_(clock) {}
+
+    void SetUp() override {
+        WindowTest::SetUp(); // the form shows 09:41
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    TimeField* field() { return find<TimeField>("agentScheduleDatePicker"); }
+    QLineEdit* line() { return field()->findChild<QLineEdit*>(); }
+    QString shown(int hour, int minute) const {
+        return QString::fromStdString(formatTimeOfDay({hour, minute}, clock_));
+    }
+    QString hint() { return find<ElidedLabel>("scheduleHint")->text(); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QWidget* focused = QApplication::focusWidget();
+        ASSERT_NE(focused, nullptr);
+        QTest::keyClick(focused, key, modifiers);
+    }
+    void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    /// A press and release at a place of the window, as they come from the window system.
+    void click(QWidget* widget, const QPoint& place) {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&window, place));
+    }
+
+    void enterByTab() {
+        find("agentScheduleTypeButton")->setFocus();
+        press(Qt::Key_Tab);
+        ASSERT_TRUE(field()->hasFocus());
+    }
+    void enterByClick() {
+        find("agentNameTextField")->setFocus();
+        click(line(), placeOf(1));
+        ASSERT_TRUE(field()->hasFocus());
+    }
+    /// In the line of the field, before the character of that index.
+    QPoint placeOf(int position) {
+        const QFontMetrics metrics(line()->font());
+        const int x = metrics.horizontalAdvance(line()->text().left(position));
+        return {2 + x, line()->height() / 2};
+    }
+    /// Enters the field, and puts the cursor before the character of that index.
+    void enterAt(int position) {
+        enterByClick();
+        click(line(), placeOf(position));
+        ASSERT_EQ(line()->cursorPosition(), position);
+    }
+    void turnWheel(int steps) {
+        const QPointF place(5, 5);
+        QWheelEvent turn(place, field()->mapToGlobal(place), {}, {0, 120 * steps}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(field(), &turn);
+    }
+
+    /// Fails unless field, model and hint tell that time, and no row a warning.
+    void expectTime(int hour, int minute) {
+        EXPECT_EQ(line()->text().toStdString(), shown(hour, minute).toStdString());
+        expectModel(hour, minute);
+        EXPECT_EQ(hint().toStdString(), ("Every day at " + shown(hour, minute)).toStdString());
+        EXPECT_FALSE(find<ElidedLabel>("scheduleHint")->isWarning());
+        EXPECT_EQ(field()->accessibleDescription().toStdString(), "");
+    }
+    void expectModel(int hour, int minute) {
+        const LocalDateTime& date = form().agentScheduleDatePicker.dateValue;
+        EXPECT_EQ(date.hour, hour);
+        EXPECT_EQ(date.minute, minute);
+        EXPECT_EQ(date.day, platform.time.day);
+        EXPECT_EQ(date.second, platform.time.second);
+    }
+    /// Fails unless the row tells that 9:41 stays because of that text.
+    void expectRejected(const std::string& typed) {
+        EXPECT_EQ(line()->text().toStdString(), shown(9, 41).toStdString());
+        expectModel(9, 41);
+        const std::string words = "\u201c" + typed +
+                                  "\u201d is not a time of day; the field keeps " +
+                                  shown(9, 41).toStdString();
+        EXPECT_EQ(hint().toStdString(), words);
+        EXPECT_TRUE(find<ElidedLabel>("scheduleHint")->isWarning());
+        EXPECT_EQ(field()->accessibleDescription().toStdString(), words);
+    }
+
+    ClockFormat clock_;
+};
+
+} // namespace frimbolate::test
