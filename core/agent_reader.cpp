@@ -62,7 +62,7 @@ void AgentReader::read(const AgentFile& file) {
     readAction(file);
     readRunAtLoad(file);
     readSchedule(file);
-    lookForAdvancedKeys(file);
+    editor_.lookForAdvancedKeys(file);
     editor_.log("Completed evaluating primary keys for editing");
 }
 

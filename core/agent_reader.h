@@ -19,6 +19,8 @@ class ReaderEditor {
     virtual void log(const std::string& line) = 0;
     /// Resets the form to a new agent.
     virtual void createNewAgent() = 0;
+    /// Has the keys of the advanced drawer read, which is an action of its own.
+    virtual void lookForAdvancedKeys(const AgentFile& file) = 0;
     virtual void openAdvancedDrawer() = 0;
     virtual void showPopOverScript() = 0;
     /// Shows the icon of a stored target and records its path.
@@ -39,8 +41,8 @@ class AgentReader {
   public:
     explicit AgentReader(ReaderEditor& editor) : editor_(editor) {}
 
-    /// Fills the form from the file, group by group; a group that fails costs an alert or a
-    /// fall-back, not the reading.
+    /// Fills the form from the file, group by group, the advanced keys through the editor; a group
+    /// that fails costs an alert or a fall-back, not the reading.
     /// \throws Failure when something outside the guarded groups fails.
     void read(const AgentFile& file);
     /// The keys of the advanced drawer alone; opens the drawer where they differ from a new agent.

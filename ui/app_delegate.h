@@ -84,7 +84,7 @@ class AppDelegate : private ReaderEditor {
     // Editing, and upgrading agents of the earlier version
     void editLaunchAgent();
     void continueEditingAgent();
-    void lookForAdvancedKeys(const AgentFile& file);
+    void lookForAdvancedKeys(const AgentFile& file) override;
     void chooseUpgradePath(const AgentFile& agent, const std::string& fileName,
                            const std::string& oldPath);
 

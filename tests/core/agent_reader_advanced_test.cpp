@@ -192,6 +192,23 @@ TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
                      "log: Completed evaluating keys for advanced drawer"}));
 }
 
+/// Keeps the file whose advanced keys the reader wants read, and does not read them.
+class KeepingEditor : public RecordingEditor {
+  public:
+    void lookForAdvancedKeys(const AgentFile& file) override { files.push_back(file); }
+    std::vector<AgentFile> files;
+};
+
+TEST(AdvancedKeysTogether, AreReadByTheEditorBeforeTheReadingEnds) {
+    KeepingEditor editor;
+    const AgentFile file = {
+        {"Label", "com.frimbolate.Backup"}, {"StartCalendarInterval", daily()}, {"Nice", 5}};
+    AgentReader(editor).read(file);
+    EXPECT_THAT(editor.files, testing::ElementsAre(file));
+    EXPECT_EQ(editor.journal, Lines{"target: "} + dailyLines() +
+                                  Lines{"log: Completed evaluating primary keys for editing"});
+}
+
 TEST(AdvancedKeysTogether, EndAtTheFirstThatFails) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);

@@ -25,6 +25,9 @@ class RecordingEditor : public ReaderEditor {
     FormModel& form() override { return form_; }
     void log(const std::string& line) override { journal.push_back("log: " + line); }
     void createNewAgent() override { journal.emplace_back("reset"), form_ = newAgentForm(); }
+    void lookForAdvancedKeys(const AgentFile& file) override {
+        AgentReader(*this).lookForAdvancedKeys(file);
+    }
     void openAdvancedDrawer() override {
         journal.emplace_back("drawer"), form_.advancedDrawer.open = true;
     }
