@@ -123,6 +123,11 @@ struct TextView {
     bool editable = false;
 };
 
+/// Copies the command that its sheet shows.
+struct CopyButton {
+    bool hasCopied = false; ///< whether this very command was put on the pasteboard
+};
+
 struct Window {
     bool visible = false;
 };
@@ -178,6 +183,7 @@ struct FormModel {
 
     // The command sheet
     TextView actionScriptTextView;
+    CopyButton copyCommandButton;
     CheckBox autoCopyScriptsCheckbox2;
 };
 

@@ -17,6 +17,12 @@ std::string command(std::string_view verb, std::string_view path) {
 std::string loadCommand(std::string_view path) { return command("load", path); }
 std::string unloadCommand(std::string_view path) { return command("unload", path); }
 
+std::string_view pathOfCommand(std::string_view command) {
+    const auto opening = command.find('\'');
+    const auto closing = command.rfind('\'');
+    return opening == closing ? "" : command.substr(opening + 1, closing - opening - 1);
+}
+
 void CommandSheet::loadLaunchAgent() {
     chooseAgent("Please choose a launch agent to load:", loadCommand);
 }
@@ -49,10 +55,17 @@ void CommandSheet::evaluateAutoCopyScripts(const std::string& command) {
     form_.preferencesMenuItem.enabled = false;
     const bool copies = holdsString(services_.defaults, PreferenceKey::autoCopyScripts, "True");
     form_.autoCopyScriptsCheckbox2.state = copies ? CheckState::On : CheckState::Off;
-    if (copies) {
-        services_.pasteboard.clearContents();
-        services_.pasteboard.setString(command);
-    }
+    form_.copyCommandButton.hasCopied = false;
+    if (copies)
+        copy(command);
+}
+
+void CommandSheet::copyCommand() { copy(form_.actionScriptTextView.string); }
+
+void CommandSheet::copy(const std::string& command) {
+    services_.pasteboard.clearContents();
+    services_.pasteboard.setString(command);
+    form_.copyCommandButton.hasCopied = true;
 }
 
 void CommandSheet::show() {

@@ -16,6 +16,8 @@ namespace frimbolate {
 /// Prefix, path and one closing single quote: a quote inside the path is not escaped.
 std::string loadCommand(std::string_view path);
 std::string unloadCommand(std::string_view path);
+/// The path that such a command holds; empty for any other text.
+std::string_view pathOfCommand(std::string_view command);
 
 class CommandSheet {
   public:
@@ -28,11 +30,14 @@ class CommandSheet {
     /// the preferences are out of reach.
     void put(const std::string& command);
     void evaluateAutoCopyScripts(const std::string& command);
+    /// Copies the command that the sheet shows, byte for byte.
+    void copyCommand();
     void show();
     void closeExecuteScriptWindow();
     void launchTerminal();
 
   private:
+    void copy(const std::string& command);
     void chooseAgent(std::string message, std::string (*compose)(std::string_view path));
 
     FormModel& form_;

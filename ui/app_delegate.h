@@ -91,6 +91,7 @@ class AppDelegate : private ReaderEditor {
     // Existing agents
     void loadLaunchAgent() { commandSheet_.loadLaunchAgent(); }
     void unloadLaunchAgent() { commandSheet_.unloadLaunchAgent(); }
+    void copyCommand() { commandSheet_.copyCommand(); }
     void closeExecuteScriptWindow() { commandSheet_.closeExecuteScriptWindow(); }
     void launchTerminal() { commandSheet_.launchTerminal(); }
     void onOffLaunchAgent() { agentSwitch_.onOffLaunchAgent(); }

@@ -45,6 +45,8 @@ constexpr PathCase pathCases[] = {
      "launchctl unload '/a b/c d.plist'"},
     {"SingleQuote", "/a/it's.plist", "launchctl load '/a/it's.plist'",
      "launchctl unload '/a/it's.plist'"},
+    {"TwoSingleQuotes", "/a';touch b;'.plist", "launchctl load '/a';touch b;'.plist'",
+     "launchctl unload '/a';touch b;'.plist'"},
     {"OtherMarks", "/a/\"$HOME\" \\n `x`.plist", "launchctl load '/a/\"$HOME\" \\n `x`.plist'",
      "launchctl unload '/a/\"$HOME\" \\n `x`.plist'"},
     {"NotAscii", "/a/über.plist", "launchctl load '/a/über.plist'",
@@ -64,9 +66,11 @@ TEST_P(CommandTextTest, HoldsThePathAsItIs) {
     sheet->loadLaunchAgent();
     platform.choose(row.path);
     EXPECT_EQ(form.actionScriptTextView.string, row.load);
+    EXPECT_EQ(pathOfCommand(row.load), row.path);
     sheet->unloadLaunchAgent();
     platform.choose(row.path);
     EXPECT_EQ(form.actionScriptTextView.string, row.unload);
+    EXPECT_EQ(pathOfCommand(row.unload), row.path);
 }
 
 INSTANTIATE_TEST_SUITE_P(CommandSheet, CommandTextTest, testing::ValuesIn(pathCases),
@@ -214,6 +218,7 @@ TEST_P(CopyTest, OnlyForTheExactText) {
     EXPECT_FALSE(form.preferencesMenuItem.enabled);
     EXPECT_EQ(form.autoCopyScriptsCheckbox2.state, row.copies ? CheckState::On : CheckState::Off);
     EXPECT_EQ(platform.pasteboard, row.copies ? "the command" : "earlier content");
+    EXPECT_EQ(form.copyCommandButton.hasCopied, row.copies);
     EXPECT_EQ(platform.journal.count("pasteboard"), row.copies ? 2U : 0U);
     EXPECT_EQ(platform.journal.lines().size(), row.copies ? 2U : 0U);
     EXPECT_EQ(stored, before);
@@ -221,6 +226,26 @@ TEST_P(CopyTest, OnlyForTheExactText) {
 
 INSTANTIATE_TEST_SUITE_P(CommandSheet, CopyTest, testing::ValuesIn(copyCases()),
                          [](const auto& row) { return row.param.name; });
+
+TEST_F(CommandSheetTest, CopiesOnRequestExactlyWhatItShows) {
+    for (const auto* command :
+         {"launchctl load '/a b\u00a0c\u2028d\u2029e\rf\r\ng\n'", "launchctl unload '/x'"}) {
+        sheet->put(command);
+        EXPECT_FALSE(form.copyCommandButton.hasCopied) << "each command starts afresh";
+        platform.journal.clear();
+        sheet->copyCommand();
+        EXPECT_THAT(platform.journal.lines(),
+                    ElementsAre("pasteboard: cleared", std::string("pasteboard: ") + command));
+        EXPECT_EQ(platform.pasteboard, command);
+        EXPECT_TRUE(form.copyCommandButton.hasCopied);
+        EXPECT_EQ(form.autoCopyScriptsCheckbox2.state, CheckState::Off);
+    }
+}
+
+TEST(PathOfCommand, IsEmptyForAnyOtherText) {
+    for (const auto* text : {"", "ls", "'", "it's"})
+        EXPECT_EQ(pathOfCommand(text), "") << text;
+}
 
 // Showing and closing
 

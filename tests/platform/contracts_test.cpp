@@ -21,6 +21,8 @@ namespace frimbolate::test {
 
 namespace {
 
+using namespace std::string_literals;
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -284,7 +286,9 @@ TYPED_TEST(FolderAccessContract, beginsAndEndsOnNothing) {
 
 TYPED_TEST(PasteboardContract, holdsTheTextThatWasSetLast) {
     this->pasteboard.setString("earlier");
-    for (const char* text : {"launchctl load '/a b/é😀.plist'", "two\nlines\t", "'\"`$", ""}) {
+    for (const std::string& text :
+         {"launchctl load '/a b/é😀.plist'"s, "two\nlines\t"s, "'\"`$"s, "\r \r\n \n\r"s,
+          "\u00a0 \u2028 \u2029 \u0085 \ufeff"s, "a\0\x01\x1b\x7f"s, " \n "s, ""s}) {
         this->pasteboard.clearContents();
         EXPECT_EQ(this->world.pasted(), "");
         this->pasteboard.setString(text);

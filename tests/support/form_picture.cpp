@@ -67,6 +67,7 @@ void visitRest(Model& form, Visit& visit) {
     visit("globalGlobbingCheckbox", form.globalGlobbingCheckbox);
     visit("globalPriorityCheckbox", form.globalPriorityCheckbox);
     visit("actionScriptTextView", form.actionScriptTextView);
+    visit("copyCommandButton", form.copyCommandButton);
     visit("autoCopyScriptsCheckbox2", form.autoCopyScriptsCheckbox2);
 }
 
@@ -163,6 +164,9 @@ class Painter {
     void operator()(const char* name, const TextView& view) {
         add(name, "string", view.string), add(name, "editable", view.editable);
     }
+    void operator()(const char* name, const CopyButton& button) {
+        add(name, "hasCopied", button.hasCopied);
+    }
     void operator()(const char* name, const Window& window) {
         add(name, "visible", window.visible);
     }
@@ -207,6 +211,7 @@ class Spoiler {
     void operator()(const char*, Toolbar& toolbar) { toolbar = {flag_, 2}; }
     void operator()(const char*, MenuItem& item) { item = {flag_}; }
     void operator()(const char* name, TextView& view) { view = {name, flag_}; }
+    void operator()(const char*, CopyButton& button) { button = {flag_}; }
     void operator()(const char*, Window& window) { window = {flag_}; }
 
   private:
