@@ -92,6 +92,28 @@ void command(Stage& stage) {
     stage.platform.choose(std::string(Stage::agents) + "/com.frimbolate.backup_photos.plist");
 }
 
+void copiedCommand(Stage& stage) {
+    command(stage);
+    stage.delegate.copyCommand();
+}
+
+void unsafeCommand(Stage& stage) {
+    filled(stage);
+    stage.delegate.unloadLaunchAgent();
+    stage.platform.choose(std::string(Stage::agents) +
+                          "/com.frimbolate.backup\u0085of_photos';touch pwned;'.plist");
+}
+
+void unsafeCopiedCommand(Stage& stage) {
+    unsafeCommand(stage);
+    stage.delegate.copyCommand();
+}
+
+void application(Stage& stage) {
+    filled(stage);
+    stage.delegate.evaluateScriptExtension("/Applications/Mail.app/Contents/MacOS/Mail");
+}
+
 void preferences(Stage& stage) {
     filled(stage);
     stage.delegate.openPreferencesWindow();
@@ -215,6 +237,10 @@ constexpr Face rows[] = {
     {"typed_script", typedScript},
     {"welcome", welcome},
     {"command", command},
+    {"copied_command", copiedCommand},
+    {"unsafe_command", unsafeCommand},
+    {"unsafe_copied_command", unsafeCopiedCommand},
+    {"application", application},
     {"preferences", preferences},
     {"created", created},
     {"discard", discard},

@@ -220,9 +220,29 @@ class Walk:
         self.see("agent panel", "button", "Select", PANEL)
         self.tools.use("button", "Cancel")
 
+    def unsafe_command(self):
+        """An alert warns of a command that does more than it shows, as soon as its sheet opens."""
+        name = "com.frimbolate.a';touch pwned;'.plist"
+        (self.folder / name).write_bytes(b"")
+        before = len(self.listener.heard())
+        self.tools.use("button", "Load")
+        self.tools.fill_panel(str(self.folder / name), "Select")
+        self.see("unsafe command", "button", "Open Terminal", ["dialog 'Load the agent'"])
+        for event in ("object:state-changed:showing | alert | Do not paste this command",
+                      f"window:activate | dialog | Load the agent | {name}. Do not paste"):
+            wait_until(lambda: any(line.startswith(event)
+                                   for line in self.listener.heard(before)), event)
+        self.tools.use("button", "Copy the command")
+        wait_until(lambda: any(
+            "accessible-description | push button | Copy the command | Copied" in line
+            for line in self.listener.heard(before)), "the copying to be told")
+        self.tools.use("button", "Close")
+        self.tools.look("button", "Save")
+
     def through(self):
         for state in (self.start, self.form, self.drawer, self.actions, self.pop_over,
-                      self.lists_and_menus, self.sheets, self.alert, self.only_news, self.save):
+                      self.lists_and_menus, self.sheets, self.alert, self.only_news, self.save,
+                      self.unsafe_command):
             state()
         print(f"{self.seen} states seen")
         assert not self.found, "\n".join(dict.fromkeys(self.found))

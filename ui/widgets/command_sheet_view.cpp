@@ -1,15 +1,18 @@
 #include "ui/widgets/command_sheet_view.h"
 
+#include "core/command_warning.h"
+#include "core/conversions.h"
+#include "ui/widgets/command_text.h"
+#include "ui/widgets/elided_label.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/text.h"
+#include "ui/widgets/warning_label.h"
+#include "ui/widgets/window_access.h"
 
 #include <QCheckBox>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextOption>
 #include <QToolButton>
@@ -25,15 +28,7 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr int panelWidth = 560, textWidth = 452, copyWidth = 44, textPadding = 10;
-constexpr int leastHeight = 64, greatestHeight = 120;
-
-/// A text field that leaves room at its right for a button of its own.
-class CommandText : public QPlainTextEdit {
-  public:
-    explicit CommandText(QWidget* parent) : QPlainTextEdit(parent) {
-        setViewportMargins(scaled(8), scaled(8), scaled(copyWidth), scaled(8));
-    }
-};
+constexpr int leastHeight = 64, greatestHeight = 120, greatestPanelHeight = 348;
 
 } // namespace
 
@@ -41,13 +36,7 @@ CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
     : OwnSheet("executeScriptWindow", panelWidth, mirror, mainWindow,
                &AppDelegate::closeExecuteScriptWindow),
       title_(addTitle({})) {
-    body()->addSpacing(scaled(12));
-    auto* explanation = new QLabel(
-        tr("Paste this command into Terminal. Frimbolate does not run it by itself."), this);
-    explanation->setForegroundRole(QPalette::PlaceholderText);
-    explanation->setWordWrap(true);
-    body()->addWidget(explanation);
-    body()->addSpacing(scaled(20));
+    addWords();
     addCommand();
     body()->addSpacing(scaled(16));
     auto* copies = new QCheckBox(tr("Copy c&ommands to the clipboard automatically"), this);
@@ -56,30 +45,45 @@ CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
     body()->addWidget(copies);
     body()->addSpacing(scaled(24));
     addButtons();
-    mirror.show([this](const FormModel& form) { showCommand(form.actionScriptTextView); });
+    mirror.show([this](const FormModel& form) { showCommand(form); });
+}
+
+void CommandSheetView::addWords() {
+    body()->addSpacing(scaled(4));
+    agent_ = new ElidedLabel(Qt::ElideMiddle, this);
+    agent_->setObjectName("commandAgent");
+    body()->addWidget(agent_);
+    body()->addSpacing(scaled(12));
+    warning_ = new WarningLabel(12, this);
+    warning_->setObjectName("commandWarning");
+    body()->addWidget(warning_);
+    state_ = new QLabel(this);
+    state_->setObjectName("commandState");
+    state_->setForegroundRole(QPalette::PlaceholderText);
+    body()->addWidget(state_);
+    body()->addSpacing(scaled(12));
 }
 
 void CommandSheetView::addCommand() {
-    command_ = new CommandText(this);
+    command_ = new CommandText(scaled(copyWidth), this);
+    command_->setFixedHeight(scaled(leastHeight));
     command_->setObjectName("actionScriptTextView");
     command_->setAccessibleName(tr("Command"));
     command_->setTabChangesFocus(true);
     command_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     look::setFont(command_, look::FontRole::mono);
-    auto* copy = new QToolButton(command_);
-    copy->setObjectName("copyCommandButton");
-    copy->setProperty("plain", true);
-    copy->setIcon(look::toolIcon("copy"));
-    copy->setIconSize({scaled(20), scaled(20)});
-    copy->setFixedSize(scaled(32), scaled(32));
-    copy->setFocusPolicy(Qt::StrongFocus);
-    copy->setToolTip(tr("Copy the command"));
-    copy->setAccessibleName(tr("Copy the command"));
-    connect(copy, &QToolButton::clicked, this,
-            [this] { QGuiApplication::clipboard()->setText(command_->toPlainText()); });
+    copy_ = new QToolButton(command_);
+    copy_->setObjectName("copyCommandButton");
+    copy_->setProperty("plain", true);
+    copy_->setIconSize({scaled(20), scaled(20)});
+    copy_->setFixedSize(scaled(32), scaled(32));
+    copy_->setFocusPolicy(Qt::StrongFocus);
+    copy_->setAccessibleName(tr("Copy the command"));
+    connect(copy_, &QToolButton::clicked, this,
+            [this] { formMirror().send(&AppDelegate::copyCommand); });
     auto* line = new QHBoxLayout(command_);
     line->setContentsMargins(0, 0, scaled(10), 0);
-    line->addWidget(copy, 0, Qt::AlignRight | Qt::AlignVCenter);
+    line->addWidget(copy_, 0, Qt::AlignRight | Qt::AlignVCenter);
     body()->addWidget(command_);
 }
 
@@ -94,7 +98,8 @@ void CommandSheetView::addButtons() {
     addButtonRow(terminal, {close});
 }
 
-void CommandSheetView::showCommand(const TextView& command) {
+void CommandSheetView::showCommand(const FormModel& form) {
+    const TextView& command = form.actionScriptTextView;
     const bool unloads = command.string.starts_with("launchctl unload");
     title_->setText(unloads ? tr("Unload the agent") : tr("Load the agent"));
     setWindowTitle(title_->text());
@@ -102,16 +107,47 @@ void CommandSheetView::showCommand(const TextView& command) {
     command_->setReadOnly(!command.editable);
     command_->setTextInteractionFlags(command_->textInteractionFlags() | Qt::TextSelectableByMouse |
                                       Qt::TextSelectableByKeyboard);
+    const auto path = pathOfCommand(command.string);
+    agent_->setWholeText(text(lastPiece(path, "/")));
+    const QString warning = text(commandWarning(path));
+    warning_->setWarning(warning);
+    showCopied(form.copyCommandButton.hasCopied, !warning.isEmpty());
+    describe(command_, warning.isEmpty() ? state_->text() : warning);
+    describe(this, QStringList{agent_->text(), command_->accessibleDescription()}.join(". "));
     const QString shown = text(command.string);
-    if (shown == command_->toPlainText())
+    command_->setCommand(shown);
+    fitCommand(shown);
+}
+
+void CommandSheetView::showCopied(bool hasCopied, bool isUnsafe) {
+    // Nobody is asked to paste what does more than it shows.
+    const QString copied = tr("Copied");
+    const QString title = hasCopied ? copied : tr("Copy the command");
+    state_->setText(isUnsafe    ? (hasCopied ? tr("Copied.") : QString())
+                    : hasCopied ? tr("Copied. Paste it into Terminal.")
+                                : tr("Copy this command and paste it into Terminal."));
+    state_->setVisible(!state_->text().isEmpty());
+    describe(copy_, hasCopied ? copied : QString());
+    if (copy_->toolTip() == title)
         return;
-    command_->setPlainText(shown);
-    // As high as the command needs, so that it is seen whole.
+    copy_->setToolTip(title);
+    copy_->setIcon(look::toolIcon(hasCopied ? "copied" : "copy"));
+}
+
+void CommandSheetView::fitCommand(const QString& command) {
     const QRect needed =
         command_->fontMetrics().boundingRect(0, 0, scaled(textWidth - 2 * textPadding), 10000,
-                                             Qt::TextWrapAnywhere | Qt::AlignLeft, shown);
-    command_->setFixedHeight(std::clamp(needed.height() + scaled(textPadding) * 7 / 2,
-                                        scaled(leastHeight), scaled(greatestHeight)));
+                                             Qt::TextWrapAnywhere | Qt::AlignLeft, command);
+    const int wanted = needed.height() + scaled(textPadding) * 7 / 2;
+    // What the words above leave of the sheet.
+    body()->invalidate();
+    layout()->invalidate();
+    const int margins = height() - panelRect().height();
+    const int others = layout()->totalHeightForWidth(width()) - margins - command_->minimumHeight();
+    const int least = scaled(leastHeight);
+    const int greatest =
+        std::clamp(scaled(greatestPanelHeight) - others, least, scaled(greatestHeight));
+    command_->setFixedHeight(std::clamp(wanted, least, greatest));
 }
 
 } // namespace frimbolate

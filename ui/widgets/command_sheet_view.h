@@ -3,9 +3,13 @@
 
 #include "ui/widgets/own_sheet.h"
 
-class QPlainTextEdit;
+class QToolButton;
 
 namespace frimbolate {
+
+class CommandText;
+class ElidedLabel;
+class WarningLabel;
 
 class CommandSheetView : public OwnSheet {
     Q_OBJECT
@@ -14,12 +18,21 @@ class CommandSheetView : public OwnSheet {
     CommandSheetView(FormMirror& mirror, QWidget& mainWindow);
 
   private:
+    void addWords();
     void addCommand();
     void addButtons();
-    void showCommand(const TextView& command);
+    void showCommand(const FormModel& form);
+    /// Whether the command was copied, in words and on the button that copies it.
+    void showCopied(bool hasCopied, bool isUnsafe);
+    /// As high as the command needs, as far as the sheet has room for it.
+    void fitCommand(const QString& command);
 
     QLabel* title_;
-    QPlainTextEdit* command_ = nullptr;
+    ElidedLabel* agent_ = nullptr;
+    WarningLabel* warning_ = nullptr;
+    QLabel* state_ = nullptr;
+    CommandText* command_ = nullptr;
+    QToolButton* copy_ = nullptr;
 };
 
 } // namespace frimbolate

@@ -4,6 +4,7 @@
 #include "ui/widgets/main_window.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/sheet_alerts.h"
+#include "ui/widgets/warning_label.h"
 #include "ui/widgets/wrapped_text.h"
 
 #include <QAccessible>
@@ -77,6 +78,8 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
         return new QAccessibleWidget(alert, QAccessible::AlertMessage);
     if (auto* text = qobject_cast<WrappedText*>(object))
         return new TextAccess(text);
+    if (auto* warning = qobject_cast<WarningLabel*>(object))
+        return new QAccessibleWidget(warning, QAccessible::AlertMessage);
     return nullptr;
 }
 

@@ -9,8 +9,8 @@ namespace frimbolate {
 
 /// The toolkit lists no window of the kind that a pop-over is, so whoever reads the screen would
 /// never meet it: here it is listed as a part of the window that it belongs to. An alert has the
-/// role of one, by which screen readers know to read it aloud whole, and a text that wraps anywhere
-/// that of a label. Calling it again does nothing more.
+/// role of one, by which screen readers know to read it aloud whole, and so has a warning inside a
+/// sheet; a text that wraps anywhere has that of a label. Calling it again does nothing more.
 void installWindowAccess();
 
 /// What a control shows beside its name. Told only when it is news: a screen reader says it anew.

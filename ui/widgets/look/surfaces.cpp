@@ -1,6 +1,7 @@
 #include "ui/widgets/look/surfaces.h"
 
 #include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/icons.h"
 #include "ui/widgets/look/tokens.h"
 
 #include <QAbstractButton>
@@ -110,6 +111,15 @@ void paintDropPlace(QWidget& place) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(tokens(place.palette()).accent, 2));
     painter.drawRoundedRect(QRectF(place.rect()).adjusted(1, 1, -1, -1), scaled(6), scaled(6));
+}
+
+void paintWarning(QLabel& label) {
+    QPainter painter(&label);
+    const int side = scaled(warningSignSide);
+    toolIcon("warning").paint(&painter, QRect(0, label.contentsRect().top(), side, side));
+    painter.setPen(tokens(label.palette()).warnText);
+    painter.drawText(label.contentsRect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+                     label.text());
 }
 
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {

@@ -37,6 +37,10 @@ void paintTip(QAbstractButton& tip);
 void paintEmptyWell(QWidget& well);
 /// The border of what would take the file that is held over it, as that of a focus.
 void paintDropPlace(QWidget& place);
+/// The sign of a warning, and how far its words keep from it; pixels of the 1x layout.
+constexpr int warningSignSide = 20, warningSignGap = 8;
+/// A wrapped text in the colour of faults, with the sign before it, in the left margin.
+void paintWarning(QLabel& label);
 /// One line of text, elided where it is too long, in the colour of hints or of faults.
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning);
 

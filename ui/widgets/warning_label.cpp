@@ -1,0 +1,25 @@
+#include "ui/widgets/warning_label.h"
+
+#include "ui/widgets/look/fonts.h"
+#include "ui/widgets/look/surfaces.h"
+
+namespace frimbolate {
+
+WarningLabel::WarningLabel(int gapBelow, QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setContentsMargins(look::scaled(look::warningSignSide + look::warningSignGap), 0, 0,
+                       look::scaled(gapBelow));
+    hide();
+}
+
+void WarningLabel::setWarning(const QString& warning) {
+    setText(warning);
+    setAccessibleName(warning);
+    setVisible(!warning.isEmpty());
+}
+
+void WarningLabel::paintEvent(QPaintEvent*) { look::paintWarning(*this); }
+
+} // namespace frimbolate
