@@ -295,21 +295,10 @@ class Person:
         self.type_time(self.click("time", name), time)
 
     def type_time(self, node, time):
-        """Types a time into the field that has the focus, from its first section on."""
+        """Types a time into the field that was just entered, which has it selected as a whole."""
         self.wait_for_focus(node)
-
-        def hours_are_lit():
-            selection = node.queryText().getSelection(0)
-            if (selection[0], selection[1]) == (0, 2):
-                return True
-            # Entered by Tab, and only so, the field lights its first section; and not while the
-            # window manager has taken the keyboard from the window for a moment. Whatever of this
-            # is still on its way when the hours are lit leaves them lit.
-            self.press("Home", "shift+Tab", "Tab")
-            return False
-
-        self.wait_until(hours_are_lit, f"the hours of '{node.name}' to be lit")
         self.type(time.replace(":", ""))
+        self.press("Return")
         self.wait_until(lambda: self.text(node) == time, f"'{node.name}' to show '{time}'")
 
     # Accessibility bus
