@@ -5,15 +5,14 @@
 #include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/script_editor.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/time_field.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QSlider>
-#include <QTextDocument>
 
 #include <limits>
 #include <memory>
@@ -22,23 +21,12 @@ namespace frimbolate {
 
 namespace {
 
-/// The text as it was typed: toPlainText() would turn no-break spaces into blanks.
-QString typedText(const QPlainTextEdit& field) {
-    return field.document()
-        ->toRawText()
-        .replace(QChar::ParagraphSeparator, u'\n')
-        .replace(QChar::LineSeparator, u'\n');
-}
-
 /// The place of a value on a slider: at the nearest end where it lies beyond.
 int sliderPosition(const QSlider& slider, double value) {
     if (!(value > slider.minimum()))
         return slider.minimum();
     return value < slider.maximum() ? static_cast<int>(value) : slider.maximum();
 }
-
-/// A text as a plain text field gives it back.
-QString withPlainLineBreaks(QString text) { return text.replace("\r\n", "\n").replace('\r', '\n'); }
 
 } // namespace
 
@@ -94,17 +82,17 @@ void FormMirror::bind(std::string_view outlet, QLineEdit* field, TextField FormM
             });
 }
 
-void FormMirror::bind(std::string_view outlet, QPlainTextEdit* field,
-                      TextField FormModel::*member) {
+void FormMirror::bind(std::string_view outlet, ScriptEditor* field, TextField FormModel::*member) {
     field->setObjectName(text(outlet));
     show([field, member](const FormModel& form) {
-        const QString wanted = withPlainLineBreaks(text((form.*member).stringValue));
-        if (wanted != typedText(*field))
-            field->setPlainText(wanted);
+        const QString wanted = text((form.*member).stringValue);
+        if (ScriptEditor::withPlainLineBreaks(wanted) != field->wholeText())
+            field->setWholeText(wanted);
     });
     connect(field, &QPlainTextEdit::textChanged, this, [this, field, member] {
-        change(
-            [&](FormModel& form) { (form.*member).stringValue = typedText(*field).toStdString(); });
+        change([&](FormModel& form) {
+            (form.*member).stringValue = field->wholeText().toStdString();
+        });
     });
 }
 

@@ -17,7 +17,6 @@
 class QAbstractButton;
 class QCheckBox;
 class QLineEdit;
-class QPlainTextEdit;
 class QSlider;
 class QWidget;
 
@@ -25,6 +24,7 @@ namespace frimbolate {
 
 class ImageWellButton;
 class PopUpButton;
+class ScriptEditor;
 class TimeField;
 
 class FormMirror : public QObject {
@@ -56,7 +56,7 @@ class FormMirror : public QObject {
     // Each gives the control its outlet's name. A text is only set where it differs, so that caret
     // and undo survive the mirroring.
     void bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member);
-    void bind(std::string_view outlet, QPlainTextEdit* field, TextField FormModel::*member);
+    void bind(std::string_view outlet, ScriptEditor* field, TextField FormModel::*member);
     void bind(std::string_view outlet, PopUpButton* button, PopUp FormModel::*member,
               const Send& send = {});
     void bind(std::string_view outlet, QCheckBox* box, CheckBox FormModel::*member,

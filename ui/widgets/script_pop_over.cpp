@@ -4,13 +4,13 @@
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/pop_up_button.h"
+#include "ui/widgets/script_editor.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTimer>
 
@@ -33,7 +33,7 @@ ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWin
                              QWidget* parent)
     : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       mirror_(mirror), anchor_(anchor), frame_(blendsWindows),
-      language_(new PopUpButton(scriptLanguageItems(), this)), script_(new QPlainTextEdit(this)) {
+      language_(new PopUpButton(scriptLanguageItems(), this)), script_(new ScriptEditor(this)) {
     setObjectName("popoverScriptObject");
     setWindowTitle(tr("Script"));
     setAccessibleName(tr("Script"));
@@ -56,7 +56,6 @@ void ScriptPopOver::layOut() {
                            look::imageIcon(Image::resource("iconScriptBash.png")));
     look::setFont(script_, look::FontRole::mono);
     script_->setAccessibleName(tr("Script"));
-    script_->setTabChangesFocus(true);
     script_->document()->setDocumentMargin(scaled(8));
     auto* grid = new QGridLayout(this);
     const int around = scaled(padding) + frame_.margin();

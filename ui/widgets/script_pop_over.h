@@ -10,12 +10,11 @@
 #include <QRegion>
 #include <QWidget>
 
-class QPlainTextEdit;
-
 namespace frimbolate {
 
 class FormMirror;
 class PopUpButton;
+class ScriptEditor;
 
 class ScriptPopOver : public QWidget {
     Q_OBJECT
@@ -44,7 +43,7 @@ class ScriptPopOver : public QWidget {
     QWidget* anchor_;
     look::PopOverFrame frame_;
     PopUpButton* language_;
-    QPlainTextEdit* script_;
+    ScriptEditor* script_;
     QRegion shape_;             ///< the panel and its arrow
     int tipY_ = 0;              ///< of the arrow; pixels from the window's top
     bool wanted_ = false;       ///< what the model says
