@@ -107,17 +107,6 @@ std::string textOf(const Value& value) {
     raiseNoNumber(value);
 }
 
-std::vector<std::string> split(std::string_view text, std::string_view separator) {
-    std::vector<std::string> pieces;
-    for (;;) {
-        const auto end = text.find(separator);
-        pieces.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return pieces;
-        text.remove_prefix(end + separator.size());
-    }
-}
-
 std::string_view lastPiece(std::string_view text, std::string_view separator) {
     const auto last = text.rfind(separator);
     return last == std::string_view::npos ? text : text.substr(last + separator.size());

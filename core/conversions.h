@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace frimbolate {
 
@@ -34,10 +33,6 @@ std::int64_t integerValue(const Value& value);
 /// A text as it is, or the decimal text of a number.
 /// \throws Failure for data, dates, arrays and dictionaries.
 std::string textOf(const Value& value);
-
-/// The pieces of a text between the separators, which may not be empty; n separators give n + 1
-/// pieces, so "" gives one empty piece and "a." gives "a" and "".
-std::vector<std::string> split(std::string_view text, std::string_view separator);
 
 /// What follows the last separator, or the whole text where there is none.
 std::string_view lastPiece(std::string_view text, std::string_view separator);

@@ -132,7 +132,6 @@ class AppDelegate : private ReaderEditor {
     void chooseExecutableOf(const std::string& bundlePath);
     void additionalWatchPathChosen(const std::optional<std::string>& path);
 
-    void showErrorReport(const std::string& report);
     void saveAgent(const SaveLocation& location);
     AgentFile loggedAgentFile(const SaveLocation& location);
     void showSuccess();
