@@ -83,7 +83,13 @@ TEST(AgentReader, HasNoNameWithoutALabel) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         RecordingEditor editor(start.form);
-        EXPECT_THROW(AgentReader(editor).read({{"ProgramArguments", Array{Value("/a")}}}), Failure);
+        try {
+            AgentReader(editor).read({{"ProgramArguments", Array{Value("/a")}}});
+            ADD_FAILURE() << "was read";
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.name(), "Missing value");
+            EXPECT_EQ(failure.reason(), "The agent has no label");
+        }
         EXPECT_THAT(editor.journal, testing::IsEmpty());
         EXPECT_THAT(differences(picture(start.form), picture(editor.form())), testing::IsEmpty());
     }
