@@ -1,8 +1,12 @@
-// The system log, and beside it the standard error of whoever started the program from a terminal.
+// The system log, and beside it the standard error, for a start from a terminal.
+// Knows no Qt, and never waits for either.
 #pragma once
 
+#include "platform/qt/line_writer.h"
+#include "platform/qt/syslog_socket.h"
 #include "platform/services.h"
 
+#include <syslog.h>
 #include <unistd.h>
 
 namespace frimbolate {
@@ -10,11 +14,14 @@ namespace frimbolate {
 class SystemLog : public Log {
   public:
     /// \param file descriptor that gets each entry as a line of its own
-    explicit SystemLog(int file = STDERR_FILENO);
+    /// \param socket path of the one on which the system log's daemon listens
+    explicit SystemLog(int file = STDERR_FILENO, std::string socket = _PATH_LOG)
+        : terminal_(file), syslog_(std::move(socket)) {}
     void line(const std::string& text) override;
 
   private:
-    int file_;
+    LineWriter terminal_;
+    SyslogSocket syslog_;
 };
 
 } // namespace frimbolate

@@ -103,7 +103,8 @@ TEST(SystemLogTest, writesEachEntryInOnePiece) {
     int ends[2] = {-1, -1};
     // One write to such a socket is one message.
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
-    SystemLog log(ends[0]);
+    const TemporaryFolder folder;
+    SystemLog log(ends[0], folder / "log");
     for (const std::string& text :
          {"Saving launch agent, logging all saved values..."s, ""s, "100 %s %n"s,
           "{\n    a = 1;\n}"s, "é\0😀"s, std::string(20000, 'x')}) {
@@ -119,7 +120,8 @@ TEST(SystemLogTest, writesEachEntryInOnePiece) {
 }
 
 TEST(SystemLogTest, goesOnWhereNobodyListens) {
-    SystemLog log(-1);
+    const TemporaryFolder folder;
+    SystemLog log(-1, folder / "log");
     EXPECT_NO_THROW(log.line("a"));
 }
 
