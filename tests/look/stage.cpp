@@ -2,6 +2,7 @@
 
 #include "core/pop_up_items.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -79,6 +80,22 @@ void typedScript(Stage& stage) {
     stage.form().scriptPopOverScriptField.stringValue =
         "#!/bin/sh\nset -eu\nrsync -a --delete ~/Pictures/ /Volumes/Photos/\n";
     stage.delegate.createNewScript();
+}
+
+/// Where the pop-over has no room at the right, made larger, with a line that is wrapped and one
+/// too long to be laid out.
+void largerScript(Stage& stage) {
+    const QRect screen = stage.window.screen()->availableGeometry();
+    stage.window.move(screen.right() - stage.window.frameGeometry().width() - 10,
+                      screen.top() + 40);
+    typedScript(stage);
+    stage.form().scriptPopOverScriptField.stringValue =
+        "#!/bin/sh\nif true; then\n\trsync -a --delete ~/Pictures/ /Volumes/Photos/ --exclude "
+        "'*.tmp' --exclude .cache --itemize-changes\nfi\necho " +
+        std::string(5000, 'x') + " | base64 -d\n";
+    stage.window.mirror();
+    QCoreApplication::processEvents();
+    stage.find<QAbstractButton>("largerScript")->click();
 }
 
 void welcome(Stage& stage) {
@@ -235,6 +252,7 @@ constexpr Face rows[] = {
     {"drawer", drawer},
     {"narrow_drawer", narrowDrawer},
     {"typed_script", typedScript},
+    {"larger_script", largerScript},
     {"welcome", welcome},
     {"command", command},
     {"copied_command", copiedCommand},

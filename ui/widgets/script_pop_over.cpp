@@ -3,6 +3,7 @@
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
+#include "ui/widgets/pop_over_placement.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/script_editor.h"
 
@@ -13,8 +14,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QTimer>
-
-#include <algorithm>
+#include <QToolButton>
 
 namespace frimbolate {
 
@@ -23,22 +23,26 @@ using look::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int panelWidth = 360, panelHeight = 232, padding = 16;
-constexpr int anchorGap = 5;   ///< between the anchor and the tip of the arrow
-constexpr int aboveArrow = 32; ///< from the panel's top to the tip
+constexpr Size panelSize{360, 232}, largePanelSize{640, 420}, leastPanelSize{280, 160};
+constexpr int padding = 16;
+constexpr int anchorGap = 5;     ///< between the anchor and the tip of the arrow
+constexpr int aboveArrow = 32;   ///< from the panel's top to the tip
+constexpr int besideCorner = 20; ///< from a corner of the panel to the tip
+
+QSize scaledSize(const Size& size) { return {scaled(size.width), scaled(size.height)}; }
 
 } // namespace
 
 ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWindows,
                              QWidget* parent)
     : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      mirror_(mirror), anchor_(anchor), frame_(blendsWindows),
-      language_(new PopUpButton(scriptLanguageItems(), this)), script_(new ScriptEditor(this)) {
+      mirror_(mirror), anchor_(anchor), frame_(blendsWindows), larger_(new QToolButton(this)),
+      language_(new PopUpButton(scriptLanguageItems(), this)), script_(new ScriptEditor(this)),
+      grid_(new QGridLayout(this)) {
     setObjectName("popoverScriptObject");
     setWindowTitle(tr("Script"));
     setAccessibleName(tr("Script"));
     setAttribute(Qt::WA_TranslucentBackground, frame_.isTranslucent());
-    setFixedSize(frame_.windowSize({scaled(panelWidth), scaled(panelHeight)}));
     layOut();
     mirror_.bind("scriptPopOverLanguageButton", language_, &FormModel::scriptPopOverLanguageButton);
     mirror_.bind("scriptPopOverScriptField", script_, &FormModel::scriptPopOverScriptField);
@@ -57,13 +61,24 @@ void ScriptPopOver::layOut() {
     look::setFont(script_, look::FontRole::mono);
     script_->setAccessibleName(tr("Script"));
     script_->document()->setDocumentMargin(scaled(8));
-    auto* grid = new QGridLayout(this);
-    const int around = scaled(padding) + frame_.margin();
-    grid->setContentsMargins(around + scaled(look::PopOverFrame::arrow), around, around, around);
-    grid->setVerticalSpacing(scaled(12));
-    grid->addWidget(title, 0, 0);
-    grid->addWidget(language_, 0, 1);
-    grid->addWidget(script_, 1, 0, 1, 2);
+    larger_->setIcon(look::toolIcon("expand"));
+    larger_->setIconSize({scaled(20), scaled(20)});
+    larger_->setFixedSize(scaled(32), scaled(32));
+    larger_->setCheckable(true);
+    larger_->setFocusPolicy(Qt::StrongFocus);
+    larger_->setObjectName("largerScript");
+    larger_->setAccessibleName(tr("Larger"));
+    larger_->setToolTip(tr("More room for the script"));
+    connect(larger_, &QToolButton::toggled, this, [this] {
+        placeBesideAnchor();
+        script_->setFocus(Qt::OtherFocusReason);
+    });
+    grid_->setVerticalSpacing(scaled(12));
+    grid_->setColumnStretch(0, 1);
+    grid_->addWidget(title, 0, 0);
+    grid_->addWidget(larger_, 0, 1);
+    grid_->addWidget(language_, 0, 2);
+    grid_->addWidget(script_, 1, 0, 1, 3);
     setFocusProxy(script_);
 }
 
@@ -96,29 +111,40 @@ void ScriptPopOver::showOrHide() {
         script_->setFocus(Qt::PopupFocusReason);
 }
 
-void ScriptPopOver::placeBesideAnchor() {
-    const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
-    const QRect screen = anchor_->screen()->availableGeometry();
-    const int margin = frame_.margin();
-    const int tip = anchor.center().y() + 1;
-    const int x = std::min(anchor.right() + 1 + scaled(anchorGap),
-                           screen.right() + 1 - (width() - 2 * margin));
-    const int y = std::clamp(tip - scaled(aboveArrow), screen.top(),
-                             std::max(screen.top(), screen.bottom() + 1 - height() + 2 * margin));
-    move(x - margin, y - margin);
-    tipY_ = tip - y + margin;
-    shape_ = frame_.shape(size(), tipY_);
-    if (!frame_.isTranslucent())
-        setMask(shape_);
+QRect ScriptPopOver::anchorOnScreen() const {
+    return {anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size()};
 }
 
-void ScriptPopOver::paintEvent(QPaintEvent*) { frame_.paint(*this, tipY_); }
+void ScriptPopOver::placeBesideAnchor() {
+    const QRect anchor = anchorOnScreen();
+    // The window may reach over several screens.
+    const QScreen* screen = QGuiApplication::screenAt(anchor.center());
+    const PopOverPlacement placement =
+        placePopOver(anchor, (screen ? screen : anchor_->screen())->availableGeometry(),
+                     {.wanted = scaledSize(larger_->isChecked() ? largePanelSize : panelSize),
+                      .least = scaledSize(leastPanelSize),
+                      .distance = scaled(anchorGap + look::PopOverFrame::arrow),
+                      .corner = scaled(besideCorner),
+                      .tipBelowTop = scaled(aboveArrow)});
+    const QMargins around = frame_.around(placement.arrow);
+    const QRect place = placement.panel.marginsAdded(around);
+    grid_->setContentsMargins(around + scaled(padding));
+    setFixedSize(place.size());
+    move(place.topLeft());
+    arrow_ = {placement.arrow, placement.tip + frame_.margin()};
+    shape_ = frame_.shape(size(), arrow_);
+    if (!frame_.isTranslucent())
+        setMask(shape_);
+    update();
+}
+
+void ScriptPopOver::paintEvent(QPaintEvent*) { frame_.paint(*this, arrow_); }
 
 void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
     // A click on the anchor closes the pop-over; handed on to it, it would open it again. Any other
     // click does what it does without a pop-over.
-    const QRect anchor(anchor_->mapToGlobal(QPoint(0, 0)), anchor_->size());
-    setAttribute(Qt::WA_NoMouseReplay, anchor.contains(event->globalPosition().toPoint()));
+    setAttribute(Qt::WA_NoMouseReplay,
+                 anchorOnScreen().contains(event->globalPosition().toPoint()));
     // Its shadow is a part of the window, but beside the pop-over all the same.
     if (rect().contains(event->position().toPoint()) &&
         !shape_.contains(event->position().toPoint()))

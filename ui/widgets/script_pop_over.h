@@ -1,5 +1,5 @@
 // The script pop-over: a small window that points at the script button and goes away at a click
-// beside it.
+// beside it. It is made larger on demand, and stays as large for the next script.
 //
 // It shows itself while the model says so and no sheet is up: a sheet would lie under it, out of
 // reach of the mouse. Dismissed by the person, it tells the model.
@@ -9,6 +9,9 @@
 
 #include <QRegion>
 #include <QWidget>
+
+class QGridLayout;
+class QToolButton;
 
 namespace frimbolate {
 
@@ -38,14 +41,18 @@ class ScriptPopOver : public QWidget {
     void setBlocked(bool blocked);
     void showOrHide();
     void placeBesideAnchor();
+    QRect anchorOnScreen() const;
 
     FormMirror& mirror_;
     QWidget* anchor_;
     look::PopOverFrame frame_;
+    // In the order in which Tab reaches them.
+    QToolButton* larger_;
     PopUpButton* language_;
     ScriptEditor* script_;
-    QRegion shape_;             ///< the panel and its arrow
-    int tipY_ = 0;              ///< of the arrow; pixels from the window's top
+    QGridLayout* grid_;
+    QRegion shape_; ///< the panel and its arrow
+    look::PopOverArrow arrow_{Qt::LeftEdge, 0};
     bool wanted_ = false;       ///< what the model says
     bool blocked_ = false;      ///< by a sheet
     bool escapeIsUsed_ = false; ///< by the list of languages, which it closes

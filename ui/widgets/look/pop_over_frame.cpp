@@ -9,6 +9,8 @@
 #include <QPainterPath>
 #include <QWidget>
 
+#include <array>
+
 namespace frimbolate::look {
 
 namespace {
@@ -23,45 +25,63 @@ QRegion withoutBorder(const QRegion& shape) {
            shape.translated(0, -1);
 }
 
+/// The arrow at an edge of the panel, into which it reaches by a pixel.
+QPolygonF arrowPolygon(const QRectF& panel, Qt::Edge edge, double tip) {
+    const double reach = scaled(PopOverFrame::arrow);
+    const auto corners = [&](double border, double outwards) {
+        return std::array{QPointF(border + outwards * reach, tip),
+                          QPointF(border - outwards, tip - reach - 1),
+                          QPointF(border - outwards, tip + reach + 1)};
+    };
+    const bool isBeside = edge == Qt::LeftEdge || edge == Qt::RightEdge;
+    const bool isFirst = edge == Qt::LeftEdge || edge == Qt::TopEdge;
+    const double border = edge == Qt::LeftEdge    ? panel.left()
+                          : edge == Qt::RightEdge ? panel.right()
+                          : edge == Qt::TopEdge   ? panel.top()
+                                                  : panel.bottom();
+    QPolygonF polygon;
+    for (const QPointF& corner : corners(border, isFirst ? -1 : 1))
+        polygon.append(isBeside ? corner : corner.transposed());
+    return polygon;
+}
+
+QPainterPath outline(const QRectF& panel, double radius, Qt::Edge edge, double tip) {
+    QPainterPath plate, arrow;
+    plate.addRoundedRect(panel, radius, radius);
+    arrow.addPolygon(arrowPolygon(panel, edge, tip));
+    arrow.closeSubpath();
+    return plate.united(arrow);
+}
+
 } // namespace
 
 int PopOverFrame::margin() const { return translucent_ ? scaled(shadowReach + shadowDrop) : 0; }
 
-QSize PopOverFrame::windowSize(const QSize& panel) const {
-    return panel + QSize(scaled(arrow) + 2 * margin(), 2 * margin());
+QMargins PopOverFrame::around(Qt::Edge arrowEdge) const {
+    const int side = margin(), withArrow = side + scaled(arrow);
+    return {arrowEdge == Qt::LeftEdge ? withArrow : side,
+            arrowEdge == Qt::TopEdge ? withArrow : side,
+            arrowEdge == Qt::RightEdge ? withArrow : side,
+            arrowEdge == Qt::BottomEdge ? withArrow : side};
 }
 
-QRect PopOverFrame::panelRect(const QSize& window) const {
-    const int around = margin();
-    return QRect(QPoint(0, 0), window).adjusted(around + scaled(arrow), around, -around, -around);
+QRect PopOverFrame::panelRect(const QSize& window, Qt::Edge arrowEdge) const {
+    return QRect(QPoint(0, 0), window).marginsRemoved(around(arrowEdge));
 }
 
-QRegion PopOverFrame::shape(const QSize& window, int tipY) const {
+QRegion PopOverFrame::shape(const QSize& window, const PopOverArrow& at) const {
     // Drawn without antialiasing, so that the window's shape and its border follow the same pixels.
-    const QRect panel = panelRect(window);
-    const int reach = scaled(arrow), radius = scaled(translucent_ ? blendedRadius : cutOutRadius);
+    const QRect panel = panelRect(window, at.edge);
+    const int radius = scaled(translucent_ ? blendedRadius : cutOutRadius);
     QBitmap pixels(window);
     pixels.clear();
     QPainter painter(&pixels);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::color1);
     painter.drawRoundedRect(panel, radius, radius);
-    painter.drawPolygon(
-        QPolygon({QPoint(panel.left() - reach, tipY), QPoint(panel.left() + 1, tipY - reach - 1),
-                  QPoint(panel.left() + 1, tipY + reach + 1)}));
+    painter.drawPolygon(arrowPolygon(panel, at.edge, at.tip));
     painter.end();
     return QRegion(pixels);
-}
-
-QPainterPath PopOverFrame::outline(const QRectF& panel, double radius, double tipY) const {
-    QPainterPath plate, tip;
-    plate.addRoundedRect(panel, radius, radius);
-    const double reach = scaled(arrow);
-    tip.addPolygon(QPolygonF({{panel.left() - reach, tipY},
-                              {panel.left() + 1, tipY - reach - 1},
-                              {panel.left() + 1, tipY + reach + 1}}));
-    tip.closeSubpath();
-    return plate.united(tip);
 }
 
 void PopOverFrame::paintShadow(QPainter& painter, const QRectF& panel, bool dark) const {
@@ -73,24 +93,24 @@ void PopOverFrame::paintShadow(QPainter& painter, const QRectF& panel, bool dark
     });
 }
 
-void PopOverFrame::paint(QWidget& window, int tipY) const {
+void PopOverFrame::paint(QWidget& window, const PopOverArrow& at) const {
     const Tokens& t = tokens(window.palette());
     QPainter painter(&window);
     if (!translucent_) {
-        const QRegion whole = shape(window.size(), tipY);
+        const QRegion whole = shape(window.size(), at);
         painter.setClipRegion(whole);
         painter.fillRect(window.rect(), t.popOverBorder);
         painter.setClipRegion(withoutBorder(whole));
         painter.fillRect(window.rect(), t.surface);
         return;
     }
-    const QRectF panel = panelRect(window.size());
+    const QRectF panel = panelRect(window.size(), at.edge);
     painter.setRenderHint(QPainter::Antialiasing);
     paintShadow(painter, panel, &t == &tokens(true));
     painter.setPen(t.popOverBorder);
     painter.setBrush(t.surface);
-    painter.drawPath(
-        outline(panel.adjusted(.5, .5, -.5, -.5), scaled(blendedRadius) - .5, tipY + .5));
+    painter.drawPath(outline(panel.adjusted(.5, .5, -.5, -.5), scaled(blendedRadius) - .5, at.edge,
+                             at.tip + .5));
 }
 
 } // namespace frimbolate::look

@@ -1,7 +1,9 @@
-// What a pop-over is drawn on: a panel with round corners and an arrow at its left that points at
-// something, with a soft shadow where the desktop blends windows, and in a cut-out shape where not.
+// What a pop-over is drawn on: a panel with round corners and an arrow at one of its edges that
+// points at something, with a soft shadow where the desktop blends windows, and in a cut-out shape
+// where not.
 #pragma once
 
+#include <QMargins>
 #include <QRegion>
 #include <QSize>
 
@@ -10,6 +12,12 @@ class QPainterPath;
 class QWidget;
 
 namespace frimbolate::look {
+
+/// Where the arrow stands.
+struct PopOverArrow {
+    Qt::Edge edge; ///< of the panel
+    int tip;       ///< its y at the left or right edge, its x otherwise; pixels of the window
+};
 
 class PopOverFrame {
   public:
@@ -23,16 +31,15 @@ class PopOverFrame {
     bool isTranslucent() const { return translucent_; }
     /// Room around panel and arrow, in pixels; the shadow lies in it.
     int margin() const;
-    /// The window's size for a panel, both in pixels.
-    QSize windowSize(const QSize& panel) const;
+    /// What the window has around the panel, in pixels.
+    QMargins around(Qt::Edge arrowEdge) const;
 
-    /// The pixels of panel and arrow in a window of that size, the tip of the arrow at that height.
-    QRegion shape(const QSize& window, int tipY) const;
-    void paint(QWidget& window, int tipY) const;
+    /// The pixels of panel and arrow in a window of that size.
+    QRegion shape(const QSize& window, const PopOverArrow& arrow) const;
+    void paint(QWidget& window, const PopOverArrow& arrow) const;
 
   private:
-    QRect panelRect(const QSize& window) const;
-    QPainterPath outline(const QRectF& panel, double radius, double tipY) const;
+    QRect panelRect(const QSize& window, Qt::Edge arrowEdge) const;
     void paintShadow(QPainter& painter, const QRectF& panel, bool dark) const;
 
     bool translucent_;
