@@ -99,6 +99,8 @@ const Row rows[] = {
     {"Data", Data{{0x00, 0x0f, 0xff}}, "data", "<000fff>"},
     {"NoData", Data{}, "data", "<>"},
     {"Date", Date{86400}, "date", "1970-01-02 00:00:00 +0000"},
+    {"DateWithATime", Date{1000000000}, "date", "2001-09-09 01:46:40 +0000"},
+    {"DateBeforeTheFirst", Date{-1}, "date", "1969-12-31 23:59:59 +0000"},
     {"EmptyArray", Array{}, "array", "(\n)"},
     {"Array", Array{Value(1), Value("/bin/sh"), Value("two words"), Value(true)}, "array",
      "(\n    1,\n    /bin/sh,\n    \"two words\",\n    1\n)"},
@@ -113,6 +115,22 @@ const Row rows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Values, ValueOfKind, testing::ValuesIn(rows), NamedAfterRow());
+
+TEST(Value, quotesInsideAnArrayWhatIsNoBareWord) {
+    for (int byte = 0; byte < 256; ++byte) {
+        SCOPED_TRACE(byte);
+        const char c = static_cast<char>(byte);
+        const bool bare =
+            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+            (byte != 0 && std::string_view("_./$:").find(c) != std::string_view::npos);
+        const std::string shown = std::string(c == '"' || c == '\\' ? "\\" : "") + c;
+        for (const char* around : {"", "a"}) {
+            const Value array{Array{Value(around + std::string(1, c) + around)}};
+            const auto word = around + shown + around;
+            EXPECT_EQ(description(array), "(\n    " + (bare ? word : '"' + word + '"') + "\n)");
+        }
+    }
+}
 
 TEST(Value, describesWhatIsMissing) {
     const Value* missing = nullptr;
