@@ -1,5 +1,7 @@
+#include "app/process_preparation.h"
 #include "app/program.h"
 #include "platform/qt/plist_defaults.h"
+#include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/single_instance.h"
 #include "ui/widgets/look/icons.h"
@@ -8,17 +10,12 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
-#include <iostream>
-#include <string_view>
-
 int main(int argc, char* argv[]) {
     using namespace frimbolate;
-    // Told without a display too.
-    if (argc == 2 && std::string_view(argv[1]) == "--version") {
-        std::cout << "Frimbolate " FRIMBOLATE_VERSION << std::endl;
-        return 0;
-    }
+    if (const std::optional<int> exitCode = prepareProcess(argc, argv))
+        return *exitCode;
     QApplication application(argc, argv);
+    fatalMessagesAbort();
     QApplication::setOrganizationName("Frimbolate");
     QApplication::setApplicationName("Frimbolate");
     QApplication::setApplicationVersion(FRIMBOLATE_VERSION);

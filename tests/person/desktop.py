@@ -66,7 +66,8 @@ class Desktop:
     def start(self, *command, **options):
         """Starts a process that ends with the desktop at the latest."""
         with open(self.folder / "log.txt", "ab") as log:
-            self._processes.append(subprocess.Popen(command, stdout=log, stderr=log, **options))
+            options = {"stdout": log, "stderr": log} | options
+            self._processes.append(subprocess.Popen(command, **options))
         return self._processes[-1]
 
     def log(self):

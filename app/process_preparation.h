@@ -1,0 +1,13 @@
+// What comes before the application is made: Qt aborts or hangs where the process is not ready.
+#pragma once
+
+#include <optional>
+
+namespace frimbolate {
+
+/// Opens missing standard streams, lets failed writes fail, and answers "--version" alone. Call it
+/// first in main(), and fatalMessagesAbort() once the application is made.
+/// \return the code with which the process is to end at once; nothing where it can go on
+std::optional<int> prepareProcess(int argc, char* const argv[]);
+
+} // namespace frimbolate
