@@ -20,6 +20,9 @@ QStringList QtWorkspace::terminalCommands() {
 void QtWorkspace::openTerminal() {
     for (const QString& command : terminalCommands()) {
         QStringList arguments = QProcess::splitCommand(command);
+        // A single quotation mark holds no word at all.
+        if (arguments.isEmpty())
+            continue;
         const QString program = arguments.takeFirst();
         if (QProcess::startDetached(program, arguments, QDir::homePath()))
             return;

@@ -1,6 +1,7 @@
 #include "core/failure.h"
 #include "platform/qt/local_clock.h"
 #include "platform/qt/path_folder_access.h"
+#include "platform/qt/process_setup.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/system_log.h"
@@ -71,13 +72,29 @@ TEST_F(WorkspaceTest, opensTheFirstTerminalThereIs) {
     EXPECT_EQ(openedTerminal(), "xdg-terminal-exec|" + home + "|");
 }
 
-TEST_F(WorkspaceTest, tellsNothingWithoutATerminal) {
-    EXPECT_NO_THROW(workspace.openTerminal());
-    const Variable useless("TERMINAL", "   ");
-    EXPECT_NO_THROW(workspace.openTerminal());
-    const Variable missing("TERMINAL", "no-such-terminal");
-    EXPECT_NO_THROW(workspace.openTerminal());
-    EXPECT_FALSE(std::filesystem::exists(sign));
+TEST_F(WorkspaceTest, opensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
+    for (const std::string& chosen : {""s, "   "s, "no-such-terminal -e x"s, "\""s, "\"\""s,
+                                      "\"\"\""s, " \" "s, home, "\"no such\""s}) {
+        const Variable variable("TERMINAL", chosen);
+        EXPECT_NO_THROW(workspace.openTerminal()) << chosen;
+        EXPECT_FALSE(std::filesystem::exists(sign)) << chosen;
+    }
+    putProgram("xterm");
+    for (const std::string& chosen : {""s, "   "s, "no-such-terminal -e x"s, "\""s, "\"\""s,
+                                      "\"\"\""s, " \" "s, home, "\"no such\""s}) {
+        const Variable variable("TERMINAL", chosen);
+        EXPECT_EQ(openedTerminal(), "xterm|" + home + "|") << chosen;
+    }
+}
+
+TEST_F(WorkspaceTest, givesATerminalTheSignalsOfOrdinaryPrograms) {
+    writeBytes(folder / "xterm",
+               "#!/bin/sh\n"
+               "/bin/grep SigIgn /proc/self/status > \"$FRIMBOLATE_TEST_SIGN.draft\"\n"
+               "/bin/mv \"$FRIMBOLATE_TEST_SIGN.draft\" \"$FRIMBOLATE_TEST_SIGN\"\n");
+    std::filesystem::permissions(folder / "xterm", std::filesystem::perms::all);
+    surviveFailedWrites();
+    EXPECT_EQ(openedTerminal(), "SigIgn:\t0000000000000000\n");
 }
 
 TEST_F(WorkspaceTest, launchesItselfWithAnArgument) {
