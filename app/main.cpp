@@ -34,9 +34,16 @@ int main(int argc, char* argv[]) {
 
     const std::string preferencePath = PlistDefaults::defaultPath();
 #ifndef __APPLE__
-    SingleInstance instance(preferencePath);
-    if (!parser.isSet(newInstance) && instance.tellRunningInstance())
-        return 0;
+    const SingleInstance::Limits usual;
+    SingleInstance instance(
+        preferencePath, {.answer = answerLimit(usual.answer), .start = answerLimit(usual.start)});
+    if (!parser.isSet(newInstance)) {
+        const RunningInstance running = instance.askRunningInstance();
+        if (running == RunningInstance::told)
+            return 0;
+        if (running == RunningInstance::silent)
+            qWarning("frimbolate: the running instance does not answer, opening another window");
+    }
 #endif
 
     look::install(application);
@@ -51,9 +58,11 @@ int main(int argc, char* argv[]) {
                          if (state == Qt::ApplicationActive)
                              program.reopen();
                      });
-#else
-    instance.listen([&program] { program.reopen(); });
 #endif
     program.start();
+#ifndef __APPLE__
+    // Last: a second start waits only a second for an answer once this one listens.
+    instance.listen([&program] { program.reopen(); });
+#endif
     return QApplication::exec();
 }

@@ -3,10 +3,18 @@
 #include "platform/qt/process_setup.h"
 #include "platform/qt/qt_messages.h"
 
+#include <QtGlobal>
+
 #include <iostream>
 #include <string_view>
 
 namespace frimbolate {
+
+std::chrono::milliseconds answerLimit(std::chrono::milliseconds usual) {
+    bool isNumber = false;
+    const int chosen = qEnvironmentVariableIntValue("FRIMBOLATE_TIMEOUT_MS", &isNumber);
+    return isNumber && chosen >= 0 ? std::chrono::milliseconds(chosen) : usual;
+}
 
 std::optional<int> prepareProcess(int argc, char* const argv[]) {
     openStandardStreams();

@@ -1,4 +1,5 @@
-// Keeps two programs apart that change one file.
+// An advisory lock that one program has at a time, and that ends with it however it ends. Knows no
+// Qt.
 #pragma once
 
 #include "platform/qt/file_descriptor.h"
@@ -8,8 +9,8 @@
 
 namespace frimbolate {
 
-/// An advisory lock, held from construction to destruction. The system gives it back when the
-/// program ends, however that happens; the empty lock file stays.
+/// Held until release() or destruction; a program started meanwhile does not inherit it. The empty
+/// lock file stays: removed, it could be made twice.
 class FileLock {
   public:
     enum class State {
@@ -24,10 +25,18 @@ class FileLock {
         std::function<void()> pause = sleepShortly;
     };
 
-    /// \param path of the lock file, which is created where it is missing
+    /// Holds nothing yet.
+    FileLock() = default;
+    /// Tries to take the lock until it is held or patience ends.
     FileLock(const std::string& path, const Patience& patience);
 
+    /// Takes the lock unless another program holds it; does not wait.
+    /// \param path of the lock file, which is created where it is missing
+    State take(const std::string& path);
+    void release() { file_.close(), state_ = State::busy; }
+
     State state() const { return state_; }
+    bool isHeld() const { return state_ == State::held; }
     /// Why it is unavailable; a clause.
     const std::string& reason() const { return reason_; }
 

@@ -1,8 +1,13 @@
 #include "platform/qt/single_instance.h"
 
+#include "platform/qt/user_socket_folder.h"
+
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QFileInfo>
+#include <QSignalBlocker>
+#include <QThread>
+#include <QTimer>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -12,26 +17,25 @@ namespace frimbolate {
 namespace {
 
 constexpr const char* reopenMessage = "reopen\n";
-constexpr int patienceInMilliseconds = 2000;
-
-/// The person's own folder for sockets, or the one for temporary files where there is none.
-QString socketFolder() {
-    const QString own = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QFileInfo folder(own);
-    const bool usable = own.startsWith('/') && folder.isDir() && folder.isWritable();
-    return usable ? own : QDir::tempPath();
-}
+constexpr const char* acknowledgement = "reopened\n";
+constexpr std::chrono::milliseconds retryAfter{5};
 
 QString socketNameFor(const std::string& preferencePath) {
-    const QByteArray key = QByteArray::number(qulonglong{::geteuid()}) + ":" +
-                           QByteArray::fromStdString(preferencePath);
-    // Short, because the name of a socket has hardly a hundred bytes in all.
-    const auto hash = QCryptographicHash::hash(key, QCryptographicHash::Sha256).toHex().left(16);
-    return socketFolder() + "/frimbolate-" + QString::fromLatin1(hash);
+    constexpr int nameSize = 16;
+    // Empty where TMPDIR names no folder.
+    const QString temporary = QDir::tempPath();
+    const std::string folder =
+        userSocketFolder(qEnvironmentVariable("XDG_RUNTIME_DIR").toStdString(),
+                         temporary.isEmpty() ? "/tmp" : temporary.toStdString(), nameSize);
+    if (folder.empty())
+        return {};
+    const auto hash = QCryptographicHash::hash(QByteArray::fromStdString(preferencePath),
+                                               QCryptographicHash::Sha256);
+    return QString::fromStdString(folder) + '/' + QString::fromLatin1(hash.toHex().left(nameSize));
 }
 
-/// In a folder that is open to everybody, somebody else may have put a socket under our name.
-bool isOfThisPerson(const QLocalSocket& socket) {
+/// The folder keeps others out; this is for one that was opened to them later.
+bool isOfThisUser(const QLocalSocket& socket) {
     const auto number = static_cast<int>(socket.socketDescriptor());
 #ifdef __APPLE__
     uid_t user = 0;
@@ -47,31 +51,68 @@ bool isOfThisPerson(const QLocalSocket& socket) {
 
 } // namespace
 
-SingleInstance::SingleInstance(const std::string& preferencePath)
-    : name_(socketNameFor(preferencePath)) {
+SingleInstance::SingleInstance(const std::string& preferencePath, Limits limits)
+    : name_(socketNameFor(preferencePath)), limits_(limits) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, &SingleInstance::accept);
-    connect(&predecessor_, &QLocalSocket::disconnected, this, &SingleInstance::tryToListen);
+    // Queued: inside of the signal, the socket is not ready to connect anew.
+    connect(&predecessor_, &QLocalSocket::disconnected, this, &SingleInstance::tryToListen,
+            Qt::QueuedConnection);
 }
 
+SingleInstance::~SingleInstance() {
+    predecessor_.disconnect(this);
+    // In this order: an instance that sees its connection end finds the lock free.
+    server_.close();
+    lock_.release();
+}
+
+FileLock::State SingleInstance::becomeFirst() {
+    if (name_.isEmpty())
+        return FileLock::State::unavailable;
+    const auto outcome = lock_.take(name_.toStdString() + ".lock");
+    // A socket that is still there was left behind by a crash.
+    if (outcome == FileLock::State::held)
+        QLocalServer::removeServer(name_);
+    return outcome;
+}
+
+/// Connecting to a local socket takes no time: it succeeds, or there is no listener.
 bool SingleInstance::connectTo(QLocalSocket& socket) const {
     socket.connectToServer(name_);
-    if (!socket.waitForConnected(patienceInMilliseconds))
-        return false;
-    if (isOfThisPerson(socket))
+    if (socket.state() == QLocalSocket::ConnectedState && isOfThisUser(socket))
         return true;
+    const QSignalBlocker quiet(socket);
     socket.abort();
     return false;
 }
 
-bool SingleInstance::tellRunningInstance() {
-    QLocalSocket socket;
-    if (!connectTo(socket))
-        return false;
+bool SingleInstance::isAcknowledged(QLocalSocket& socket, const QDeadlineTimer& deadline) const {
+    const auto left = [&] { return static_cast<int>(deadline.remainingTime()); };
     socket.write(reopenMessage);
-    const bool told = socket.waitForBytesWritten(patienceInMilliseconds);
-    socket.disconnectFromServer();
-    return told;
+    while (!socket.canReadLine() && socket.waitForReadyRead(left())) {
+    }
+    return socket.readLine() == acknowledgement;
+}
+
+RunningInstance SingleInstance::askRunningInstance() {
+    const QDeadlineTimer start(limits_.start);
+    while (true) {
+        if (becomeFirst() != FileLock::State::busy)
+            return RunningInstance::none;
+        QLocalSocket socket;
+        if (connectTo(socket)) {
+            const QDeadlineTimer answer(limits_.answer);
+            if (isAcknowledged(socket, answer))
+                return RunningInstance::told;
+            if (answer.hasExpired())
+                return RunningInstance::silent;
+        }
+        // The first one has not begun to listen, or is about to end.
+        if (start.hasExpired())
+            return RunningInstance::silent;
+        QThread::msleep(static_cast<unsigned long>(retryAfter.count()));
+    }
 }
 
 void SingleInstance::listen(std::function<void()> onReopen) {
@@ -80,18 +121,29 @@ void SingleInstance::listen(std::function<void()> onReopen) {
 }
 
 void SingleInstance::tryToListen() {
-    if (connectTo(predecessor_))
+    const auto outcome = lock_.isHeld() ? FileLock::State::held : becomeFirst();
+    if (outcome == FileLock::State::held) {
+        // Otherwise every later start would wait for this one in vain.
+        if (!server_.listen(name_))
+            lock_.release();
         return;
-    // Nobody answers: a socket that is still there was left behind by a crash.
-    QLocalServer::removeServer(name_);
-    server_.listen(name_);
+    }
+    // Its end tries again.
+    if (outcome == FileLock::State::unavailable || connectTo(predecessor_))
+        return;
+    QTimer::singleShot(retryAfter, this, &SingleInstance::tryToListen);
 }
 
 void SingleInstance::accept() {
     while (QLocalSocket* caller = server_.nextPendingConnection()) {
         connect(caller, &QLocalSocket::readyRead, this, [this, caller] {
-            if (caller->readAll().contains(reopenMessage))
+            while (caller->canReadLine()) {
+                if (caller->readLine() != reopenMessage)
+                    continue;
+                caller->write(acknowledgement);
+                caller->flush();
                 onReopen_();
+            }
         });
         connect(caller, &QLocalSocket::disconnected, caller, &QObject::deleteLater);
     }

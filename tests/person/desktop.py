@@ -84,7 +84,7 @@ class Desktop:
             HOME=str(home), LANG="C.UTF-8", QT_QPA_PLATFORM="xcb", XDG_CURRENT_DESKTOP="",
             # Without an assistive program running, Qt would keep its controls to itself.
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", FRIMBOLATE_COLOR_SCHEME="light",
-            FRIMBOLATE_REDUCED_MOTION="1")
+            FRIMBOLATE_REDUCED_MOTION="1", FRIMBOLATE_TIMEOUT_MS=str(PATIENCE * 1000))
         for name in ("CONFIG", "DATA", "CACHE", "RUNTIME"):
             kind = "DIR" if name == "RUNTIME" else "HOME"
             folder = home / name.lower()
