@@ -2,13 +2,14 @@
 
     second_start.py <program> <folder for the pictures>
 
-The first instance is stopped, still starting or about to end.
+The first instance is minimised, stopped, still starting or about to end.
 """
 
 import os
 import signal
 import socket
 import struct
+import subprocess
 import tempfile
 from pathlib import Path
 
@@ -31,6 +32,14 @@ def wait_for_takeover(process):
         return struct.unpack("3i", peer)[0] == process.pid
 
     wait_until(listens, "the instance to take over")
+
+
+def minimised(starts):
+    first = starts.shown()
+    subprocess.run(["xdotool", "windowminimize", windows(first)[0]], check=True)
+    wait_until(lambda: not windows(first), "the window to be minimised")
+    starts.expect_told()
+    wait_until(lambda: windows(first), "the window to come back")
 
 
 def stopped(starts):
@@ -83,11 +92,13 @@ def without_a_runtime_folder(starts):
         assert windows(first)
 
 
-def play(desktop, program, _pictures):
+def play(desktop, program, pictures):
     starts = Starts(desktop, program)
-    for scenario in (stopped, three_at_once, beside, without_a_runtime_folder):
+    for scenario in (minimised, stopped, three_at_once, beside, without_a_runtime_folder):
         print(scenario.__name__.replace("_", " "), flush=True)
         scenario(starts)
+        if scenario is minimised:
+            desktop.picture(pictures / "brought-back.png")
         starts.end()
 
 

@@ -125,6 +125,8 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
 }
 
 void MainWindow::bringToFront() {
+    // A minimised window is a visible one to Qt, and show() leaves it as it is.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     // Without a window manager the first window gets no keyboard by itself.
