@@ -24,6 +24,7 @@ class SheetFixture : public testing::Test {
         window.setCentralWidget(new QWidget);
         window.setFixedSize(680, 472);
         window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
         stack.setAfterwards([this] { journal.push_back("afterwards"); });
     }
 

@@ -12,7 +12,10 @@ namespace frimbolate::test {
 
 class WindowTest : public testing::Test, protected ScriptedWindow {
   protected:
-    void SetUp() override { start(); }
+    void SetUp() override {
+        start();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
 };
 
 } // namespace frimbolate::test

@@ -4,7 +4,7 @@
 #include "ui/widgets/sheet_dialog.h"
 
 #include <QDialog>
-#include <QEvent>
+#include <QWindow>
 
 #include <utility>
 
@@ -28,7 +28,7 @@ class Scrim : public QWidget {
 } // namespace
 
 SheetStack::SheetStack(QWidget& mainWindow)
-    : mainWindow_(mainWindow), scrim_(new Scrim(&mainWindow)) {
+    : mainWindow_(mainWindow), scrim_(new Scrim(&mainWindow)), isOnScreen_(mainWindow.isVisible()) {
     mainWindow_.installEventFilter(this);
 }
 
@@ -81,8 +81,10 @@ void SheetStack::goOn() {
 }
 
 void SheetStack::showNext() {
-    if (!mainWindow_.isVisible())
-        return; // it would stand behind the window, without the keyboard
+    // It would stand behind the window, without the keyboard, or far from it: a window manager
+    // places the window only now.
+    if (!isOnScreen_)
+        return;
     while (!waiting_.isEmpty() && !current_)
         current_ = waiting_.takeFirst();
     placeScrim();
@@ -100,12 +102,23 @@ void SheetStack::placeScrim() {
     scrim_->raise();
 }
 
+void SheetStack::followMainWindow(QEvent::Type event) {
+    if (event == QEvent::Resize && scrim_->isVisible())
+        placeScrim();
+    if (event == QEvent::Show && mainWindow_.windowHandle())
+        mainWindow_.windowHandle()->installEventFilter(this);
+    if (event == QEvent::Hide)
+        isOnScreen_ = false;
+}
+
 bool SheetStack::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &mainWindow_) {
-        if (event->type() == QEvent::Resize && scrim_->isVisible())
-            placeScrim();
-        // From the event loop, for the window itself reaches the screen only after this event.
-        if (event->type() == QEvent::Show && !waiting_.isEmpty())
+        if (!event->spontaneous() || event->type() == QEvent::Resize)
+            followMainWindow(event->type());
+    } else if (watched == mainWindow_.windowHandle()) {
+        // From then on, for a window that others cover is on the screen all the same.
+        if (event->type() == QEvent::Expose && mainWindow_.windowHandle()->isExposed() &&
+            !std::exchange(isOnScreen_, true) && !waiting_.isEmpty())
             goOnSoon();
     } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
         watched->removeEventFilter(this);

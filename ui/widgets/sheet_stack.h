@@ -1,6 +1,6 @@
 // One queue for everything that is shown on the main window: alerts, file panels and the program's
-// own sheets. One of them is on the screen at a time, in the order in which they were asked for, and
-// none before the main window is: a sheet asked for earlier waits until the window is shown.
+// own sheets. One of them is on the screen at a time, in the order in which they were asked for. A
+// sheet asked for while the main window is hidden waits until that has reached the screen.
 //
 // What follows an answer runs from the event loop, when the dialog has left the screen: first the
 // completion, then `afterwards`, which lets the window mirror the model, then the next sheet is
@@ -8,6 +8,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QEvent>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -48,6 +49,7 @@ class SheetStack : public QObject {
     void goOn();
     void showNext();
     void placeScrim();
+    void followMainWindow(QEvent::Type event);
 
     QWidget& mainWindow_;
     QWidget* scrim_;
@@ -55,6 +57,7 @@ class SheetStack : public QObject {
     QList<QPointer<QDialog>> waiting_;
     std::deque<std::function<void()>> completions_;
     std::function<void()> afterwards_;
+    bool isOnScreen_;         ///< the main window has reached the screen since it was shown
     bool goesOnSoon_ = false; ///< goOn() is on its way through the event loop
     bool goesOn_ = false;     ///< completions are running
 };
