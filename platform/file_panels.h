@@ -12,7 +12,6 @@ struct OpenPanel {
     bool canChooseFiles = true;
     bool canChooseDirectories = false;
     bool resolvesAliases = true;
-    bool allowsMultipleSelection = false;
     bool canCreateDirectories = false;
     std::string prompt; ///< title of the button that accepts
     std::string message;

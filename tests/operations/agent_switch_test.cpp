@@ -47,7 +47,6 @@ TEST_F(AgentSwitchTest, AsksForTheAgent) {
     EXPECT_TRUE(panel.canChooseFiles);
     EXPECT_FALSE(panel.canChooseDirectories);
     EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.allowsMultipleSelection);
     EXPECT_FALSE(panel.canCreateDirectories);
     EXPECT_EQ(panel.prompt, "Select");
     EXPECT_EQ(panel.message, "Please choose a launch agent to enable/disable:");

@@ -110,7 +110,6 @@ TEST_P(VerbTest, OpensThePanelInTheGrantedFolder) {
     EXPECT_TRUE(panel.canChooseFiles);
     EXPECT_FALSE(panel.canChooseDirectories);
     EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.allowsMultipleSelection);
     EXPECT_FALSE(panel.canCreateDirectories);
     EXPECT_EQ(panel.prompt, "Select");
     EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));

@@ -43,7 +43,6 @@ TEST_F(FolderRequestTest, AsksForAFolder) {
     EXPECT_FALSE(panel.canChooseFiles);
     EXPECT_TRUE(panel.canChooseDirectories);
     EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.allowsMultipleSelection);
     EXPECT_TRUE(panel.canCreateDirectories);
     EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
     EXPECT_EQ(panel.prompt, "Choose");

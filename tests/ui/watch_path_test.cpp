@@ -26,7 +26,6 @@ void expectFolderPanel(const OpenPanel& panel) {
     EXPECT_TRUE(panel.canChooseFiles);
     EXPECT_TRUE(panel.canChooseDirectories);
     EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.allowsMultipleSelection);
     EXPECT_TRUE(panel.canCreateDirectories);
     EXPECT_EQ(panel.prompt, "Select");
     EXPECT_EQ(panel.message, "Please choose folder:");
