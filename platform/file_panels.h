@@ -15,8 +15,8 @@ struct OpenPanel {
     bool canCreateDirectories = false;
     std::string prompt; ///< title of the button that accepts
     std::string message;
-    /// File name extensions without the dot; empty allows every file. A folder whose extension is
-    /// among them (an application bundle) counts as a file.
+    /// File name extensions without the dot; empty allows every file. A bundle ("app", "workflow")
+    /// whose extension is among them counts as a file, no other folder does.
     std::vector<std::string> allowedFileTypes;
     std::optional<std::string> directory; ///< where the panel starts; its own default if not set
 };

@@ -41,7 +41,12 @@ const OpenRow openRows[] = {
     {"NoFileOfAnotherType", files({"app", "plist"}), "notes.txt", nullptr},
     {"ABundleAsAFile", files({"sh", "app"}), "Foo.app", "Foo.app"},
     {"NoBundleOfAnotherType", files({"workflow"}), "Foo.app", nullptr},
+    {"AWorkflowAsAFile", files({"sh", "workflow"}), "Tidy.workflow", "Tidy.workflow"},
+    {"AFileNamedLikeABundle", files({"app"}), "file.app", "file.app"},
     {"NoFolderAsAFile", files(), "folder", nullptr},
+    {"NoFolderNamedLikeAFile", files({"plist"}), "folder.plist", nullptr},
+    {"NoFolderNamedLikeAScript", files({"sh", "app"}), "folder.sh", nullptr},
+    {"NoBundleWhereOnlyFilesAreMeant", files({"plist"}), "Foo.app", nullptr},
     {"NothingThatIsNotThere", files(), "missing.plist", nullptr},
     {"AFolder", folders(), "folder", "folder"},
     {"TheFolderShown", folders(), "", ""},
@@ -55,6 +60,10 @@ class OpenChoice : public FilePanel, public testing::WithParamInterface<OpenRow>
 
 TEST_P(OpenChoice, IsMadeByTheRulesOfThePanel) {
     const OpenRow& row = GetParam();
+    make("Tidy.workflow/document.wflow");
+    make("file.app");
+    make("folder.plist/inner");
+    make("folder.sh/inner");
     open(row.panel);
     type(row.typed);
     if (QPushButton* accept = button(dialog, "Select"); accept->isEnabled())
@@ -185,6 +194,15 @@ TEST_F(FilePanel, ChoosesAFileByDoubleClick) {
     doubleClick("notes.txt");
     ASSERT_TRUE(journalReaches(2));
     EXPECT_EQ(journal.front(), path("notes.txt"));
+}
+
+TEST_F(FilePanel, EntersAFolderNamedLikeAFileByDoubleClick) {
+    make("folder.plist/inner");
+    open(files({"plist"}));
+    doubleClick("folder.plist");
+    settle();
+    EXPECT_THAT(journal, ElementsAre());
+    EXPECT_EQ(dialog->directory().dirName(), "folder.plist");
 }
 
 TEST_F(FilePanel, OffersNewFoldersOnlyWhereAllowed) {

@@ -9,6 +9,9 @@ namespace frimbolate {
 
 namespace {
 
+/// The extensions of folders that desktops show as one file.
+constexpr const char* bundleTypes[] = {"app", "workflow"};
+
 QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
 
 bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
@@ -17,6 +20,13 @@ bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
     const QString suffix = QFileInfo(path).suffix();
     return std::ranges::any_of(panel.allowedFileTypes, [&](const std::string& extension) {
         return suffix.compare(QString::fromStdString(extension), Qt::CaseInsensitive) == 0;
+    });
+}
+
+bool isOfBundleType(const QString& path) {
+    const QString suffix = QFileInfo(path).suffix();
+    return std::ranges::any_of(bundleTypes, [&](const char* type) {
+        return suffix.compare(QLatin1String(type), Qt::CaseInsensitive) == 0;
     });
 }
 
@@ -42,8 +52,8 @@ bool isUnreadableName(const QString& path) {
 }
 
 bool isBundle(const OpenPanel& panel, const QString& path) {
-    return panel.canChooseFiles && !panel.allowedFileTypes.empty() && QFileInfo(path).isDir() &&
-           isOfAllowedType(panel, path);
+    return panel.canChooseFiles && !panel.allowedFileTypes.empty() && isOfBundleType(path) &&
+           QFileInfo(path).isDir() && isOfAllowedType(panel, path);
 }
 
 PanelChoice tryToChoose(const OpenPanel& panel, const QString& path) {

@@ -10,7 +10,8 @@ namespace frimbolate {
 /// The name or link target holds bytes that are no UTF-8: as text it names nothing on the disk.
 bool isUnreadableName(const QString& path);
 
-/// A folder that is chosen like a file, such as an application bundle.
+/// A folder that is chosen like a file: an application or a workflow, where the panel takes these.
+/// No other extension makes a folder a file.
 bool isBundle(const OpenPanel& panel, const QString& path);
 
 struct PanelChoice {
