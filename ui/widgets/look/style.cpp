@@ -1,6 +1,7 @@
 #include "ui/widgets/look/style.h"
 
 #include "ui/widgets/look/icons.h"
+#include "ui/widgets/look/list_rows.h"
 #include "ui/widgets/look/painting.h"
 
 #include <QAbstractButton>
@@ -94,6 +95,10 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return painter->fillRect(option->rect, t.raised);
     case PE_PanelTipLabel:
         return plate(*painter, option->rect, 0, t.surface, t.controlBorder);
+    case PE_PanelItemViewRow: // the delegate paints the plate of the whole row
+        return;
+    case PE_IndicatorHeaderArrow:
+        return paintHeaderArrow(*painter, *qstyleoption_cast<const QStyleOptionHeader*>(option));
     case PE_IndicatorToolBarSeparator:
         return painter->fillRect(separatorRect(option->rect), t.hairline);
     default:
@@ -122,6 +127,16 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     }
     case CE_ComboBoxLabel:
         return paintComboBoxLabel(*painter, *comboBox, *this);
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+        return paintHeaderSection(*painter, *option);
+    case CE_HeaderLabel: {
+        QStyleOptionHeader label = *qstyleoption_cast<const QStyleOptionHeader*>(option);
+        label.palette.setColor(QPalette::ButtonText, t.text2);
+        return QProxyStyle::drawControl(element, &label, painter, widget);
+    }
+    case CE_Splitter: // the frames of what it parts are enough to see
+        return;
     case CE_MenuItem:
         return paintMenuItem(*painter, *menuItem, *this);
     case CE_MenuBarItem:
