@@ -19,6 +19,9 @@ struct OpenPanel {
     /// whose extension is among them counts as a file, no other folder does.
     std::vector<std::string> allowedFileTypes;
     std::optional<std::string> directory; ///< where the panel starts; its own default if not set
+    /// The entry of the starting folder that is selected at first, where it is there, and the name
+    /// that a new folder is proposed.
+    std::string suggestedName;
 };
 
 struct SavePanel {

@@ -6,9 +6,11 @@
 #include <QAction>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTest>
 
 #include <algorithm>
 
@@ -228,11 +230,38 @@ void menuOpen(Stage& stage) {
 
 void about(Stage& stage) { stage.find<QAction>("about")->trigger(); }
 
+void press(Stage& stage, const char* name) {
+    auto* button = stage.find<QAbstractButton>(name);
+    // What it shows on a panel waits until the panel itself is on the screen.
+    if (QTest::qWaitForWindowExposed(button->window()))
+        button->click();
+}
+
 void openPanel(Stage& stage) {
     stage.delegate.chooseApplicationOrScript();
     OpenPanel panel = stage.platform.shownOpenPanel();
     panel.directory = "/";
+    panel.suggestedName = "etc"; // so that a row is lit
     stage.panels.open(panel, [](const auto&) {});
+}
+
+void refusingPanel(Stage& stage) {
+    openPanel(stage);
+    stage.find<QLineEdit>("fileNameEdit")->setText(QString(100, 'm') + ".sh");
+    press(stage, "promptButton");
+}
+
+void grantPanel(Stage& stage) {
+    stage.platform.defaults.contents.erase("Bookmark");
+    stage.delegate.showWelcomeWindow();
+    OpenPanel panel = stage.platform.shownOpenPanel();
+    panel.directory = "/";
+    stage.panels.open(panel, [](const auto&) {});
+}
+
+void newFolder(Stage& stage) {
+    grantPanel(stage);
+    press(stage, "newFolder");
 }
 
 void savePanel(Stage& stage) {
@@ -241,6 +270,12 @@ void savePanel(Stage& stage) {
     SavePanel panel = stage.platform.shownSavePanel();
     panel.directory = "/";
     stage.panels.save(panel, [](const auto&) {});
+}
+
+void replaceAlert(Stage& stage) {
+    savePanel(stage);
+    stage.find<QLineEdit>("fileNameEdit")->setText("/etc/passwd");
+    press(stage, "promptButton");
 }
 
 constexpr Face rows[] = {
@@ -277,7 +312,11 @@ constexpr Face rows[] = {
     {"menu_open", menuOpen},
     {"about", about},
     {"open_panel", openPanel},
+    {"refusing_panel", refusingPanel},
+    {"grant_panel", grantPanel},
+    {"new_folder", newFolder},
     {"save_panel", savePanel},
+    {"replace_alert", replaceAlert},
 };
 
 } // namespace

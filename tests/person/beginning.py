@@ -50,7 +50,7 @@ def welcome(life):
     life.person.click("check box", "Show this window at start")
     life.person.click("button", "Get Started")
     life.person.wait_until_gone(sheet)
-    life.person.look_at_window("Choose")
+    life.person.look_at_panel("Choose")
     life.expect_log("User does not want to show welcome window, writing value of false",
                     "ERROR WITH ACCESSING BOOKMARK")
     life.expect_preferences(ShowWelcomeWindow="False - 3.0", **STANDARD)
@@ -58,7 +58,7 @@ def welcome(life):
 
 def grant(life):
     """Cancelled once, given to a wrong folder once, and then given."""
-    panel = life.person.look_at_window("Choose")
+    panel = life.person.look_at_panel("Choose")
     life.keep("grant")
     life.person.press("Escape")
     life.person.wait_until_gone(panel)

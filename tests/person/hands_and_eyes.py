@@ -98,6 +98,16 @@ class Person:
         self._settle()
         return window
 
+    def look_at_panel(self, prompt):
+        """The file panel whose button bears that prompt, once it is in front and listens."""
+        panel = self.wait_until(
+            lambda: next((window for window in self.front_windows()
+                          if window.getRole() in ROLES["dialog"] and self._listens()
+                          and self._found("button", prompt)), None),
+            f"the panel with '{prompt}'")
+        self._settle()
+        return panel
+
     def read(self, kind, name):
         return self.text(self.look(kind, name))
 
@@ -257,7 +267,7 @@ class Person:
 
     def answer_panel(self, path, prompt):
         """Writes a path into the file panel whose button bears that prompt, and enters it."""
-        panel = self.look_at_window(prompt)
+        panel = self.look_at_panel(prompt)
         self.write("Name", path)
         # A click would only close the list of completions below the field.
         self.press("Return")

@@ -129,14 +129,14 @@ class Life:
     def save(self, way):
         """Saves the form under the name that the program proposes."""
         way.command("Save")
-        panel = self.person.look_at_window("Save")
+        panel = self.person.look_at_panel("Save")
         self.person.press("Return")
         self.person.wait_until_gone(panel)
 
     def save_over(self, way):
         """Saves the form over the file that was read."""
         way.command("Save")
-        panel = self.person.look_at_window("Save")
+        panel = self.person.look_at_panel("Save")
         self.person.press("Return")
         way.press_button("Replace")
         self.person.wait_until_gone(panel)

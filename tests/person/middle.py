@@ -56,7 +56,7 @@ def warning(life):
     life.person.click("check box", SUPPRESS)
     life.keep("warning")
     life.pointer.reply(IMPORTANT, "Continue")
-    panel = life.person.look_at_window("Select")
+    panel = life.person.look_at_panel("Select")
     life.person.press("Escape")
     life.person.wait_until_gone(panel)
     life.expect_preferences(WarnForDelete=False, **PREFERENCES)
@@ -103,7 +103,7 @@ def discard(life):
     assert life.person.read("field", "Name") == "Unfinished"
     life.menus.command("Edit")
     life.keyboard.reply(question, "Continue")
-    panel = life.person.look_at_window("Select")
+    panel = life.person.look_at_panel("Select")
     life.person.press("Escape")
     life.person.wait_until_gone(panel)
     life.person.look_at_window("Frimbolate")
@@ -157,7 +157,7 @@ def upgrade(life):
     life.person.look_at_window(UPGRADE)
     life.keep("upgrade")
     life.pointer.reply(UPGRADE, "Ok")
-    panel = life.person.look_at_window("Save")
+    panel = life.person.look_at_panel("Save")
     assert life.person.read("field", "Name") == "com.frimbolate.Veteran.plist"
     life.person.press("Return")
     life.person.wait_until_gone(panel)

@@ -116,7 +116,7 @@ class Keyboard(Pointer):
         self.person.wait_until(lambda: self.person.is_checked(node) != before, f"'{box}' to turn")
 
     def answer_panel(self, path, prompt):
-        panel = self.person.look_at_window(prompt)
+        panel = self.person.look_at_panel(prompt)
         # The panel opens with the keyboard in its name field.
         self.person.overwrite(self.person.look("field", "Name"), path)
         self.person.press("Return")
@@ -157,7 +157,7 @@ class Bus(Pointer):
         self.person.act("check box", box)
 
     def answer_panel(self, path, prompt):
-        panel = self.person.look_at_window(prompt)
+        panel = self.person.look_at_panel(prompt)
         self.person.set_text("Name", path)
         self.person.act("button", prompt)
         self.person.wait_until_gone(panel)

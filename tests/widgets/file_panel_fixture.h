@@ -4,6 +4,7 @@
 #include "tests/widgets/sheet_fixture.h"
 #include "ui/widgets/file_panels.h"
 #include "ui/widgets/panel_dialog.h"
+#include "ui/widgets/wrapped_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,7 +42,7 @@ class FilePanel : public SheetFixture {
         panels.open(panel, [this](const std::optional<std::string>& chosen) {
             journal.push_back(chosen.value_or("cancelled"));
         });
-        return dialog = shown<PanelDialog>("openPanel");
+        return dialog = onScreen(shown<PanelDialog>("openPanel"));
     }
     static SavePanel named(std::string name) {
         SavePanel panel;
@@ -57,9 +58,13 @@ class FilePanel : public SheetFixture {
             if (chosen)
                 journal.push_back(chosen->nameFieldStringValue);
         });
-        return dialog = shown<PanelDialog>("savePanel");
+        return dialog = onScreen(shown<PanelDialog>("savePanel"));
     }
 
+    static PanelDialog* onScreen(PanelDialog* panel) {
+        EXPECT_TRUE(panel && QTest::qWaitForWindowExposed(panel));
+        return panel;
+    }
     QLineEdit* nameField() { return dialog->findChild<QLineEdit*>("fileNameEdit"); }
     void type(const std::string& name) {
         // The dialog takes the name of what is selected while the field is without the keyboard.
@@ -69,8 +74,15 @@ class FilePanel : public SheetFixture {
         nameField()->setText(QString::fromStdString(name));
     }
     std::string refusal() {
-        auto* label = dialog->findChild<QLabel*>("panelRefusal");
-        return label->isVisible() ? label->text().toStdString() : "";
+        auto* shown = dialog->findChild<WrappedText*>("panelRefusal");
+        return shown->isVisible() ? shown->text().toStdString() : "";
+    }
+    /// The question before a file is replaced, or null.
+    AlertDialog* replaceAlert() {
+        for (auto* alert : dialog->findChildren<AlertDialog*>("sheetAlert"))
+            if (alert->isVisible())
+                return alert;
+        return nullptr;
     }
     /// The row of an item in the list, once the panel has read the folder.
     QModelIndex item(const char* name) {

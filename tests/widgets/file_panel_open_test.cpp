@@ -1,5 +1,7 @@
 #include "tests/widgets/file_panel_fixture.h"
 
+#include <QHeaderView>
+#include <QPointer>
 #include <QToolButton>
 
 #include <unistd.h>
@@ -205,12 +207,106 @@ TEST_F(FilePanel, EntersAFolderNamedLikeAFileByDoubleClick) {
     EXPECT_EQ(dialog->directory().dirName(), "folder.plist");
 }
 
+TEST_F(FilePanel, StartsWithTheSuggestedEntrySelected) {
+    OpenPanel panel = folders();
+    panel.suggestedName = "folder";
+    open(panel);
+    EXPECT_EQ(nameField()->text(), "folder");
+    EXPECT_EQ(nameField()->selectedText(), "folder");
+    const auto isLit = [this](const QModelIndex& index) {
+        return dialog->findChild<QTreeView*>("treeView")->selectionModel()->isSelected(index);
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isLit(item("folder")); }));
+    QTest::keyClick(nameField(), Qt::Key_Return);
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("folder"));
+}
+
+TEST_F(FilePanel, StartsWithNothingSelectedWhereTheSuggestedEntryIsMissing) {
+    OpenPanel panel = folders();
+    panel.suggestedName = "LaunchAgents";
+    open(panel);
+    EXPECT_EQ(nameField()->text(), "");
+    QTest::keyClick(nameField(), Qt::Key_Return);
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front() + "/", path(""));
+}
+
+struct TitleRow {
+    const char* name;
+    const char* message;
+    const char* title;
+};
+class PanelTitle : public FilePanel, public testing::WithParamInterface<TitleRow> {};
+
+TEST_P(PanelTitle, SaysWhatIsAsked) {
+    OpenPanel panel;
+    panel.message = GetParam().message;
+    open(panel);
+    EXPECT_EQ(dialog->windowTitle(), GetParam().title);
+    EXPECT_EQ(dialog->accessibleName(), GetParam().title);
+}
+
+const TitleRow titleRows[] = {
+    {"OneLine", "Please choose a launch agent to load:", "Please choose a launch agent to load"},
+    {"Parentheses", "Please choose a script (.sh, .py):", "Please choose a script"},
+    {"Paragraphs", "The program needs your folder. Please select it. \n\n Or make one.",
+     "The program needs your folder"},
+    {"LinesOfOneSentence", "Choose one\n of these.", "Choose one of these"},
+    {"FileName", "Choose agent.plist:", "Choose agent.plist"},
+    {"Empty", "", ""},
+};
+INSTANTIATE_TEST_SUITE_P(Table, PanelTitle, testing::ValuesIn(titleRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(FilePanel, OffersPlaces) {
+    const QByteArray home = qgetenv("HOME");
+    make("home/Desktop/x");
+    make("home/Library/LaunchAgents/x");
+    make("granted/LaunchAgents/x");
+    qputenv("HOME", QFile::encodeName(root.filePath("home")));
+    OpenPanel panel;
+    panel.directory = path("granted/LaunchAgents");
+    open(panel);
+    QStringList places;
+    for (const QUrl& place : dialog->sidebarUrls())
+        places.append(place.toLocalFile());
+    qputenv("HOME", home);
+    const auto at = [this](const char* name) { return QString::fromStdString(path(name)); };
+    places.removeIf([](const QString& place) {
+        return place.endsWith("pplications"); // wherever this desktop keeps them
+    });
+    EXPECT_EQ(places, (QStringList{root.filePath("home"), root.filePath("home/Desktop"),
+                                   root.filePath("home/Library/LaunchAgents"),
+                                   at("granted/LaunchAgents")}));
+}
+
+TEST_F(FilePanel, LeavesThePlacesOfOtherProgramsAlone) {
+    const QList<QUrl> places = {QUrl::fromLocalFile(root.filePath("folder"))};
+    {
+        QFileDialog other;
+        other.setOption(QFileDialog::DontUseNativeDialog);
+        other.setSidebarUrls(places);
+        other.findChild<QTreeView*>("treeView")->showColumn(1);
+    }
+    open(files());
+    EXPECT_NE(dialog->sidebarUrls(), places);
+    const QPointer<PanelDialog> gone = dialog;
+    click(dialog, "Cancel");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gone.isNull(); }));
+    QFileDialog next;
+    next.setOption(QFileDialog::DontUseNativeDialog);
+    EXPECT_EQ(next.sidebarUrls(), places);
+    EXPECT_FALSE(next.findChild<QTreeView*>("treeView")->isColumnHidden(1));
+}
+
 TEST_F(FilePanel, OffersNewFoldersOnlyWhereAllowed) {
     for (const bool allowed : {true, false}) {
         OpenPanel panel;
         panel.canCreateDirectories = allowed;
         open(panel);
-        EXPECT_EQ(dialog->findChild<QToolButton*>("newFolderButton")->isVisible(), allowed);
+        EXPECT_FALSE(dialog->findChild<QToolButton*>("newFolderButton")->isVisible());
+        EXPECT_EQ(dialog->findChild<QToolButton*>("newFolder") != nullptr, allowed);
         click(dialog, "Cancel");
         ASSERT_TRUE(journalReaches(2));
         journal.clear();

@@ -1,6 +1,6 @@
 #include "tests/widgets/file_panel_fixture.h"
 
-#include <QMessageBox>
+#include <QApplication>
 
 namespace frimbolate {
 namespace {
@@ -49,19 +49,20 @@ TEST_F(FilePanel, SavesIntoAnotherFolder) {
 TEST_F(FilePanel, AsksBeforeItReplaces) {
     save(named("agent.plist"));
     click(dialog, "Save");
-    auto* question = dialog->findChild<QMessageBox*>("replaceAlert");
+    AlertDialog* question = replaceAlert();
     ASSERT_NE(question, nullptr);
-    EXPECT_TRUE(question->isVisible());
-    EXPECT_THAT(question->text().toStdString(), HasSubstr("agent.plist"));
-    EXPECT_FALSE(question->iconPixmap().isNull());
-    EXPECT_GT(button(question, "Replace")->x(), button(question, "Cancel")->x());
+    EXPECT_EQ(QApplication::activeModalWidget(), question);
+    EXPECT_THAT(question->findChild<WrappedText*>("messageText")->text().toStdString(),
+                HasSubstr("agent.plist"));
+    EXPECT_TRUE(button(question, "Cancel")->isDefault()) << "Return loses nothing";
     click(question, "Cancel");
     settle();
     EXPECT_THAT(journal, ElementsAre());
     EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(replaceAlert(), nullptr);
 
     click(dialog, "Save");
-    click(dialog->findChild<QMessageBox*>("replaceAlert"), "Replace");
+    click(replaceAlert(), "Replace");
     ASSERT_TRUE(journalReaches(3));
     settle();
     EXPECT_THAT(journal, ElementsAre(path("agent.plist"), "agent.plist", "afterwards"));
@@ -69,11 +70,24 @@ TEST_F(FilePanel, AsksBeforeItReplaces) {
 
 TEST_F(FilePanel, LeavesTheFileAloneWhenTheReplacingIsEscaped) {
     save(named("agent.plist"));
-    click(dialog, "Save");
-    QTest::keyClick(dialog->findChild<QMessageBox*>("replaceAlert"), Qt::Key_Escape);
-    settle();
-    EXPECT_THAT(journal, ElementsAre());
-    EXPECT_TRUE(dialog->isVisible());
+    for (const bool closed : {false, true}) {
+        click(dialog, "Save");
+        AlertDialog* question = replaceAlert();
+        ASSERT_NE(question, nullptr);
+        if (closed)
+            question->close();
+        else
+            QTest::keyClick(question, Qt::Key_Escape);
+        settle();
+        EXPECT_THAT(journal, ElementsAre());
+        EXPECT_TRUE(dialog->isVisible());
+        EXPECT_EQ(replaceAlert(), nullptr);
+    }
+}
+
+TEST_F(FilePanel, IsTitledByWhatItSaves) {
+    save(named("agent.plist"));
+    EXPECT_EQ(dialog->windowTitle(), "Save agent.plist");
 }
 
 TEST_F(FilePanel, EntersAFolderTypedAsName) {

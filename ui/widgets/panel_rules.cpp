@@ -1,6 +1,7 @@
 #include "ui/widgets/panel_rules.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -8,6 +9,9 @@
 namespace frimbolate {
 
 namespace {
+
+/// The longest file name that Linux and macOS file systems take, in bytes.
+constexpr qsizetype longestName = 255;
 
 /// The extensions of folders that desktops show as one file.
 constexpr const char* bundleTypes[] = {"app", "workflow"};
@@ -46,6 +50,20 @@ QString refusalOf(const OpenPanel& panel, const QFileInfo& item) {
 }
 
 } // namespace
+
+bool isTooLong(const QString& name) { return QFile::encodeName(name).size() > longestName; }
+
+QString newFolderRefusal(const QString& folder, const QString& name) {
+    if (name.isEmpty())
+        return tr("A folder needs a name.");
+    if (name == "." || name == ".." || name.contains('/') || name.contains(QChar::Null))
+        return tr("“%1” cannot be the name of a folder.").arg(name);
+    if (isTooLong(name))
+        return tr("The name is too long.");
+    const QFileInfo item(folder + '/' + name);
+    // A link that leads nowhere is there all the same.
+    return item.exists() || item.isSymLink() ? tr("“%1” already exists.").arg(name) : QString();
+}
 
 bool isUnreadableName(const QString& path) {
     return path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);

@@ -22,4 +22,10 @@ struct PanelChoice {
 /// \param path absolute and clean; a folder that the panel would only enter is refused
 PanelChoice tryToChoose(const OpenPanel& panel, const QString& path);
 
+/// Why a name cannot be had in a folder, for a new folder; empty where it can.
+QString newFolderRefusal(const QString& folder, const QString& name);
+
+/// Whether the name has more bytes than file systems take.
+bool isTooLong(const QString& name);
+
 } // namespace frimbolate

@@ -1,0 +1,150 @@
+// The one change that a file panel makes: a new folder, named before it is made.
+#include "tests/widgets/file_panel_fixture.h"
+#include "ui/widgets/new_folder_sheet.h"
+
+#include <QToolButton>
+
+namespace frimbolate {
+namespace {
+
+using testing::ElementsAre;
+
+class NewFolder : public FilePanel {
+  protected:
+    static OpenPanel grant() {
+        OpenPanel panel;
+        panel.canChooseFiles = false;
+        panel.canChooseDirectories = true;
+        panel.canCreateDirectories = true;
+        panel.suggestedName = "LaunchAgents";
+        return panel;
+    }
+    NewFolderSheet* ask() {
+        QTest::mouseClick(dialog->findChild<QToolButton*>("newFolder"), Qt::LeftButton);
+        return sheet = dialog->findChild<NewFolderSheet*>("newFolderSheet");
+    }
+    QLineEdit* field() { return sheet->findChild<QLineEdit*>("newFolderName"); }
+    std::string refusalOfName() {
+        auto* shown = sheet->findChild<WrappedText*>("newFolderRefusal");
+        return shown->isVisible() ? shown->text().toStdString() : "";
+    }
+    bool isThere(const char* name) { return QFileInfo(root.filePath(name)).isDir(); }
+    bool sheetIsGone() {
+        return QTest::qWaitFor(
+            [this] { return !dialog->findChild<NewFolderSheet*>("newFolderSheet"); });
+    }
+
+    NewFolderSheet* sheet = nullptr;
+};
+
+TEST_F(NewFolder, BearsTheProposedNameAndIsChosenByReturn) {
+    open(grant());
+    ASSERT_NE(ask(), nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), sheet);
+    EXPECT_EQ(field()->selectedText(), "LaunchAgents");
+    EXPECT_FALSE(isThere("LaunchAgents")) << "made before it is named";
+    QTest::keyClick(field(), Qt::Key_Return);
+    ASSERT_TRUE(sheetIsGone());
+    EXPECT_TRUE(isThere("LaunchAgents"));
+    EXPECT_EQ(nameField()->text(), "LaunchAgents");
+    EXPECT_THAT(journal, ElementsAre());
+    QTest::keyClick(nameField(), Qt::Key_Return);
+    ASSERT_TRUE(journalReaches(2));
+    EXPECT_EQ(journal.front(), path("LaunchAgents"));
+}
+
+TEST_F(NewFolder, BearsTheNameThatIsTyped) {
+    open(grant());
+    ask();
+    QTest::keyClicks(field(), "My agents");
+    click(sheet, "Create");
+    ASSERT_TRUE(sheetIsGone());
+    EXPECT_TRUE(isThere("My agents"));
+    EXPECT_FALSE(isThere("LaunchAgents"));
+    EXPECT_EQ(nameField()->text(), "My agents");
+}
+
+TEST_F(NewFolder, IsEnteredByASavePanelWhichKeepsItsName) {
+    save(named("new.plist"));
+    ask();
+    field()->setText("inner");
+    click(sheet, "Create");
+    ASSERT_TRUE(sheetIsGone());
+    EXPECT_EQ(dialog->directory().dirName(), "inner");
+    EXPECT_EQ(nameField()->text(), "new.plist");
+    click(dialog, "Save");
+    ASSERT_TRUE(journalReaches(3));
+    EXPECT_EQ(journal.front(), path("inner/new.plist"));
+}
+
+TEST_F(NewFolder, IsNotMadeWhenItIsGivenUp) {
+    open(grant());
+    const QStringList before = QDir(root.path()).entryList();
+    for (const bool escaped : {true, false}) {
+        ask();
+        if (escaped)
+            QTest::keyClick(field(), Qt::Key_Escape);
+        else
+            click(sheet, "Cancel");
+        ASSERT_TRUE(sheetIsGone());
+        EXPECT_EQ(QDir(root.path()).entryList(), before);
+        EXPECT_TRUE(dialog->isVisible());
+    }
+    EXPECT_THAT(journal, ElementsAre());
+}
+
+TEST_F(NewFolder, IsRefusedWhereItCannotBeMade) {
+    open(grant());
+    ask();
+    field()->setText("later");
+    QDir(root.path()).removeRecursively();
+    click(sheet, "Create");
+    EXPECT_EQ(refusalOfName(), "No folder can be made here.");
+    EXPECT_EQ(field()->accessibleDescription(), "No folder can be made here.");
+    EXPECT_TRUE(sheet->isVisible());
+    field()->setText("another");
+    EXPECT_EQ(refusalOfName(), "");
+    EXPECT_EQ(field()->accessibleDescription(), "");
+}
+
+struct NameRow {
+    const char* name;
+    std::string typed;
+    const char* refusal; ///< a part of it
+};
+class NewFolderName : public NewFolder, public testing::WithParamInterface<NameRow> {};
+
+TEST_P(NewFolderName, ThatCannotBeHadIsRefused) {
+    open(grant());
+    const QStringList before = QDir(root.path()).entryList();
+    ask();
+    field()->setText(QString::fromStdString(GetParam().typed));
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_THAT(refusalOfName(), testing::HasSubstr(GetParam().refusal));
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(QDir(root.path()).entryList(), before);
+}
+
+const NameRow nameRows[] = {
+    {"OfAFolderThatIsThere", "folder", "“folder” already exists."},
+    {"OfAFileThatIsThere", "agent.plist", "already exists."},
+    {"Dot", ".", "cannot be the name"},
+    {"Dots", "..", "cannot be the name"},
+    {"Path", "a/b", "cannot be the name"},
+    {"PathElsewhere", "/tmp/x", "cannot be the name"},
+    {"TooLong", std::string(256, 'x'), "too long"},
+};
+INSTANTIATE_TEST_SUITE_P(Table, NewFolderName, testing::ValuesIn(nameRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(NewFolder, NeedsAName) {
+    open(grant());
+    ask();
+    field()->clear();
+    EXPECT_FALSE(button(sheet, "Create")->isEnabled());
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_TRUE(sheet->isVisible());
+}
+
+} // namespace
+} // namespace frimbolate
