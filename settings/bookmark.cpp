@@ -19,6 +19,8 @@ std::optional<std::string> grantedFolder(Services& services) {
     return bookmark ? services.folderAccess.resolve(*bookmark) : std::nullopt;
 }
 
+constexpr const char* launchAgents = "LaunchAgents";
+
 std::string libraryOf(const std::string& userName) { return "/Users/" + userName + "/Library/"; }
 
 OpenPanel grantPanel(const std::string& folder) {
@@ -37,6 +39,7 @@ OpenPanel grantPanel(const std::string& folder) {
         " If a LaunchAgents folder does not exist, you must create one with the exact name "
         "LaunchAgents (no space).";
     panel.directory = folder;
+    panel.suggestedName = launchAgents;
     return panel;
 }
 
@@ -85,7 +88,7 @@ void BookmarkClass::folderChosen(const std::optional<std::string>& folder) {
     }
     // Compared with the URL's text as it stands: a name that needs percent-encoding never matches.
     const auto url = fileUrl(*folder);
-    const auto expected = libraryOf(services_.workspace.userName()) + "LaunchAgents";
+    const auto expected = libraryOf(services_.workspace.userName()) + launchAgents;
     if (url.find(expected) == std::string::npos) {
         services_.log.line("Chosen LaunchAgents path does not match expected path:\n" + url + "\n" +
                            expected);

@@ -43,6 +43,7 @@ TEST_F(FolderRequestTest, AsksForAFolder) {
     EXPECT_FALSE(panel.canChooseFiles);
     EXPECT_TRUE(panel.canChooseDirectories);
     EXPECT_TRUE(panel.resolvesAliases);
+    EXPECT_EQ(panel.suggestedName, "LaunchAgents");
     EXPECT_TRUE(panel.canCreateDirectories);
     EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
     EXPECT_EQ(panel.prompt, "Choose");
