@@ -69,8 +69,11 @@ class Assistive(Person):
         wait_until(lambda: not self.sees("button", "Cancel"), f"the panel '{prompt}' to close")
 
     def windows(self):
-        """The windows in front, as plain data."""
-        return [part_of(window) for window in self.front_windows()]
+        """The windows in front, as plain data; none while one of them is going."""
+        try:
+            return [part_of(window) for window in self.front_windows()]
+        except Exception:  # a part has vanished while being looked at
+            return []
 
     @staticmethod
     def has_keyboard(node):
