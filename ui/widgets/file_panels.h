@@ -1,7 +1,8 @@
 // The file panels of the program, presented like any sheet: one at a time, window-modal.
 //
-// The dialogs are named "openPanel" and "savePanel", the line at their top "panelMessage", the
-// question before a file is replaced "replaceAlert".
+// The dialogs are named "openPanel" and "savePanel", the line at their top "panelMessage". The
+// question before a file is replaced is an alert on the panel, named "sheetAlert" as any other; the
+// sheet that names a new folder is "newFolderSheet".
 #pragma once
 
 #include "platform/file_panels.h"
