@@ -6,7 +6,8 @@
 
 namespace frimbolate {
 
-/// Opens missing standard streams, lets failed writes fail, and answers "--version" alone. Call it
+/// Opens missing standard streams, lets failed writes fail, answers "--version" alone, and
+/// makes sure that there is a display. Tells what is wrong in a line on standard error. Call it
 /// first in main(), and fatalMessagesAbort() once the application is made.
 /// \return the code with which the process is to end at once; nothing where it can go on
 std::optional<int> prepareProcess(int argc, char* const argv[]);

@@ -2,7 +2,7 @@
 
     degraded_start.py <program> <folder for the pictures>
 
-Standard streams that are closed or not read.
+Standard streams that are closed or not read, and no display.
 """
 
 import fcntl
@@ -88,9 +88,27 @@ def reader_that_does_not_read(starts):
     os.close(reading)
 
 
+def no_display(starts):
+    for variables, expected in (
+            ({"DISPLAY": None}, "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one"),
+            ({"DISPLAY": ":98765"}, 'the display ":98765" cannot be opened'),
+            ({"DISPLAY": None, "WAYLAND_DISPLAY": "/nowhere", "QT_QPA_PLATFORM": None},
+             'the display "/nowhere" cannot be opened')):
+        ended = starts.ended(**variables)
+        assert ended.returncode == 1, ended
+        assert ended.stderr == f"frimbolate: {expected}\n", ended.stderr
+    # What the probe cannot know of, Qt finds out, and must not abort either.
+    ended = starts.ended(QT_QPA_PLATFORM="nonsense")
+    assert ended.returncode == 1, ended
+    for option, told in (("--version", "Frimbolate"), ("-v", "Frimbolate"), ("--help", "Usage:")):
+        ended = starts.ended(option, DISPLAY=None)
+        assert ended.returncode == 0 and ended.stdout.startswith(told), ended
+
+
 def play(desktop, program, _pictures):
     starts = Starts(desktop, program)
-    for scenario in (closed_streams, reader_that_went_away, reader_that_does_not_read):
+    for scenario in (no_display, closed_streams, reader_that_went_away,
+                     reader_that_does_not_read):
         print(scenario.__name__.replace("_", " "), flush=True)
         scenario(starts)
         starts.end()
