@@ -12,8 +12,9 @@
 
 int main(int argc, char* argv[]) {
     using namespace frimbolate;
-    if (const std::optional<int> exitCode = prepareProcess(argc, argv))
-        return *exitCode;
+    const PreparedProcess process = prepareProcess(argc, argv);
+    if (process.exitCode)
+        return *process.exitCode;
     QApplication application(argc, argv);
     fatalMessagesAbort();
     QApplication::setOrganizationName("Frimbolate");
@@ -48,7 +49,7 @@ int main(int argc, char* argv[]) {
 
     look::install(application);
     QApplication::setWindowIcon(look::toolIcon("app"));
-    Program program(preferencePath);
+    Program program(preferencePath, process.environment);
 #ifdef __APPLE__
     // macOS itself starts a program once, and makes it active when its icon is clicked. An instance
     // beside it is made on request only, to which a sandboxed program may hand no argument.

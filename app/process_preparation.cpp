@@ -4,10 +4,9 @@
 #include "platform/qt/process_setup.h"
 #include "platform/qt/qt_messages.h"
 #ifndef __APPLE__
+#include "platform/qt/bus_probe.h"
 #include "platform/qt/display_probe.h"
 #endif
-
-#include <QByteArray>
 
 #include <algorithm>
 #include <iostream>
@@ -19,7 +18,9 @@ namespace frimbolate {
 
 namespace {
 
-#ifndef __APPLE__
+/// For the session bus and the accessibility bus together.
+constexpr std::chrono::milliseconds busLimit{250};
+
 using Arguments = std::vector<std::string>;
 
 bool contains(const Arguments& arguments, std::initializer_list<std::string_view> options) {
@@ -27,7 +28,30 @@ bool contains(const Arguments& arguments, std::initializer_list<std::string_view
            arguments.end();
 }
 
+#ifndef __APPLE__
 void printError(const std::string& text) { LineWriter(STDERR_FILENO).write("frimbolate: " + text); }
+
+void disableUnresponsiveBuses(const Arguments& arguments) {
+    const DisplayProbe probe = DisplayProbe::ofThisProcess();
+    BusAddresses addresses{
+        .session = probe.variable("DBUS_SESSION_BUS_ADDRESS"),
+        .accessibility = probe.variable("AT_SPI_BUS_ADDRESS"),
+        .onXServer = textOnXServer(xDisplayName(arguments, probe), "AT_SPI_BUS"),
+    };
+    if (const std::string runtime = probe.variable("XDG_RUNTIME_DIR");
+        addresses.session.empty() && !runtime.empty())
+        addresses.session = "unix:path=" + runtime + "/bus";
+    const UnresponsiveBuses mute = unresponsiveBuses(addresses, answerLimit(busLimit));
+    // An address of no known kind: without one, the bus would be looked for in its usual place.
+    if (mute.session) {
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+        printError("the session bus does not answer, going on without it");
+    }
+    if (mute.accessibility) {
+        qputenv("AT_SPI_BUS_ADDRESS", "disabled:");
+        printError("the accessibility bus does not answer, going on without it");
+    }
+}
 #endif
 
 } // namespace
@@ -38,25 +62,29 @@ std::chrono::milliseconds answerLimit(std::chrono::milliseconds usual) {
     return isNumber && chosen >= 0 ? std::chrono::milliseconds(chosen) : usual;
 }
 
-std::optional<int> prepareProcess(int argc, char* const argv[]) {
+PreparedProcess prepareProcess(int argc, char* const argv[]) {
     openStandardStreams();
     surviveFailedWrites();
     routeQtMessages();
     fatalMessagesExit(1);
-    if (argc == 2 && std::string_view(argv[1]) == "--version") {
+    PreparedProcess process{std::nullopt, QProcessEnvironment::systemEnvironment()};
+    const Arguments arguments(argv, argv + argc);
+    if (argc == 2 && arguments[1] == "--version") {
         std::cout << "Frimbolate " FRIMBOLATE_VERSION << std::endl;
-        return 0;
+        process.exitCode = 0;
+        return process;
     }
 #ifndef __APPLE__
-    const Arguments arguments(argv, argv + argc);
     if (contains(arguments, {"-h", "--help", "--help-all", "-v", "--version"})) {
         qputenv("QT_QPA_PLATFORM", "offscreen"); // only prints
     } else if (const auto missing = missingDisplay(arguments, DisplayProbe::ofThisProcess())) {
         printError(*missing);
-        return 1;
+        process.exitCode = 1;
+    } else {
+        disableUnresponsiveBuses(arguments);
     }
 #endif
-    return std::nullopt;
+    return process;
 }
 
 } // namespace frimbolate

@@ -2,8 +2,8 @@
 
 namespace frimbolate {
 
-Program::Program(const std::string& preferencePath)
-    : system_(preferencePath), application_([this](const std::string& text) {
+Program::Program(const std::string& preferencePath, const QProcessEnvironment& environment)
+    : system_(preferencePath, environment), application_([this](const std::string& text) {
           alerts_.show(SheetAlert{text, {}});
       }),
       delegate_({.alerts = alerts_,

@@ -23,7 +23,8 @@ namespace frimbolate {
 class Program {
   public:
     /// \param preferencePath of the preference file
-    explicit Program(const std::string& preferencePath);
+    /// \param environment of the programs that are started
+    Program(const std::string& preferencePath, const QProcessEnvironment& environment);
 
     void start();
     /// What a click on the program's icon does while it runs.

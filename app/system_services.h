@@ -15,6 +15,8 @@
 #include "platform/qt/system_log.h"
 #endif
 
+#include <QProcessEnvironment>
+
 #include <string>
 
 namespace frimbolate {
@@ -22,7 +24,7 @@ namespace frimbolate {
 #ifdef __APPLE__
 struct SystemServices {
     /// macOS keeps the settings by the program's identifier, not at a path.
-    explicit SystemServices(const std::string&) {}
+    explicit SystemServices(const std::string&, const QProcessEnvironment&) {}
 
     UnifiedLog log;
     ScopedFolderAccess folderAccess;
@@ -33,7 +35,9 @@ struct SystemServices {
 #else
 struct SystemServices {
     /// \param preferencePath of the preference file
-    explicit SystemServices(const std::string& preferencePath) : defaults(preferencePath, log) {}
+    /// \param environment of the programs that are started
+    SystemServices(const std::string& preferencePath, const QProcessEnvironment& environment)
+        : defaults(preferencePath, log), workspace(environment) {}
 
     SystemLog log;
     PathFolderAccess folderAccess;

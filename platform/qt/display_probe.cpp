@@ -4,6 +4,7 @@
 #include "platform/qt/local_socket.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -12,6 +13,10 @@
 namespace frimbolate {
 
 namespace {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
 
 struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
@@ -59,11 +64,6 @@ Wanted wantedOf(std::string_view platforms) {
     return wanted;
 }
 
-std::string xDisplayName(const std::vector<std::string>& arguments, const DisplayProbe& probe) {
-    const std::string chosen = valueOf(arguments, "-display");
-    return chosen.empty() ? probe.variable("DISPLAY") : chosen;
-}
-
 std::string waylandSocket(const DisplayProbe& probe) {
     std::string name = probe.variable("WAYLAND_DISPLAY");
     if (name.empty() && probe.variable("XDG_SESSION_TYPE") == "wayland")
@@ -85,6 +85,11 @@ DisplayProbe DisplayProbe::ofThisProcess() {
                 [](const std::string& socket) {
                     return connectToLocalSocket(socket).outcome != ConnectOutcome::refused;
                 }};
+}
+
+std::string xDisplayName(const std::vector<std::string>& arguments, const DisplayProbe& probe) {
+    const std::string chosen = valueOf(arguments, "-display");
+    return chosen.empty() ? probe.variable("DISPLAY") : chosen;
 }
 
 std::optional<std::string> missingDisplay(const std::vector<std::string>& arguments,
@@ -110,6 +115,30 @@ std::optional<std::string> missingDisplay(const std::vector<std::string>& argume
     if (!tried.empty())
         return "the display \"" + tried + "\" cannot be opened";
     return "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one";
+}
+
+std::string textOnXServer(const std::string& display, const std::string& property) {
+    const XConnection connection = display.empty() ? nullptr : connectToX(display);
+    if (!connection)
+        return {};
+    const std::unique_ptr<xcb_intern_atom_reply_t, Free> atom(xcb_intern_atom_reply(
+        connection.get(),
+        xcb_intern_atom(connection.get(), 1, static_cast<std::uint16_t>(property.size()),
+                        property.data()),
+        nullptr));
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data;
+    if (!atom || atom->atom == XCB_ATOM_NONE || !screen)
+        return {};
+    constexpr std::uint32_t longest = 1024; // in units of four bytes
+    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(
+        xcb_get_property_reply(connection.get(),
+                               xcb_get_property(connection.get(), 0, screen->root, atom->atom,
+                                                XCB_ATOM_STRING, 0, longest),
+                               nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
 }
 
 } // namespace frimbolate

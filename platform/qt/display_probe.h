@@ -27,4 +27,11 @@ struct DisplayProbe {
 std::optional<std::string> missingDisplay(const std::vector<std::string>& arguments,
                                           const DisplayProbe& probe);
 
+/// A text that programs have left on the X server's first screen, such as the address of the
+/// accessibility bus; empty where there is no such server or text.
+std::string textOnXServer(const std::string& display, const std::string& property);
+
+/// The X server that the arguments name, else the environment; may be empty.
+std::string xDisplayName(const std::vector<std::string>& arguments, const DisplayProbe& probe);
+
 } // namespace frimbolate

@@ -24,13 +24,23 @@ void QtWorkspace::openTerminal() {
         if (arguments.isEmpty())
             continue;
         const QString program = arguments.takeFirst();
-        if (QProcess::startDetached(program, arguments, QDir::homePath()))
+        if (start(program, arguments, QDir::homePath()))
             return;
     }
 }
 
 void QtWorkspace::launchNewInstance() {
-    QProcess::startDetached(QCoreApplication::applicationFilePath(), {newInstanceArgument});
+    start(QCoreApplication::applicationFilePath(), {newInstanceArgument}, {});
+}
+
+bool QtWorkspace::start(const QString& program, const QStringList& arguments,
+                        const QString& folder) const {
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(folder);
+    process.setProcessEnvironment(environment_);
+    return process.startDetached();
 }
 
 std::string QtWorkspace::userName() {

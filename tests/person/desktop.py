@@ -1,6 +1,6 @@
 """A desktop without a screen: X server, session bus and window manager, and a home of its own.
 
-Needs Debian's Xvfb, dbus-daemon, openbox, xdotool and imagemagick; a missing one is an error.
+Needs Debian's Xvfb, dbus-daemon, openbox, xdotool, x11-utils and imagemagick; a missing one is an error.
 """
 
 import argparse
@@ -12,7 +12,7 @@ import tempfile
 import time
 from pathlib import Path
 
-TOOLS = ("Xvfb", "dbus-daemon", "openbox", "xdotool", "import")
+TOOLS = ("Xvfb", "dbus-daemon", "openbox", "xdotool", "xprop", "import")
 PATIENCE = 60  # seconds, for whatever must become true; far more than a busy machine needs
 
 

@@ -87,14 +87,18 @@ TEST_F(WorkspaceTest, opensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
     }
 }
 
-TEST_F(WorkspaceTest, givesATerminalTheSignalsOfOrdinaryPrograms) {
+TEST_F(WorkspaceTest, givesATerminalTheEnvironmentAndSignalsOfOrdinaryPrograms) {
     writeBytes(folder / "xterm",
                "#!/bin/sh\n"
-               "/bin/grep SigIgn /proc/self/status > \"$FRIMBOLATE_TEST_SIGN.draft\"\n"
+               "{ echo \"$FRIMBOLATE_TEST_BUS\"\n"
+               "/bin/grep SigIgn /proc/self/status; } > \"$FRIMBOLATE_TEST_SIGN.draft\"\n"
                "/bin/mv \"$FRIMBOLATE_TEST_SIGN.draft\" \"$FRIMBOLATE_TEST_SIGN\"\n");
     std::filesystem::permissions(folder / "xterm", std::filesystem::perms::all);
+    const Variable before("FRIMBOLATE_TEST_BUS", "as it was");
+    workspace = QtWorkspace(QProcessEnvironment::systemEnvironment());
+    const Variable changed("FRIMBOLATE_TEST_BUS", "disabled:");
     surviveFailedWrites();
-    EXPECT_EQ(openedTerminal(), "SigIgn:\t0000000000000000\n");
+    EXPECT_EQ(openedTerminal(), "as it was\nSigIgn:\t0000000000000000\n");
 }
 
 TEST_F(WorkspaceTest, launchesItselfWithAnArgument) {

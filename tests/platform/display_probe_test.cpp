@@ -102,6 +102,8 @@ TEST(DisplayProbeTest, connectsToCompositorsAndServers) {
     ASSERT_EQ(::listen(compositor.number(), 1), 0);
     EXPECT_TRUE(probe.opensWayland(path));
     EXPECT_FALSE(probe.opensX("no display"));
+    EXPECT_EQ(textOnXServer("no display", "AT_SPI_BUS"), "");
+    EXPECT_EQ(textOnXServer("", "AT_SPI_BUS"), "");
     EXPECT_EQ(probe.variable("FRIMBOLATE_NO_SUCH_VARIABLE"), "");
 }
 
