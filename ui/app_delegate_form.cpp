@@ -51,7 +51,7 @@ void AppDelegate::createNewAgent() {
     form_.agentScheduleDatePicker.width = normalDatePickerWidth;
     resetDrawerControls();
     form_.showPopOverScriptButton.toolTip = "Click to edit script";
-    setUpDefaults();
+    setUpDefaults(); // sets globbing and priority, too
 }
 
 void AppDelegate::hideErrorMarkers() {
@@ -62,8 +62,6 @@ void AppDelegate::hideErrorMarkers() {
 }
 
 void AppDelegate::resetDrawerControls() {
-    form_.enableGlobbingCheckbox.state = CheckState::Off;
-    form_.priorityLevelButton.selectedItem = PriorityLevel::Low;
     form_.niceLevelSlider.value = 0.0;
     niceLevelSliderValueChanged();
     for (auto* field :
@@ -89,7 +87,6 @@ void AppDelegate::applyAgentAction() {
     if (action <= AgentAction::KeepRunning) {
         form_.agentIntervalField.hidden = true;
         form_.agentIntervalTypeButton.hidden = true;
-        form_.agentIntervalField.stringValue.clear();
         if (action == AgentAction::KeepRunning) {
             form_.agentScheduleTypeButton.disabledItems.insert(ScheduleType::OnInterval);
             turnOff(form_.allowSuccessfulExitCheckbox, true);
