@@ -45,7 +45,6 @@ void CommandSheet::chooseAgent(std::string message, std::string (*compose)(std::
 }
 
 void CommandSheet::put(const std::string& command) {
-    form_.actionScriptTextView.editable = true;
     form_.actionScriptTextView.string = command;
     form_.actionScriptTextView.editable = false;
     evaluateAutoCopyScripts(command);
