@@ -60,6 +60,9 @@ class AppDelegate : private ReaderEditor {
     DrawerController& advancedDrawer() { return drawer_; }
     /// Sends the action that the toolbar item carries now, as a click on it does.
     void sendAdvancedToolbarItem();
+    /// Asks for the file or folder of one of the drawer's path fields.
+    /// \param pathField the outlet of the field; any other name asks for nothing
+    void choosePath(std::string_view pathField);
 
     // The target and the additional watch path
     void chooseAgentTarget();

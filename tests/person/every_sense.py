@@ -34,6 +34,9 @@ DRAWER = [
     "text 'Working folder'", "text 'Root folder'", "text 'Queue folder'",
     "check box 'Expand wildcards in arguments'", "check box 'Allow successful exit'",
     "check box 'Agent loads'", "check box 'Volume mounts'", "check box 'Path changes'",
+    *[f"push button 'Choose: {path}'" for path in (
+        "Standard input", "Standard output", "Standard error", "Working folder", "Root folder",
+        "Queue folder")],
 ]
 SCHEDULES = {
     "Every Day": ["spin button 'Time of day'"],

@@ -279,7 +279,7 @@ class Person:
 
     def tab_to(self, node):
         """Presses Tab until the control has the focus, once around at most."""
-        for _ in range(40):
+        for _ in range(60):
             if has(node, "FOCUSED"):
                 return
             before = self.focused()

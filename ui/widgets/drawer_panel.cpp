@@ -1,20 +1,27 @@
 #include "ui/widgets/drawer_panel.h"
 
+#include "core/path_hint.h"
+#include "ui/widgets/elided_label.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/image_well_button.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
 #include "ui/widgets/look/surfaces.h"
+#include "ui/widgets/path_field.h"
 #include "ui/widgets/pop_up_button.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/tip_button.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPropertyAnimation>
 #include <QSlider>
 #include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
 
 namespace frimbolate {
 
@@ -28,14 +35,16 @@ constexpr int captionX = 24, controlX = 128, secondX = 248, controlWidth = 248;
 constexpr int fieldHeight = 24, pitch = 27, checkHeight = 20;
 constexpr int titleY = 12, priorityY = 40, niceY = 67, pathsY = 96;
 constexpr int globbingY = 264, exitY = 288, alsoRunY = 318, alsoRunSecondY = 342;
+constexpr int chooserSide = 24, chooserGap = 4;
+constexpr int pathHintX = 104; ///< right of the title
 constexpr int slideMilliseconds = 180;
 
-struct PathField {
+struct PathRow {
     std::string_view outlet;
     TextField FormModel::*member;
     const char* caption;
 };
-constexpr PathField pathFields[] = {
+constexpr PathRow pathFields[] = {
     {"standardInPathField", &FormModel::standardInPathField, "Stan&dard input"},
     {"standardOutPathField", &FormModel::standardOutPathField, "Standard o&utput"},
     {"standardErrorPathField", &FormModel::standardErrorPathField, "Standard e&rror"},
@@ -43,6 +52,10 @@ constexpr PathField pathFields[] = {
     {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder"},
     {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
 };
+
+QString hintOf(const std::string& path) {
+    return text(pathHint(path, QDir::homePath().toStdString()));
+}
 
 class Shadow : public QWidget {
   public:
@@ -72,6 +85,7 @@ DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
     addPriority();
     addNiceLevel();
     addPathFields();
+    addPathHint();
     addOptions();
     hide();
     mirror_.show([this](const FormModel& form) { setOpen(form.advancedDrawer.open); });
@@ -194,13 +208,33 @@ void DrawerPanel::addNiceLevel() {
 
 void DrawerPanel::addPathFields() {
     int y = pathsY;
-    for (const PathField& row : pathFields) {
-        auto* field = new QLineEdit(this);
+    for (const PathRow& row : pathFields) {
+        auto* field = new PathField(this);
         mirror_.bind(row.outlet, field, row.member);
         addCaption(y, tr(row.caption), field);
-        place(field, controlX, y, controlWidth, fieldHeight);
+        place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
+        QWidget* chooser = makeChooseButton(mirror_, row.outlet, field->accessibleName(), this);
+        place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
+        mirror_.show([field, member = row.member](const FormModel& form) {
+            field->setHint(hintOf((form.*member).stringValue));
+        });
         y += pitch;
     }
+}
+
+void DrawerPanel::addPathHint() {
+    auto* hint = new ElidedLabel(Qt::ElideRight, this);
+    hint->setObjectName("pathHint");
+    hint->setWarning(true);
+    place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
+    mirror_.show([hint](const FormModel& form) {
+        const auto* row = std::ranges::find_if(pathFields, [&form](const PathRow& each) {
+            return !hintOf((form.*each.member).stringValue).isEmpty();
+        });
+        hint->setVisible(row != std::end(pathFields));
+        if (row != std::end(pathFields))
+            hint->setWholeText(tr("%1: “~” is not expanded").arg(tr(row->caption).remove('&')));
+    });
 }
 
 QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {

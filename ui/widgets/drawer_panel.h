@@ -53,6 +53,7 @@ class DrawerPanel : public QWidget {
     void addPriority();
     void addNiceLevel();
     void addPathFields();
+    void addPathHint();
     void addOptions();
     QCheckBox* addCheckBox(int x, int y, const QString& title);
     QPoint openPosition() const;

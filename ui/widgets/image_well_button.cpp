@@ -1,42 +1,15 @@
 #include "ui/widgets/image_well_button.h"
 
+#include "ui/widgets/dragged_path.h"
 #include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/panel_rules.h"
 #include "ui/widgets/window_access.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QDropEvent>
-#include <QMimeData>
-#include <QUrl>
 
 namespace frimbolate {
-
-namespace {
-
-/// The one file of this computer that is dragged; empty where it is more, less or elsewhere.
-QString draggedPath(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    if (urls.size() != 1 || !urls.first().isLocalFile())
-        return {};
-    const QString host = urls.first().host();
-    if (!host.isEmpty() && host != "localhost")
-        return {};
-    // A file manager may end a folder's path with a slash, a panel never does.
-    return QDir::cleanPath(urls.first().path(QUrl::FullyDecoded));
-}
-
-/// What the source is told to have been done; nothing where it would give the file away.
-Qt::DropAction harmlessAction(const QDropEvent& event) {
-    for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction})
-        if (event.possibleActions() & action)
-            return action;
-    return Qt::IgnoreAction;
-}
-
-} // namespace
 
 ImageWellButton::ImageWellButton(int side, look::Plane plane, QWidget* parent)
     : QToolButton(parent), plane_(plane) {
@@ -86,9 +59,7 @@ void ImageWellButton::acceptDropsFor(const OpenPanel& panel) {
 }
 
 QString ImageWellButton::pathDropped(const QDropEvent& event) const {
-    if (!panel_ || QApplication::activeModalWidget() || harmlessAction(event) == Qt::IgnoreAction)
-        return {};
-    const QString path = draggedPath(*event.mimeData());
+    const QString path = panel_ ? draggedPath(event) : QString();
     if (path.isEmpty())
         return {};
     const PanelChoice choice = tryToChoose(*panel_, path);
@@ -102,8 +73,7 @@ void ImageWellButton::setHovered(bool hovered) {
 
 void ImageWellButton::dragEnterEvent(QDragEnterEvent* event) {
     setHovered(!pathDropped(*event).isEmpty());
-    event->setDropAction(harmlessAction(*event));
-    event->setAccepted(isHovered_);
+    answer(*event, isHovered_);
 }
 
 void ImageWellButton::dragLeaveEvent(QDragLeaveEvent*) { setHovered(false); }
@@ -111,8 +81,7 @@ void ImageWellButton::dragLeaveEvent(QDragLeaveEvent*) { setHovered(false); }
 void ImageWellButton::dropEvent(QDropEvent* event) {
     setHovered(false);
     const QString path = pathDropped(*event);
-    event->setDropAction(harmlessAction(*event));
-    event->setAccepted(!path.isEmpty());
+    answer(*event, !path.isEmpty());
     if (!path.isEmpty())
         emit dropped(path);
 }

@@ -1,0 +1,75 @@
+// The paths of the drawer, chosen in a panel.
+#include "tests/support/editor_test.h"
+#include "tests/support/form_picture.h"
+#include "tests/support/rows.h"
+
+namespace frimbolate {
+
+namespace {
+
+using test::differences;
+using test::dirtyForm;
+using test::EditorTest;
+using test::NamedAfterRow;
+using test::picture;
+using test::with;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct PathRow {
+    std::string_view name; ///< the outlet
+    bool isFolder;
+};
+
+class PathChoice : public EditorTest, public testing::WithParamInterface<PathRow> {};
+
+TEST_P(PathChoice, asksForAFileOrFolder) {
+    editor.choosePath(GetParam().name);
+    const OpenPanel panel = platform.shownOpenPanel();
+    EXPECT_EQ(panel.canChooseFiles, !GetParam().isFolder);
+    EXPECT_EQ(panel.canChooseDirectories, GetParam().isFolder);
+    EXPECT_EQ(panel.canCreateDirectories, GetParam().isFolder);
+    EXPECT_TRUE(panel.resolvesAliases);
+    EXPECT_EQ(panel.prompt, "Select");
+    EXPECT_EQ(panel.message, GetParam().isFolder ? "Please choose folder:" : "Please choose file:");
+    EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
+    EXPECT_FALSE(panel.directory);
+    platform.cancelPanel();
+}
+
+TEST_P(PathChoice, setsThatFieldAlone) {
+    form = dirtyForm(true);
+    const auto expected =
+        with(picture(form), {{std::string(GetParam().name) + ".stringValue", "/var/log/a b.log"}});
+    editor.choosePath(GetParam().name);
+    platform.choose("/var/log/a b.log");
+    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_EQ(platform.journal.count("open panel"), 1u);
+    EXPECT_EQ(platform.journal.lines().size(), 1u) << "nothing else happens";
+}
+
+TEST_P(PathChoice, changesNothingWhenCancelled) {
+    form = dirtyForm(true);
+    const auto before = picture(form);
+    editor.choosePath(GetParam().name);
+    platform.cancelPanel();
+    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+}
+
+const PathRow pathRows[] = {
+    {"standardInPathField", false},    {"standardOutPathField", false},
+    {"standardErrorPathField", false}, {"workingDirectoryField", true},
+    {"rootDirectoryField", true},      {"queueDirectoryField", true},
+};
+
+INSTANTIATE_TEST_SUITE_P(Fields, PathChoice, testing::ValuesIn(pathRows), NamedAfterRow());
+
+TEST_F(EditorTest, noPathIsChosenForAnythingElse) {
+    for (const char* name : {"agentNameTextField", "niceLevelTextField", ""})
+        editor.choosePath(name);
+    EXPECT_FALSE(platform.isAsking());
+}
+
+} // namespace
+
+} // namespace frimbolate
