@@ -17,9 +17,11 @@ if(NOT APPLE)
 endif()
 
 if(FRIMBOLATE_SANITIZE)
+  # "undefined" leaves out the casts of numbers too large for the integer.
+  set(sanitizers address,undefined,float-cast-overflow)
   target_compile_options(frimbolate_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(frimbolate_options INTERFACE -fsanitize=address,undefined)
+    -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(frimbolate_options INTERFACE -fsanitize=${sanitizers})
 endif()
 if(FRIMBOLATE_COVERAGE)
   target_compile_options(frimbolate_options INTERFACE --coverage -O0)
