@@ -62,7 +62,7 @@ class SymbolicLinks : public testing::Test {
     }
 
     TemporaryFolder folder;
-    std::string shared = folder / "shared";
+    std::string shared = folder / "open";
     std::string target = folder / "target";
 };
 
@@ -72,7 +72,7 @@ TEST_F(SymbolicLinks, OfAnotherUserAreNotFollowedInASharedFolder) {
 
 TEST_F(SymbolicLinks, OfAnotherUserAreNotFollowedFromALinkEither) {
     const bool given = putLink("../target", shared + "/link");
-    std::filesystem::create_symlink("../shared/link", folder / "private/link");
+    std::filesystem::create_symlink("../open/link", folder / "private/link");
     expectRefusedIf(given, folder / "private/link");
 }
 
