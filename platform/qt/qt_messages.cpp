@@ -2,6 +2,7 @@
 
 #include "platform/qt/line_writer.h"
 
+#include <QString>
 #include <QtGlobal>
 
 #include <atomic>
