@@ -39,8 +39,8 @@ TEST_P(PathChoice, asksForAFileOrFolder) {
 
 TEST_P(PathChoice, setsThatFieldAlone) {
     form = dirtyForm(true);
-    const auto expected =
-        with(picture(form), {{std::string(GetParam().name) + ".stringValue", "/var/log/a b.log"}});
+    const auto expected = with(
+        picture(form), {{std::string(GetParam().name) + ".stringValue", "\"/var/log/a b.log\""}});
     editor.choosePath(GetParam().name);
     platform.choose("/var/log/a b.log");
     EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
