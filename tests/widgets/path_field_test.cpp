@@ -53,8 +53,9 @@ class PathFieldTest : public WindowTest {
         event.setDropAction(Qt::MoveAction); // what a source proposes when nothing is held
         QCoreApplication::sendEvent(field, &event);
         EXPECT_EQ(entered, event.isAccepted());
-        if (event.isAccepted())
+        if (event.isAccepted()) {
             EXPECT_NE(event.dropAction(), Qt::MoveAction) << "the source would give its file away";
+        }
         return event.isAccepted();
     }
     static std::unique_ptr<QMimeData> urls(const QList<QUrl>& list) {
