@@ -70,7 +70,8 @@ class StartUp : public testing::Test {
                 .workspace = all.workspace,
                 .clock = all.clock,
                 .log = all.log,
-                .application = all.application};
+                .application = all.application,
+                .trash = all.trash};
     }
 };
 
