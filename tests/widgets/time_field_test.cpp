@@ -103,6 +103,22 @@ TEST_P(TimeFieldTest, TabAndTheFirstClickSelectTheWholeTime) {
     EXPECT_EQ(line()->selectedText(), line()->text());
 }
 
+TEST_P(TimeFieldTest, AFocusThatCameWhileAMenuWasOpenSelectsTheWholeTimeToo) {
+    for (const auto reason :
+         {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason, Qt::MenuBarFocusReason}) {
+        enterByClick();
+        press(Qt::Key_Right); // nothing is selected any more
+        find("agentNameTextField")->setFocus();
+        field()->setFocus(reason);
+        EXPECT_EQ(line()->selectedText(), line()->text());
+        click(line(), placeOf(4));
+        EXPECT_EQ(line()->selectedText(), line()->text()) << "the first click";
+        click(line(), placeOf(4));
+        EXPECT_EQ(line()->cursorPosition(), 4);
+        EXPECT_EQ(line()->selectedText(), "");
+    }
+}
+
 TEST_P(TimeFieldTest, ASecondClickPlacesTheCursor) {
     enterByClick();
     click(line(), placeOf(4));

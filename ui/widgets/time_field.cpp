@@ -82,15 +82,19 @@ bool TimeField::eventFilter(QObject* watched, QEvent* event) {
 
 void TimeField::focusInEvent(QFocusEvent* event) {
     QAbstractSpinBox::focusInEvent(event);
+    const bool isFirst = std::exchange(isLeft_, false);
     switch (event->reason()) {
     case Qt::ActiveWindowFocusReason:
     case Qt::PopupFocusReason:
     case Qt::MenuBarFocusReason:
-        return; // back from a while elsewhere
+        if (!isFirst)
+            return; // back from a while elsewhere
+        break;      // the control that had the focus was hidden meanwhile
     default:
-        isNew_ = event->reason() == Qt::MouseFocusReason;
-        selectAll();
+        break;
     }
+    isNew_ = true;
+    selectAll();
 }
 
 void TimeField::keyPressEvent(QKeyEvent* event) {
@@ -161,10 +165,12 @@ void TimeField::readInPassing() {
 }
 
 void TimeField::followFocus(const QWidget* focused) {
-    if (!focused)
+    if (!focused) {
         readInPassing(); // the window has lost the keyboard, and the user may go on typing
-    else if (focused != this && !qobject_cast<const QMenuBar*>(focused))
+    } else if (focused != this && !qobject_cast<const QMenuBar*>(focused)) {
+        isLeft_ = true;
         commit();
+    }
 }
 
 } // namespace frimbolate

@@ -70,6 +70,7 @@ class TimeField : public QAbstractSpinBox {
     bool showsTime_ = false; ///< while the field itself sets its text
     bool isNew_ = false;     ///< a press into the text selects the whole while it is selected
     bool isPressed_ = false; ///< that press is still held
+    bool isLeft_ = true;     ///< another control had the keyboard since the field had it
 };
 
 } // namespace frimbolate
