@@ -2,13 +2,13 @@
 
 #include "core/command_warning.h"
 #include "core/conversions.h"
+#include "ui/widgets/accessible_description.h"
 #include "ui/widgets/command_text.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
 #include "ui/widgets/text.h"
 #include "ui/widgets/warning_label.h"
-#include "ui/widgets/window_access.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,6 +1,7 @@
 #include "ui/widgets/form_card.h"
 
 #include "core/sentences.h"
+#include "ui/widgets/accessible_description.h"
 #include "ui/widgets/clock_format.h"
 #include "ui/widgets/elided_label.h"
 #include "ui/widgets/form_mirror.h"
@@ -13,7 +14,6 @@
 #include "ui/widgets/text.h"
 #include "ui/widgets/time_field.h"
 #include "ui/widgets/tip_button.h"
-#include "ui/widgets/window_access.h"
 
 #include <QDir>
 #include <QGridLayout>

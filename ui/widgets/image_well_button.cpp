@@ -1,11 +1,11 @@
 #include "ui/widgets/image_well_button.h"
 
+#include "ui/widgets/accessible_description.h"
 #include "ui/widgets/dragged_path.h"
 #include "ui/widgets/long_text.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/panel_rules.h"
-#include "ui/widgets/window_access.h"
 
 #include <QDropEvent>
 

@@ -1,9 +1,9 @@
 #include "ui/widgets/new_folder_sheet.h"
 
+#include "ui/widgets/accessible_description.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
 #include "ui/widgets/panel_rules.h"
-#include "ui/widgets/window_access.h"
 #include "ui/widgets/wrapped_text.h"
 
 #include <QDir>

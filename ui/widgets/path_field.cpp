@@ -1,5 +1,6 @@
 #include "ui/widgets/path_field.h"
 
+#include "ui/widgets/accessible_description.h"
 #include "ui/widgets/dragged_path.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/long_text.h"
@@ -9,7 +10,6 @@
 #include "ui/widgets/look/surfaces.h"
 #include "ui/widgets/panel_rules.h"
 #include "ui/widgets/text.h"
-#include "ui/widgets/window_access.h"
 
 #include <QDropEvent>
 #include <QMimeData>

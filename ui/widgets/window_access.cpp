@@ -87,10 +87,4 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
 
 void installWindowAccess() { QAccessible::installFactory(makeAccess); }
 
-void describe(QWidget* control, const QString& description) {
-    const QString told = labelText(description);
-    if (told != control->accessibleDescription())
-        control->setAccessibleDescription(told);
-}
-
 } // namespace frimbolate

@@ -2,9 +2,6 @@
 // itself.
 #pragma once
 
-class QString;
-class QWidget;
-
 namespace frimbolate {
 
 /// The toolkit lists no window of the kind that a pop-over is, so whoever reads the screen would
@@ -12,8 +9,5 @@ namespace frimbolate {
 /// role of one, by which screen readers know to read it aloud whole, and so has a warning inside a
 /// sheet; a text that wraps anywhere has that of a label. Calling it again does nothing more.
 void installWindowAccess();
-
-/// What a control shows beside its name. Told only when it is news: a screen reader says it anew.
-void describe(QWidget* control, const QString& description);
 
 } // namespace frimbolate
