@@ -5,7 +5,7 @@
 #include "platform/qt/qt_workspace.h"
 #include "platform/qt/single_instance.h"
 #include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/install.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,7 +1,7 @@
 // Keeps a picture of every face of the window, as it stands on the screen.
 #include "tests/look/stage.h"
 #include "tests/widgets/chosen_font.h"
-#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/install.h"
 
 #include <QApplication>
 #include <QCursor>

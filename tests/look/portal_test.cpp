@@ -1,10 +1,11 @@
 // The look follows the desktop's settings portal: at the start, and while the program runs.
 #include "tests/look/running_portal.h"
 #include "ui/widgets/look/desktop_wishes.h"
-#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/install.h"
 #include "ui/widgets/look/tokens.h"
 
 #include <QApplication>
+#include <QStyle>
 #include <QTest>
 
 #include <gtest/gtest.h>

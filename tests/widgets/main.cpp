@@ -1,5 +1,5 @@
 #include "tests/widgets/chosen_font.h"
-#include "ui/widgets/look/style.h"
+#include "ui/widgets/look/install.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,5 @@
 #include "ui/widgets/window_access.h"
 
-#include "ui/widgets/long_text.h"
 #include "ui/widgets/main_window.h"
 #include "ui/widgets/script_pop_over.h"
 #include "ui/widgets/sheet_alerts.h"

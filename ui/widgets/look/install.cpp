@@ -1,3 +1,5 @@
+#include "ui/widgets/look/install.h"
+
 #include "ui/widgets/look/desktop_wishes.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/style.h"
