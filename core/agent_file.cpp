@@ -1,8 +1,7 @@
 #include "core/agent_file.h"
 
 #include "core/conversions.h"
-
-#include <array>
+#include "core/script_types.h"
 
 namespace frimbolate {
 
@@ -10,24 +9,11 @@ namespace {
 
 constexpr std::string_view fileSuffix = ".plist";
 
-struct Interpreter {
-    std::string_view extension;
-    std::string_view program;
-};
-
-constexpr std::array<Interpreter, 6> interpreters = {{{"sh", "/bin/sh"},
-                                                      {"py", "/usr/bin/python"},
-                                                      {"rb", "/usr/bin/ruby"},
-                                                      {"pl", "/usr/bin/perl"},
-                                                      {"workflow", "/usr/bin/automator"},
-                                                      {"scpt", "/usr/bin/osascript"}}};
-
 Array programArguments(const AgentForm& form) {
     if (form.targetType != TargetType::File)
-        return {Value("/bin/sh"), Value("-c"), Value(form.scriptText)};
-    for (const auto& [extension, program] : interpreters)
-        if (targetExtension(form.targetPath) == extension)
-            return {Value(program), Value(form.targetPath)};
+        return {Value(shellScript.interpreter), Value("-c"), Value(form.scriptText)};
+    if (const auto* type = scriptTypeWithExtension(targetExtension(form.targetPath)))
+        return {Value(type->interpreter), Value(form.targetPath)};
     return {Value(form.targetPath)};
 }
 
@@ -47,7 +33,7 @@ Dictionary calendarInterval(const AgentForm& form) {
     if (type >= ScheduleType::EverySunday && type <= ScheduleType::EverySaturday)
         calendar["Weekday"] = type - ScheduleType::EverySunday;
     if (type == ScheduleType::OnceAMonth)
-        calendar["Day"] = scaledInteger(form.dayOfMonthText, 1);
+        calendar["Day"] = dayOfMonth(form);
     return calendar;
 }
 
@@ -56,7 +42,7 @@ void writeSchedule(AgentFile& file, const AgentForm& form) {
         form.scheduleType == ScheduleType::OnceAMonth)
         file["StartCalendarInterval"] = calendarInterval(form);
     else if (form.scheduleType == ScheduleType::OnInterval)
-        file["StartInterval"] = scaledInteger(form.intervalText, secondsPer(form.intervalUnit));
+        file["StartInterval"] = startInterval(form);
     else if (form.scheduleType == ScheduleType::AtLoad)
         file["RunAtLoad"] = true;
 }
@@ -123,6 +109,12 @@ AgentFile agentFile(const AgentForm& form, std::string_view label) {
     writeAdditionalConditions(file, form);
     return file;
 }
+
+std::int32_t startInterval(const AgentForm& form) {
+    return scaledInteger(form.intervalText, secondsPer(form.intervalUnit));
+}
+
+std::int32_t dayOfMonth(const AgentForm& form) { return scaledInteger(form.dayOfMonthText, 1); }
 
 std::string proposedFileName(std::string_view agentName) {
     return std::string(labelPrefix).append(agentName).append(fileSuffix);

@@ -4,6 +4,7 @@
 #include "core/agent_form.h"
 #include "core/value.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,13 @@ using AgentFile = Dictionary;
 /// The agent file for a form that passed validation. It starts from nothing, so a key of an agent
 /// that was read before survives only when the form writes it again.
 AgentFile agentFile(const AgentForm& form, std::string_view label);
+
+/// The seconds of an interval schedule, in the 32 bits that launchd gets: the number that the text
+/// begins with times its unit, truncated. What is not positive launchd ignores.
+std::int32_t startInterval(const AgentForm& form);
+
+/// The day of a monthly schedule, truncated to 32 bits.
+std::int32_t dayOfMonth(const AgentForm& form);
 
 /// The file name that the program proposes for an agent: prefix, name as typed, ".plist".
 std::string proposedFileName(std::string_view agentName);

@@ -2,23 +2,13 @@
 
 #include "core/conversions.h"
 #include "core/failure.h"
+#include "core/form_widths.h"
 #include "core/pop_up_items.h"
-
-#include <array>
+#include "core/weekdays.h"
 
 namespace frimbolate {
 
 namespace {
-
-constexpr int normalScheduleWidth = 160;
-constexpr int wideScheduleWidth = 311;
-constexpr int normalDatePickerWidth = 146;
-constexpr int narrowDatePickerWidth = 90;
-
-/// launchd counts Sunday as 0 or 7.
-constexpr std::array<std::string_view, 8> weekdayTitles = {
-    "Every Sunday",   "Every Monday", "Every Tuesday",  "Every Wednesday",
-    "Every Thursday", "Every Friday", "Every Saturday", "Every Sunday"};
 
 std::int64_t integerOrZero(const Value* value) { return value ? integerValue(*value) : 0; }
 
@@ -198,9 +188,12 @@ void AgentReader::readDayOfMonth(const Value& day) {
 void AgentReader::readWeekday(const Value* weekday) {
     auto& form = editor_.form();
     editor_.log("Agent runs once a week on day : " + description(weekday));
+    // launchd counts Sunday as 0 or 7.
+    constexpr auto sundayAgain = static_cast<std::int64_t>(weekdays.size());
     const auto number = integerOrZero(weekday);
-    if (number >= 0 && number < static_cast<std::int64_t>(weekdayTitles.size()))
-        selectScheduleTitled(weekdayTitles[static_cast<std::size_t>(number)]);
+    if (number >= 0 && number <= sundayAgain)
+        selectScheduleTitled(
+            weekdays[static_cast<std::size_t>(number % sundayAgain)].scheduleTitle);
     form.agentScheduleTypeButton.width = normalScheduleWidth;
     form.agentScheduleDatePicker.hidden = false;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/agent_form.h"
+#include "core/form_widths.h"
 
 #include <optional>
 #include <set>
@@ -38,7 +39,7 @@ struct CheckBox {
 struct DatePicker {
     LocalDateTime dateValue;
     bool hidden = false;
-    int width = 146; ///< points
+    int width = normalDatePickerWidth; ///< points
     /// What was typed last and means no time, for the row to tell; the date value is the one from
     /// before. None once another time is set, or the picker hidden.
     std::optional<std::string> unreadableText;

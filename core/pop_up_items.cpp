@@ -1,5 +1,7 @@
 #include "core/pop_up_items.h"
 
+#include "core/weekdays.h"
+
 namespace frimbolate {
 
 namespace {
@@ -20,11 +22,12 @@ constexpr PopUpItem actions[] = {placeholder("Choose\u2026"),
                                  {"Launch when a path is modified\u2026"},
                                  {"Launch when a volume is mounted"}};
 
-constexpr PopUpItem schedules[] = {{"Every Day"},      separator,         {"Every Sunday"},
-                                   {"Every Monday"},   {"Every Tuesday"}, {"Every Wednesday"},
-                                   {"Every Thursday"}, {"Every Friday"},  {"Every Saturday"},
-                                   separator,          {"Once a Month"},  separator,
-                                   {"On Login/Load"},  separator,         {"On Interval"}};
+constexpr PopUpItem every(std::size_t weekday) { return {weekdays[weekday].scheduleTitle}; }
+
+constexpr PopUpItem schedules[] = {{"Every Day"},     separator, every(0),         every(1),
+                                   every(2),          every(3),  every(4),         every(5),
+                                   every(6),          separator, {"Once a Month"}, separator,
+                                   {"On Login/Load"}, separator, {"On Interval"}};
 
 constexpr PopUpItem units[] = {{"seconds"}, {"minutes"}, {"hours"}};
 

@@ -1,11 +1,9 @@
 #include "core/value.h"
 
 #include "core/failure.h"
+#include "core/value_text.h"
 
 #include <array>
-#include <charconv>
-#include <chrono>
-#include <cstdio>
 
 namespace frimbolate {
 
@@ -50,26 +48,6 @@ std::string describedData(const Data& data) {
     return result + '>';
 }
 
-std::string describedReal(double number) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    return {text.data(), end};
-}
-
-std::string describedDate(Date date) {
-    const std::chrono::sys_seconds moment{std::chrono::seconds(date.secondsSinceEpoch)};
-    const auto day = std::chrono::floor<std::chrono::days>(moment);
-    const std::chrono::year_month_day calendar(day);
-    const std::chrono::hh_mm_ss time(moment - day);
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d +0000",
-                  static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
-                  static_cast<unsigned>(calendar.day()), static_cast<int>(time.hours().count()),
-                  static_cast<int>(time.minutes().count()),
-                  static_cast<int>(time.seconds().count()));
-    return text.data();
-}
-
 std::string described(const Value& value, int depth);
 
 std::string describedArray(const Array& array, int depth) {
@@ -98,11 +76,11 @@ std::string described(const Value& value, int depth) {
     if (const auto* number = value.bigInteger())
         return std::to_string(*number);
     if (const auto* number = value.real())
-        return describedReal(*number);
+        return shortestReal(*number);
     if (const auto* data = value.data())
         return describedData(*data);
     if (const auto* date = value.date())
-        return describedDate(*date);
+        return utcText(*date, ' ', " +0000");
     if (const auto* array = value.array())
         return describedArray(*array, depth);
     return describedDictionary(*value.dictionary(), depth);

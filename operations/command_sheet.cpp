@@ -6,23 +6,6 @@
 
 namespace frimbolate {
 
-namespace {
-
-std::string command(std::string_view verb, std::string_view path) {
-    return std::string("launchctl ").append(verb).append(" '").append(path).append("'");
-}
-
-} // namespace
-
-std::string loadCommand(std::string_view path) { return command("load", path); }
-std::string unloadCommand(std::string_view path) { return command("unload", path); }
-
-std::string_view pathOfCommand(std::string_view command) {
-    const auto opening = command.find('\'');
-    const auto closing = command.rfind('\'');
-    return opening == closing ? "" : command.substr(opening + 1, closing - opening - 1);
-}
-
 void CommandSheet::loadLaunchAgent() {
     chooseAgent("Please choose a launch agent to load:", loadCommand);
 }

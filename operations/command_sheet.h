@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/form_model.h"
+#include "core/launchctl_command.h"
 #include "platform/lifetime.h"
 #include "platform/services.h"
 
@@ -12,12 +13,6 @@
 #include <string_view>
 
 namespace frimbolate {
-
-/// Prefix, path and one closing single quote: a quote inside the path is not escaped.
-std::string loadCommand(std::string_view path);
-std::string unloadCommand(std::string_view path);
-/// The path that such a command holds; empty for any other text.
-std::string_view pathOfCommand(std::string_view command);
 
 class CommandSheet {
   public:

@@ -132,7 +132,7 @@ class AppDelegate : private ReaderEditor {
     bool isSuccessfulExitAtRisk();
 
     void targetChosen(const std::string& path);
-    void chooseExecutableOf(const std::string& bundlePath);
+    void chooseExecutableOf(const std::string& bundle);
     void additionalWatchPathChosen(const std::optional<std::string>& path);
 
     void saveAgent(const SaveLocation& location);

@@ -5,18 +5,13 @@
 #include "ui/app_delegate.h"
 
 #include "core/agent_file.h"
+#include "core/bundle_path.h"
 #include "core/conversions.h"
+#include "core/form_widths.h"
 
 namespace frimbolate {
 
 namespace {
-
-// Widths in points. The schedule pop-up is wide when nothing is shown beside it, the date picker
-// narrow beside the day of the month.
-constexpr int normalScheduleWidth = 160;
-constexpr int wideScheduleWidth = 311;
-constexpr int normalDatePickerWidth = 146;
-constexpr int narrowDatePickerWidth = 90;
 
 void turnOff(CheckBox& box, bool enabled) {
     box.state = CheckState::Off;
@@ -216,7 +211,7 @@ bool AppDelegate::isSuccessfulExitAtRisk() {
         form_.agentActionButton.selectedItem != AgentAction::KeepRunning ||
         (target != TargetType::File && target != TargetType::Script))
         return false;
-    const auto bundle = firstPiece(form_.agentTargetImageWell.toolTip, "/Contents/MacOS/");
+    const auto bundle = bundlePath(form_.agentTargetImageWell.toolTip);
     services_.defaults.synchronize();
     return holdsString(services_.defaults, PreferenceKey::warnForSuccessfulExit, "True") &&
            targetExtension(bundle) != "app";

@@ -2,35 +2,18 @@
 #include "ui/app_delegate.h"
 
 #include "core/agent_file.h"
-#include "core/conversions.h"
+#include "core/bundle_path.h"
 #include "core/failure.h"
-
-#include <array>
+#include "core/script_types.h"
 
 namespace frimbolate {
 
 namespace {
 
-constexpr std::string_view executableFolder = "/Contents/MacOS/";
-
-struct ScriptImage {
-    std::string_view extension;
-    const char* image;
-};
-
-constexpr std::array<ScriptImage, 6> scriptImages = {{{"sh", "iconScriptBash.png"},
-                                                      {"py", "iconScriptPython.png"},
-                                                      {"rb", "iconScriptRuby.png"},
-                                                      {"pl", "iconScriptPerl.png"},
-                                                      {"scpt", "iconScriptAppleScript.png"},
-                                                      {"workflow", "iconScriptWorkflow.png"}}};
-
 /// The image for a script with this extension; none for any other file.
 Image scriptImage(std::string_view extension) {
-    for (const auto& row : scriptImages)
-        if (row.extension == extension)
-            return Image::resource(row.image);
-    return Image::none();
+    const auto* type = scriptTypeWithExtension(extension);
+    return type ? Image::resource(std::string(type->image)) : Image::none();
 }
 
 } // namespace
@@ -53,9 +36,13 @@ void AppDelegate::chooseAgentTarget() {
 OpenPanel AppDelegate::targetPanel() {
     OpenPanel panel;
     panel.prompt = "Select";
-    panel.message = "Please choose an application, script, or workflow (.app, .sh, .py, .rb, .pl, "
-                    ".scpt, .workflow):";
-    panel.allowedFileTypes = {"app", "sh", "py", "rb", "pl", "scpt", "workflow"};
+    panel.message = "Please choose an application, script, or workflow (.app";
+    panel.allowedFileTypes = {"app"};
+    for (const auto& type : scriptTypes) {
+        panel.message.append(", .").append(type.extension);
+        panel.allowedFileTypes.emplace_back(type.extension);
+    }
+    panel.message += "):";
     panel.directory = "/Applications";
     return panel;
 }
@@ -94,14 +81,14 @@ void AppDelegate::targetChosen(const std::string& path) {
     validateSuccessfulExit();
 }
 
-void AppDelegate::chooseExecutableOf(const std::string& bundlePath) {
+void AppDelegate::chooseExecutableOf(const std::string& bundle) {
     try {
-        form_.agentTargetImageWell.image = Image::iconForFile(bundlePath);
-        const auto info = services_.files.readDictionary(bundlePath + "/Contents/Info.plist");
+        form_.agentTargetImageWell.image = Image::iconForFile(bundle);
+        const auto info = services_.files.readDictionary(bundle + "/Contents/Info.plist");
         const Value* name = info ? find(*info, "CFBundleExecutable") : nullptr;
         if (!name)
             throw Failure("Missing value", "The application names no executable");
-        const auto executable = bundlePath + std::string(executableFolder).append(name->asString());
+        const auto executable = bundle + std::string(executableFolder).append(name->asString());
         log("PATH TO EXECUTABLE: " + executable);
         if (!services_.files.exists(executable)) {
             log("Executable does not exist!!");
@@ -129,7 +116,7 @@ void AppDelegate::evaluateScriptExtension(const std::string& path) {
     auto& well = form_.agentTargetImageWell;
     well.image = scriptImage(extension);
     if (well.image == Image::none()) {
-        const std::string bundle(firstPiece(path, executableFolder));
+        const std::string bundle(bundlePath(path));
         log("Path for icon will be: " + bundle);
         well.image = Image::iconForFile(bundle);
     }

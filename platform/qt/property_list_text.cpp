@@ -1,5 +1,7 @@
 #include "platform/qt/property_list_text.h"
 
+#include "core/value_text.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -139,9 +141,7 @@ std::string textOfReal(double number) {
         return "nan";
     if (std::isinf(number))
         return number > 0 ? "+infinity" : "-infinity";
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    return {text.data(), end};
+    return shortestReal(number);
 }
 
 std::optional<Data> dataOfText(std::string_view text) {

@@ -1,9 +1,9 @@
 #include "platform/qt/utc_date.h"
 
-#include <array>
+#include "core/value_text.h"
+
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 
 namespace frimbolate {
 
@@ -56,16 +56,7 @@ std::optional<std::string> textOfDate(Date date) {
     const seconds moment{date.secondsSinceEpoch};
     if (moment < firstSecond || moment >= endOfTime)
         return std::nullopt;
-    const auto midnight = floor<days>(moment);
-    const year_month_day calendar{sys_days(midnight)};
-    const hh_mm_ss time(moment - midnight);
-    std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
-                  static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
-                  static_cast<unsigned>(calendar.day()), static_cast<int>(time.hours().count()),
-                  static_cast<int>(time.minutes().count()),
-                  static_cast<int>(time.seconds().count()));
-    return text.data();
+    return utcText(date, 'T', "Z");
 }
 
 } // namespace frimbolate

@@ -1,5 +1,8 @@
 #include "ui/widgets/panel_rules.h"
 
+#include "core/script_types.h"
+#include "ui/widgets/text.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -13,9 +16,6 @@ namespace {
 /// The longest file name that Linux and macOS file systems take, in bytes.
 constexpr qsizetype longestName = 255;
 
-/// The extensions of folders that desktops show as one file.
-constexpr const char* bundleTypes[] = {"app", "workflow"};
-
 QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
 
 bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
@@ -27,11 +27,15 @@ bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
     });
 }
 
+/// Desktops show applications and some scripts as one file, though they are folders.
 bool isOfBundleType(const QString& path) {
     const QString suffix = QFileInfo(path).suffix();
-    return std::ranges::any_of(bundleTypes, [&](const char* type) {
-        return suffix.compare(QLatin1String(type), Qt::CaseInsensitive) == 0;
-    });
+    const auto isSuffix = [&](std::string_view extension) {
+        return suffix.compare(text(extension), Qt::CaseInsensitive) == 0;
+    };
+    return isSuffix("app") || std::ranges::any_of(scriptTypes, [&](const ScriptType& type) {
+               return type.isFolder && isSuffix(type.extension);
+           });
 }
 
 QString refusalOf(const OpenPanel& panel, const QFileInfo& item) {

@@ -1,5 +1,6 @@
 #include "ui/widgets/script_pop_over.h"
 
+#include "core/script_types.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
 #include "ui/widgets/look/icons.h"
@@ -57,7 +58,7 @@ void ScriptPopOver::layOut() {
     language_->setUnlabelledName(tr("Language"));
     language_->setFixedSize(scaled(160), scaled(32));
     language_->setItemIcon(ScriptLanguage::Shell,
-                           look::imageIcon(Image::resource("iconScriptBash.png")));
+                           look::imageIcon(Image::resource(std::string(shellScript.image))));
     look::setFont(script_, look::FontRole::mono);
     script_->setAccessibleName(tr("Script"));
     script_->document()->setDocumentMargin(scaled(8));

@@ -1,5 +1,7 @@
 #include "ui/widgets/look/icons.h"
 
+#include "core/script_types.h"
+
 #include "ui/widgets/look/tokens.h"
 
 #include <QFile>
@@ -101,15 +103,6 @@ class SvgIconEngine : public QIconEngine {
     Plane plane_;
 };
 
-struct ScriptTile {
-    const char* extension;
-    const char* file;
-};
-constexpr ScriptTile scriptTiles[] = {
-    {"sh", "script-bash"}, {"py", "script-python"},  {"rb", "script-ruby"},
-    {"pl", "script-perl"}, {"scpt", "script-apple"}, {"workflow", "script-workflow"},
-};
-
 QIcon svgIcon(const QString& fileName, Plane plane) {
     static const bool isLoaded = (loadResources(), true);
     Q_UNUSED(isLoaded)
@@ -159,12 +152,11 @@ constexpr bool desktopKnowsBundles = false;
 
 /// Empty where the desktop's own icon says more.
 QString tileFor(const QFileInfo& file) {
-    for (const ScriptTile& row : scriptTiles)
-        if (file.suffix() == row.extension)
-            return row.file;
+    if (const auto* type = scriptTypeWithExtension(file.suffix().toStdString()))
+        return ":/images/" + QString::fromUtf8(type->image.data(), std::ssize(type->image));
     if (file.suffix() == "app")
-        return desktopKnowsBundles && file.exists() ? QString() : "application";
-    return file.isDir() ? "folder" : QString();
+        return desktopKnowsBundles && file.exists() ? QString() : ":/icons/application.svg";
+    return file.isDir() ? ":/icons/folder.svg" : QString();
 }
 
 QIcon fileIcon(const QString& path, Plane plane) {
@@ -174,9 +166,9 @@ QIcon fileIcon(const QString& path, Plane plane) {
         const QIcon ofDesktop = QFileIconProvider().icon(file);
         if (file.exists() && !ofDesktop.isNull())
             return ofDesktop;
-        tile = "file";
+        tile = ":/icons/file.svg";
     }
-    return svgIcon(":/icons/" + tile + ".svg", plane);
+    return svgIcon(tile, plane);
 }
 
 } // namespace

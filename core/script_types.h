@@ -1,0 +1,36 @@
+// The types of script file that the program knows: one table for writer, form, panel and icons.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace frimbolate {
+
+struct ScriptType {
+    std::string_view extension;   ///< without the dot; compared exactly, case included
+    std::string_view interpreter; ///< absolute path of the program that runs it
+    std::string_view image;       ///< name of the image resource that stands for it
+    bool isFolder = false;        ///< a folder that desktops show as one file
+};
+
+/// In the order in which the extensions are offered.
+inline constexpr std::array<ScriptType, 6> scriptTypes = {
+    {{"sh", "/bin/sh", "iconScriptBash.png"},
+     {"py", "/usr/bin/python", "iconScriptPython.png"},
+     {"rb", "/usr/bin/ruby", "iconScriptRuby.png"},
+     {"pl", "/usr/bin/perl", "iconScriptPerl.png"},
+     {"scpt", "/usr/bin/osascript", "iconScriptAppleScript.png"},
+     {"workflow", "/usr/bin/automator", "iconScriptWorkflow.png", true}}};
+
+/// What a script typed in place is.
+inline constexpr const ScriptType& shellScript = scriptTypes.front();
+
+/// The type with this extension, or nullptr.
+constexpr const ScriptType* scriptTypeWithExtension(std::string_view extension) {
+    for (const auto& type : scriptTypes)
+        if (type.extension == extension)
+            return &type;
+    return nullptr;
+}
+
+} // namespace frimbolate

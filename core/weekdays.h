@@ -1,0 +1,22 @@
+// The days of the week, Sunday first, as launchd counts them.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace frimbolate {
+
+struct Weekday {
+    std::string_view name;          ///< "Sunday"
+    std::string_view scheduleTitle; ///< the title of its item in the schedule pop-up
+};
+
+inline constexpr std::array<Weekday, 7> weekdays = {{{"Sunday", "Every Sunday"},
+                                                     {"Monday", "Every Monday"},
+                                                     {"Tuesday", "Every Tuesday"},
+                                                     {"Wednesday", "Every Wednesday"},
+                                                     {"Thursday", "Every Thursday"},
+                                                     {"Friday", "Every Friday"},
+                                                     {"Saturday", "Every Saturday"}}};
+
+} // namespace frimbolate
