@@ -2,7 +2,7 @@
 
 #include "core/agent_file.h"
 #include "core/conversions.h"
-#include "core/validation.h"
+#include "core/weekdays.h"
 
 #include <array>
 
@@ -22,27 +22,25 @@ std::string ordinal(int number) {
     return std::to_string(number).append(teen || last > 3 ? "th" : endings[last]);
 }
 
-std::string onceAMonth(const AgentForm& form, ClockFormat clock) {
-    if (validate(form).schedule)
+std::string onceAMonth(const AgentForm& form, const Faults& faults, ClockFormat clock) {
+    if (faultOfRow(faults, FormRow::Schedule))
         return "once a month" + atTime(form, clock);
     constexpr int everyMonthHas = 28;
-    const int day = truncatedTo32Bits(leadingInteger(form.dayOfMonthText));
+    const int day = dayOfMonth(form);
     return "on the " + ordinal(day) + " of every month" + atTime(form, clock) +
            (day > everyMonthHas ? ", skipping shorter months" : "");
 }
 
 /// Empty for the intervals that launchd ignores, zero among them.
-std::string onInterval(const AgentForm& form) {
-    if (validate(form).schedule)
+std::string onInterval(const AgentForm& form, const Faults& faults) {
+    if (faultOfRow(faults, FormRow::Schedule))
         return "at an interval";
     struct Unit {
         std::int64_t seconds;
         std::string_view name;
     };
     constexpr std::array<Unit, 3> units = {{{3600, "hour"}, {60, "minute"}, {1, "second"}}};
-    const auto file = agentFile(form, "");
-    const auto written = file.find("StartInterval");
-    const auto seconds = written == file.end() ? 0 : integerValue(written->second);
+    const auto seconds = startInterval(form);
     for (const auto& [length, name] : units)
         if (seconds > 0 && seconds % length == 0)
             return seconds == length ? "every " + std::string(name)
@@ -73,21 +71,19 @@ std::string excerpt(std::string_view text) {
 
 } // namespace
 
-std::string scheduleWords(const AgentForm& form, ClockFormat clock) {
-    constexpr std::array<std::string_view, 7> days = {"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                      "Thursday", "Friday", "Saturday"};
+std::string scheduleWords(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     const int type = form.scheduleType;
     if (type >= ScheduleType::EverySunday && type <= ScheduleType::EverySaturday) {
         const auto day = static_cast<std::size_t>(type - ScheduleType::EverySunday);
-        return "every " + std::string(days[day]) + atTime(form, clock);
+        return "every " + std::string(weekdays[day].name) + atTime(form, clock);
     }
     if (type < ScheduleType::EverySunday)
         return "every day" + atTime(form, clock);
     if (type == ScheduleType::OnceAMonth)
-        return onceAMonth(form, clock);
+        return onceAMonth(form, faults, clock);
     if (type == ScheduleType::AtLoad)
         return "when the agent is loaded, such as at login";
-    return type == ScheduleType::OnInterval ? onInterval(form) : "";
+    return type == ScheduleType::OnInterval ? onInterval(form, faults) : "";
 }
 
 std::string unreadableTimeWords(std::string_view typed, TimeOfDay kept, ClockFormat clock) {

@@ -1,6 +1,7 @@
 #include "core/sentences.h"
 
 #include "core/agent_file.h"
+#include "core/bundle_path.h"
 #include "core/conversions.h"
 #include "core/schedule_words.h"
 
@@ -13,44 +14,6 @@ namespace frimbolate {
 namespace {
 
 using Words = std::vector<std::string>;
-
-/// The rows of the form from top to bottom, each by its marker.
-constexpr std::array<bool ErrorReport::*, 4> rowsOfForm = {
-    &ErrorReport::name, &ErrorReport::target, &ErrorReport::action, &ErrorReport::schedule};
-
-/// A line of the error report in other words.
-struct Fault {
-    std::string_view line;
-    bool ErrorReport::*marker;
-    std::string_view hint;
-    std::string_view missing; ///< what the form lacks; empty where something is wrong instead
-};
-
-constexpr std::array<Fault, 10> faults = {{
-    {"Name can only contain alphanumeric characters", &ErrorReport::name,
-     "The name may hold only a to z, A to Z, 0 to 9 and _", ""},
-    {"Name cannot be left blank", &ErrorReport::name, "The agent needs a name", "a name"},
-    {"No app or script to launch selected", &ErrorReport::target,
-     "Choose an application or a script", "something to launch"},
-    {"Condition for launch not selected", &ErrorReport::action, "Choose when the agent starts",
-     "a choice of when to launch it"},
-    {"Day of the month must be numeric", &ErrorReport::schedule,
-     "The day of the month must be a number", ""},
-    {"Day of the month cannot be left blank", &ErrorReport::schedule,
-     "The schedule needs a day of the month", "a day of the month"},
-    {"Valid days of the month are 1 through 31", &ErrorReport::schedule,
-     "The day of the month must be 1 to 31", ""},
-    {"Launch on interval must be numeric", &ErrorReport::schedule,
-     "The interval must be a whole number", ""},
-    {"Launch on interval cannot be left blank", &ErrorReport::schedule,
-     "The schedule needs an interval", "an interval"},
-    {"Minimum launch on interval is 10 seconds", &ErrorReport::schedule,
-     "The interval must be at least 10 seconds", ""},
-}};
-
-bool reports(const ErrorReport& report, const Fault& fault) {
-    return report.text.find(fault.line) != std::string::npos;
-}
 
 std::string joined(const Words& words, std::string_view separator, std::string_view last) {
     std::string text;
@@ -80,7 +43,7 @@ std::string shownPath(std::string_view path, std::string_view home) {
 std::string targetName(const AgentForm& form) {
     if (form.targetType != TargetType::File)
         return form.scriptText.empty() ? "an empty script" : "a script";
-    auto path = firstPiece(form.targetPath, "/Contents/MacOS/");
+    auto path = bundlePath(form.targetPath);
     while (path.size() > 1 && path.back() == '/')
         path.remove_suffix(1);
     const auto name = path == "/" ? path : lastPiece(path, "/");
@@ -100,40 +63,40 @@ bool watchesPath(const AgentForm& form) {
     return form.action == AgentAction::PathModified || form.alsoRunOnPathChange;
 }
 
-Words launchConditions(const AgentForm& form, std::string_view home, ClockFormat clock) {
+Words launchConditions(const AgentForm& form, const Faults& faults, const TextStyle& style) {
     Words words;
-    if (usesSchedule(form) && !scheduleWords(form).empty())
-        words.push_back(scheduleWords(form, clock));
+    if (usesSchedule(form))
+        if (auto schedule = scheduleWords(form, faults, style.clock); !schedule.empty())
+            words.push_back(std::move(schedule));
     const bool alreadyAtLoad = usesSchedule(form) && form.scheduleType == ScheduleType::AtLoad;
     if (form.alsoRunAtLoad && !alreadyAtLoad)
         words.emplace_back("when the agent is loaded, such as at login");
     if (form.action == AgentAction::VolumeMounted || form.alsoRunOnVolumeMount)
         words.emplace_back("when a volume is mounted");
     if (watchesPath(form))
-        words.push_back("when " + shownPath(watchedPath(form), home) + " changes");
+        words.push_back("when " + shownPath(watchedPath(form), style.home) + " changes");
     if (!form.queueDirectory.empty())
-        words.push_back("as long as " + shownPath(form.queueDirectory, home) + " is not empty");
+        words.push_back("as long as " + shownPath(form.queueDirectory, style.home) +
+                        " is not empty");
     return words;
 }
 
 /// A path that no rule insists on but the row cannot do without; empty where there is none.
-std::string_view missingPath(const AgentForm& form, bool ErrorReport::*row) {
-    if (row == &ErrorReport::target && form.targetType == TargetType::File &&
-        form.targetPath.empty())
+std::string_view missingPath(const AgentForm& form, FormRow row) {
+    if (row == FormRow::Target && form.targetType == TargetType::File && form.targetPath.empty())
         return "something to launch";
-    if (row == &ErrorReport::action && form.action == AgentAction::PathModified &&
+    if (row == FormRow::Action && form.action == AgentAction::PathModified &&
         watchedPath(form).empty())
         return "a path to watch";
     return "";
 }
 
 /// What the form lacks, in the order of its rows.
-Words missingParts(const AgentForm& form, const ErrorReport& report) {
+Words missingParts(const AgentForm& form, const Faults& faults) {
     Words words;
-    for (const auto row : rowsOfForm) {
-        for (const auto& fault : faults)
-            if (fault.marker == row && !fault.missing.empty() && reports(report, fault))
-                words.emplace_back(fault.missing);
+    for (const auto row : formRows) {
+        if (const auto* fault = faultOfRow(faults, row); fault && !fault->missing.empty())
+            words.emplace_back(fault->missing);
         if (const auto path = missingPath(form, row); !path.empty())
             words.emplace_back(path);
     }
@@ -144,15 +107,14 @@ Words missingParts(const AgentForm& form, const ErrorReport& report) {
 }
 
 /// What is missing, then what is wrong; empty for a form that can be told.
-std::string shortcomings(const AgentForm& form) {
-    const auto report = validate(form);
-    const Words missing = missingParts(form, report);
+std::string shortcomings(const AgentForm& form, const Faults& faults) {
+    const Words missing = missingParts(form, faults);
     Words parts;
     if (!missing.empty())
         parts.push_back("still needs " + joined(missing, ", ", " and "));
-    for (const auto& fault : faults)
-        if (fault.missing.empty() && reports(report, fault))
-            parts.push_back(withFirst(std::tolower, std::string(fault.hint)));
+    for (const Fault fault : faults)
+        if (const auto& text = faultText(fault); text.missing.empty())
+            parts.push_back(withFirst(std::tolower, std::string(text.hint)));
     return joined(parts, "; ", "; ");
 }
 
@@ -183,49 +145,40 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
     }
 }
 
-std::string scheduleHint(const AgentForm& form, ClockFormat clock) {
+std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (!usesSchedule(form))
         return "Not used: the condition above launches the agent";
-    const auto words = scheduleWords(form, clock);
+    const auto words = scheduleWords(form, faults, clock);
     return words.empty() ? "Never" : withFirst(std::toupper, words);
 }
 
 } // namespace
 
-std::string planSentence(const AgentForm& form, std::string_view home, ClockFormat clock) {
-    if (const auto lacking = shortcomings(form); !lacking.empty())
-        return withFirst(std::toupper, lacking) + ".";
-    const auto conditions = launchConditions(form, home, clock);
+Summary planSentence(const AgentForm& form, const Faults& faults, const TextStyle& style) {
+    if (const auto lacking = shortcomings(form, faults); !lacking.empty())
+        return {withFirst(std::toupper, lacking) + ".", false};
+    const auto conditions = launchConditions(form, faults, style);
     if (conditions.empty())
-        return "Never runs " + targetName(form) + ": nothing launches it.";
+        return {"Never runs " + targetName(form) + ": nothing launches it.", false};
     std::string sentence = "Runs " + targetName(form) + " " + joined(conditions, ", ", ", and ");
     if (form.action == AgentAction::KeepRunning)
         sentence += form.allowSuccessfulExit ? ", and keeps it running until it succeeds"
                                              : ", and keeps it running";
-    return sentence + ".";
+    return {sentence + ".", true};
 }
 
-bool isPlanComplete(const AgentForm& form) {
-    return shortcomings(form).empty() && !launchConditions(form, {}, {}).empty();
-}
-
-RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home,
-                  ClockFormat clock) {
-    struct Row {
-        bool ErrorReport::*marker;
-        std::string RowHints::*hint;
-    };
-    constexpr std::array<Row, 4> rows = {{{&ErrorReport::name, &RowHints::name},
-                                          {&ErrorReport::target, &RowHints::target},
-                                          {&ErrorReport::action, &RowHints::action},
-                                          {&ErrorReport::schedule, &RowHints::schedule}}};
+RowHints rowHints(const AgentForm& form, const Faults& faults, const RowFlags& marked,
+                  const TextStyle& style) {
     RowHints hints{proposedFileName(form.name.empty() ? "<name>" : form.name),
-                   targetHint(form, home), actionHint(form, home), scheduleHint(form, clock)};
-    const auto report = validate(form);
-    for (const auto& row : rows)
-        for (const auto& fault : faults)
-            if (markers.*row.marker && fault.marker == row.marker && reports(report, fault))
-                hints.*row.hint = fault.hint;
+                   targetHint(form, style.home), actionHint(form, style.home),
+                   scheduleHint(form, faults, style.clock)};
+    constexpr std::array<std::string RowHints::*, formRows.size()> members = {
+        &RowHints::name, &RowHints::target, &RowHints::action, &RowHints::schedule};
+    for (const auto row : formRows) {
+        const auto index = static_cast<std::size_t>(row);
+        if (const auto* fault = faultOfRow(faults, row); fault && marked[index])
+            hints.*members[index] = fault->hint;
+    }
     return hints;
 }
 

@@ -8,20 +8,29 @@
 #include "core/time_of_day.h"
 #include "core/validation.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
 namespace frimbolate {
 
-/// One sentence: when launchd runs what, or else what is still missing or wrong.
-/// \param home the person's home folder, shown as "~"; without it paths stand in full
-/// \param clock how times are shown
-std::string planSentence(const AgentForm& form, std::string_view home = {},
-                         ClockFormat clock = ClockFormat::TwentyFourHours);
+/// What texts about a form depend on beside the form.
+struct TextStyle {
+    std::string_view home =
+        {}; ///< the user's home folder, shown as "~"; without it paths stand whole
+    ClockFormat clock = ClockFormat::TwentyFourHours;
+};
 
-/// Whether that sentence tells a plan: nothing is missing or wrong, and something starts the agent.
-/// Validation asks for less; an empty target path passes it.
-bool isPlanComplete(const AgentForm& form);
+/// One sentence: when launchd runs what, or else what is still missing or wrong.
+struct Summary {
+    std::string sentence;
+    /// Nothing is missing or wrong, and something starts the agent. Validation asks for less: an
+    /// empty target path passes it.
+    bool isComplete = false;
+};
+
+/// \param faults those of this form
+Summary planSentence(const AgentForm& form, const Faults& faults, const TextStyle& style = {});
 
 /// The line under each row of the form: plain words without a full stop or dots at their end, for
 /// some of them end with a path or a file name.
@@ -32,10 +41,13 @@ struct RowHints {
     std::string schedule; ///< "Every Monday at 07:30"
 };
 
-/// The hints of the form as it stands. A row whose marker is shown says its fault instead, until
-/// the fault is mended: it is the form that is judged here, and of `markers` only the four flags
-/// count.
-RowHints rowHints(const AgentForm& form, const ErrorReport& markers, std::string_view home = {},
-                  ClockFormat clock = ClockFormat::TwentyFourHours);
+/// A flag per row, by FormRow.
+using RowFlags = std::array<bool, formRows.size()>;
+
+/// The hints of the form as it stands. A marked row says its fault instead, until it is mended.
+/// \param faults those of this form
+/// \param marked the rows whose error marker is shown
+RowHints rowHints(const AgentForm& form, const Faults& faults, const RowFlags& marked = {},
+                  const TextStyle& style = {});
 
 } // namespace frimbolate

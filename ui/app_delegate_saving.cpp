@@ -18,18 +18,19 @@ std::string folderOf(const std::string& path) {
 } // namespace
 
 void AppDelegate::validateAgentConfig() {
-    const auto report = validate(agentForm(form_));
-    form_.nameErrorImageWell.hidden = !report.name;
-    form_.actionErrorImageWell.hidden = !report.action;
-    form_.targetErrorImageWell.hidden = !report.target;
-    form_.scheduleErrorImageWell.hidden = !report.schedule;
-    if (report.passed()) {
+    const auto faults = validate(agentForm(form_));
+    form_.nameErrorImageWell.hidden = !faultOfRow(faults, FormRow::Name);
+    form_.actionErrorImageWell.hidden = !faultOfRow(faults, FormRow::Action);
+    form_.targetErrorImageWell.hidden = !faultOfRow(faults, FormRow::Target);
+    form_.scheduleErrorImageWell.hidden = !faultOfRow(faults, FormRow::Schedule);
+    if (faults.empty()) {
         log("Agent passed initial validation, moving on...");
         saveLaunchAgent();
         return;
     }
-    log("Agent failed initial validation with the following errors:\n" + report.text);
-    services_.alerts.show({"Some information is missing or incorrect.", report.text});
+    const auto report = errorReport(faults);
+    log("Agent failed initial validation with the following errors:\n" + report);
+    services_.alerts.show({"Some information is missing or incorrect.", report});
 }
 
 void AppDelegate::saveLaunchAgent() {

@@ -1,7 +1,7 @@
 // The clock of the sentences, and the words about a time that cannot be read.
 #include "core/schedule_words.h"
 
-#include "core/sentences.h"
+#include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,9 @@ namespace frimbolate {
 
 namespace {
 
+using test::hintsOf;
 using test::NamedAfterRow;
+using test::sentenceOf;
 
 struct ClockRow {
     std::string_view name;
@@ -39,10 +41,10 @@ TEST_P(ScheduleClock, isThatOfAllWords) {
     for (const auto& [clock, expected] :
          {std::pair(ClockFormat::TwentyFourHours, GetParam().in24Hours),
           std::pair(ClockFormat::TwelveHours, GetParam().in12Hours)}) {
-        EXPECT_EQ(scheduleWords(form, clock), expected);
-        EXPECT_EQ(planSentence(form, {}, clock), "Runs a script " + std::string(expected) + ".");
+        EXPECT_EQ(scheduleWords(form, validate(form), clock), expected);
+        EXPECT_EQ(sentenceOf(form, {}, clock), "Runs a script " + std::string(expected) + ".");
         // The hint begins with a capital letter.
-        EXPECT_EQ(rowHints(form, {}, {}, clock).schedule.substr(1), expected.substr(1));
+        EXPECT_EQ(hintsOf(form, {}, {}, clock).schedule.substr(1), expected.substr(1));
     }
 }
 
@@ -63,8 +65,10 @@ TEST(ScheduleClocks, tellAFaultyDayInBoth) {
     AgentForm form;
     form.scheduleType = ScheduleType::OnceAMonth;
     form.scheduleTime.hour = 19;
-    EXPECT_EQ(scheduleWords(form, ClockFormat::TwentyFourHours), "once a month at 19:00");
-    EXPECT_EQ(scheduleWords(form, ClockFormat::TwelveHours), "once a month at 07:00 PM");
+    EXPECT_EQ(scheduleWords(form, validate(form), ClockFormat::TwentyFourHours),
+              "once a month at 19:00");
+    EXPECT_EQ(scheduleWords(form, validate(form), ClockFormat::TwelveHours),
+              "once a month at 07:00 PM");
 }
 
 struct UnreadableRow {

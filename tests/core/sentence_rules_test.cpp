@@ -1,5 +1,6 @@
 // What holds for every sentence and hint, whatever the form.
 #include "core/sentences.h"
+#include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -9,6 +10,11 @@
 namespace frimbolate {
 
 namespace {
+
+using test::faultyRows;
+using test::hintsOf;
+using test::isCompletePlan;
+using test::sentenceOf;
 
 AgentForm completeForm() {
     AgentForm form;
@@ -51,8 +57,8 @@ class Missing : public testing::TestWithParam<MissingRow> {};
 TEST_P(Missing, isListedInTheOrderOfTheRows) {
     auto form = completeForm();
     GetParam().change(form);
-    EXPECT_EQ(planSentence(form), GetParam().expected);
-    EXPECT_FALSE(isPlanComplete(form));
+    EXPECT_EQ(sentenceOf(form), GetParam().expected);
+    EXPECT_FALSE(isCompletePlan(form));
 }
 
 void noDay(AgentForm& form) { form.scheduleType = ScheduleType::OnceAMonth; }
@@ -84,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(Sentences, Missing, testing::ValuesIn(missingRows), tes
 TEST(Plan, isCompleteExactlyWhenTheSentenceTellsWhatRuns) {
     int complete = 0;
     forEveryForm([&](const AgentForm& form) {
-        const auto sentence = planSentence(form);
-        EXPECT_EQ(isPlanComplete(form), sentence.starts_with("Runs ")) << sentence;
-        complete += isPlanComplete(form);
+        const auto sentence = sentenceOf(form);
+        EXPECT_EQ(isCompletePlan(form), sentence.starts_with("Runs ")) << sentence;
+        complete += isCompletePlan(form);
     });
     EXPECT_GT(complete, 0);
 }
@@ -94,19 +100,19 @@ TEST(Plan, isCompleteExactlyWhenTheSentenceTellsWhatRuns) {
 TEST(Plan, isNotCompleteForEveryFormThatPassesValidation) {
     auto form = completeForm();
     form.targetPath.clear();
-    EXPECT_TRUE(validate(form).passed());
-    EXPECT_FALSE(isPlanComplete(form));
+    EXPECT_TRUE(validate(form).empty());
+    EXPECT_FALSE(isCompletePlan(form));
     form.targetPath = "/bin/true";
-    EXPECT_TRUE(isPlanComplete(form));
+    EXPECT_TRUE(isCompletePlan(form));
 }
 
 TEST(Hint, endsWithoutFullStopOrDots) {
     constexpr std::string RowHints::*hints[] = {&RowHints::name, &RowHints::target,
                                                 &RowHints::action, &RowHints::schedule};
     forEveryForm([&](const AgentForm& form) {
-        for (const auto& markers : {ErrorReport{}, validate(form)})
+        for (const auto& markers : {RowFlags{}, faultyRows(form)})
             for (const auto hint : hints) {
-                const auto text = rowHints(form, markers).*hint;
+                const auto text = hintsOf(form, markers).*hint;
                 EXPECT_FALSE(text.empty());
                 EXPECT_FALSE(text.ends_with(".") || text.ends_with("\u2026")) << text;
             }

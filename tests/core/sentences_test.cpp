@@ -1,4 +1,5 @@
 #include "core/sentences.h"
+#include "tests/core/rendered_form.h"
 
 #include <gmock/gmock.h>
 
@@ -7,6 +8,10 @@
 namespace frimbolate {
 
 namespace {
+
+using test::faultyRows;
+using test::hintsOf;
+using test::sentenceOf;
 
 using Change = std::function<void(AgentForm&)>;
 
@@ -116,7 +121,7 @@ std::string rowName(const testing::TestParamInfo<Row>& info) {
 class PlanSentence : public testing::TestWithParam<Row> {};
 
 TEST_P(PlanSentence, saysWhatWillHappen) {
-    EXPECT_EQ(planSentence(changed(GetParam().change), home), GetParam().expected);
+    EXPECT_EQ(sentenceOf(changed(GetParam().change), home), GetParam().expected);
 }
 
 const Row sentences[] = {
@@ -240,7 +245,7 @@ const Row sentences[] = {
 INSTANTIATE_TEST_SUITE_P(Table, PlanSentence, testing::ValuesIn(sentences), rowName);
 
 TEST(PlanSentenceAlone, showsPathsInFullWithoutAHome) {
-    EXPECT_EQ(planSentence(changed(action(AgentAction::PathModified, "/Users/ada/Pictures"))),
+    EXPECT_EQ(sentenceOf(changed(action(AgentAction::PathModified, "/Users/ada/Pictures"))),
               "Runs backup.sh when /Users/ada/Pictures changes.");
 }
 
@@ -259,13 +264,13 @@ std::string hintRowName(const testing::TestParamInfo<HintRow>& info) {
 class RowHint : public testing::TestWithParam<HintRow> {};
 
 TEST_P(RowHint, saysWhatTheRowMeans) {
-    const auto hints = rowHints(changed(GetParam().change), {}, home);
+    const auto hints = hintsOf(changed(GetParam().change), {}, home);
     EXPECT_EQ(hints.*GetParam().hint, GetParam().expected);
 }
 
 TEST_P(RowHint, saysTheFaultOnceItIsMarked) {
     const auto form = changed(GetParam().change);
-    const auto hints = rowHints(form, validate(form), home);
+    const auto hints = hintsOf(form, faultyRows(form), home);
     EXPECT_EQ(hints.*GetParam().hint, GetParam().expectedFault);
 }
 
@@ -335,22 +340,21 @@ const HintRow hintRows[] = {
 INSTANTIATE_TEST_SUITE_P(Table, RowHint, testing::ValuesIn(hintRows), hintRowName);
 
 TEST(RowHintAlone, goesBackToItsMeaningWhenTheFaultIsMended) {
-    ErrorReport shownMarkers;
-    shownMarkers.name = true;
-    EXPECT_EQ(rowHints(soundForm(), shownMarkers).name, "com.frimbolate.Backup.plist");
+    const RowFlags shownMarkers = {true, false, false, false};
+    EXPECT_EQ(hintsOf(soundForm(), shownMarkers).name, "com.frimbolate.Backup.plist");
 }
 
 /// A line that validation knows and the hints do not would leave a marked row without its words.
 TEST(RowHintAlone, leavesNoMarkedRowWithoutItsFault) {
     for (const auto& row : hintRows) {
         const auto form = changed(row.change);
-        const auto report = validate(form);
-        const auto marked = rowHints(form, report, home);
-        const auto plain = rowHints(form, {}, home);
-        EXPECT_EQ(report.name, marked.name != plain.name) << row.name;
-        EXPECT_EQ(report.target, marked.target != plain.target) << row.name;
-        EXPECT_EQ(report.action, marked.action != plain.action) << row.name;
-        EXPECT_EQ(report.schedule, marked.schedule != plain.schedule) << row.name;
+        const auto faulty = faultyRows(form);
+        const auto marked = hintsOf(form, faulty, home);
+        const auto plain = hintsOf(form, {}, home);
+        EXPECT_EQ(faulty[0], marked.name != plain.name) << row.name;
+        EXPECT_EQ(faulty[1], marked.target != plain.target) << row.name;
+        EXPECT_EQ(faulty[2], marked.action != plain.action) << row.name;
+        EXPECT_EQ(faulty[3], marked.schedule != plain.schedule) << row.name;
     }
 }
 

@@ -22,7 +22,7 @@ std::string reportOfName(const std::string& name) {
     form.name = name;
     form.targetType = TargetType::File;
     form.action = AgentAction::OnSchedule;
-    return validate(form).text;
+    return errorReport(validate(form));
 }
 
 std::string reportOfDay(const std::string& day) {
@@ -32,7 +32,7 @@ std::string reportOfDay(const std::string& day) {
     form.action = AgentAction::OnSchedule;
     form.scheduleType = ScheduleType::OnceAMonth;
     form.dayOfMonthText = day;
-    return validate(form).text;
+    return errorReport(validate(form));
 }
 
 /// In minutes, of which any number passes.
@@ -44,7 +44,7 @@ std::string reportOfInterval(const std::string& interval) {
     form.scheduleType = ScheduleType::OnInterval;
     form.intervalText = interval;
     form.intervalUnit = IntervalUnit::Minutes;
-    return validate(form).text;
+    return errorReport(validate(form));
 }
 
 bool isDigit(int byte) { return byte >= 0x30 && byte <= 0x39; }

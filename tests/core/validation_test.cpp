@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <set>
 
 namespace frimbolate {
 
@@ -26,7 +27,7 @@ struct Row {
     std::string_view name;
     Change change;
     std::string_view report;
-    std::string_view markers = ""; ///< of "nats": name, action, target, schedule
+    std::set<FormRow> faulty = {}; ///< the rows whose marker is shown
 };
 
 class Validation : public testing::TestWithParam<Row> {};
@@ -34,12 +35,13 @@ class Validation : public testing::TestWithParam<Row> {};
 TEST_P(Validation, reports) {
     auto form = soundForm();
     GetParam().change(form);
-    const auto report = validate(form);
-    EXPECT_EQ(report.text, GetParam().report);
-    EXPECT_EQ(report.passed(), GetParam().report.empty());
-    const std::string markers = std::string(report.name ? "n" : "") + (report.action ? "a" : "") +
-                                (report.target ? "t" : "") + (report.schedule ? "s" : "");
-    EXPECT_EQ(markers, GetParam().markers);
+    const auto faults = validate(form);
+    EXPECT_EQ(errorReport(faults), GetParam().report);
+    std::set<FormRow> faulty;
+    for (const auto row : formRows)
+        if (faultOfRow(faults, row))
+            faulty.insert(row);
+    EXPECT_EQ(faulty, GetParam().faulty);
 }
 
 Change named(std::string name) {
@@ -87,41 +89,42 @@ const Row names[] = {
     {"Underscore", named("my_agent2"), ""},
     {"EveryAllowedCharacter",
      named("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890_"), ""},
-    {"Blank", named("my agent"), badName, "n"},
-    {"Hyphen", named("Agent-1"), badName, "n"},
-    {"Dot", named("agent.x"), badName, "n"},
-    {"NotAscii", named("\u00e9t\u00e9"), badName, "n"},
-    {"FullWidthDigit", named("\uff11"), badName, "n"},
-    {"Slash", named("a/b"), badName, "n"},
-    {"LineBreakAtTheEnd", named("agent\n"), badName, "n"},
-    {"Nul", named(std::string("a\0b", 3)), badName, "n"},
-    {"OnlyABlankIsNotBlank", named(" "), badName, "n"},
-    {"BeforeUpperCase", named("@"), badName, "n"},
-    {"AfterUpperCase", named("["), badName, "n"},
-    {"BeforeLowerCase", named("`"), badName, "n"},
-    {"AfterLowerCase", named("{"), badName, "n"},
-    {"AfterDigits", named(":"), badName, "n"},
-    {"Empty", named(""), noName, "n"},
+    {"Blank", named("my agent"), badName, {FormRow::Name}},
+    {"Hyphen", named("Agent-1"), badName, {FormRow::Name}},
+    {"Dot", named("agent.x"), badName, {FormRow::Name}},
+    {"NotAscii", named("\u00e9t\u00e9"), badName, {FormRow::Name}},
+    {"FullWidthDigit", named("\uff11"), badName, {FormRow::Name}},
+    {"Slash", named("a/b"), badName, {FormRow::Name}},
+    {"LineBreakAtTheEnd", named("agent\n"), badName, {FormRow::Name}},
+    {"Nul", named(std::string("a\0b", 3)), badName, {FormRow::Name}},
+    {"OnlyABlankIsNotBlank", named(" "), badName, {FormRow::Name}},
+    {"BeforeUpperCase", named("@"), badName, {FormRow::Name}},
+    {"AfterUpperCase", named("["), badName, {FormRow::Name}},
+    {"BeforeLowerCase", named("`"), badName, {FormRow::Name}},
+    {"AfterLowerCase", named("{"), badName, {FormRow::Name}},
+    {"AfterDigits", named(":"), badName, {FormRow::Name}},
+    {"Empty", named(""), noName, {FormRow::Name}},
 };
 
 const Row selections[] = {
-    {"NoAction", action(0), noAction, "a"},
+    {"NoAction", action(0), noAction, {FormRow::Action}},
     {"ActionWithoutSelectionPasses", action(-1), ""},
     {"ReservedActionPasses", action(1), ""},
     {"KeepRunning", action(3), ""},
     {"PathModifiedWithoutPath", action(4), ""},
     {"VolumeMounted", action(5), ""},
     {"ActionBeyond", action(6), ""},
-    {"NoTarget", target(0), noTarget, "t"},
+    {"NoTarget", target(0), noTarget, {FormRow::Target}},
     {"TargetWithoutSelectionPasses", target(-1), ""},
     {"ReservedTargetPasses", target(1), ""},
     {"FileWithoutPath", target(2), ""},
     {"ScriptWithoutText", target(3), ""},
     {"TargetBeyond", target(4), ""},
-    {"NewAgent", [](AgentForm& form) { form = {}; },
+    {"NewAgent",
+     [](AgentForm& form) { form = {}; },
      "\u2022 Name cannot be left blank\n\u2022 Condition for launch not selected\n"
      "\u2022 No app or script to launch selected\n",
-     "nat"},
+     {FormRow::Name, FormRow::Target, FormRow::Action}},
     {"EveryFault",
      [](AgentForm& form) {
          form = {};
@@ -131,52 +134,60 @@ const Row selections[] = {
      "\u2022 Name can only contain alphanumeric characters\n"
      "\u2022 Condition for launch not selected\n\u2022 No app or script to launch selected\n"
      "\u2022 Launch on interval cannot be left blank\n",
-     "nats"},
+     {FormRow::Name, FormRow::Target, FormRow::Action, FormRow::Schedule}},
 };
 
 const Row days[] = {
-    {"DayEmpty", day(""), noDay, "s"},
-    {"DayWithLetter", day("3a"), dayNotNumeric, "s"},
-    {"DayWithMinus", day("-1"), dayNotNumeric, "s"},
-    {"DayWithPoint", day("1.5"), dayNotNumeric, "s"},
-    {"DayBlank", day(" "), dayNotNumeric, "s"},
-    {"DayForeignDigit", day("\u0663"), dayNotNumeric, "s"},
-    {"Day0", day("0"), badDay, "s"},
+    {"DayEmpty", day(""), noDay, {FormRow::Schedule}},
+    {"DayWithLetter", day("3a"), dayNotNumeric, {FormRow::Schedule}},
+    {"DayWithMinus", day("-1"), dayNotNumeric, {FormRow::Schedule}},
+    {"DayWithPoint", day("1.5"), dayNotNumeric, {FormRow::Schedule}},
+    {"DayBlank", day(" "), dayNotNumeric, {FormRow::Schedule}},
+    {"DayForeignDigit", day("\u0663"), dayNotNumeric, {FormRow::Schedule}},
+    {"Day0", day("0"), badDay, {FormRow::Schedule}},
     {"Day1", day("1"), ""},
     {"Day31", day("31"), ""},
     {"Day031", day("031"), ""},
-    {"Day32", day("32"), badDay, "s"},
+    {"Day32", day("32"), badDay, {FormRow::Schedule}},
     {"DayThatWrapsToOne", day("4294967297"), ""},
-    {"DayThatWrapsToZero", day("4294967296"), badDay, "s"},
-    {"DayThatWrapsBelow", day("2147483648"), badDay, "s"},
-    {"DayThatSaturates", day("99999999999999999999"), badDay, "s"},
-    {"DayOfAnotherAction", schedule(10, "", 0, AgentAction::PathModified), noDay, "s"},
+    {"DayThatWrapsToZero", day("4294967296"), badDay, {FormRow::Schedule}},
+    {"DayThatWrapsBelow", day("2147483648"), badDay, {FormRow::Schedule}},
+    {"DayThatSaturates", day("99999999999999999999"), badDay, {FormRow::Schedule}},
+    {"DayOfAnotherAction",
+     schedule(10, "", 0, AgentAction::PathModified),
+     noDay,
+     {FormRow::Schedule}},
     {"DayBeforeTheMonth", schedule(9, "x"), ""},
     {"DayAfterTheMonth", schedule(11, "x"), ""},
 };
 
 const Row intervals[] = {
-    {"IntervalEmpty", interval(""), noInterval, "s"},
-    {"IntervalEmptyInHours", interval("", IntervalUnit::Hours), noInterval, "s"},
-    {"IntervalNegative", interval("-5"), intervalNotNumeric, "s"},
-    {"IntervalWithBlank", interval(" 12"), intervalNotNumeric, "s"},
-    {"IntervalWithPoint", interval("1.5", IntervalUnit::Hours), intervalNotNumeric, "s"},
-    {"Seconds0", interval("0"), shortInterval, "s"},
-    {"Seconds9", interval("9"), shortInterval, "s"},
+    {"IntervalEmpty", interval(""), noInterval, {FormRow::Schedule}},
+    {"IntervalEmptyInHours", interval("", IntervalUnit::Hours), noInterval, {FormRow::Schedule}},
+    {"IntervalNegative", interval("-5"), intervalNotNumeric, {FormRow::Schedule}},
+    {"IntervalWithBlank", interval(" 12"), intervalNotNumeric, {FormRow::Schedule}},
+    {"IntervalWithPoint",
+     interval("1.5", IntervalUnit::Hours),
+     intervalNotNumeric,
+     {FormRow::Schedule}},
+    {"Seconds0", interval("0"), shortInterval, {FormRow::Schedule}},
+    {"Seconds9", interval("9"), shortInterval, {FormRow::Schedule}},
     {"Seconds10", interval("10"), ""},
     {"Seconds010", interval("010"), ""},
     {"Minutes0", interval("0", IntervalUnit::Minutes), ""},
     {"Minutes1", interval("1", IntervalUnit::Minutes), ""},
     {"Hours0", interval("0", IntervalUnit::Hours), ""},
-    {"UnitWithoutSelection", interval("9", -1), shortInterval, "s"},
+    {"UnitWithoutSelection", interval("9", -1), shortInterval, {FormRow::Schedule}},
     {"UnitBeyond", interval("9", 3), ""},
     {"SecondsThatWrapToTen", interval("4294967306"), ""},
-    {"SecondsThatWrapToNine", interval("4294967305"), shortInterval, "s"},
-    {"SecondsThatWrapBelow", interval("2147483648"), shortInterval, "s"},
-    {"SecondsThatSaturate", interval("99999999999999999999"), shortInterval, "s"},
+    {"SecondsThatWrapToNine", interval("4294967305"), shortInterval, {FormRow::Schedule}},
+    {"SecondsThatWrapBelow", interval("2147483648"), shortInterval, {FormRow::Schedule}},
+    {"SecondsThatSaturate", interval("99999999999999999999"), shortInterval, {FormRow::Schedule}},
     {"SecondsTruncated", interval("99999999999"), ""},
-    {"IntervalOfAnotherAction", schedule(14, "9", 0, AgentAction::VolumeMounted), shortInterval,
-     "s"},
+    {"IntervalOfAnotherAction",
+     schedule(14, "9", 0, AgentAction::VolumeMounted),
+     shortInterval,
+     {FormRow::Schedule}},
     {"BeforeTheInterval", schedule(13, "x"), ""},
     {"BeyondTheInterval", schedule(15, "x"), ""},
     {"NoSchedule", schedule(-1, "x"), ""},

@@ -38,7 +38,7 @@ class RoundTrip : public EditorTest {
     /// saved without it.
     AgentFile saveAgain() {
         const auto record = agentForm(form);
-        if (validate(record).passed())
+        if (validate(record).empty())
             return save();
         // Only an interval can have become invalid: minutes and hours are not bound by the least
         // number of seconds, and a product may not fit into 32 bits.
@@ -72,7 +72,7 @@ TEST_F(RoundTrip, KeepsEveryFormThatPassesValidation) {
     RandomValues random(4711);
     for (int passed = 0; passed < wanted;) {
         const auto generated = generatedForm(random);
-        if (!validate(generated).passed())
+        if (!validate(generated).empty())
             continue;
         ++passed;
         SCOPED_TRACE(passed);
@@ -100,7 +100,7 @@ TEST_F(RoundTrip, DoesNotDependOnTheDefaults) {
     RandomValues random(815);
     for (int passed = 0; passed < 200;) {
         const auto generated = generatedForm(random);
-        if (!validate(generated).passed())
+        if (!validate(generated).empty())
             continue;
         ++passed;
         SCOPED_TRACE(passed);

@@ -1,6 +1,7 @@
 // Whatever the model holds, the window shows.
 #include "core/pop_up_items.h"
 #include "core/sentences.h"
+#include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "ui/widgets/elided_label.h"
@@ -309,13 +310,12 @@ TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
     const std::string home = QDir::homePath().toStdString();
     show([](FormModel& model) { model.agentNameTextField.stringValue = "back up"; });
     const auto* hint = find<ElidedLabel>("nameHint");
-    EXPECT_EQ(hint->text().toStdString(), rowHints(agentForm(form()), {}, home).name);
+    EXPECT_EQ(hint->text().toStdString(), hintsOf(agentForm(form()), {}, home).name);
     EXPECT_FALSE(hint->isWarning());
 
     show([](FormModel& model) { model.nameErrorImageWell.hidden = false; });
-    ErrorReport markers;
-    markers.name = true;
-    EXPECT_EQ(hint->text().toStdString(), rowHints(agentForm(form()), markers, home).name);
+    const RowFlags markers = {true, false, false, false};
+    EXPECT_EQ(hint->text().toStdString(), hintsOf(agentForm(form()), markers, home).name);
     EXPECT_TRUE(hint->isWarning());
     EXPECT_EQ(find("agentNameTextField")->property("faulty"), true);
     EXPECT_EQ(find("agentNameTextField")->accessibleDescription(), hint->text());
@@ -327,9 +327,9 @@ TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
 TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
     const auto* plan = find<ElidedLabel>("planSentence");
     const std::string home = QDir::homePath().toStdString();
-    EXPECT_EQ(plan->text().toStdString(), planSentence(agentForm(form()), home));
+    EXPECT_EQ(plan->text().toStdString(), sentenceOf(agentForm(form()), home));
     QTest::keyClicks(find("agentNameTextField"), "backup");
-    EXPECT_EQ(plan->text().toStdString(), planSentence(agentForm(form()), home));
+    EXPECT_EQ(plan->text().toStdString(), sentenceOf(agentForm(form()), home));
     EXPECT_EQ(plan->toolTip(), plan->text());
 }
 
@@ -345,7 +345,7 @@ TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
         model.agentTargetButton.selectedItem = TargetType::File;
         model.agentActionButton.selectedItem = AgentAction::OnSchedule;
     });
-    ASSERT_TRUE(validate(agentForm(form())).passed());
+    ASSERT_TRUE(validate(agentForm(form())).empty());
     EXPECT_FALSE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();
     show([](FormModel& model) { model.agentTargetImageWell.toolTip = "/bin/true"; });
     EXPECT_TRUE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();

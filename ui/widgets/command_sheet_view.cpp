@@ -1,7 +1,5 @@
 #include "ui/widgets/command_sheet_view.h"
 
-#include "core/command_warning.h"
-#include "core/conversions.h"
 #include "ui/widgets/accessible_description.h"
 #include "ui/widgets/command_text.h"
 #include "ui/widgets/elided_label.h"
@@ -45,7 +43,9 @@ CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
     body()->addWidget(copies);
     body()->addSpacing(scaled(24));
     addButtons();
-    mirror.show([this](const FormModel& form) { showCommand(form); });
+    mirror.show([this](const FormModel& form, const FormPresentation& presentation) {
+        showCommand(form, presentation.command);
+    });
 }
 
 void CommandSheetView::addWords() {
@@ -98,18 +98,16 @@ void CommandSheetView::addButtons() {
     addButtonRow(terminal, {close});
 }
 
-void CommandSheetView::showCommand(const FormModel& form) {
+void CommandSheetView::showCommand(const FormModel& form, const CommandPresentation& shownBeside) {
     const TextView& command = form.actionScriptTextView;
-    const bool unloads = command.string.starts_with("launchctl unload");
-    title_->setText(unloads ? tr("Unload the agent") : tr("Load the agent"));
+    title_->setText(shownBeside.unloads ? tr("Unload the agent") : tr("Load the agent"));
     setWindowTitle(title_->text());
     setAccessibleName(title_->text());
     command_->setReadOnly(!command.editable);
     command_->setTextInteractionFlags(command_->textInteractionFlags() | Qt::TextSelectableByMouse |
                                       Qt::TextSelectableByKeyboard);
-    const auto path = pathOfCommand(command.string);
-    agent_->setWholeText(text(lastPiece(path, "/")));
-    const QString warning = text(commandWarning(path));
+    agent_->setWholeText(text(shownBeside.agentFileName));
+    const QString warning = text(shownBeside.warning);
     warning_->setWarning(warning);
     showCopied(form.copyCommandButton.hasCopied, !warning.isEmpty());
     describe(command_, warning.isEmpty() ? state_->text() : warning);

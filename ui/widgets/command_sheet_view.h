@@ -7,6 +7,7 @@ class QToolButton;
 
 namespace frimbolate {
 
+struct CommandPresentation;
 class CommandText;
 class ElidedLabel;
 class WarningLabel;
@@ -21,7 +22,7 @@ class CommandSheetView : public OwnSheet {
     void addWords();
     void addCommand();
     void addButtons();
-    void showCommand(const FormModel& form);
+    void showCommand(const FormModel& form, const CommandPresentation& shownBeside);
     /// Whether the command was copied, in words and on the button that copies it.
     void showCopied(bool hasCopied, bool isUnsafe);
     /// As high as the command needs, as far as the sheet has room for it.

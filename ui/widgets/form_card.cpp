@@ -1,6 +1,8 @@
 #include "ui/widgets/form_card.h"
 
-#include "core/sentences.h"
+#include "core/bundle_path.h"
+#include "core/form_presentation.h"
+#include "core/script_types.h"
 #include "ui/widgets/accessible_description.h"
 #include "ui/widgets/clock_format.h"
 #include "ui/widgets/elided_label.h"
@@ -15,7 +17,6 @@
 #include "ui/widgets/time_field.h"
 #include "ui/widgets/tip_button.h"
 
-#include <QDir>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QToolButton>
@@ -27,15 +28,12 @@ using look::scaled;
 namespace {
 
 // The widths of the columns, in pixels of the 1x layout.
-constexpr int columnWidths[] = {128, 311, 9, 32, 8, 32, 16, 20, 8, 20};
+constexpr int columnWidths[] = {128, wideScheduleWidth, 9, 32, 8, 32, 16, 20, 8, 20};
 // The lines of a row: a gap, the controls, a gap, the hint, a gap. Four rows of 72 make the card.
 constexpr int lineHeights[] = {12, 32, 3, 18, 7};
 constexpr int controlsLine = 1, hintLine = 3, linesPerRow = 5;
 
 constexpr const char* hintNames[] = {"nameHint", "targetHint", "actionHint", "scheduleHint"};
-constexpr Marker FormModel::*markers[] = {
-    &FormModel::nameErrorImageWell, &FormModel::targetErrorImageWell,
-    &FormModel::actionErrorImageWell, &FormModel::scheduleErrorImageWell};
 
 void setRetainsSize(QWidget* widget) {
     QSizePolicy policy = widget->sizePolicy();
@@ -44,8 +42,7 @@ void setRetainsSize(QWidget* widget) {
 }
 
 QString fileName(const std::string& targetPath) {
-    const QString bundle = text(targetPath).section("/Contents/MacOS/", 0, 0);
-    return bundle.section('/', -1, -1, QString::SectionSkipEmpty);
+    return text(bundlePath(targetPath)).section('/', -1, -1, QString::SectionSkipEmpty);
 }
 
 /// Choosing a file or a new script does more than choosing the item.
@@ -74,7 +71,9 @@ FormCard::FormCard(FormMirror& mirror, QWidget* parent)
     addActionRow();
     addScheduleRow();
     mirror_.show([this](const FormModel& form) { showTarget(form); });
-    mirror_.show([this](const FormModel& form) { showHints(form); });
+    mirror_.show([this](const FormModel&, const FormPresentation& presentation) {
+        showHints(presentation);
+    });
 }
 
 void FormCard::paintEvent(QPaintEvent*) { look::paintCard(*this, RowCount); }
@@ -214,36 +213,22 @@ void FormCard::pressWatchPathWell() {
 void FormCard::showTarget(const FormModel& form) {
     const bool isScript = form.agentTargetButton.selectedItem == TargetType::Script;
     targetButton_->setShownTitle(fileName(form.agentTargetImageWell.toolTip));
-    targetWell_->setPlaceholder(isScript ? Image::resource("iconScriptBash.png") : Image::none());
+    targetWell_->setPlaceholder(isScript ? Image::resource(std::string(shellScript.image))
+                                         : Image::none());
     targetWell_->setEmptyToolTip(isScript ? tr("Edit the script")
                                           : tr("Choose an application or a script"));
 }
 
-void FormCard::showHints(const FormModel& form) {
-    const ErrorReport shown{.text = {},
-                            .name = !form.nameErrorImageWell.hidden,
-                            .action = !form.actionErrorImageWell.hidden,
-                            .target = !form.targetErrorImageWell.hidden,
-                            .schedule = !form.scheduleErrorImageWell.hidden};
-    const RowHints hints =
-        rowHints(agentForm(form), shown, QDir::homePath().toStdString(), localeClockFormat());
-    const std::string* lines[] = {&hints.name, &hints.target, &hints.action, &hints.schedule};
-    // A marker stays until the next validation; the row itself looks sound once it is mended.
-    const ErrorReport now = validate(agentForm(form));
-    const bool faults[] = {now.name, now.target, now.action, now.schedule};
-    const QString unreadable = unreadableTime(form);
-    describe(timePicker_, unreadable);
+void FormCard::showHints(const FormPresentation& presentation) {
+    describe(timePicker_, text(presentation.unreadableTime));
     for (int i = 0; i < RowCount; ++i) {
         const Row& row = rows_[i];
-        const bool faulty = !(form.*markers[i]).hidden && faults[i];
-        const bool isTimeUnreadable = i == ScheduleRow && !unreadable.isEmpty();
-        row.hint->setWholeText(!isTimeUnreadable ? text(*lines[i])
-                               : faulty          ? text(*lines[i]) + "; " + unreadable
-                                                 : unreadable);
-        row.hint->setWarning(faulty || isTimeUnreadable);
+        const RowPresentation& shown = presentation.row(formRows[static_cast<std::size_t>(i)]);
+        row.hint->setWholeText(text(shown.hint));
+        row.hint->setWarning(shown.warns);
         describe(row.control, row.hint->text());
         for (QWidget* control : row.marked) {
-            look::setFaulty(control, faulty);
+            look::setFaulty(control, shown.isFaulty);
             describe(control, row.hint->text());
         }
     }

@@ -13,6 +13,7 @@ namespace frimbolate {
 
 class ElidedLabel;
 class FormMirror;
+struct FormPresentation;
 class ImageWellButton;
 class PopUpButton;
 class TimeField;
@@ -56,13 +57,11 @@ class FormCard : public QWidget {
     void addActionRow();
     void addScheduleRow();
     void setUpTimePicker();
-    /// What there is to tell of a typed time that could not be read; empty where nothing is.
-    static QString unreadableTime(const FormModel& form);
 
     void pressTargetWell();
     void pressWatchPathWell();
     void showTarget(const FormModel& form);
-    void showHints(const FormModel& form);
+    void showHints(const FormPresentation& presentation);
 
     FormMirror& mirror_;
     QGridLayout* grid_;

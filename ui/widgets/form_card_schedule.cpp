@@ -1,7 +1,6 @@
 // The last row of the form card, whose controls change with the kind of schedule.
 #include "ui/widgets/form_card.h"
 
-#include "core/schedule_words.h"
 #include "ui/widgets/clock_format.h"
 #include "ui/widgets/form_mirror.h"
 #include "ui/widgets/look/fonts.h"
@@ -20,8 +19,6 @@ namespace {
 
 constexpr int gap = 5;
 constexpr int controlHeight = 32;
-/// Beside the day of the month the picker is this narrow.
-constexpr int narrowPicker = 90;
 
 } // namespace
 
@@ -79,18 +76,10 @@ void FormCard::setUpTimePicker() {
     mirror_.show([this](const FormModel& form) {
         // "07:30 AM" and the steppers do not both fit into the narrow picker.
         const bool isFull = localeClockFormat() == ClockFormat::TwelveHours &&
-                            form.agentScheduleDatePicker.width <= narrowPicker;
+                            form.agentScheduleDatePicker.width <= narrowDatePickerWidth;
         timePicker_->setButtonSymbols(isFull ? QAbstractSpinBox::NoButtons
                                              : QAbstractSpinBox::UpDownArrows);
     });
-}
-
-QString FormCard::unreadableTime(const FormModel& form) {
-    const DatePicker& picker = form.agentScheduleDatePicker;
-    if (!picker.unreadableText)
-        return {};
-    const TimeOfDay kept{picker.dateValue.hour, picker.dateValue.minute};
-    return text(unreadableTimeWords(*picker.unreadableText, kept, localeClockFormat()));
 }
 
 } // namespace frimbolate

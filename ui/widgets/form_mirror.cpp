@@ -10,6 +10,7 @@
 #include "ui/widgets/time_field.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QSlider>
@@ -37,8 +38,10 @@ void FormMirror::mirror() {
         return;
     const QScopedValueRollback guard(mirroring_, true);
     const FormModel& form = delegate_->form();
+    const std::string home = QDir::homePath().toStdString();
+    const FormPresentation presentation = present(form, {home, localeClockFormat()});
     for (const auto& show : shows_)
-        show(form);
+        show(form, presentation);
 }
 
 void FormMirror::change(const std::function<void(FormModel&)>& change, const Send& send) {
@@ -58,6 +61,11 @@ void FormMirror::finishTyping() {
 }
 
 void FormMirror::show(std::function<void(const FormModel&)> show) {
+    shows_.push_back(
+        [show = std::move(show)](const FormModel& form, const FormPresentation&) { show(form); });
+}
+
+void FormMirror::show(std::function<void(const FormModel&, const FormPresentation&)> show) {
     shows_.push_back(std::move(show));
 }
 

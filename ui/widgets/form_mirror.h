@@ -5,7 +5,7 @@
 // the model anew. So no control knows another, and none of them remembers a rule.
 #pragma once
 
-#include "core/form_model.h"
+#include "core/form_presentation.h"
 #include "ui/app_delegate.h"
 
 #include <QObject>
@@ -52,6 +52,8 @@ class FormMirror : public QObject {
 
     /// Runs at each mirroring, in the order of the bindings.
     void show(std::function<void(const FormModel&)> show);
+    /// The same for what shows more than the model holds. That is made once for each mirroring.
+    void show(std::function<void(const FormModel&, const FormPresentation&)> show);
 
     // Each gives the control its outlet's name. A text is only set where it differs, so that caret
     // and undo survive the mirroring.
@@ -73,7 +75,7 @@ class FormMirror : public QObject {
   private:
     AppDelegate* delegate_ = nullptr;
     bool mirroring_ = false;
-    std::vector<std::function<void(const FormModel&)>> shows_;
+    std::vector<std::function<void(const FormModel&, const FormPresentation&)>> shows_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window
 };
 

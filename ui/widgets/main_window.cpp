@@ -1,7 +1,5 @@
 #include "ui/widgets/main_window.h"
 
-#include "core/sentences.h"
-#include "ui/widgets/clock_format.h"
 #include "ui/widgets/commands.h"
 #include "ui/widgets/drawer_host.h"
 #include "ui/widgets/drawer_panel.h"
@@ -16,7 +14,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDir>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -115,11 +112,9 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     auto* plan = new ElidedLabel(Qt::ElideRight, foot);
     plan->setObjectName("planSentence");
     line->addWidget(plan);
-    mirror_.show([plan, foot](const FormModel& model) {
-        const AgentForm form = agentForm(model);
-        plan->setWholeText(
-            text(planSentence(form, QDir::homePath().toStdString(), localeClockFormat())));
-        foot->setComplete(isPlanComplete(form));
+    mirror_.show([plan, foot](const FormModel&, const FormPresentation& presentation) {
+        plan->setWholeText(text(presentation.summary.sentence));
+        foot->setComplete(presentation.summary.isComplete);
     });
     return foot;
 }

@@ -1,0 +1,60 @@
+#include "core/form_presentation.h"
+
+#include "core/command_warning.h"
+#include "core/conversions.h"
+#include "core/launchctl_command.h"
+#include "core/schedule_words.h"
+
+namespace frimbolate {
+
+namespace {
+
+RowFlags markedRows(const FormModel& model) {
+    return {!model.nameErrorImageWell.hidden, !model.targetErrorImageWell.hidden,
+            !model.actionErrorImageWell.hidden, !model.scheduleErrorImageWell.hidden};
+}
+
+std::string unreadableTime(const FormModel& model, ClockFormat clock) {
+    const DatePicker& picker = model.agentScheduleDatePicker;
+    if (!picker.unreadableText)
+        return "";
+    const TimeOfDay kept{picker.dateValue.hour, picker.dateValue.minute};
+    return unreadableTimeWords(*picker.unreadableText, kept, clock);
+}
+
+CommandPresentation presentCommand(const std::string& command) {
+    const auto path = pathOfCommand(command);
+    return {isUnloadCommand(command), std::string(lastPiece(path, "/")), commandWarning(path)};
+}
+
+} // namespace
+
+FormPresentation present(const FormModel& model, const TextStyle& style) {
+    FormPresentation result;
+    result.record = agentForm(model);
+    result.faults = validate(result.record);
+    result.summary = planSentence(result.record, result.faults, style);
+    result.unreadableTime = unreadableTime(model, style.clock);
+    result.command = presentCommand(model.actionScriptTextView.string);
+
+    const auto marked = markedRows(model);
+    auto hints = rowHints(result.record, result.faults, marked, style);
+    std::array<std::string*, formRows.size()> lines = {&hints.name, &hints.target, &hints.action,
+                                                       &hints.schedule};
+    for (const auto row : formRows) {
+        const auto index = static_cast<std::size_t>(row);
+        auto& shown = result.rows[index];
+        // A marker stays until the next validation; the row itself looks sound once it is mended.
+        shown.isFaulty = marked[index] && faultOfRow(result.faults, row);
+        shown.warns = shown.isFaulty;
+        shown.hint = std::move(*lines[index]);
+        if (row == FormRow::Schedule && !result.unreadableTime.empty()) {
+            shown.hint =
+                shown.isFaulty ? shown.hint + "; " + result.unreadableTime : result.unreadableTime;
+            shown.warns = true;
+        }
+    }
+    return result;
+}
+
+} // namespace frimbolate

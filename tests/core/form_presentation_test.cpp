@@ -1,0 +1,153 @@
+#include "core/form_presentation.h"
+
+#include "tests/core/rendered_form.h"
+#include "tests/support/rows.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+namespace frimbolate {
+
+namespace {
+
+using test::NamedAfterRow;
+
+const TextStyle style{.home = "/Users/ada", .clock = ClockFormat::TwelveHours};
+
+/// Complete: every day at 07:30 PM.
+FormModel soundModel() {
+    FormModel model;
+    model.agentNameTextField.stringValue = "Backup";
+    model.agentTargetButton.selectedItem = TargetType::File;
+    model.agentTargetImageWell.toolTip = "/Users/ada/bin/backup.sh";
+    model.agentActionButton.selectedItem = AgentAction::OnSchedule;
+    model.agentScheduleDatePicker.dateValue.hour = 19;
+    model.agentScheduleDatePicker.dateValue.minute = 30;
+    return model;
+}
+
+void spoilDay(FormModel& model) {
+    model.agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
+    model.onMonthTextField.stringValue = "32";
+}
+
+struct Row {
+    std::string_view name;
+    std::function<void(FormModel&)> change;
+    FormRow row;
+    std::string_view hint;
+    bool isFaulty;
+    bool warns;
+};
+
+class RowPresentations : public testing::TestWithParam<Row> {};
+
+TEST_P(RowPresentations, TellMarkFaultAndTime) {
+    auto model = soundModel();
+    GetParam().change(model);
+    const auto presentation = present(model, style);
+    const auto& shown = presentation.row(GetParam().row);
+    EXPECT_EQ(shown.hint, GetParam().hint);
+    EXPECT_EQ(shown.isFaulty, GetParam().isFaulty);
+    EXPECT_EQ(shown.warns, GetParam().warns);
+}
+
+const Row rows[] = {
+    {"Sound", [](FormModel&) {}, FormRow::Schedule, "Every day at 07:30 PM", false, false},
+    {"Path", [](FormModel&) {}, FormRow::Target, "~/bin/backup.sh", false, false},
+    {"UnmarkedFault", [](FormModel& model) { model.agentNameTextField.stringValue = "a b"; },
+     FormRow::Name, "com.frimbolate.a b.plist", false, false},
+    {"MarkedFault",
+     [](FormModel& model) {
+         model.agentNameTextField.stringValue = "a b";
+         model.nameErrorImageWell.hidden = false;
+     },
+     FormRow::Name, "The name may hold only a to z, A to Z, 0 to 9 and _", true, true},
+    {"MarkedTarget",
+     [](FormModel& model) {
+         model.agentTargetButton.selectedItem = TargetType::None;
+         model.targetErrorImageWell.hidden = false;
+     },
+     FormRow::Target, "Choose an application or a script", true, true},
+    {"MarkedAction",
+     [](FormModel& model) {
+         model.agentActionButton.selectedItem = AgentAction::None;
+         model.actionErrorImageWell.hidden = false;
+     },
+     FormRow::Action, "Choose when the agent starts", true, true},
+    {"MendedAfterItWasMarked", [](FormModel& model) { model.nameErrorImageWell.hidden = false; },
+     FormRow::Name, "com.frimbolate.Backup.plist", false, false},
+    {"UnreadableTime",
+     [](FormModel& model) { model.agentScheduleDatePicker.unreadableText = "7x"; },
+     FormRow::Schedule, "\u201c7x\u201d is not a time of day; the field keeps 07:30 PM", false,
+     true},
+    {"UnreadableTimeBesideAMarkedFault",
+     [](FormModel& model) {
+         spoilDay(model);
+         model.scheduleErrorImageWell.hidden = false;
+         model.agentScheduleDatePicker.unreadableText = "7x";
+     },
+     FormRow::Schedule,
+     "The day of the month must be 1 to 31; \u201c7x\u201d is not a time of day; the field keeps "
+     "07:30 PM",
+     true, true},
+    {"UnreadableTimeBesideAnUnmarkedFault",
+     [](FormModel& model) {
+         spoilDay(model);
+         model.agentScheduleDatePicker.unreadableText = "";
+     },
+     FormRow::Schedule, "No time was given; the field keeps 07:30 PM", false, true},
+    {"UnreadableTimeLeavesOtherRowsAlone",
+     [](FormModel& model) { model.agentScheduleDatePicker.unreadableText = "7x"; }, FormRow::Name,
+     "com.frimbolate.Backup.plist", false, false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, RowPresentations, testing::ValuesIn(rows), NamedAfterRow());
+
+TEST(FormPresentations, AgreeWithEachRendering) {
+    auto model = soundModel();
+    for (const bool isSpoilt : {false, true}) {
+        if (isSpoilt)
+            spoilDay(model);
+        const auto presentation = present(model, style);
+        const auto record = agentForm(model);
+        EXPECT_EQ(presentation.record, record);
+        EXPECT_EQ(presentation.faults, validate(record));
+        EXPECT_EQ(presentation.summary.sentence, test::summaryOf(record, style).sentence);
+        EXPECT_EQ(presentation.summary.isComplete, !isSpoilt);
+    }
+}
+
+struct CommandRow {
+    std::string_view name;
+    std::string_view command;
+    bool unloads;
+    std::string_view agentFileName;
+    bool warns;
+};
+
+class CommandPresentations : public testing::TestWithParam<CommandRow> {};
+
+TEST_P(CommandPresentations, TellWhatTheCommandDoes) {
+    FormModel model;
+    model.actionScriptTextView.string = GetParam().command;
+    const auto shown = present(model).command;
+    EXPECT_EQ(shown.unloads, GetParam().unloads);
+    EXPECT_EQ(shown.agentFileName, GetParam().agentFileName);
+    EXPECT_EQ(!shown.warning.empty(), GetParam().warns);
+}
+
+const CommandRow commandRows[] = {
+    {"None", "", false, "", false},
+    {"Load", "launchctl load '/Users/ada/a.plist'", false, "a.plist", false},
+    {"Unload", "launchctl unload '/Users/ada/a.plist'", true, "a.plist", false},
+    {"Unsafe", "launchctl unload '/Users/ada/it's.plist'", true, "it's.plist", true},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, CommandPresentations, testing::ValuesIn(commandRows),
+                         NamedAfterRow());
+
+} // namespace
+
+} // namespace frimbolate
