@@ -1,0 +1,90 @@
+// What one refresh of the window costs: the model is read and validated once, whatever is shown.
+#include "core/agent_file.h"
+#include "core/validation.h"
+#include "tests/widgets/call_counts.h"
+#include "tests/widgets/window_test.h"
+
+#include <QCoreApplication>
+
+namespace frimbolate::test {
+
+namespace {
+
+class RefreshTest : public WindowTest {
+  protected:
+    /// Everything that one refresh may have to tell: every row at fault, the drawer open, a time
+    /// that was not understood, a command.
+    void spoil() {
+        show([](FormModel& model) {
+            model.agentNameTextField.stringValue = "a b";
+            model.agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
+            model.onMonthTextField.stringValue = "32";
+            model.nameErrorImageWell.hidden = model.targetErrorImageWell.hidden = false;
+            model.actionErrorImageWell.hidden = model.scheduleErrorImageWell.hidden = false;
+            model.agentScheduleDatePicker.unreadableText = "7x";
+            model.actionScriptTextView.string = "launchctl unload '/Users/ada/a.plist'";
+            model.advancedDrawer.open = true;
+        });
+    }
+
+    /// A form of which every part is told: nothing stops a rendering half way.
+    void complete(int scheduleType) {
+        show([=](FormModel& model) {
+            model.agentNameTextField.stringValue = "Backup";
+            model.agentTargetButton.selectedItem = TargetType::File;
+            model.agentTargetImageWell.toolTip = "/bin/true";
+            model.agentActionButton.selectedItem = AgentAction::OnSchedule;
+            model.agentScheduleTypeButton.selectedItem = scheduleType;
+            model.onMonthTextField.stringValue = "31";
+            model.agentIntervalField.stringValue = "90";
+        });
+    }
+
+    void expectOneValidation() {
+        // What the refresh asks for only afterwards, such as painting, counts as well.
+        QCoreApplication::processEvents();
+        EXPECT_EQ(callCounts.validations, 1);
+        EXPECT_EQ(callCounts.records, 1);
+        EXPECT_EQ(callCounts.agentFiles, 0);
+    }
+};
+
+/// A count of nothing would pass for a frugal window.
+TEST_F(RefreshTest, CountsEveryCall) {
+    callCounts = {};
+    const auto record = agentForm(form());
+    EXPECT_EQ(validate(record), validate(record));
+    EXPECT_FALSE(agentFile(record, "com.frimbolate.a").empty());
+    EXPECT_EQ(callCounts.records, 1);
+    EXPECT_EQ(callCounts.validations, 2);
+    EXPECT_EQ(callCounts.agentFiles, 1);
+}
+
+TEST_F(RefreshTest, ValidatesAFaultyFormOnce) {
+    spoil();
+    callCounts = {};
+    window.mirror();
+    expectOneValidation();
+}
+
+TEST_F(RefreshTest, ValidatesACompleteFormOnce) {
+    for (const int type : {ScheduleType::EveryDay, ScheduleType::OnceAMonth, ScheduleType::AtLoad,
+                           ScheduleType::OnInterval}) {
+        complete(type);
+        callCounts = {};
+        window.mirror();
+        expectOneValidation();
+    }
+}
+
+TEST_F(RefreshTest, ValidatesOnceForATypedCharacter) {
+    complete(ScheduleType::OnInterval);
+    callCounts = {};
+    QTest::keyClick(find("agentNameTextField"), Qt::Key_X);
+    EXPECT_EQ(form().agentNameTextField.stringValue, "Backupx");
+    expectOneValidation();
+}
+
+} // namespace
+
+} // namespace frimbolate::test
