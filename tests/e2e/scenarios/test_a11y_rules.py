@@ -2,7 +2,7 @@
 
 import unittest
 
-from senses import Part, faults, missing
+from a11y_rules import Part, faults, missing
 
 
 def window(*parts, **more):

@@ -1,6 +1,6 @@
 """Drops files from another window on the wells, as a person does out of a file manager.
 
-    drops.py <program> <folder for the pictures>
+    test_drops.py <program> <folder for the pictures>
 
 The window beside stands in the folder of this build, as drag_source.
 """
@@ -9,14 +9,14 @@ import os
 from pathlib import Path
 
 from desktop import perform, wait_until
-from main_job import grant_folder, launch_agents_folder, script_to_launch
+from test_first_agent import grant_folder, launch_agents_folder, script_to_launch
 
 SOURCE = Path(os.environ["FRIMBOLATE_DRAG_SOURCE"])
 
 
 def drop(desktop, person, files, well, taken, hint):
     """Drags files out of a window of their own onto a well, whose row has that hint afterwards."""
-    from hands_and_eyes import Person  # connects to the bus of the running desktop
+    from driver import Person  # connects to the bus of the running desktop
 
     place = person.place_of(person.look("button", well))
     field = person.place_of(person.look("field", "Name"))
@@ -42,7 +42,7 @@ def drop(desktop, person, files, well, taken, hint):
 
 
 def play(desktop, program, pictures):
-    from hands_and_eyes import Person
+    from driver import Person
 
     home = Path(os.environ["HOME"])
     folder, script = launch_agents_folder(desktop), script_to_launch(desktop)

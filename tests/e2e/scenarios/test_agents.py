@@ -3,10 +3,10 @@
 import plistlib
 from itertools import cycle
 
-from agents import AGENTS, content, form
-from beginning import STANDARD
+from agent_table import AGENTS, content, form
+from test_onboarding import STANDARD
 from desktop import wait_until
-from life import expect_equal
+from scenario import expect_equal
 
 IMPORTANT = "Important message:"
 SUPPRESS = "Do not show this message again"

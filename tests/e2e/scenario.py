@@ -4,11 +4,11 @@ import os
 import plistlib
 from pathlib import Path
 
-from agents import SCRIPT, content
+from agent_table import SCRIPT, content
 from desktop import wait_until
-from hands_and_eyes import Person  # connects to the bus of the running desktop
-from main_job import launch_agents_folder
-from ways import Bus, Keyboard, Menus, Pointer
+from driver import Person  # connects to the bus of the running desktop
+from test_first_agent import launch_agents_folder
+from input_methods import Bus, Keyboard, Menus, Pointer
 
 PREFERENCES = "com.qz.Frimbolate.plist"
 # Which control of the form is of which kind; what is not named here is a field.

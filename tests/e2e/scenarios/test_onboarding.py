@@ -4,7 +4,7 @@ import subprocess
 from itertools import cycle
 from urllib.request import pathname2url
 
-from agents import AGENTS, SCRIPT, filled
+from agent_table import AGENTS, SCRIPT, filled
 from desktop import wait_until
 
 STANDARD = {"AutoCopyScriptsKey": "False", "WarnForSuccessfulExit": "True",

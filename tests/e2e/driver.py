@@ -10,7 +10,7 @@ import subprocess
 import pyatspi
 
 from desktop import wait_until
-from tool import Tool
+from xdotool import Tool
 
 ROLES = {
     "button": (pyatspi.ROLE_PUSH_BUTTON,),

@@ -1,6 +1,6 @@
 """Walks through every state of the program as assistive tools are told of it.
 
-    every_sense.py <program> <folder for the pictures>
+    test_a11y_audit.py <program> <folder for the pictures>
 
 Ends with 0 only when in every state all that is worked with has a name and a role of its kind, when
 an alert is announced, and when nothing is told twice.
@@ -8,8 +8,8 @@ an alert is announced, and when nothing is told twice.
 
 
 from desktop import perform, wait_until
-from main_job import launch_agents_folder, script_to_launch
-from senses import faults, missing
+from test_first_agent import launch_agents_folder, script_to_launch
+from a11y_rules import faults, missing
 
 MENUS = {
     "Frimbolate": ["Preferences…", "Quit Frimbolate"],
@@ -53,8 +53,8 @@ class Walk:
     """The states of the program in an order in which each leads to the next."""
 
     def __init__(self, desktop, program):
-        from assistive import Assistive, Listener  # connects to the bus of the running desktop
-        from hands_and_eyes import Person
+        from atspi_driver import Assistive, Listener  # connects to the bus of the running desktop
+        from driver import Person
 
         self.folder, self.script = launch_agents_folder(desktop), script_to_launch(desktop)
         self.listener = Listener(desktop)

@@ -1,6 +1,6 @@
 """Plays the whole life of a person's agents: from the welcome to the end, every kind on the way.
 
-    whole_life.py <program> <folder for the pictures>
+    test_end_to_end.py <program> <folder for the pictures>
 
 Ends with 0 only when every file on the way, and the log, are as they should be.
 """
@@ -12,9 +12,9 @@ from desktop import perform
 
 def stations():
     """In their order; each takes the Life."""
-    import beginning
-    import end
-    import middle
+    import test_onboarding as beginning
+    import test_settings as end
+    import test_agents as middle
 
     return (
         beginning.welcome,
@@ -39,8 +39,8 @@ def stations():
 
 
 def live(desktop, program, pictures):
-    from beginning import furnish
-    from life import Life  # connects to the bus of the running desktop
+    from test_onboarding import furnish
+    from scenario import Life  # connects to the bus of the running desktop
 
     for picture in pictures.glob("*.png"):
         picture.unlink()

@@ -150,7 +150,7 @@ class Bus(Pointer):
     def choose(self, pop_up, item):
         node = self.person.look("pop-up", pop_up)
         self.person.act("pop-up", pop_up, "Press")
-        # Chosen with the keys; without_hands.py chooses over the bus as well.
+        # Chosen with the keys; test_a11y_only.py chooses over the bus as well.
         self.person.walk_down(node, item)
 
     def toggle(self, box):

@@ -1,6 +1,6 @@
 """Starts the program where something that every program takes for granted is missing.
 
-    degraded_start.py <program> <folder for the pictures>
+    test_degraded_start.py <program> <folder for the pictures>
 
 Standard streams that are closed or not read, no display, message buses that say nothing.
 """
@@ -13,14 +13,14 @@ import struct
 import subprocess
 
 from desktop import perform, wait_until
-from starts import Starts, state_of, windows
+from instances import Starts, state_of, windows
 
 NULL = "/dev/null"
 
 
 def form_answers():
     """Empties the form, which logs a dozen lines, and waits for what a later key does."""
-    from hands_and_eyes import Person  # connects to the bus of the running desktop
+    from driver import Person  # connects to the bus of the running desktop
 
     person = Person("Frimbolate")
     person.look_at_window("Frimbolate")

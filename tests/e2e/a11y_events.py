@@ -1,6 +1,6 @@
 """Writes what the programs on the bus tell assistive tools: a line for each event.
 
-    listener.py <file>
+    a11y_events.py <file>
 """
 
 import sys

@@ -1,6 +1,6 @@
 """Plays the program's main job as a person does it, from the first start to the finished agent.
 
-    main_job.py <program> <folder for the pictures>
+    test_first_agent.py <program> <folder for the pictures>
 
 Ends with 0 only when the agent on disk is the one that was asked for.
 """
@@ -62,7 +62,7 @@ def save(person):
 
 def play(desktop, program, pictures):
     """Returns the path of the agent, the command shown, and what the agent should hold."""
-    from hands_and_eyes import Person  # connects to the bus of the running desktop
+    from driver import Person  # connects to the bus of the running desktop
 
     folder, script = launch_agents_folder(desktop), script_to_launch(desktop)
     desktop.start(str(program))

@@ -1,6 +1,6 @@
 """Plays the program's main job through its accessible interface alone, from the first start on.
 
-    without_hands.py <program> <folder for the pictures>
+    test_a11y_only.py <program> <folder for the pictures>
 
 Ends with 0 only when the agent on disk is the one that was asked for.
 """
@@ -8,7 +8,7 @@ Ends with 0 only when the agent on disk is the one that was asked for.
 import plistlib
 
 from desktop import perform, wait_until
-from main_job import NAME, expected_agent, launch_agents_folder, script_to_launch
+from test_first_agent import NAME, expected_agent, launch_agents_folder, script_to_launch
 
 TYPED = "echo “hello”\nexit 0"
 OTHER_AGENT = {
@@ -73,7 +73,7 @@ def all_controls(person, folder):
 
 
 def play(desktop, program, _):
-    from assistive import Assistive  # connects to the bus of the running desktop
+    from atspi_driver import Assistive  # connects to the bus of the running desktop
 
     folder, script = launch_agents_folder(desktop), script_to_launch(desktop)
     desktop.start(str(program))

@@ -9,8 +9,8 @@ from pathlib import Path
 import pyatspi
 
 from desktop import wait_until
-from hands_and_eyes import ROLES, Person, descendants, labels_of
-from senses import Part
+from driver import ROLES, Person, descendants, labels_of
+from a11y_rules import Part
 
 ROLES["item"] = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM)
 
@@ -97,7 +97,7 @@ class Listener:
     def __init__(self, desktop):
         self._heard = desktop.folder / "heard.txt"
         self._heard.touch()
-        desktop.start(sys.executable, str(Path(__file__).with_name("listener.py")),
+        desktop.start(sys.executable, str(Path(__file__).with_name("a11y_events.py")),
                       str(self._heard))
         wait_until(lambda: "listening" in self.heard(), "the listener")
 

@@ -1,10 +1,10 @@
 """The last stations: preferences, tips, the window closed and brought back, the end."""
 
-from agents import AGENTS
-from beginning import FIRST_START, STANDARD
+from agent_table import AGENTS
+from test_onboarding import FIRST_START, STANDARD
 from desktop import wait_until
-from life import expect_equal
-from middle import PREFERENCES
+from scenario import expect_equal
+from test_agents import PREFERENCES
 
 WARNED = PREFERENCES | {"WarnForDelete": False}
 # What the sheet shows of those, control by control.

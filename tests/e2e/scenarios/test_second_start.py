@@ -1,6 +1,6 @@
 """Starts the program again and again, and counts its windows.
 
-    second_start.py <program> <folder for the pictures>
+    test_second_start.py <program> <folder for the pictures>
 
 The first instance is minimised, stopped, still starting or about to end.
 """
@@ -14,7 +14,7 @@ import tempfile
 from pathlib import Path
 
 from desktop import perform, wait_until
-from starts import Starts, state_of, windows
+from instances import Starts, state_of, windows
 
 
 def wait_for_takeover(process):
