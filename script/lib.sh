@@ -6,10 +6,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libqt6svg6 libxcb1-dev
     ninja-build qt6-base-dev qt6-svg-dev)
 [[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
-# A desktop without a screen, and a person's hands and eyes on it.
+# A virtual desktop, and what drives the program on it.
 # shellcheck disable=SC2034
-desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi x11-utils
-    xdotool xvfb)
+desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi
+    python3-pytest x11-utils xdotool xvfb)
 # shellcheck disable=SC2034
 test_packages=(clang-14 clang-format-14 dbus-daemon libbenchmark-dev libclang-rt-14-dev
     libgmock-dev libgtest-dev libxml2-utils python3)

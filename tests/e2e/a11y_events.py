@@ -1,4 +1,4 @@
-"""Writes what the programs on the bus tell assistive tools: a line for each event.
+"""Writes what programs on the bus announce to assistive tools: a line for each event.
 
     a11y_events.py <file>
 """
@@ -12,19 +12,19 @@ EVENTS = ("window:activate", "object:state-changed:showing",
 
 
 def write(line):
-    with open(sys.argv[1], "a", encoding="utf-8") as heard:
-        print(line, file=heard)
+    with open(sys.argv[1], "a", encoding="utf-8") as file:
+        print(line, file=file)
 
 
-def tell(event):
+def record(event):
     try:
         words = (event.type, event.source.getRoleName(), event.source.name,
                  event.source.description, event.detail1)
-    except Exception:  # what told it is gone; the binding raises whatever the bus said
+    except Exception:  # its source is gone; the binding raises whatever the bus answered
         return
     write(" | ".join(str(word).replace("\n", " ") for word in words))
 
 
-pyatspi.Registry.registerEventListener(tell, *EVENTS)
+pyatspi.Registry.registerEventListener(record, *EVENTS)
 write("listening")
 pyatspi.Registry.start()

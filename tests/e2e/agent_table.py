@@ -1,16 +1,16 @@
-"""The agents of a whole life: how each is entered, what its file holds, how it is read back."""
+"""The agents of the complete flow: how each is entered, what its file holds, how it is read back."""
 
 from typing import NamedTuple
 
 PLAIN = {"EnableGlobbing": False, "LowPriorityIO": False, "Nice": 0}
 ON_SCHEDULE = {"When to launch": "Launch on schedule"}
 KEPT_ALIVE = {"When to launch": "Launch on schedule and keep alive"}
-# A pop-up in which nothing is chosen tells its own name.
+# A pop-up in which nothing is chosen shows its own name.
 NO_SCHEDULE = {"Schedule": "Schedule"}
 # An interval is read back in the unit of its key.
 SECONDS = {"Unit of the interval": "seconds"}
 FILE, SCRIPT = "Application or script…", "New script…"
-# The drawer as it stands when it opens, and nothing in it was touched.
+# What the drawer shows when it opens and nothing in it was changed.
 DRAWER = {
     "Priority": "Normal", "Nice level": "0",
     "Standard input": "", "Standard output": "", "Standard error": "",

@@ -1,4 +1,4 @@
-"""Works with a program through its accessible interface alone: no key, no click, no eye.
+"""Works a program through its accessible interface alone: no key, no click.
 
 Import it only on a running Desktop: the binding connects to its bus at once.
 """
@@ -8,11 +8,10 @@ from pathlib import Path
 
 import pyatspi
 
-from desktop import wait_until
-from driver import ROLES, Person, descendants, labels_of
 from a11y_rules import Part
-
-ROLES["item"] = (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM)
+from accessible import descendants, has, labels_of
+from driver import Driver
+from waiting import wait_until
 
 
 def _actions(node):
@@ -24,7 +23,7 @@ def _actions(node):
 
 
 def part_of(node):
-    """A control and all that shows of what it holds, as plain data."""
+    """A control and all of its descendants that show, as plain data."""
     states = node.getState()
     part = Part(node.getRoleName(), node.name, tuple(labels_of(node)),
                 showing=states.contains(pyatspi.STATE_SHOWING),
@@ -36,71 +35,76 @@ def part_of(node):
     return part
 
 
-class Assistive(Person):
-    """Finds controls as a person's tools do, and works them through the bus."""
+class AtspiDriver(Driver):
+    """Finds controls as a Driver does, and works them through the bus. A key or click raises."""
 
     closed = ()
 
     def use(self, kind, name):
         """Does the first action of a control: presses, toggles, or opens it."""
-        self._act(self.look(kind, name))
+        self._act(self.find(kind, name))
 
-    def put(self, kind, name, text):
-        """Sets the text of a field."""
-        node = self.look(kind, name)
+    def set_text(self, kind, name, text):
+        node = self.find(kind, name)
         assert node.queryEditableText().setTextContents(text), f"'{name}' takes no text"
-        wait_until(lambda: self.text(node) == text, f"'{name}' to show '{text}'")
+        self.wait_until(lambda: self.text(node) == text, f"'{name}' to show '{text}'")
 
-    def slide(self, name, value):
-        self.look("slider", name).queryValue().currentValue = value
+    def set_value(self, name, value):
+        slider = self.find("slider", name).queryValue()
+        slider.currentValue = value
+        self.wait_until(lambda: slider.currentValue == value, f"'{name}' to show {value}")
 
     def pick(self, pop_up, item):
         """Selects an item of a pop-up that need not be open."""
-        wanted = [node for node, _ in descendants(self.look("pop-up", pop_up), self.closed)
+        wanted = [node for node, _ in descendants(self.find("pop-up", pop_up), self.closed)
                   if node.getRole() == pyatspi.ROLE_LIST_ITEM and node.name == item]
         assert len(wanted) == 1, f"{len(wanted)} items '{item}' in '{pop_up}'"
         self._act(wanted[0])
 
     def fill_panel(self, path, prompt):
         """Answers the file panel whose button bears that prompt."""
-        self.look("button", "Cancel")
-        self.put("field", "Name", path)
+        self.find("button", "Cancel")
+        self.set_text("field", "Name", path)
         self.use("button", prompt)
-        wait_until(lambda: not self.sees("button", "Cancel"), f"the panel '{prompt}' to close")
+        self.wait_until(lambda: not self.shows("button", "Cancel"), f"the panel '{prompt}' to close")
 
     def windows(self):
         """The windows in front, as plain data; none while one of them is going."""
         try:
             return [part_of(window) for window in self.front_windows()]
-        except Exception:  # a part has vanished while being looked at
+        except Exception:  # a part has vanished meanwhile
             return []
 
-    @staticmethod
-    def has_keyboard(node):
-        return node.getState().contains(pyatspi.STATE_FOCUSED)
-
     def is_open(self, pop_up):
-        return self.look("pop-up", pop_up).getState().contains(pyatspi.STATE_EXPANDED)
+        return has(self.find("pop-up", pop_up), "EXPANDED")
 
     @staticmethod
     def _act(node):
-        assert node.queryAction().doAction(0), f"'{node.name}' cannot be worked"
+        assert node.queryAction().doAction(0), f"'{node.name}' does not act"
 
     @staticmethod
     def _do(*command):
-        raise AssertionError(f"that needs hands: {' '.join(command)}")
+        raise AssertionError(f"that is no call of the accessibility bus: {' '.join(command)}")
 
 
-class Listener:
-    """Hears what the program tells from its start on; to be made before the program starts."""
+class EventListener:
+    """Records what the program announces; to be made before the program starts."""
 
-    def __init__(self, desktop):
-        self._heard = desktop.folder / "heard.txt"
-        self._heard.touch()
-        desktop.start(sys.executable, str(Path(__file__).with_name("a11y_events.py")),
-                      str(self._heard))
-        wait_until(lambda: "listening" in self.heard(), "the listener")
+    def __init__(self, desktop, file):
+        self._file = file
+        self._file.touch()
+        self._process = desktop.start(
+            sys.executable, str(Path(__file__).with_name("a11y_events.py")), str(file))
+        wait_until(lambda: "listening" in self.lines(), "the listener")
 
-    def heard(self, since=0):
-        """The lines told so far, without the first ones."""
-        return self._heard.read_text(encoding="utf-8").splitlines()[since:]
+    def close(self):
+        self._process.kill()
+        self._process.wait()
+
+    def lines(self, since=0):
+        """The lines recorded so far, without the first ones."""
+        return self._file.read_text(encoding="utf-8").splitlines()[since:]
+
+    def expect(self, start, since=0):
+        """Waits for a line that starts so."""
+        wait_until(lambda: any(line.startswith(start) for line in self.lines(since)), start)

@@ -1,35 +1,38 @@
-"""A desktop without a screen: X server, session bus and window manager, and a home of its own.
+"""A virtual desktop: X server, session bus and window manager, with a folder of their own.
 
-Needs Debian's Xvfb, dbus-daemon, openbox, xdotool, x11-utils and imagemagick; a missing one is an error.
+Needs Debian's Xvfb, dbus-daemon, openbox, xdotool, x11-utils and imagemagick; a missing one is an
+error.
 """
 
-import argparse
+import itertools
 import os
 import shutil
 import subprocess
-import sys
 import tempfile
-import time
 from pathlib import Path
 
+from waiting import TIMEOUT, wait_until
+
 TOOLS = ("Xvfb", "dbus-daemon", "openbox", "xdotool", "xprop", "import")
-PATIENCE = 60  # seconds, for whatever must become true; far more than a busy machine needs
+DISPLAY_ATTEMPTS = 50
 
 
-def wait_until(condition, what):
-    """The first true result of condition(), asked again and again until patience ends."""
-    deadline = time.monotonic() + PATIENCE
-    while True:
-        result = condition()
-        if result:
-            return result
-        if time.monotonic() > deadline:
-            raise TimeoutError(f"waited {PATIENCE} s in vain for {what}")
-        time.sleep(0.01)
+def stop(process):
+    """Ends a child process, by force when it does not end by itself."""
+    process.terminate()
+    try:
+        process.wait(TIMEOUT)
+    except subprocess.TimeoutExpired:
+        process.kill()
+        process.wait()
 
 
 class Desktop:
-    """Lives inside a with statement; its processes and folders end with it."""
+    """A context manager; its processes and folder end with it.
+
+    While it runs, this process's environment names its display and bus, as the accessibility
+    binding and xdotool read them from there.
+    """
 
     def __init__(self):
         missing = [tool for tool in TOOLS if not shutil.which(tool)]
@@ -41,11 +44,9 @@ class Desktop:
 
     def __enter__(self):
         try:
-            self._set_up_home()
-            os.environ["DISPLAY"] = ":" + self._start_and_read("Xvfb", "-displayfd", "-screen",
-                "0", "1400x1000x24", "-nolisten", "tcp", "-noreset", "-wr")  # on white
-            os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_and_read(
-                "dbus-daemon", "--print-address", "--session", "--nofork")
+            self._isolate_environment()
+            os.environ["DISPLAY"] = self._start_display()
+            os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
             self.start("openbox", "--sm-disable")
             wait_until(self._has_window_manager, "the window manager")
         except BaseException:
@@ -55,85 +56,65 @@ class Desktop:
 
     def __exit__(self, *_):
         for process in reversed(self._processes):
-            process.terminate()
-            try:
-                process.wait(PATIENCE)
-            except subprocess.TimeoutExpired:
-                process.kill()
-                process.wait()
+            stop(process)
         self._folder.cleanup()
 
     def start(self, *command, **options):
         """Starts a process that ends with the desktop at the latest."""
         with open(self.folder / "log.txt", "ab") as log:
-            options = {"stdout": log, "stderr": log} | options
-            self._processes.append(subprocess.Popen(command, **options))
+            self._processes.append(subprocess.Popen(command, stdout=log, stderr=log, **options))
         return self._processes[-1]
 
     def log(self):
-        """What the processes have said so far."""
+        """The output of the desktop's own processes so far."""
         return (self.folder / "log.txt").read_text(encoding="utf-8", errors="replace")
 
-    def picture(self, path):
-        """Keeps what stands on the screen as a PNG."""
+    @staticmethod
+    def save_screenshot(path):
         subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
 
-    def _set_up_home(self):
-        home = self.folder / "home"
-        os.environ.update(
-            HOME=str(home), LANG="C.UTF-8", QT_QPA_PLATFORM="xcb", XDG_CURRENT_DESKTOP="",
-            # Without an assistive program running, Qt would keep its controls to itself.
-            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", FRIMBOLATE_COLOR_SCHEME="light",
-            FRIMBOLATE_REDUCED_MOTION="1", FRIMBOLATE_TIMEOUT_MS=str(PATIENCE * 1000))
-        for name in ("CONFIG", "DATA", "CACHE", "RUNTIME"):
-            kind = "DIR" if name == "RUNTIME" else "HOME"
-            folder = home / name.lower()
-            folder.mkdir(parents=True, mode=0o700)
-            os.environ[f"XDG_{name}_{kind}"] = str(folder)
-        # The first terminal that the program looks for only tells that it was asked for.
-        terminal = home / "bin" / "xdg-terminal-exec"
-        terminal.parent.mkdir()
-        terminal.write_text("#!/bin/sh\n: >\"$HOME/terminal-was-opened\"\n", encoding="utf-8")
-        terminal.chmod(0o755)
-        os.environ["PATH"] = f"{terminal.parent}:{os.environ['PATH']}"
+    def _isolate_environment(self):
         for name in ("WAYLAND_DISPLAY", "LC_ALL", "LANGUAGE", "QT_SCALE_FACTOR"):
             os.environ.pop(name, None)
+        os.environ.update(HOME=str(self.folder), LANG="C.UTF-8")
+        for name in ("CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "RUNTIME_DIR"):
+            folder = self.folder / name.lower()
+            folder.mkdir(mode=0o700)
+            os.environ[f"XDG_{name}"] = str(folder)
 
-    def _start_and_read(self, program, option, *arguments):
-        """Starts a process that tells where it is reached, through the file given to the option."""
+    def _start_display(self):
+        """Starts the X server under a number of this process's own and returns its name.
+
+        The server locks an explicit number atomically, before it opens its sockets. A number that
+        it looks for by itself is locked after that, so servers that start or end at the same time
+        can take each other's.
+        """
+        first = 100 + os.getpid() % 30000
+        for number in itertools.islice(itertools.count(first), DISPLAY_ATTEMPTS):
+            name = f":{number}"
+            told = self._start_and_read(
+                lambda writing: ("Xvfb", name, "-displayfd", str(writing), "-screen", "0",
+                                 "1400x1000x24", "-nolisten", "tcp", "-noreset", "-wr"))  # on white
+            if told:
+                return name
+            stop(self._processes.pop())
+        raise RuntimeError(f"no X server did start:\n{self.log()}")
+
+    def _start_bus(self):
+        address = self._start_and_read(
+            lambda writing: ("dbus-daemon", f"--print-address={writing}", "--session", "--nofork"))
+        if not address:
+            raise RuntimeError(f"the session bus did not start:\n{self.log()}")
+        return address
+
+    def _start_and_read(self, command):
+        """Starts a process that writes one line to a descriptor when it is ready; "" if it fails."""
         reading, writing = os.pipe()
-        self.start(program, *arguments, f"{option}={writing}" if option.startswith("--") else option,
-                   *([] if option.startswith("--") else [str(writing)]), pass_fds=[writing])
+        self.start(*command(writing), pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as told:
-            line = told.readline().strip()
-        if not line:
-            raise RuntimeError(f"{program} did not start:\n{self.log()}")
-        return line
+            return told.readline().strip()
 
     @staticmethod
     def _has_window_manager():
         return subprocess.run(["xdotool", "get_desktop"], capture_output=True).returncode == 0
-
-
-def perform(play, about):
-    """Performs play(desktop, program, pictures) on a desktop of its own.
-
-    The command line names the program and a folder for the pictures. What goes wrong leaves the
-    log, and a picture called after the play.
-    """
-    parser = argparse.ArgumentParser(description=about.splitlines()[0])
-    parser.add_argument("program", type=Path)
-    parser.add_argument("pictures", type=Path)
-    arguments = parser.parse_args()
-    arguments.pictures.mkdir(parents=True, exist_ok=True)
-    failure = arguments.pictures / f"failed-{Path(sys.argv[0]).stem}.png"
-    failure.unlink(missing_ok=True)
-    with Desktop() as desktop:
-        try:
-            play(desktop, arguments.program.resolve(), arguments.pictures)
-        except BaseException:
-            desktop.picture(failure)
-            print(desktop.log(), file=sys.stderr)
-            raise
-    print(f"Pictures are in {arguments.pictures.resolve()}")

@@ -1,7 +1,7 @@
-"""What a person does with a program: looks for a control, clicks it, types.
+"""Finds the controls of a program by role and accessible name and works them as a user does.
 
-Controls are found as a screen reader finds them, by role and accessible name; clicks and keys go
-through the X server. Import it only on a running Desktop: the binding connects to its bus at once.
+Clicks and keys go through the X server. Import it only on a running Desktop: the binding connects
+to its bus at once.
 """
 
 import itertools
@@ -9,107 +9,61 @@ import subprocess
 
 import pyatspi
 
-from desktop import wait_until
-from xdotool import Tool
+from accessible import CLOSED, ROLES, children, descendants, has, labels_of
+from waiting import wait_until
+from xdotool import Xdotool
 
-ROLES = {
-    "button": (pyatspi.ROLE_PUSH_BUTTON,),
-    "check box": (pyatspi.ROLE_CHECK_BOX,),
-    "dialog": (pyatspi.ROLE_DIALOG, pyatspi.ROLE_ALERT, pyatspi.ROLE_FILE_CHOOSER),
-    "field": (pyatspi.ROLE_TEXT,),
-    "label": (pyatspi.ROLE_LABEL,),
-    "list": (pyatspi.ROLE_LIST,),
-    "pop-up": (pyatspi.ROLE_COMBO_BOX,),
-    "slider": (pyatspi.ROLE_SLIDER,),
-    "time": (pyatspi.ROLE_SPIN_BUTTON,),
-    "window": (pyatspi.ROLE_FRAME, pyatspi.ROLE_WINDOW),
-}
-# What these hold is asked for by who looks into them; there is much of it, and most is not shown.
-CLOSED = (pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_LIST, pyatspi.ROLE_MENU_BAR, pyatspi.ROLE_TREE)
-# The X server keeps the order of the keys, however fast they come; a pause serves nobody.
+# The X server keeps the order of the keys, so they need no pause between them.
 TYPE = ("type", "--clearmodifiers", "--delay", "1")
 
 
-def has(node, state):
-    """Whether a control is in that state; one that has vanished is in none."""
-    wanted = getattr(pyatspi, f"STATE_{state}")
-    try:
-        return node.getState().contains(wanted)
-    except Exception:  # the binding raises whatever the bus told
-        return False
-
-
-def children(node):
-    try:
-        return [child for child in (node.getChildAtIndex(i) for i in range(node.childCount))
-                if child is not None]
-    except Exception:  # vanished while being looked at
-        return []
-
-
-def descendants(node, closed=CLOSED, depth=0):
-    """A control and all that it holds, with how deep it stands."""
-    yield node, depth
-    try:
-        if node.getRole() in closed:
-            return
-    except Exception:  # vanished while being looked at
-        return
-    for child in children(node):
-        yield from descendants(child, closed, depth + 1)
-
-
-def labels_of(node):
-    """The names of the labels that stand beside a control."""
-    return [relation.getTarget(i).name
-            for relation in node.getRelationSet()
-            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
-            for i in range(relation.getNTargets())]
-
-
-class Person:
-    """Works with the program that calls itself so."""
+class Driver:
+    """Finds controls of the program of that application name and sends it input."""
 
     closed = CLOSED
 
     def __init__(self, program):
-        self._program = program
-        # Apart, for keys would go to the window that was asked for last in the same tool.
-        self._keys, self._asked = Tool(), Tool()
-        self._desktops = 2
-        self._at = None  # where a drag is
-        self._known = []  # a window, and what was found in it by kind and name
+        self.program = program
+        # Two processes: keys would go to the window that was queried last in the same one.
+        self._keys, self._queries = Xdotool(), Xdotool()
+        self._drag_position = None
+        self._known = []  # pairs of a window and its controls found so far, by kind and name
 
-    # Eyes
+    def close(self):
+        """Ends the processes that carry the input."""
+        self._keys.close()
+        self._queries.close()
 
-    def look(self, kind, name):
+    # Controls
+
+    def find(self, kind, name):
         """The showing control of that kind and accessible name, waited for."""
         return self.wait_until(lambda: self._found(kind, name), f"{kind} '{name}'")
 
-    def sees(self, kind, name):
+    def shows(self, kind, name):
         return self._found(kind, name) is not None
 
-    def look_at_window(self, title):
-        """The window of that title, once it is in front and listens."""
+    def find_window(self, title):
+        """The window of that title, once it is in front and has the keyboard."""
         window = self.wait_until(
             lambda: next((window for window in self.front_windows()
-                          if window.name == title and self._listens()), None),
+                          if window.name == title and self._has_keyboard()), None),
             f"the window '{title}'")
         self._settle()
         return window
 
-    def look_at_panel(self, prompt):
-        """The file panel whose button bears that prompt, once it is in front and listens."""
+    def find_panel(self, prompt):
+        """The file panel whose button bears that prompt, once it is in front and has the keyboard."""
         panel = self.wait_until(
             lambda: next((window for window in self.front_windows()
-                          if window.getRole() in ROLES["dialog"] and self._listens()
+                          if window.getRole() in ROLES["dialog"] and self._has_keyboard()
                           and self._found("button", prompt)), None),
             f"the panel with '{prompt}'")
         self._settle()
         return panel
 
     def read(self, kind, name):
-        return self.text(self.look(kind, name))
+        return self.text(self.find(kind, name))
 
     @staticmethod
     def text(node):
@@ -135,8 +89,8 @@ class Person:
         return [node for window in self.front_windows() for node, _ in descendants(window, self.closed)
                 if node.getRole() in roles and has(node, "SHOWING")]
 
-    def sight(self):
-        """All that shows, for the report of a search in vain."""
+    def dump_ui(self):
+        """All controls that show, for the message of a failed search."""
         lines = [f"the keyboard goes to the window '{self._focus()}'"]
         for window in self.all_windows():
             lines.append(f"{'in front' if has(window, 'ACTIVE') else 'behind'}:")
@@ -147,13 +101,21 @@ class Person:
 
     def all_windows(self):
         """The program's windows, shown or not; none when it is not running."""
+        return [window for application in self._applications() for window in children(application)]
+
+    def is_running(self):
+        """Whether the bus knows the program."""
+        return bool(self._applications())
+
+    def _applications(self):
+        found = []
         for application in children(pyatspi.Registry.getDesktop(0)):
             try:
-                if application.name == self._program:
-                    return children(application)
+                if application.name == self.program:
+                    found.append(application)
             except Exception:  # ended meanwhile
                 continue
-        return []
+        return found
 
     def front_windows(self):
         """The windows that have the keyboard, as the others do not answer a click."""
@@ -170,13 +132,13 @@ class Person:
 
     def click(self, kind, name):
         """Clicks into the middle of a control once it has come to rest."""
-        node = self.look(kind, name)
+        node = self.find(kind, name)
         # Between a sheet's showing and its getting the keyboard a click would go astray.
-        self.wait_until(self._listens, "the window in front to get the keyboard")
+        self.wait_until(self._has_keyboard, "the window in front to get the keyboard")
         self.click_node(node)
         return node
 
-    def place_of(self, node):
+    def centre_of(self, node):
         """The middle of a control on the screen, once it has come to rest."""
         places = [None]
 
@@ -189,37 +151,59 @@ class Person:
         return places[-1]
 
     def click_node(self, node):
-        x, y = self.place_of(node)
+        x, y = self.centre_of(node)
         # A click of the tool's own would wait for another one to follow.
         self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
 
-    def grasp(self, place):
+    def drag_begin(self, place):
         """Presses the button at a place of the screen and begins to drag."""
-        self._at = place
+        self._drag_position = place
         self._do("mousemove", *map(str, place), "mousedown", "1")
 
-    def drag_to(self, place, is_felt, what):
-        """Drags on to a place, and moves about there as a hand does until it is felt."""
-        (x, y), (to_x, to_y) = self._at, place
+    def drag_to(self, place, is_accepted, what):
+        """Drags on to a place, and moves about there until is_accepted() is true."""
+        (x, y), (to_x, to_y) = self._drag_position, place
         for step in range(1, 10):
             self._do("mousemove", str(x + (to_x - x) * step // 10), str(y + (to_y - y) * step // 10))
-        self._at = place
-        trembling = itertools.cycle((0, 1))
+        self._drag_position = place
+        offsets = itertools.cycle((0, 1))
 
-        def felt():
-            self._do("mousemove", str(to_x + next(trembling)), str(to_y))
-            return is_felt()
+        def accepted():
+            self._do("mousemove", str(to_x + next(offsets)), str(to_y))
+            return is_accepted()
 
-        self.wait_until(felt, what)
+        self.wait_until(accepted, what)
 
-    def let_go(self):
+    def drop(self):
         self._do("mouseup", "1")
+
+    def drag_slider(self, name, level):
+        """Drags the handle of a slider that stands in its middle until it shows the level."""
+        node = self.find("slider", name)
+        value, (x, y) = node.queryValue(), self.centre_of(node)
+        width = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).width
+        step = width / (value.maximumValue - value.minimumValue)
+        self._do("mousemove", str(x), str(y), "mousedown", "1")
+        # The handle's own width makes a step a little shorter than that.
+        for distance in range(1, round(step * abs(level)) + 1):
+            if value.currentValue == level:
+                break
+            self._do("mousemove", str(x + (distance if level > 0 else -distance)), str(y))
+        self.wait_until(lambda: value.currentValue == level, f"'{name}' to show {level}")
+        self.drop()
+
+    def click_menu_item(self, menu, item):
+        """Opens a menu of the bar and clicks an item of it."""
+        title = self._menu_part(menu)
+        self.click_node(title)
+        self.wait_for_menu()
+        self.click_node(self._menu_part(item))
 
     # Keyboard
 
     def press(self, *keys):
         """Presses keys one after another, such as "ctrl+s"."""
-        self.wait_until(self._listens, "the window in front to get the keyboard")
+        self.wait_until(self._has_keyboard, "the window in front to get the keyboard")
         self._do("key", "--clearmodifiers", "--delay", "1", *keys)
 
     def type(self, text):
@@ -237,7 +221,7 @@ class Person:
         self.wait_until(lambda: self.text(node) == text, f"'{node.name}' to show '{text}'")
 
     def wait_for_focus(self, node):
-        self.wait_until(lambda: has(node, "FOCUSED"), f"'{node.name}' to listen")
+        self.wait_until(lambda: has(node, "FOCUSED"), f"'{node.name}' to get the focus")
 
     def choose(self, pop_up, item):
         """Opens a pop-up and walks down to an item."""
@@ -267,7 +251,7 @@ class Person:
 
     def answer_panel(self, path, prompt):
         """Writes a path into the file panel whose button bears that prompt, and enters it."""
-        panel = self.look_at_panel(prompt)
+        panel = self.find_panel(prompt)
         self.write("Name", path)
         # A click would only close the list of completions below the field.
         self.press("Return")
@@ -285,7 +269,7 @@ class Person:
             before = self.focused()
             self.press("Tab")
             self.wait_until(lambda: not has(before, "FOCUSED"), "Tab to lead on")
-        raise AssertionError(f"Tab does not reach '{node.name}' in:\n{self.sight()}")
+        raise AssertionError(f"Tab does not reach '{node.name}' in:\n{self.dump_ui()}")
 
     def focused(self):
         """The control that has the focus, waited for."""
@@ -300,6 +284,13 @@ class Person:
         self.wait_until(lambda: any(has(menu, "SHOWING") for title in children(bar)
                                     for menu in children(title)), "a menu to open")
 
+    def _menu_part(self, name):
+        """The showing title or item of the menu bar of that name, waited for."""
+        return self.wait_until(lambda: next(
+            (node for window in self.front_windows() for node, _ in descendants(window, ())
+             if node.getRole() in ROLES["item"] and node.name == name and has(node, "SHOWING")),
+            None), f"the menu's '{name}'")
+
     def set_time(self, name, time):
         """Types a time such as "07:05" into a time field."""
         self.type_time(self.click("time", name), time)
@@ -311,26 +302,19 @@ class Person:
         self.press("Return")
         self.wait_until(lambda: self.text(node) == time, f"'{node.name}' to show '{time}'")
 
-    # Accessibility bus
-
-    def act(self, kind, name, action=None):
-        """Sends an action to a control, its first one unless it is named."""
-        node = self.look(kind, name)
-        actions = node.queryAction()
-        names = [actions.getName(i) for i in range(actions.nActions)]
-        assert actions.doAction(names.index(action) if action else 0), f"'{name}' did not act"
-        return node
-
-    def set_text(self, name, text):
-        """Sets the text of a field without typing it."""
-        node = self.look("field", name)
-        node.queryEditableText().setTextContents(text)
-        self.wait_until(lambda: self.text(node) == text, f"'{name}' to show '{text}'")
+    # Pop-over and states
 
     def type_into_pop_over(self, title, text):
         """Types into the pop-over of that title, which has the keyboard while it is open."""
         wait_until(lambda: self.pop_over_shows(title), f"the pop-over '{title}'")
         self.type(text)
+
+    def click_beside_pop_over(self):
+        """Clicks into the status line at the foot of the window, where no control is."""
+        window = next(window for window in self.all_windows() if window.name == self.program)
+        box = window.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        self._do("mousemove", str(box.x + box.width // 2), str(box.y + box.height - 6),
+                 "mousedown", "1", "mouseup", "1")
 
     @staticmethod
     def is_expanded(pop_up):
@@ -349,9 +333,9 @@ class Person:
         try:
             return wait_until(condition, what)
         except TimeoutError as error:
-            raise TimeoutError(f"{error}; in sight are:\n{self.sight()}") from error
+            raise TimeoutError(f"{error}; the window shows:\n{self.dump_ui()}") from error
 
-    def _listens(self):
+    def _has_keyboard(self):
         """Whether the program and the window manager agree on which window has the keyboard."""
         return self._focus() in [window.name for window in self.front_windows()]
 
@@ -362,14 +346,14 @@ class Person:
         loses sight of that while a pop-up is open. It takes its messages in their order, so that
         the last one done, a harmless one, means that all are.
         """
-        self._desktops = 5 - self._desktops  # 2 or 3
-        self._keys.do("set_num_desktops", str(self._desktops))
-        self.wait_until(lambda: self._asked.do("get_num_desktops") == str(self._desktops),
+        wanted = "3" if self._queries.do("get_num_desktops") == "2" else "2"
+        self._keys.do("set_num_desktops", wanted)
+        self.wait_until(lambda: self._queries.do("get_num_desktops") == wanted,
                         "the window manager to settle")
 
     def _focus(self):
         """The title of the window to which the X server sends the keys."""
-        return self._asked.do("getwindowfocus", "getwindowname")
+        return self._queries.do("getwindowfocus", "getwindowname")
 
     def _found(self, kind, name):
         for window in self.front_windows():

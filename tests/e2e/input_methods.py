@@ -1,8 +1,9 @@
-"""The four ways in which a person does the same things: pointer, keyboard, menus, bus.
+"""The four input methods, each able to do everything that a scenario needs.
 
-Each way offers command, write, choose, set_time, set_level, toggle, answer_panel, press_button and
-reply.
+Import it only on a running Desktop: the binding connects to its bus at once.
 """
+
+from atspi_driver import AtspiDriver
 
 # What a command is called in the toolbar, its shortcut, and the keys that find it in the menus.
 COMMANDS = {
@@ -14,7 +15,7 @@ COMMANDS = {
     "On/Off": ("ctrl+shift+e", ("alt+a", "o")),
     "Delete": ("ctrl+shift+BackSpace", ("alt+a", "d")),
 }
-# The keys by which the controls of the form are reached; "Tab" leads on from the schedule.
+# The keys by which the controls of the form are reached; the others are reached by Tab.
 MNEMONICS = {
     "Name": "alt+n",
     "What to launch": "alt+w",
@@ -35,132 +36,252 @@ MNEMONICS = {
     "Volume mounts": "alt+m",
     "Path changes": "alt+c",
 }
+SCRIPT = "Script"  # title of the pop-over and name of its field
 
 
 class Pointer:
-    """Clicks everything; only texts are typed."""
+    """Clicks and drags; the keyboard is used for texts, and for Return behind a typed path."""
 
-    def __init__(self, person):
-        self.person = person
+    def __init__(self, driver):
+        self.driver = driver
 
     def command(self, title):
-        self.person.click("button", title)
+        self.driver.click("button", title)
 
     def write(self, field, text):
-        self.person.write(field, text)
+        self.driver.write(field, text)
 
     def choose(self, pop_up, item):
-        node = self.person.click("pop-up", pop_up)
-        wanted = next(each for each in self.person.items(node) if each.name == item)
-        self.person.click_node(wanted)
-        self.person.wait_until(lambda: not self.person.is_expanded(node), f"'{item}' to be chosen")
+        node = self.driver.click("pop-up", pop_up)
+        wanted = next(each for each in self.driver.items(node) if each.name == item)
+        self.driver.click_node(wanted)
+        self.driver.wait_until(lambda: not self.driver.is_expanded(node), f"'{item}' to be chosen")
 
     def set_time(self, name, time):
-        self.person.set_time(name, time)
+        self.driver.set_time(name, time)
 
     def set_level(self, slider, level):
         """Moves a slider that stands in its middle."""
-        node = self.person.look("slider", slider)
-        self.person.press(MNEMONICS[slider])
-        self.person.wait_for_focus(node)
-        self.person.press(*["Right" if level > 0 else "Left"] * abs(level))
-        self.person.wait_until(lambda: node.queryValue().currentValue == level, f"level {level}")
+        self.driver.drag_slider(slider, level)
 
     def toggle(self, box):
-        self.person.click("check box", box)
+        node = self.driver.find("check box", box)
+        before = self.driver.is_checked(node)
+        self.turn(box)
+        self.driver.wait_until(lambda: self.driver.is_checked(node) != before, f"'{box}' to turn")
+
+    def turn(self, box):
+        self.driver.click("check box", box)
 
     def answer_panel(self, path, prompt):
-        self.person.answer_panel(path, prompt)
+        self.driver.answer_panel(path, prompt)
+
+    def accept_panel(self, prompt):
+        """Answers a file panel with the path that it proposes."""
+        panel = self.driver.find_panel(prompt)
+        self.press_button(prompt)
+        return panel
+
+    def cancel_panel(self, prompt):
+        panel = self.driver.find_panel(prompt)
+        self.press_button("Cancel")
+        self.driver.wait_until_gone(panel)
 
     def press_button(self, button):
-        self.person.click("button", button)
+        self.driver.click("button", button)
 
     def reply(self, title, button):
         """Answers the sheet of that title, and waits until it is gone."""
-        window = self.person.look_at_window(title)
+        window = self.driver.find_window(title)
         self.press_button(button)
-        self.person.wait_until_gone(window)
+        self.driver.wait_until_gone(window)
+
+    def write_script(self, text):
+        """Types into the open pop-over of the script."""
+        self.driver.type_into_pop_over(SCRIPT, text)
+
+    def close_script(self):
+        """Closes the pop-over of the script, once it is open, by a click beside it."""
+        self._wait_for_script()
+        self.driver.click_beside_pop_over()
+        self._wait_until_script_is_gone()
+
+    def open_preferences(self):
+        self.driver.click_menu_item("Frimbolate", "Preferences…")
+
+    def toggle_tips(self):
+        self.turn("Tips")
+
+    def close_window(self):
+        self.driver.click_menu_item("File", "Close Window")
+
+    def quit(self):
+        self.driver.click_menu_item("Frimbolate", "Quit Frimbolate")
+
+    def _wait_for_script(self):
+        self.driver.wait_until(lambda: self.driver.pop_over_shows(SCRIPT), "the pop-over to open")
+
+    def _wait_until_script_is_gone(self):
+        self.driver.wait_until(lambda: not self.driver.pop_over_shows(SCRIPT),
+                               "the pop-over to close")
 
 
 class Keyboard(Pointer):
-    """Touches no pointer: shortcuts, mnemonics, Tab, arrows, Return."""
+    """Touches no pointer: shortcuts, mnemonics, Tab, arrows, Return, Escape."""
 
     def command(self, title):
-        self.person.look("button", title)
-        self.person.press(COMMANDS[title][0])
+        self.driver.find("button", title)
+        self.driver.press(COMMANDS[title][0])
 
     def reach(self, kind, name):
-        node = self.person.look(kind, name)
+        node = self.driver.find(kind, name)
         if name in MNEMONICS:
-            self.person.press(MNEMONICS[name])
-            self.person.wait_for_focus(node)
+            self.driver.press(MNEMONICS[name])
+            self.driver.wait_for_focus(node)
         else:
-            self.person.tab_to(node)
+            self.driver.tab_to(node)
         return node
 
     def write(self, field, text):
-        self.person.overwrite(self.reach("field", field), text)
+        self.driver.overwrite(self.reach("field", field), text)
 
     def choose(self, pop_up, item):
         node = self.reach("pop-up", pop_up)
-        self.person.press("Down")
-        self.person.walk_down(node, item)
+        self.driver.press("Down")
+        self.driver.walk_down(node, item)
 
     def set_time(self, name, time):
-        self.person.type_time(self.reach("time", name), time)
+        self.driver.type_time(self.reach("time", name), time)
 
-    def toggle(self, box):
-        node = self.person.look("check box", box)
-        before = self.person.is_checked(node)
-        self.person.press(MNEMONICS[box])
-        self.person.wait_until(lambda: self.person.is_checked(node) != before, f"'{box}' to turn")
+    def set_level(self, slider, level):
+        node = self.reach("slider", slider)
+        self.driver.press(*["Right" if level > 0 else "Left"] * abs(level))
+        self.driver.wait_until(lambda: node.queryValue().currentValue == level, f"level {level}")
+
+    def turn(self, box):
+        if box in MNEMONICS:
+            self.driver.press(MNEMONICS[box])
+        else:
+            self.reach("check box", box)
+            self.driver.press("space")
 
     def answer_panel(self, path, prompt):
-        panel = self.person.look_at_panel(prompt)
+        panel = self.driver.find_panel(prompt)
         # The panel opens with the keyboard in its name field.
-        self.person.overwrite(self.person.look("field", "Name"), path)
-        self.person.press("Return")
-        self.person.wait_until_gone(panel)
+        self.driver.overwrite(self.driver.find("field", "Name"), path)
+        self.driver.press("Return")
+        self.driver.wait_until_gone(panel)
+
+    def accept_panel(self, prompt):
+        panel = self.driver.find_panel(prompt)
+        self.driver.press("Return")
+        return panel
+
+    def cancel_panel(self, prompt):
+        panel = self.driver.find_panel(prompt)
+        self.driver.press("Escape")
+        self.driver.wait_until_gone(panel)
 
     def press_button(self, button):
-        self.person.tab_to(self.person.look("button", button))
-        self.person.press("space")
+        self.driver.tab_to(self.driver.find("button", button))
+        self.driver.press("space")
+
+    def close_script(self):
+        self._wait_for_script()
+        self.driver.press("Escape")
+        self._wait_until_script_is_gone()
+
+    def open_preferences(self):
+        self.driver.press("ctrl+comma")
+
+    def toggle_tips(self):
+        self.driver.press("ctrl+t")
+
+    def close_window(self):
+        self.driver.press("ctrl+w")
+
+    def quit(self):
+        self.driver.press("ctrl+q")
 
 
 class Menus(Keyboard):
-    """The keyboard again, but commands are looked up in the menus."""
+    """The keyboard again, but every command is looked up in the menus."""
 
     def command(self, title):
-        self.person.look("button", title)
-        menu, key = COMMANDS[title][1]
-        self.person.press(menu)
-        self.person.wait_for_menu()
-        self.person.press(key)
+        self.driver.find("button", title)
+        self._menu(*COMMANDS[title][1])
+
+    def open_preferences(self):
+        self._menu("alt+b", "p")
+
+    def toggle_tips(self):
+        self._menu("alt+v", "t")
+
+    def close_window(self):
+        self._menu("alt+f", "c")
+
+    def quit(self):
+        self._menu("alt+b", "q")
+
+    def _menu(self, menu, key):
+        self.driver.press(menu)
+        self.driver.wait_for_menu()
+        self.driver.press(key)
 
 
 class Bus(Pointer):
-    """Does what an assistive tool does: sets texts and sends actions to the controls."""
+    """Sets texts and values and sends actions over the accessibility bus; no key, no click."""
+
+    def __init__(self, driver):
+        super().__init__(AtspiDriver(driver.program))
 
     def command(self, title):
-        self.person.act("button", title)
+        self.driver.use("button", title)
 
     def write(self, field, text):
-        self.person.set_text(field, text)
+        self.driver.set_text("field", field, text)
 
     def choose(self, pop_up, item):
-        node = self.person.look("pop-up", pop_up)
-        self.person.act("pop-up", pop_up, "Press")
-        # Chosen with the keys; test_a11y_only.py chooses over the bus as well.
-        self.person.walk_down(node, item)
+        self.driver.pick(pop_up, item)
 
-    def toggle(self, box):
-        self.person.act("check box", box)
+    def set_time(self, name, time):
+        self.driver.set_text("time", name, time)
+
+    def set_level(self, slider, level):
+        self.driver.set_value(slider, level)
+
+    def turn(self, box):
+        self.driver.use("check box", box)
 
     def answer_panel(self, path, prompt):
-        panel = self.person.look_at_panel(prompt)
-        self.person.set_text("Name", path)
-        self.person.act("button", prompt)
-        self.person.wait_until_gone(panel)
+        panel = self.driver.find_panel(prompt)
+        self.driver.set_text("field", "Name", path)
+        self.driver.use("button", prompt)
+        self.driver.wait_until_gone(panel)
 
     def press_button(self, button):
-        self.person.act("button", button)
+        self.driver.use("button", button)
+
+    def write_script(self, text):
+        self.driver.find("dialog", SCRIPT)
+        self.driver.set_text("field", SCRIPT, text)
+
+    def close_script(self):
+        """Leaves the pop-over open: actions reach the window behind it."""
+        self._wait_for_script()
+
+    def open_preferences(self):
+        self._menu("Frimbolate", "Preferences…")
+
+    def close_window(self):
+        self._menu("File", "Close Window")
+
+    def quit(self):
+        self._menu("Frimbolate", "Quit Frimbolate")
+
+    def _menu(self, menu, item):
+        self.driver.use("item", menu)
+        self.driver.use("item", item)
+
+
+METHODS = {"pointer": Pointer, "keyboard": Keyboard, "menus": Menus, "bus": Bus}

@@ -1,15 +1,13 @@
-"""Starts of the program on one desktop, and the windows that come of them.
+"""Starts of the program beside each other in one home, and the windows of each.
 
-Windows are found through the X server, since the accessibility bus tells instances of one name badly
-apart.
+Windows are found through the X server: on the accessibility bus all instances have the same name.
 """
 
-import os
 import plistlib
 import subprocess
 from pathlib import Path
 
-from desktop import PATIENCE, wait_until
+from waiting import TIMEOUT, wait_until
 
 
 def windows(process):
@@ -19,53 +17,37 @@ def windows(process):
     return found.stdout.split()
 
 
-class Starts:
-    """The program on one desktop, with settings that begin without a question."""
+def state_of(process):
+    """The kernel's letter for the state of the process of that number."""
+    return Path(f"/proc/{process}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()[0]
 
-    def __init__(self, desktop, program):
-        self.desktop, self._program = desktop, program
-        settings = Path(os.environ["XDG_CONFIG_HOME"]) / "com.qz.Frimbolate.plist"
-        settings.write_bytes(plistlib.dumps({
+
+class Instances:
+    """Starts the program with settings that need no question; the home ends the processes."""
+
+    def __init__(self, home, program):
+        self.home, self._program = home, program
+        home.preference_file.write_bytes(plistlib.dumps({
             "ShowWelcomeWindow": "False - 3.0",
-            "Bookmark": f"path1:{desktop.folder}".encode()}))
-        self._processes = []
-
-    @staticmethod
-    def environment(variables):
-        return {name: value for name, value in (os.environ | variables).items()
-                if value is not None}
+            "Bookmark": f"path1:{home.folder}".encode()}))
 
     def start(self, *arguments, wrapper=(), streams=None, **variables):
         """Starts the program with other variables, and without those that are None."""
-        self._processes.append(self.desktop.start(*wrapper, str(self._program), *arguments,
-                                                  env=self.environment(variables), **streams or {}))
-        return self._processes[-1]
+        return self.home.start(*wrapper, self._program, *arguments, streams=streams, **variables)
 
-    def shown(self, *arguments, **options):
-        """A start that opens a window."""
+    def start_shown(self, *arguments, **options):
+        """Starts an instance that opens a window."""
         process = self.start(*arguments, **options)
         wait_until(lambda: windows(process), "a window")
         return process
 
-    def ended(self, *arguments, **variables):
-        """A start that ends by itself, with what it printed."""
+    def run(self, *arguments, **variables):
+        """Runs a start that ends by itself; returns its code and what it printed."""
         return subprocess.run([self._program, *arguments], capture_output=True, text=True,
-                              env=self.environment(variables), timeout=PATIENCE)
+                              env=self.home.variables(variables), timeout=TIMEOUT)
 
-    def expect_told(self, **variables):
-        """A start that leaves it to the running instance."""
+    def expect_handover(self, **variables):
+        """Starts an instance that leaves the window to the one that runs, and ends."""
         process = self.start(**variables)
         wait_until(lambda: process.poll() is not None, "the second start to end")
         assert process.returncode == 0, process.returncode
-
-    def end(self):
-        for process in self._processes:
-            if process.poll() is None:
-                process.kill()
-            process.wait()
-        self._processes.clear()
-
-
-def state_of(process):
-    """The kernel's letter for what the process of that number does."""
-    return Path(f"/proc/{process}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()[0]

@@ -1,12 +1,12 @@
-"""The hands: keys and clicks through the X server."""
+"""Keys and clicks through the X server."""
 
 import subprocess
 
 
-class Tool:
-    """One xdotool that takes command after command, as starting it anew costs more than most do."""
+class Xdotool:
+    """One xdotool process that takes command after command; starting it costs more than most do."""
 
-    END = "getdisplaygeometry"  # what it prints tells that the command before it is done
+    END = "getdisplaygeometry"  # its output marks the end of the command before it
 
     def __init__(self):
         self._process = None
@@ -14,7 +14,7 @@ class Tool:
                                    check=True).stdout
 
     def do(self, *command):
-        """Does a command of plain words and returns what it prints."""
+        """Runs a command of plain words and returns what it prints."""
         if self._process is None:
             self._process = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE,
                                              stdout=subprocess.PIPE,
@@ -23,13 +23,24 @@ class Tool:
             self._process.stdin.write(f"{' '.join(command)}\n{self.END}\n")
             self._process.stdin.flush()
         except BrokenPipeError:
-            pass  # as below, where there is nothing to read then
+            pass  # the loop below ends at once then
         printed = ""
         for line in self._process.stdout:
             if line == self._end:
                 return printed.strip()
             printed += line
-        # A window that vanishes while it is asked for ends the tool.
+        # A window that vanishes while it is asked for ends xdotool.
+        self.close()
+        return ""
+
+    def close(self):
+        """Ends the process; the next command starts another one."""
+        if self._process is None:
+            return
+        try:
+            self._process.stdin.close()
+        except BrokenPipeError:
+            pass  # it ended before it took all that was written
+        self._process.stdout.close()
         self._process.wait()
         self._process = None
-        return ""

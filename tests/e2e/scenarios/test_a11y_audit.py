@@ -1,15 +1,13 @@
-"""Walks through every state of the program as assistive tools are told of it.
+"""Every state of the window as the accessibility bus describes it.
 
-    test_a11y_audit.py <program> <folder for the pictures>
-
-Ends with 0 only when in every state all that is worked with has a name and a role of its kind, when
-an alert is announced, and when nothing is told twice.
+In each, every control has a name and a role of its kind; an alert is announced, and nothing is
+announced twice.
 """
 
+import pytest
 
-from desktop import perform, wait_until
-from test_first_agent import launch_agents_folder, script_to_launch
 from a11y_rules import faults, missing
+from waiting import wait_until
 
 MENUS = {
     "Frimbolate": ["Preferences…", "Quit Frimbolate"],
@@ -49,211 +47,232 @@ PANEL = ["text 'Name'", "push button 'Cancel'"]
 INCOMPLETE = "Some information is missing or incorrect."
 
 
-class Walk:
-    """The states of the program in an order in which each leads to the next."""
+class Audit:
+    """Works the program over the bus, and looks at each state that it is brought to."""
 
-    def __init__(self, desktop, program):
-        from atspi_driver import Assistive, Listener  # connects to the bus of the running desktop
-        from driver import Person
+    def __init__(self, app):
+        from atspi_driver import AtspiDriver
 
-        self.folder, self.script = launch_agents_folder(desktop), script_to_launch(desktop)
-        self.listener = Listener(desktop)
-        desktop.start(str(program))
-        self.tools, self.hands = Assistive("Frimbolate"), Person("Frimbolate")
-        self.seen, self.found = 0, []
+        self.app, self.tools = app, AtspiDriver("Frimbolate")
+        self.folder = app.home.agents_folder
 
-    def see(self, state, kind, name, expected=()):
-        """Waits until the state is up, then looks at all that shows in it."""
-        self.tools.look(kind, name)
+    def start(self):
+        """Starts with settings that need no question, and the tips hidden."""
+        self.app.start_ready()
+        self.tools.use("check box", "Tips")
+        self.tools.wait_until(lambda: not self.tools.shows("button", "Tip: Name"), "tips to hide")
+
+    def inspect(self, state, kind, name, expected=()):
+        """Waits until the state is up, then applies the rules to all that shows in it."""
+        self.tools.find(kind, name)
         # A window that goes may be in front for a moment still.
         lacking = [None]
 
-        def whole():
+        def complete():
             windows = self.tools.windows()
             lacking[0] = [missing(window, expected) for window in windows]
             return windows if [] in lacking[0] else None
 
         try:
-            windows = wait_until(whole, state)
+            windows = wait_until(complete, state)
         except TimeoutError as error:
-            raise TimeoutError(f"{error}; there lack {lacking[0]}") from error
-        self.seen += 1
-        self.found += [f"{state}: {fault}" for window in windows for fault in faults(window)]
+            raise TimeoutError(f"{error}; missing are {lacking[0]}") from error
+        found = [f"{state}: {fault}" for window in windows for fault in faults(window)]
+        assert not found, "\n".join(dict.fromkeys(found))
 
-    def escape(self):
-        self.hands.press("Escape")
-
-    def start(self):
-        self.see("welcome", "button", "Get Started",
-                 ["dialog 'Welcome to Frimbolate'", "check box 'Show this window at start'"])
-        self.tools.use("button", "Get Started")
-        self.see("folder panel", "button", "Choose", [*PANEL, "push button 'Choose'"])
-        self.tools.fill_panel(str(self.folder), "Choose")
-
-    def form(self):
-        self.see("form with tips", "field", "Name",
-                 FORM + [f"push button 'Tip: {name}'" for name in TIPS])
-        for name in TIPS:
-            self.tools.use("button", f"Tip: {name}")
-            self.see(f"tip {name}", "button", "Ok")
-            self.tools.use("button", "Ok")
-        self.tools.use("check box", "Tips")
-        self.see("form without tips", "field", "Name", FORM)
-        for schedule, parts in SCHEDULES.items():
-            self.tools.pick("Schedule", schedule)
-            self.see(schedule, "pop-up", "Schedule", FORM + parts)
-
-    def drawer(self):
-        self.tools.use("check box", "Advanced")
-        self.see("drawer", "pop-up", "Priority", FORM + DRAWER)
-        self.tools.use("check box", "Tips")
-        self.see("drawer's tip", "button", "Tip: Advanced", FORM + DRAWER)
-        self.tools.use("check box", "Tips")
-        self.tools.use("check box", "Path changes")
-        self.tools.fill_panel(str(self.folder), "Select")
-        self.see("additional path", "button", "Additional watched path", FORM + DRAWER)
-        self.tools.use("check box", "Advanced")
-
-    def actions(self):
-        self.tools.pick("When to launch", "Launch when a path is modified…")
-        self.see("path panel", "button", "Select", [*PANEL, "push button 'Select'"])
-        self.tools.fill_panel(str(self.folder), "Select")
-        self.see("watched path", "button", "Watched path", FORM)
-        self.tools.pick("When to launch", "Launch when a volume is mounted")
-        self.see("watched volumes", "button", "Watched path", FORM)
-        self.tools.pick("When to launch", "Launch on schedule and keep alive")
-        self.see("kept alive", "time", "Time of day", FORM)
-
-    def pop_over(self):
-        self.tools.pick("What to launch", "New script…")
-        self.see("script pop-over", "dialog", "Script",
-                 ["dialog 'Script'", "combo box 'Language'", "text 'Script'"])
-        whole, script = self.tools.look("dialog", "Script").parent, self.tools.look("field", "Script")
-        assert whole.name == "Frimbolate", f"the pop-over belongs to '{whole.name}'"
-        wait_until(lambda: self.tools.has_keyboard(script), "the script to get the keyboard")
-        self.see_list("Language", "Shell (/bin/sh)")
-        self.escape()
-        wait_until(lambda: not self.tools.sees("dialog", "Script"), "the pop-over to go")
-
-    def see_list(self, pop_up, item):
+    def inspect_list(self, pop_up, item):
         self.tools.use("pop-up", pop_up)
-        self.see(f"list {pop_up}", "pop-up", pop_up, [f"list item '{item}'"])
+        self.inspect(f"list {pop_up}", "pop-up", pop_up, [f"list item '{item}'"])
         self.escape()
         wait_until(lambda: not self.tools.is_open(pop_up), f"the list '{pop_up}' to close")
 
-    def lists_and_menus(self):
-        self.see_list("What to launch", "Application or script…")
-        self.see_list("When to launch", "Launch on schedule")
-        self.see_list("Schedule", "Every Wednesday")
-        for menu, items in MENUS.items():
-            self.tools.use("item", menu)
-            self.see(f"menu {menu}", "item", items[0])
-            for item in items:
-                self.tools.look("item", item)
-            self.escape()
-            wait_until(lambda: not self.tools.sees("item", items[0]), f"the menu {menu} to close")
-            # The first Escape leaves the bar itself lit.
-            self.escape()
-
-    def sheets(self):
-        for menu, item, title, close in (
-                ("Frimbolate", "Preferences…", "Preferences", "Close"),
-                ("Help", "About Frimbolate", None, "Close")):
-            self.tools.use("item", menu)
-            self.tools.use("item", item)
-            self.see(item, "button", close, [f"dialog '{title}'"] if title else [])
-            self.tools.use("button", close)
-            self.tools.look("button", "Save")
-
-    def alert(self):
-        """An alert is told by its role, name and description as soon as it shows."""
-        self.tools.use("button", "New")
-        before = len(self.listener.heard())
-        self.tools.use("button", "Save")
-        self.see("alert", "button", "Ok", [f"alert '{INCOMPLETE}'"])
-        for event in ("object:state-changed:showing", "window:activate"):
-            wait_until(lambda: any(
-                line.startswith(f"{event} | alert | {INCOMPLETE} | • Name cannot be left blank")
-                for line in self.listener.heard(before)), f"{event} of the alert")
-        before = len(self.listener.heard())
-        self.tools.use("button", "Ok")
-        # Told after all that there is to tell of the alert's going.
-        wait_until(lambda: any(line.startswith("window:activate | frame | Frimbolate")
-                               for line in self.listener.heard(before)), "the window to be back")
-        field = self.tools.look("field", "Name")
-        wait_until(lambda: field.description == "The agent needs a name", "the fault to be told")
-
-    def only_news(self):
-        """Where one thing changes nothing else is told again."""
-        before = len(self.listener.heard())
-        self.tools.put("field", "Name", "Backup")
-        wait_until(lambda: any("| text | Name | com.frimbolate.Backup.plist" in line
-                               for line in self.listener.heard(before)), "the new description")
-        told = [line for line in self.listener.heard(before) if "accessible-description" in line
-                or "state-changed:showing" in line]
-        others = [line for line in told if "| text | Name |" not in line]
-        assert len(told) - len(others) == 1, told
-        assert not others, others
-
-    def save(self):
-        agent = str(self.folder / "com.frimbolate.Backup.plist")
-        for times in range(2):
-            self.tools.put("field", "Name", "Backup")
-            self.tools.pick("What to launch", "Application or script…")
-            self.see("target panel", "button", "Select", [*PANEL, "push button 'Select'"])
-            self.tools.fill_panel(str(self.script), "Select")
-            self.tools.pick("When to launch", "Launch on schedule")
-            self.tools.use("button", "Save")
-            self.see("save panel", "button", "Cancel", PANEL)
-            self.tools.put("field", "Name", agent)
-            self.tools.use("button", "Save")
-            if times:
-                self.see("replace", "button", "Replace")
-                self.tools.use("button", "Replace")
-            self.see("saved", "button", "Continue")
-            self.tools.use("button", "Continue")
-            self.see("command", "button", "Open Terminal",
-                     ["text 'Command'", "push button 'Copy the command'"])
-            self.tools.use("button", "Close")
-        self.tools.use("button", "Edit")
-        self.see("question", "button", "Cancel")
-        self.tools.use("button", "Continue")
-        self.see("warning", "check box", "Do not show this message again")
-        self.tools.use("button", "Continue")
-        self.see("agent panel", "button", "Select", PANEL)
-        self.tools.use("button", "Cancel")
-
-    def unsafe_command(self):
-        """An alert warns of a command that does more than it shows, as soon as its sheet opens."""
-        name = "com.frimbolate.a';touch pwned;'.plist"
-        (self.folder / name).write_bytes(b"")
-        before = len(self.listener.heard())
-        self.tools.use("button", "Load")
-        self.tools.fill_panel(str(self.folder / name), "Select")
-        self.see("unsafe command", "button", "Open Terminal", ["dialog 'Load the agent'"])
-        for event in ("object:state-changed:showing | alert | Do not paste this command",
-                      f"window:activate | dialog | Load the agent | {name}. Do not paste"):
-            wait_until(lambda: any(line.startswith(event)
-                                   for line in self.listener.heard(before)), event)
-        self.tools.use("button", "Copy the command")
-        wait_until(lambda: any(
-            "accessible-description | push button | Copy the command | Copied" in line
-            for line in self.listener.heard(before)), "the copying to be told")
-        self.tools.use("button", "Close")
-        self.tools.look("button", "Save")
-
-    def through(self):
-        for state in (self.start, self.form, self.drawer, self.actions, self.pop_over,
-                      self.lists_and_menus, self.sheets, self.alert, self.only_news, self.save,
-                      self.unsafe_command):
-            state()
-        print(f"{self.seen} states seen")
-        assert not self.found, "\n".join(dict.fromkeys(self.found))
+    def escape(self):
+        self.app.driver.press("Escape")
 
 
-def walk(desktop, program, _):
-    Walk(desktop, program).through()
+@pytest.fixture
+def audit(app):
+    audit = Audit(app)
+    yield audit
+    audit.tools.close()
 
 
-if __name__ == "__main__":
-    perform(walk, __doc__)
+def test_welcome_and_folder_panel(app, audit):
+    app.start()
+    audit.inspect("welcome", "button", "Get Started",
+                  ["dialog 'Welcome to Frimbolate'", "check box 'Show this window at start'"])
+    audit.tools.use("button", "Get Started")
+    audit.inspect("folder panel", "button", "Choose", [*PANEL, "push button 'Choose'"])
+    audit.tools.fill_panel(str(audit.folder), "Choose")
+    audit.inspect("form with tips", "field", "Name",
+                  FORM + [f"push button 'Tip: {name}'" for name in TIPS])
+
+
+def test_tips(app, audit):
+    app.start_ready()
+    for name in TIPS:
+        audit.tools.use("button", f"Tip: {name}")
+        audit.inspect(f"tip {name}", "button", "Ok")
+        audit.tools.use("button", "Ok")
+    audit.tools.use("check box", "Tips")
+    audit.inspect("form without tips", "field", "Name", FORM)
+
+
+@pytest.mark.parametrize("schedule", SCHEDULES)
+def test_schedule(audit, schedule):
+    audit.start()
+    audit.tools.pick("Schedule", schedule)
+    audit.inspect(schedule, "pop-up", "Schedule", FORM + SCHEDULES[schedule])
+
+
+def test_drawer(audit):
+    audit.start()
+    audit.tools.use("check box", "Advanced")
+    audit.inspect("drawer", "pop-up", "Priority", FORM + DRAWER)
+    audit.tools.use("check box", "Tips")
+    audit.inspect("drawer's tip", "button", "Tip: Advanced", FORM + DRAWER)
+    audit.tools.use("check box", "Path changes")
+    audit.tools.fill_panel(str(audit.folder), "Select")
+    audit.inspect("additional path", "button", "Additional watched path", FORM + DRAWER)
+
+
+def test_events_that_launch(audit):
+    audit.start()
+    audit.tools.pick("When to launch", "Launch when a path is modified…")
+    audit.inspect("path panel", "button", "Select", [*PANEL, "push button 'Select'"])
+    audit.tools.fill_panel(str(audit.folder), "Select")
+    audit.inspect("watched path", "button", "Watched path", FORM)
+    audit.tools.pick("When to launch", "Launch when a volume is mounted")
+    audit.inspect("watched volumes", "button", "Watched path", FORM)
+    audit.tools.pick("When to launch", "Launch on schedule and keep alive")
+    audit.inspect("kept alive", "time", "Time of day", FORM)
+
+
+def test_script_pop_over(audit):
+    audit.start()
+    tools = audit.tools
+    tools.pick("What to launch", "New script…")
+    audit.inspect("script pop-over", "dialog", "Script",
+                  ["dialog 'Script'", "combo box 'Language'", "text 'Script'"])
+    parent, script = tools.find("dialog", "Script").parent, tools.find("field", "Script")
+    assert parent.name == "Frimbolate", f"the pop-over belongs to '{parent.name}'"
+    tools.wait_for_focus(script)
+    audit.inspect_list("Language", "Shell (/bin/sh)")
+    audit.escape()
+    wait_until(lambda: not tools.shows("dialog", "Script"), "the pop-over to go")
+
+
+@pytest.mark.parametrize("pop_up, item", (
+    ("What to launch", "Application or script…"), ("When to launch", "Launch on schedule"),
+    ("Schedule", "Every Wednesday")))
+def test_list(audit, pop_up, item):
+    audit.start()
+    audit.inspect_list(pop_up, item)
+
+
+def test_menus(audit):
+    audit.start()
+    for menu, items in MENUS.items():
+        audit.tools.use("item", menu)
+        audit.inspect(f"menu {menu}", "item", items[0])
+        for item in items:
+            audit.tools.find("item", item)
+        audit.escape()
+        wait_until(lambda: not audit.tools.shows("item", items[0]), f"the menu {menu} to close")
+        # The first Escape leaves the bar itself lit.
+        audit.escape()
+
+
+@pytest.mark.parametrize("menu, item, expected", (
+    ("Frimbolate", "Preferences…", ["dialog 'Preferences'"]), ("Help", "About Frimbolate", [])),
+    ids=("preferences", "about"))
+def test_sheet(audit, menu, item, expected):
+    audit.start()
+    audit.tools.use("item", menu)
+    audit.tools.use("item", item)
+    audit.inspect(item, "button", "Close", expected)
+    audit.tools.use("button", "Close")
+    audit.tools.find("button", "Save")
+
+
+def test_alert_is_announced(listener, audit):
+    """By its role, name and description, as soon as it shows."""
+    audit.start()
+    before = len(listener.lines())
+    audit.tools.use("button", "Save")
+    audit.inspect("alert", "button", "Ok", [f"alert '{INCOMPLETE}'"])
+    for event in ("object:state-changed:showing", "window:activate"):
+        listener.expect(f"{event} | alert | {INCOMPLETE} | • Name cannot be left blank", before)
+    before = len(listener.lines())
+    audit.tools.use("button", "Ok")
+    # Announced after all that there is to announce of the alert's going.
+    listener.expect("window:activate | frame | Frimbolate", before)
+    field = audit.tools.find("field", "Name")
+    wait_until(lambda: field.description == "The agent needs a name", "the fault to be described")
+
+    # One change announces itself and repeats nothing else, though three rows are at fault.
+    before = len(listener.lines())
+    audit.tools.set_text("field", "Name", "Backup")
+    wait_until(lambda: any("| text | Name | com.frimbolate.Backup.plist" in line
+                           for line in listener.lines(before)), "the new description")
+    announced = [line for line in listener.lines(before) if "accessible-description" in line
+                 or "state-changed:showing" in line]
+    others = [line for line in announced if "| text | Name |" not in line]
+    assert len(announced) - len(others) == 1, announced
+    assert not others, others
+
+
+def test_saving(app, audit):
+    """Twice, as the second time asks whether to replace the file."""
+    audit.start()
+    tools, script = audit.tools, app.home.create_script()
+    for is_second in (False, True):
+        tools.set_text("field", "Name", "Backup")
+        tools.pick("What to launch", "Application or script…")
+        audit.inspect("target panel", "button", "Select", [*PANEL, "push button 'Select'"])
+        tools.fill_panel(str(script), "Select")
+        tools.pick("When to launch", "Launch on schedule")
+        tools.use("button", "Save")
+        audit.inspect("save panel", "button", "Cancel", PANEL)
+        tools.set_text("field", "Name", str(app.home.agent_path("Backup")))
+        tools.use("button", "Save")
+        if is_second:
+            audit.inspect("replace", "button", "Replace")
+            tools.use("button", "Replace")
+        audit.inspect("saved", "button", "Continue")
+        tools.use("button", "Continue")
+        audit.inspect("command", "button", "Open Terminal",
+                      ["text 'Command'", "push button 'Copy the command'"])
+        tools.use("button", "Close")
+
+
+def test_opening(audit):
+    """A named form asks first whether to discard it; then comes the warning, then the panel."""
+    audit.start()
+    audit.tools.set_text("field", "Name", "Backup")
+    audit.tools.use("button", "Edit")
+    audit.inspect("question", "button", "Cancel")
+    audit.tools.use("button", "Continue")
+    audit.inspect("warning", "check box", "Do not show this message again")
+    audit.tools.use("button", "Continue")
+    audit.inspect("agent panel", "button", "Select", PANEL)
+    audit.tools.use("button", "Cancel")
+
+
+def test_unsafe_command_is_announced(listener, audit):
+    """An alert warns of a command that does more than it shows, as soon as its sheet opens."""
+    audit.start()
+    name = "com.frimbolate.a';touch pwned;'.plist"
+    (audit.folder / name).write_bytes(b"")
+    before = len(listener.lines())
+    audit.tools.use("button", "Load")
+    audit.tools.fill_panel(str(audit.folder / name), "Select")
+    audit.inspect("unsafe command", "button", "Open Terminal", ["dialog 'Load the agent'"])
+    listener.expect("object:state-changed:showing | alert | Do not paste this command", before)
+    listener.expect(f"window:activate | dialog | Load the agent | {name}. Do not paste", before)
+    audit.tools.use("button", "Copy the command")
+    wait_until(lambda: any(
+        "accessible-description | push button | Copy the command | Copied" in line
+        for line in listener.lines(before)), "the copying to be announced")
+    audit.tools.use("button", "Close")
+    audit.tools.find("button", "Save")

@@ -1,14 +1,9 @@
-"""Plays the program's main job through its accessible interface alone, from the first start on.
+"""Two agents made through the accessibility bus alone, from the first start on."""
 
-    test_a11y_only.py <program> <folder for the pictures>
+import pytest
 
-Ends with 0 only when the agent on disk is the one that was asked for.
-"""
-
-import plistlib
-
-from desktop import perform, wait_until
-from test_first_agent import NAME, expected_agent, launch_agents_folder, script_to_launch
+from app import CREATED, LOAD
+from first_agent import NAME, expected_agent
 
 TYPED = "echo “hello”\nexit 0"
 OTHER_AGENT = {
@@ -23,69 +18,59 @@ OTHER_AGENT = {
 }
 
 
-def grant(person, folder):
-    person.use("button", "Get Started")
-    person.fill_panel(str(folder), "Choose")
+@pytest.fixture
+def tools(app):
+    from atspi_driver import AtspiDriver
+
+    tools = AtspiDriver("Frimbolate")
+    app.start()
+    tools.use("button", "Get Started")
+    tools.fill_panel(str(app.home.agents_folder), "Choose")
+    yield tools
+    tools.close()
 
 
-def main_job(person, folder, script):
-    """Fills in the form, saves it, and returns the agent and the command shown."""
-    person.put("field", "Name", NAME)
-    person.pick("What to launch", "Application or script…")
-    person.fill_panel(str(script), "Select")
-    person.pick("When to launch", "Launch on schedule")
-    person.pick("Schedule", "Every Wednesday")
-    person.put("time", "Time of day", "07:05")
-    person.look("label", "Every Wednesday at 07:05")
-    return save(person, folder / f"com.frimbolate.{NAME}.plist")
+def save(app, tools, name):
+    """Saves the form; returns the agent, and compares the command shown."""
+    path = app.home.agent_path(name)
+    tools.use("button", "Save")
+    tools.fill_panel(str(path), "Save")
+    tools.find_window(CREATED)
+    tools.use("button", "Continue")
+    app.expect_command(LOAD, "load", path)
+    tools.use("button", "Close")
+    return app.home.read_agent(name)
 
 
-def save(person, path):
-    person.use("button", "Save")
-    person.fill_panel(str(path), "Save")
-    person.use("button", "Continue")
-    command = person.read("field", "Command")
-    person.use("button", "Close")
-    return plistlib.loads(path.read_bytes()), command
+def test_first_agent_over_the_bus(app, tools):
+    script = app.home.create_script()
+    tools.set_text("field", "Name", NAME)
+    tools.pick("What to launch", "Application or script…")
+    tools.fill_panel(str(script), "Select")
+    tools.pick("When to launch", "Launch on schedule")
+    tools.pick("Schedule", "Every Wednesday")
+    tools.set_text("time", "Time of day", "07:05")
+    tools.find("label", "Every Wednesday at 07:05")
+    assert save(app, tools, NAME) == expected_agent(script)
 
 
-def all_controls(person, folder):
-    """An agent that every other kind of control has a part in."""
-    person.use("button", "New")
-    person.put("field", "Name", "Typed")
-    person.pick("What to launch", "New script…")
-    person.look("dialog", "Script")
-    person.pick("Language", "Shell (/bin/sh)")
-    person.put("field", "Script", TYPED)
-    person.look("label", f"Script: {TYPED}".replace("\n", " "))
-    person.pick("When to launch", "Launch on schedule")
-    person.pick("Schedule", "On Interval")
-    person.put("field", "Interval", "5")
-    person.pick("Unit of the interval", "minutes")
-    person.look("label", "Every 5 minutes")
-    person.use("check box", "Advanced")
-    person.pick("Priority", "Low")
-    person.slide("Nice level", 7)
-    wait_until(lambda: person.read("field", "Nice level") == "7", "the nice level")
-    person.put("field", "Standard output", "/var/log/typed.log")
-    person.use("check box", "Agent loads")
-    return save(person, folder / "com.frimbolate.Typed.plist")
-
-
-def play(desktop, program, _):
-    from atspi_driver import Assistive  # connects to the bus of the running desktop
-
-    folder, script = launch_agents_folder(desktop), script_to_launch(desktop)
-    desktop.start(str(program))
-    person = Assistive("Frimbolate")
-    grant(person, folder)
-    agent, command = main_job(person, folder, script)
-    assert agent == expected_agent(script), agent
-    assert command == f"launchctl load '{folder}/com.frimbolate.{NAME}.plist'", command
-    agent, command = all_controls(person, folder)
-    assert agent == OTHER_AGENT, agent
-    assert command == f"launchctl load '{folder}/com.frimbolate.Typed.plist'", command
-
-
-if __name__ == "__main__":
-    perform(play, __doc__)
+def test_every_other_control_over_the_bus(app, tools):
+    tools.use("button", "New")
+    tools.set_text("field", "Name", "Typed")
+    tools.pick("What to launch", "New script…")
+    tools.find("dialog", "Script")
+    tools.pick("Language", "Shell (/bin/sh)")
+    tools.set_text("field", "Script", TYPED)
+    tools.find("label", f"Script: {TYPED}".replace("\n", " "))
+    tools.pick("When to launch", "Launch on schedule")
+    tools.pick("Schedule", "On Interval")
+    tools.set_text("field", "Interval", "5")
+    tools.pick("Unit of the interval", "minutes")
+    tools.find("label", "Every 5 minutes")
+    tools.use("check box", "Advanced")
+    tools.pick("Priority", "Low")
+    tools.set_value("Nice level", 7)
+    tools.wait_until(lambda: tools.read("field", "Nice level") == "7", "the nice level")
+    tools.set_text("field", "Standard output", "/var/log/typed.log")
+    tools.use("check box", "Agent loads")
+    assert save(app, tools, "Typed") == OTHER_AGENT

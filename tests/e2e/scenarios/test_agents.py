@@ -1,191 +1,174 @@
-"""The stations of existing agents: read, changed, switched, loaded, upgraded, deleted."""
+"""Existing agents: warned of, changed, discarded, switched, loaded, upgraded, deleted."""
 
 import plistlib
-from itertools import cycle
 
-from agent_table import AGENTS, content, form
-from test_onboarding import STANDARD
-from desktop import wait_until
-from scenario import expect_equal
+import pytest
+
+from agent_table import AGENTS, content
+from app import CREATED, LOAD
+from waiting import expect_equal, wait_until
 
 IMPORTANT = "Important message:"
-SUPPRESS = "Do not show this message again"
+UPGRADE = "This launch agent needs to be upgraded."
+DISCARD = "Do you want to discard changes?"
+DELETE = "Are you sure you want to delete the following launch agent?"
+BY_NAME = {agent.name: agent for agent in AGENTS}
 # Which agents are changed, where, and what their files hold then.
-CHANGES = (
-    ("tidy_sh", "Time of day", "22:15",
-     {"StartCalendarInterval": {"Weekday": 1, "Hour": 22, "Minute": 15}}),
-    ("seconds", "Interval", "120", {"StartInterval": 120}),
-    ("monthly", "Day of the month", "1",
-     {"StartCalendarInterval": {"Day": 1, "Hour": 23, "Minute": 59}}),
-    ("advanced", "Standard error", "/var/log/other", {"StandardErrorPath": "/var/log/other"}),
-)
+CHANGES = {
+    "tidy_sh": ("Time of day", "22:15",
+                {"StartCalendarInterval": {"Weekday": 1, "Hour": 22, "Minute": 15}}),
+    "seconds": ("Interval", "120", {"StartInterval": 120}),
+    "monthly": ("Day of the month", "1",
+                {"StartCalendarInterval": {"Day": 1, "Hour": 23, "Minute": 59}}),
+    "advanced": ("Standard error", "/var/log/other", {"StandardErrorPath": "/var/log/other"}),
+}
 OLD_NAME = "com.fr\u0131mbolate.Veteran.plist"
 OLD_AGENT = {"Label": "com.fr\u0131mbolate.Recruit", "ProgramArguments": ["/bin/sh", "/old.sh"],
              "StartInterval": 3600, "ThrottleInterval": 30, "Weight": 0.5}
-UPGRADE = "This launch agent needs to be upgraded."
-PREFERENCES = STANDARD | {"AutoCopyScriptsKey": "True", "ShowWelcomeWindow": "False - 3.0",
-                          "Bookmark": True}
 
 
-def start_again(life, scheme):
-    """Neither welcome nor grant is asked for again."""
-    life.quit()
-    life.expect_log()
-    life.start(scheme=scheme)
-    life.person.look_at_window("Frimbolate")
-    life.expect_log("Found key found for ShowWelcomeWindow, value of False - 3.0",
-                    "Found key found for AutoCopyScriptsKey, value of True")
+def store_agents(app, *names):
+    """Puts agents into the folder, and what they launch into the home."""
+    app.home.create_targets()
+    for name in names:
+        app.home.agent_path(name).write_bytes(
+            plistlib.dumps(content(BY_NAME[name], app.home.path)))
 
 
-def start_in_the_dark(life):
-    start_again(life, "dark")
-
-
-def start_in_the_light(life):
-    start_again(life, "light")
-
-
-def warning(life):
+def test_warning_before_the_first_opening(app, pointer, keyboard, menus):
     """Cancelled once, then told not to come again."""
-    life.pointer.command("Edit")
-    life.keyboard.reply(IMPORTANT, "Cancel")
-    life.expect_log("User cancelled editing agent.")
-    life.expect_preferences(**PREFERENCES)
-    life.menus.command("Edit")
-    life.person.look_at_window(IMPORTANT)
-    life.person.click("check box", SUPPRESS)
-    life.keep("warning")
-    life.pointer.reply(IMPORTANT, "Continue")
-    panel = life.person.look_at_panel("Select")
-    life.person.press("Escape")
-    life.person.wait_until_gone(panel)
-    life.expect_preferences(WarnForDelete=False, **PREFERENCES)
+    app.start_ready()
+    stored = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True}
+    pointer.command("Edit")
+    keyboard.reply(IMPORTANT, "Cancel")
+    app.home.expect_log("User cancelled editing agent.")
+    app.home.expect_preferences(**stored)
+    menus.command("Edit")
+    app.driver.find_window(IMPORTANT)
+    pointer.toggle("Do not show this message again")
+    app.keep_picture("warning")
+    pointer.reply(IMPORTANT, "Continue")
+    keyboard.cancel_panel("Select")
+    app.home.expect_preferences(WarnForDelete=False, **stored)
+    pointer.command("Edit")
+    keyboard.cancel_panel("Select")
 
 
-def read(life, agent, way):
-    life.open_agent(way, life.path(agent.name))
-    life.see_script_again(agent)
-    life.person.look("label", agent.plan)
-    expect_equal(life.shown(), form(agent))
-    life.expect_log("Agent was created with Frimbolate.", agent.log.replace("{home}", str(life.home)),
-                    "Completed evaluating primary keys for editing")
+@pytest.mark.parametrize("name", CHANGES)
+def test_change_agent(app, keyboard, name):
+    """Saved over the file that was read, with one value changed and all else as it was."""
+    control, text, changes = CHANGES[name]
+    store_agents(app, name)
+    app.start_ready(WarnForDelete=False)
+    app.read(keyboard, BY_NAME[name])
+    app.enter(keyboard, control, text)
+    app.save_over(keyboard)
+    keyboard.reply(CREATED, "Skip")
+    app.expect_file(BY_NAME[name], **changes)
+    app.home.expect_log("User skipped loading agent.")
 
 
-def read_all(life):
-    """Every agent is read as it was made; nothing is written by that."""
-    for agent, way in zip(AGENTS, cycle((life.bus, life.keyboard, life.pointer, life.menus))):
-        read(life, agent, way)
-        if agent is AGENTS[-1]:
-            life.keep("read")
-        life.empty_form()
-        life.expect_file(agent)
+def test_opening_asks_to_discard_changes(app, method):
+    app.start_ready(WarnForDelete=False)
+    method.write("Name", "Unfinished")
+    method.command("Edit")
+    method.reply(DISCARD, "Cancel")
+    app.find_main_window()
+    assert app.driver.read("field", "Name") == "Unfinished"
+    method.command("Edit")
+    method.reply(DISCARD, "Continue")
+    method.cancel_panel("Select")
+    app.find_main_window()
+    assert app.driver.read("field", "Name") == ""
 
 
-def change(life):
-    for (name, control, text, changes), way in zip(
-            CHANGES, (life.pointer, life.keyboard, life.bus, life.menus)):
-        agent = next(each for each in AGENTS if each.name == name)
-        read(life, agent, way)
-        life.enter(way, control, text)
-        life.save_over(way)
-        way.reply("Your launch agent was created.", "Skip")
-        life.expect_file(agent, **changes)
-        life.expect_log("User skipped loading agent.")
-
-
-def discard(life):
-    """Opening asks first when the form holds a name."""
-    question = "Do you want to discard changes?"
-    life.keyboard.write("Name", "Unfinished")
-    life.pointer.command("Edit")
-    life.pointer.reply(question, "Cancel")
-    life.person.look_at_window("Frimbolate")
-    assert life.person.read("field", "Name") == "Unfinished"
-    life.menus.command("Edit")
-    life.keyboard.reply(question, "Continue")
-    panel = life.person.look_at_panel("Select")
-    life.person.press("Escape")
-    life.person.wait_until_gone(panel)
-    life.person.look_at_window("Frimbolate")
-    assert life.person.read("field", "Name") == ""
-
-
-def switch(life):
-    """Off and on again; all else in the file stays."""
-    agent = AGENTS[7]
-    before = life.on_disk(agent.name)
-    for way, state, button, enabled in (
-            (life.menus, "enabled", "Cancel", None), (life.pointer, "enabled", "Continue", False),
-            (life.bus, "disabled", "Continue", True), (life.keyboard, "enabled", "Continue", False)):
-        way.command("On/Off")
-        way.answer_panel(str(life.path(agent.name)), "Select")
-        way.reply(f"This launch agent is currently {state}.", button)
+def test_switch_agent_on_and_off(app, method):
+    """Cancelled once, then off, on, and off again; all else in the file stays."""
+    store_agents(app, "daily")
+    app.start_ready()
+    before = app.home.read_agent("daily")
+    for state, button, enabled in (("enabled", "Cancel", None), ("enabled", "Continue", False),
+                                   ("disabled", "Continue", True), ("enabled", "Continue", False)):
+        method.command("On/Off")
+        method.answer_panel(str(app.home.agent_path("daily")), "Select")
+        method.reply(f"This launch agent is currently {state}.", button)
         expected = before if enabled is None else before | {"Enabled": enabled}
-        wait_until(lambda: life.on_disk(agent.name) == expected, f"{expected}")
+        wait_until(lambda: app.home.read_agent("daily") == expected, f"{expected}")
 
 
-def load_and_unload(life):
-    """Both show their command, which is copied as the person wished."""
-    for way, button, title in ((life.keyboard, "Unload", "Unload the agent"),
-                               (life.pointer, "Load", "Load the agent")):
-        path = life.path("alive")
-        way.command(button)
-        way.answer_panel(str(path), "Select")
-        life.person.look_at_window(title)
-        command = life.person.read("field", "Command")
-        assert command == f"launchctl {button.lower()} '{path}'", command
-        life.keep(button.lower())
-        way.reply(title, "Close")
-        node = life.pointer.person.click("field", "Name")
-        life.person.wait_for_focus(node)
-        life.person.press("ctrl+v")
-        life.person.wait_until(lambda: life.person.text(node) == command, "the command copied")
-        life.empty_form()
+@pytest.mark.parametrize("command", ("Load", "Unload"))
+def test_command_is_shown_and_copied(app, method, command):
+    """The sheet shows the command, which is on the clipboard as the settings ask for it."""
+    store_agents(app, "alive")
+    app.start_ready(AutoCopyScriptsKey="True")
+    path = app.home.agent_path("alive")
+    method.command(command)
+    method.answer_panel(str(path), "Select")
+    title = f"{command} the agent"
+    shown = app.expect_command(title, command.lower(), path)
+    method.reply(title, "Close")
+    # Pasted with the keyboard by every method: the clipboard is what is looked at.
+    field = app.driver.click("field", "Name")
+    app.driver.wait_for_focus(field)
+    app.driver.press("ctrl+v")
+    app.driver.wait_until(lambda: app.driver.text(field) == shown, "the command to be pasted")
 
 
-def upgrade(life):
-    """Cancelled once; then the file gets its new name, a new label, and keeps all else."""
-    old = life.folder / OLD_NAME
+def test_copying_and_terminal_of_the_command(app, pointer, keyboard):
+    """The sheet of a new agent offers to copy commands from now on, and a terminal."""
+    app.home.create_targets()
+    app.start_ready()
+    app.make(pointer, AGENTS[0])
+    app.driver.click("check box", "Copy commands to the clipboard automatically")
+    app.keep_picture("command")
+    app.driver.click("button", "Open Terminal")
+    wait_until((app.home.path / "terminal-was-opened").exists, "the terminal to be opened")
+    pointer.reply(LOAD, "Close")
+    app.expect_cleared_rows()
+    app.home.expect_log("User wants to autocopy scripts, writing key")
+    app.home.expect_preferences(ShowWelcomeWindow="False - 3.0", Bookmark=True,
+                                AutoCopyScriptsKey="True")
+
+
+def test_upgrade_agent(app, method, bus):
+    """Cancelled once; then the file gets its new name and a new label, and keeps all else.
+
+    The path is set over the bus by every method: no key types its dotless i.
+    """
+    old = app.home.agents_folder / OLD_NAME
     old.write_bytes(plistlib.dumps(OLD_AGENT))
-    life.pointer.command("Edit")
-    life.bus.answer_panel(str(old), "Select")
-    life.keyboard.reply(UPGRADE, "Cancel")
-    life.person.look("label", "Choose a schedule or an event that starts the agent")
+    app.start_ready(WarnForDelete=False)
+    method.command("Edit")
+    bus.answer_panel(str(old), "Select")
+    method.reply(UPGRADE, "Cancel")
+    app.expect_cleared_rows()
     assert plistlib.loads(old.read_bytes()) == OLD_AGENT
-    life.keyboard.command("Edit")
-    life.bus.answer_panel(str(old), "Select")
-    life.person.look_at_window(UPGRADE)
-    life.keep("upgrade")
-    life.pointer.reply(UPGRADE, "Ok")
-    panel = life.person.look_at_panel("Save")
-    assert life.person.read("field", "Name") == "com.frimbolate.Veteran.plist"
-    life.person.press("Return")
-    life.person.wait_until_gone(panel)
+    method.command("Edit")
+    bus.answer_panel(str(old), "Select")
+    method.reply(UPGRADE, "Ok")
+    app.driver.find_panel("Save")
+    assert app.driver.read("field", "Name") == "com.frimbolate.Veteran.plist"
+    app.driver.wait_until_gone(method.accept_panel("Save"))
     wait_until(lambda: not old.exists(), "the old file to be removed")
-    expect_equal(life.on_disk("Veteran"), OLD_AGENT | {"Label": "com.frimbolate.Veteran"})
-    life.expect_log("Agent must be upgraded!", "Agent must be upgraded!", "Upgrading Agent...",
-                    "The upgraded path exists, removing the old path")
-    life.empty_form()
+    expect_equal(app.home.read_agent("Veteran"), OLD_AGENT | {"Label": "com.frimbolate.Veteran"})
+    app.home.expect_log("Agent must be upgraded!", "Agent must be upgraded!", "Upgrading Agent...",
+                        "The upgraded path exists, removing the old path")
 
 
-def delete(life):
-    """Cancelled once; then one after another, by all ways."""
-    question = "Are you sure you want to delete the following launch agent?"
-    names = [path.name for path in life.folder.iterdir()]
-    for way, name, button in ((life.pointer, "Veteran", "Cancel"), (life.pointer, "Veteran", "Delete"),
-                              (life.keyboard, "daily", "Delete"), (life.bus, "login", "Delete"),
-                              (life.menus, "tidy_py", "Delete")):
-        path = life.path(name)
-        way.command("Delete")
-        way.answer_panel(str(path), "Select")
-        life.person.look_at_window(question)
-        life.person.look("label", str(path))
-        way.reply(question, button)
-        if button == "Delete":
-            wait_until(lambda: not path.exists(), f"{name} to be deleted")
-            names.remove(path.name)
-            life.expect_log(f"Writable status: {path}", "1")
-        assert sorted(each.name for each in life.folder.iterdir()) == sorted(names)
-    for agent in AGENTS:
-        if life.path(agent.name).exists() and agent.name not in [row[0] for row in CHANGES]:
-            expect_equal(life.on_disk(agent.name), content(agent, life.home))
+def test_delete_agent(app, method):
+    """Cancelled once; then the one agent goes, and the others stay as they were."""
+    store_agents(app, "daily", "login")
+    app.start_ready(WarnForDelete=False)
+    path = app.home.agent_path("daily")
+    for button in ("Cancel", "Delete"):
+        method.command("Delete")
+        method.answer_panel(str(path), "Select")
+        app.driver.find_window(DELETE)
+        app.driver.find("label", str(path))
+        method.reply(DELETE, button)
+        if button == "Cancel":
+            assert path.exists()
+    wait_until(lambda: not path.exists(), "the agent to be deleted")
+    app.home.expect_log(f"Writable status: {path}", "1")
+    assert app.home.agent_names() == [app.home.agent_path("login").name]
+    app.expect_file(BY_NAME["login"])

@@ -1,9 +1,4 @@
-"""Starts the program where something that every program takes for granted is missing.
-
-    test_degraded_start.py <program> <folder for the pictures>
-
-Standard streams that are closed or not read, no display, message buses that say nothing.
-"""
+"""A start where something is missing: standard streams, the display, buses that answer."""
 
 import fcntl
 import os
@@ -12,48 +7,58 @@ import socket
 import struct
 import subprocess
 
-from desktop import perform, wait_until
-from instances import Starts, state_of, windows
+import pytest
+
+from instances import state_of, windows
+from waiting import wait_until
 
 NULL = "/dev/null"
+BUSES = ("session", "accessibility")
 
 
+@pytest.fixture
 def form_answers():
-    """Empties the form, which logs a dozen lines, and waits for what a later key does."""
-    from driver import Person  # connects to the bus of the running desktop
+    """A call that empties the form, which logs a dozen lines, and waits for a later key's effect."""
+    from driver import Driver
 
-    person = Person("Frimbolate")
-    person.look_at_window("Frimbolate")
-    shown = person.sees("button", "Tip: Name")
-    person.press("ctrl+n", "ctrl+t")
-    person.wait_until(lambda: person.sees("button", "Tip: Name") != shown, "the tips to change")
+    driver = Driver("Frimbolate")
+
+    def check():
+        driver.find_window("Frimbolate")
+        shown = driver.shows("button", "Tip: Name")
+        driver.press("ctrl+n", "ctrl+t")
+        driver.wait_until(lambda: driver.shows("button", "Tip: Name") != shown,
+                          "the tips to change")
+
+    yield check
+    driver.close()
 
 
 def quit_by_key(process):
-    """Only a program that is not held up answers to a key."""
+    """A program that is held up answers to no key."""
     window = windows(process)[0]
     subprocess.run(["xdotool", "windowactivate", "--sync", window, "key", "ctrl+q"], check=True)
     wait_until(lambda: process.poll() is not None, "the program to quit")
     assert process.returncode == 0, process.returncode
 
 
-def closed_streams(starts):
-    """Descriptors that are closed must not become those of the X server or of a bus."""
-    for closed in ("2>&-", "<&-", ">&-", "<&- >&- 2>&-"):
-        process = starts.shown(wrapper=("/bin/sh", "-c", f'exec "$0" "$@" {closed}'),
-                               streams={"stdin": subprocess.PIPE})
-        for stream, sign in enumerate(("<", ">", "2>")):
-            target = os.readlink(f"/proc/{process.pid}/fd/{stream}")
-            expected = f"{sign}&-" in closed.split()
-            assert (target == NULL) == expected, (closed, stream, target)
-        form_answers()
-        assert process.poll() is None, process.returncode
-        starts.end()
+@pytest.mark.parametrize("closed", ("2>&-", "<&-", ">&-", "<&- >&- 2>&-"),
+                         ids=("error", "input", "output", "all"))
+def test_closed_streams(instances, form_answers, closed):
+    """Descriptors that are closed do not become those of the X server or of a bus."""
+    process = instances.start_shown(wrapper=("/bin/sh", "-c", f'exec "$0" "$@" {closed}'),
+                                    streams={"stdin": subprocess.PIPE})
+    for stream, sign in enumerate(("<", ">", "2>")):
+        target = os.readlink(f"/proc/{process.pid}/fd/{stream}")
+        expected = f"{sign}&-" in closed.split()
+        assert (target == NULL) == expected, (stream, target)
+    form_answers()
+    assert process.poll() is None, process.returncode
 
 
-def reader_that_went_away(starts):
+def test_reader_of_the_log_that_went_away(instances, form_answers):
     reading, writing = os.pipe()
-    process = starts.shown(streams={"stderr": writing})
+    process = instances.start_shown(streams={"stderr": writing})
     os.close(writing)
     os.close(reading)
     form_answers()
@@ -84,10 +89,10 @@ def drained(reading):
     return found.decode()
 
 
-def reader_that_does_not_read(starts):
+def test_reader_of_the_log_that_does_not_read(instances, form_answers):
     reading, writing = os.pipe()
     fill(writing)
-    process = starts.shown(streams={"stderr": writing})
+    process = instances.start_shown(streams={"stderr": writing})
     form_answers()
     assert os.get_blocking(writing), "the shell's descriptor was changed"
     assert drained(reading).strip("-") == ""
@@ -99,25 +104,33 @@ def reader_that_does_not_read(starts):
     os.close(reading)
 
 
-def no_display(starts):
-    for variables, expected in (
-            ({"DISPLAY": None}, "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one"),
-            ({"DISPLAY": ":98765"}, 'the display ":98765" cannot be opened'),
-            ({"DISPLAY": None, "WAYLAND_DISPLAY": "/nowhere", "QT_QPA_PLATFORM": None},
-             'the display "/nowhere" cannot be opened')):
-        ended = starts.ended(**variables)
-        assert ended.returncode == 1, ended
-        assert ended.stderr == f"frimbolate: {expected}\n", ended.stderr
-    # What the probe cannot know of, Qt finds out, and must not abort either.
-    ended = starts.ended(QT_QPA_PLATFORM="nonsense")
+@pytest.mark.parametrize("variables, expected", (
+    ({"DISPLAY": None}, "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one"),
+    ({"DISPLAY": ":98765"}, 'the display ":98765" cannot be opened'),
+    ({"DISPLAY": None, "WAYLAND_DISPLAY": "/nowhere", "QT_QPA_PLATFORM": None},
+     'the display "/nowhere" cannot be opened'),
+), ids=("unset", "x11", "wayland"))
+def test_no_display(instances, variables, expected):
+    ended = instances.run(**variables)
     assert ended.returncode == 1, ended
-    for option, told in (("--version", "Frimbolate"), ("-v", "Frimbolate"), ("--help", "Usage:")):
-        ended = starts.ended(option, DISPLAY=None)
-        assert ended.returncode == 0 and ended.stdout.startswith(told), ended
+    assert ended.stderr == f"frimbolate: {expected}\n", ended.stderr
+
+
+def test_unknown_platform_plugin(instances):
+    """Qt finds it out by itself, and does not abort the program."""
+    ended = instances.run(QT_QPA_PLATFORM="nonsense")
+    assert ended.returncode == 1, ended
+
+
+@pytest.mark.parametrize("option, printed", (
+    ("--version", "Frimbolate"), ("-v", "Frimbolate"), ("--help", "Usage:")))
+def test_option_without_display(instances, option, printed):
+    ended = instances.run(option, DISPLAY=None)
+    assert ended.returncode == 0 and ended.stdout.startswith(printed), ended
 
 
 class SilentSocket:
-    """A socket that takes connections, as far as the kernel does that alone, and says nothing."""
+    """A socket whose connections the kernel accepts, and which never answers."""
 
     def __init__(self, path):
         self._socket = socket.socket(socket.AF_UNIX)
@@ -125,44 +138,65 @@ class SilentSocket:
         self._socket.listen(20)
         self.address = f"unix:path={path}"
 
+    def close(self):
+        self._socket.close()
+
 
 def set_on_x_server(address):
+    """Names an accessibility bus on the root window, or none."""
     change = ("-set", "AT_SPI_BUS", address) if address else ("-remove", "AT_SPI_BUS")
     subprocess.run(["xprop", "-root", "-f", "AT_SPI_BUS", "8s", *change], check=True)
 
 
-def mute_buses(starts):
-    """Each is given up after the usual time, and the window appears without it."""
-    mute = SilentSocket(starts.desktop.folder / "mute")
-    runtime = starts.desktop.folder / "runtime"
-    runtime.mkdir(mode=0o700)
-    in_its_usual_place = SilentSocket(runtime / "bus")
-    session, both = "session", "session accessibility"
-    for variables, named, silent in (
-            ({"DBUS_SESSION_BUS_ADDRESS": mute.address}, None, session),
-            ({"DBUS_SESSION_BUS_ADDRESS": None, "XDG_RUNTIME_DIR": str(runtime)}, None, session),
-            ({"AT_SPI_BUS_ADDRESS": mute.address}, None, "accessibility"),
-            ({}, mute.address, "accessibility"),
-            ({"DBUS_SESSION_BUS_ADDRESS": mute.address, "AT_SPI_BUS_ADDRESS": mute.address}, None,
-             both)):
-        set_on_x_server(named)
-        told = len(starts.desktop.log())
-        process = starts.shown(FRIMBOLATE_TIMEOUT_MS=None, **variables)
-        for bus in both.split():
-            line = f"frimbolate: the {bus} bus does not answer, going on without it"
-            assert (line in starts.desktop.log()[told:]) == (bus in silent.split()), (variables, bus)
-        quit_by_key(process)
-    set_on_x_server(None)
-    del in_its_usual_place
+@pytest.fixture
+def bus_on_x_server():
+    """set_on_x_server; what the root window named before is restored."""
+    shown = subprocess.run(["xprop", "-root", "AT_SPI_BUS"], capture_output=True, text=True,
+                           check=True).stdout
+    yield set_on_x_server
+    set_on_x_server(shown.split('"')[1] if '"' in shown else None)
 
 
-def stopped_accessibility_bus(starts):
-    """The session bus is well, and names an accessibility bus that does not answer."""
+@pytest.fixture
+def silent(home):
+    bus = SilentSocket(home.folder / "silent")
+    yield bus
+    bus.close()
+
+
+@pytest.mark.parametrize("case", ("session", "usual place", "accessibility", "x server", "both"))
+def test_silent_bus(instances, silent, bus_on_x_server, home, case):
+    """It is given up after the usual time, and the window appears without it."""
+    session, accessibility = ({"DBUS_SESSION_BUS_ADDRESS": silent.address},
+                              {"AT_SPI_BUS_ADDRESS": silent.address})
+    usual = home.folder / "runtime"
+    usual.mkdir(mode=0o700)
+    in_usual_place = SilentSocket(usual / "bus")
+    variables, silent_buses = {
+        "session": (session, ["session"]),
+        "usual place": ({"DBUS_SESSION_BUS_ADDRESS": None, "XDG_RUNTIME_DIR": str(usual)},
+                        ["session"]),
+        "accessibility": (accessibility, ["accessibility"]),
+        "x server": ({}, ["accessibility"]),
+        "both": (session | accessibility, list(BUSES)),
+    }[case]
+    bus_on_x_server(silent.address if case == "x server" else None)
+    process = instances.start_shown(FRIMBOLATE_TIMEOUT_MS=None, **variables)
+    log = home.log()
+    for bus in BUSES:
+        line = f"frimbolate: the {bus} bus does not answer, going on without it"
+        assert (line in log) == (bus in silent_buses), bus
+    quit_by_key(process)
+    in_usual_place.close()
+
+
+def test_stopped_accessibility_bus(desktop, instances, bus_on_x_server):
+    """The session bus answers, and names an accessibility bus that does not."""
     from gi.repository import Gio
 
     address = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
         "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0, -1).unpack()[0]
-    set_on_x_server(None)  # which would tell of it as well
+    bus_on_x_server(None)  # so that the session bus alone names it
     path = address.split("path=")[1].split(",")[0]
     with socket.socket(socket.AF_UNIX) as caller:
         caller.connect(path)
@@ -171,19 +205,6 @@ def stopped_accessibility_bus(starts):
     os.kill(bus, signal.SIGSTOP)
     try:
         wait_until(lambda: state_of(bus) == "T", "the accessibility bus to stop")
-        quit_by_key(starts.shown(FRIMBOLATE_TIMEOUT_MS=None))
+        quit_by_key(instances.start_shown(FRIMBOLATE_TIMEOUT_MS=None))
     finally:
         os.kill(bus, signal.SIGCONT)
-
-
-def play(desktop, program, _pictures):
-    starts = Starts(desktop, program)
-    for scenario in (no_display, closed_streams, reader_that_went_away, reader_that_does_not_read,
-                      mute_buses, stopped_accessibility_bus):
-        print(scenario.__name__.replace("_", " "), flush=True)
-        scenario(starts)
-        starts.end()
-
-
-if __name__ == "__main__":
-    perform(play, __doc__)

@@ -1,69 +1,71 @@
-"""Drops files from another window on the wells, as a person does out of a file manager.
+"""Files dragged out of another window, drag_source, and dropped on the boxes of the form."""
 
-    test_drops.py <program> <folder for the pictures>
+import pytest
 
-The window beside stands in the folder of this build, as drag_source.
-"""
+from waiting import wait_until
 
-import os
-from pathlib import Path
-
-from desktop import perform, wait_until
-from test_first_agent import grant_folder, launch_agents_folder, script_to_launch
-
-SOURCE = Path(os.environ["FRIMBOLATE_DRAG_SOURCE"])
+TARGET = "Application or script to launch"
+REFUSED_HINT = "Choose an application or a script, or drop one on the box"
 
 
-def drop(desktop, person, files, well, taken, hint):
-    """Drags files out of a window of their own onto a well, whose row has that hint afterwards."""
-    from driver import Person  # connects to the bus of the running desktop
+@pytest.fixture
+def files(app):
+    """What can be dragged, by name."""
+    note = app.home.path / "notes.txt"
+    note.write_text("no script", encoding="utf-8")
+    for name in ("inbox", "outbox"):
+        (app.home.path / name).mkdir()
+    return {"note": note, "script": app.home.create_script(), "folder": app.home.agents_folder,
+            "inbox": app.home.path / "inbox", "outbox": app.home.path / "outbox"}
 
-    place = person.place_of(person.look("button", well))
-    field = person.place_of(person.look("field", "Name"))
-    told = len(desktop.log())
-    process = desktop.start(SOURCE, *map(str, files))
-    source = Person(SOURCE.name)
-    person.grasp(source.place_of(source.look("label", "Files")))
 
-    def is_told(words):
-        return lambda: desktop.log()[told:].splitlines()[-1:] == [words]
+def drop(app, drag_source, files, box, taken):
+    """Drags files out of a window of their own onto a box that takes or refuses them."""
+    from driver import Driver
+
+    driver, home = app.driver, app.home
+    place = driver.centre_of(driver.find("button", box))
+    field = driver.centre_of(driver.find("field", "Name"))
+    before = len(home.log())
+    process = home.start(drag_source, *files)
+    source = Driver(drag_source.name)
+    driver.drag_begin(source.centre_of(source.find("label", "Files")))
+    source.close()
+
+    def last_said(words):
+        return lambda: home.log()[before:].splitlines()[-1:] == [words]
 
     if not taken:
-        # Any text field takes them, so that the refusal afterwards is told as a change.
-        person.drag_to(field, is_told("would be taken"), "the field to take them")
+        # Any text field takes them, so that the refusal afterwards shows as a change.
+        driver.drag_to(field, last_said("would be taken"), "the field to take them")
     end = "taken" if taken else "refused"
-    person.drag_to(place, is_told(f"would be {end}"), f"the well to say that they would be {end}")
-    person.let_go()
-    wait_until(lambda: f"was {end}" in desktop.log()[told:], f"the files to be {end}")
-    person.look_at_window("Frimbolate")
-    person.look("label", hint)
+    driver.drag_to(place, last_said(f"would be {end}"), f"the files to be about to be {end}")
+    driver.drop()
+    wait_until(lambda: f"was {end}" in home.log()[before:], f"the files to be {end}")
+    app.find_main_window()
     process.terminate()
     process.wait()
 
 
-def play(desktop, program, pictures):
-    from driver import Person
-
-    home = Path(os.environ["HOME"])
-    folder, script = launch_agents_folder(desktop), script_to_launch(desktop)
-    (note := home / "notes.txt").write_text("no script", encoding="utf-8")
-    for name in ("inbox", "outbox"):
-        (home / name).mkdir()
-    desktop.start(str(program))
-    person = Person("Frimbolate")
-    grant_folder(person, folder)
-    person.look_at_window("Frimbolate")
-
-    target = "Application or script to launch"
-    for files in ([note], [script, note], [folder]):
-        drop(desktop, person, files, target, taken=False,
-             hint="Choose an application or a script, or drop one on the box")
-    drop(desktop, person, [script], target, taken=True, hint="~/backup.sh")
-    person.choose_file("When to launch", "Launch when a path is modified…", str(home / "inbox"))
-    person.look("label", "Watches ~/inbox")
-    drop(desktop, person, [home / "outbox"], "Watched path", taken=True, hint="Watches ~/outbox")
-    desktop.picture(pictures / "dropped.png")
+@pytest.mark.parametrize("names", (["note"], ["script", "note"], ["folder"]),
+                         ids=("no-script", "two-files", "folder"))
+def test_drop_on_the_target_refused(app, drag_source, files, names):
+    app.start_ready()
+    drop(app, drag_source, [files[name] for name in names], TARGET, taken=False)
+    app.driver.find("label", REFUSED_HINT)
 
 
-if __name__ == "__main__":
-    perform(play, __doc__)
+def test_drop_on_the_target_taken(app, drag_source, files):
+    app.start_ready()
+    drop(app, drag_source, [files["script"]], TARGET, taken=True)
+    app.driver.find("label", "~/backup.sh")
+
+
+def test_drop_on_the_watched_path_taken(app, drag_source, files):
+    app.start_ready()
+    app.driver.choose_file("When to launch", "Launch when a path is modified…",
+                           str(files["inbox"]))
+    app.driver.find("label", "Watches ~/inbox")
+    drop(app, drag_source, [files["outbox"]], "Watched path", taken=True)
+    app.driver.find("label", "Watches ~/outbox")
+    app.keep_picture("dropped")

@@ -1,56 +1,89 @@
-"""Plays the whole life of a person's agents: from the welcome to the end, every kind on the way.
+"""The complete flow by one input method alone: first start, an agent of every kind, the end."""
 
-    test_end_to_end.py <program> <folder for the pictures>
+from agent_table import AGENTS
+from app import CREATED, LOAD
 
-Ends with 0 only when every file on the way, and the log, are as they should be.
-"""
-
-import time
-
-from desktop import perform
+IMPORTANT = "Important message:"
+REMEMBERED = ("Found key found for ShowWelcomeWindow, value of False - 3.0",
+              "Found key found for AutoCopyScriptsKey, value of False")
 
 
-def stations():
-    """In their order; each takes the Life."""
-    import test_onboarding as beginning
-    import test_settings as end
-    import test_agents as middle
-
-    return (
-        beginning.welcome,
-        beginning.grant,
-        beginning.faults,
-        beginning.every_kind,
-        middle.start_in_the_dark,
-        middle.warning,
-        middle.read_all,
-        middle.change,
-        middle.discard,
-        middle.start_in_the_light,
-        middle.switch,
-        middle.load_and_unload,
-        middle.upgrade,
-        middle.delete,
-        end.preferences,
-        end.tips,
-        end.close_and_bring_back,
-        end.quit_by_menu,
-    )
+def first_start(app, method):
+    app.start()
+    app.driver.find_window("Welcome to Frimbolate")
+    method.toggle("Show this window at start")
+    method.reply("Welcome to Frimbolate", "Get Started")
+    method.answer_panel(str(app.home.agents_folder), "Choose")
+    app.find_main_window()
+    app.home.expect_preferences(ShowWelcomeWindow="False - 3.0", Bookmark=True)
 
 
-def live(desktop, program, pictures):
-    from test_onboarding import furnish
-    from scenario import Life  # connects to the bus of the running desktop
-
-    for picture in pictures.glob("*.png"):
-        picture.unlink()
-    life = Life(desktop, program, pictures)
-    furnish(life.home)
-    for station in stations():
-        begun = time.monotonic()
-        station(life)
-        print(f"{station.__name__} ({time.monotonic() - begun:.1f} s)", flush=True)
+def make_every_kind(app, method):
+    """Ends with the files of all agents, and nothing else, in the folder."""
+    for agent in AGENTS:
+        print(f"making {agent.name}")
+        app.make(method, agent)
+        method.reply(LOAD, "Close")
+        app.expect_cleared_rows()
+    assert app.home.agent_names() == sorted(
+        app.home.agent_path(agent.name).name for agent in AGENTS)
 
 
-if __name__ == "__main__":
-    perform(live, __doc__)
+def start_again(app, scheme):
+    """Neither welcome nor folder is asked for again."""
+    app.start(scheme=scheme)
+    app.find_main_window()
+    app.home.expect_log(*REMEMBERED)
+
+
+def silence_warning(app, method):
+    """The first opening warns of agents that are loaded."""
+    method.command("Edit")
+    app.driver.find_window(IMPORTANT)
+    method.toggle("Do not show this message again")
+    method.reply(IMPORTANT, "Continue")
+    method.cancel_panel("Select")
+    app.home.expect_preferences(ShowWelcomeWindow="False - 3.0", Bookmark=True, WarnForDelete=False)
+
+
+def read_every_kind(app, method):
+    """Every agent is read as it was made; nothing is written by that."""
+    for agent in AGENTS:
+        print(f"reading {agent.name}")
+        app.read(method, agent)
+        if agent is AGENTS[-1]:
+            app.keep_picture("read")
+        method.command("New")
+        app.expect_empty_form()
+        app.expect_file(agent)
+
+
+def change_one(app, method):
+    agent = next(each for each in AGENTS if each.name == "seconds")
+    app.read(method, agent)
+    app.enter(method, "Interval", "120")
+    app.save_over(method)
+    method.reply(CREATED, "Skip")
+    app.expect_file(agent, StartInterval=120)
+
+
+def delete_one(app, method):
+    path = app.home.agent_path("seconds")
+    method.command("Delete")
+    method.answer_panel(str(path), "Select")
+    method.reply("Are you sure you want to delete the following launch agent?", "Delete")
+    app.driver.wait_until(lambda: not path.exists(), "the agent to be deleted")
+    assert len(app.home.agent_names()) == len(AGENTS) - 1
+
+
+def test_complete_flow(app, method):
+    app.home.create_targets()
+    first_start(app, method)
+    make_every_kind(app, method)
+    app.quit(method)
+    start_again(app, "dark")
+    silence_warning(app, method)
+    read_every_kind(app, method)
+    change_one(app, method)
+    delete_one(app, method)
+    app.quit(method)

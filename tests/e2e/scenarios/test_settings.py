@@ -1,12 +1,11 @@
-"""The last stations: preferences, tips, the window closed and brought back, the end."""
+"""Preferences, tips, and the end: the window closed and brought back, the program quit."""
 
-from agent_table import AGENTS
-from test_onboarding import FIRST_START, STANDARD
-from desktop import wait_until
-from scenario import expect_equal
-from test_agents import PREFERENCES
+import plistlib
 
-WARNED = PREFERENCES | {"WarnForDelete": False}
+from test_onboarding import FIRST_START, WELCOME
+from waiting import expect_equal, wait_until
+
+READY = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True, "AutoCopyScriptsKey": "True"}
 # What the sheet shows of those, control by control.
 SHEET = {"Show the welcome window at start": "off",
          "Copy commands to the clipboard automatically": "on",
@@ -16,9 +15,8 @@ OTHER = {"Show the welcome window at start": "on",
          "Copy commands to the clipboard automatically": "off",
          "Warn when a script kept alive may still exit": "off",
          "Default wildcards": "Expand wildcards", "Default priority": "Low"}
-STORED = WARNED | {"ShowWelcomeWindow": "True - 3.0", "AutoCopyScriptsKey": "False",
-                   "WarnForSuccessfulExit": "False", "DefaultGlobbingKey": "0",
-                   "DefaultPriorityKey": "1"}
+STORED = {"Bookmark": True, "ShowWelcomeWindow": "True - 3.0", "AutoCopyScriptsKey": "False",
+          "WarnForSuccessfulExit": "False", "DefaultGlobbingKey": "0", "DefaultPriorityKey": "1"}
 TIPS = {"Tip: Name": "What's in a name?",
         "Tip: What to launch":
             "Frimbolate helps you automate the launching of applications and scripts.",
@@ -27,113 +25,109 @@ TIPS = {"Tip: Name": "What's in a name?",
         "Tip: Advanced": "Advanced features for complex jobs."}
 
 
-def open_preferences(life, expected):
-    life.person.look_at_window("Frimbolate")
-    life.person.press("ctrl+comma")
-    sheet = life.person.look_at_window("Preferences")
-    expect_equal(life.shown(), expected)
+def start(app):
+    app.start_ready(AutoCopyScriptsKey="True")
+
+
+def open_preferences(app, method, expected):
+    app.find_main_window()
+    method.open_preferences()
+    sheet = app.driver.find_window("Preferences")
+    expect_equal(app.shown(), expected)
     return sheet
 
 
-def turn(life, way, expected):
+def change_all(app, method, expected):
     """Brings every control of the sheet to its other state."""
     for control, state in expected.items():
         if state in ("on", "off"):
-            way.toggle(control)
+            method.toggle(control)
         else:
-            way.choose(control, state)
-    life.person.wait_until(lambda: life.shown() == expected, f"{expected}")
+            method.choose(control, state)
+    app.driver.wait_until(lambda: app.shown() == expected, f"{expected}")
 
 
-def preferences(life):
-    """Discarded, then stored, then taken over by the next form, then reset."""
-    sheet = open_preferences(life, SHEET)
-    life.keep("preferences")
-    turn(life, life.pointer, OTHER)
-    life.person.press("Escape")
-    life.person.wait_until_gone(sheet)
-    life.expect_preferences(**WARNED)
+def test_preferences_discarded(app, method):
+    start(app)
+    sheet = open_preferences(app, method, SHEET)
+    change_all(app, method, OTHER)
+    app.driver.press("Escape")
+    app.driver.wait_until_gone(sheet)
+    app.home.expect_preferences(**READY)
     # The controls keep what was left in them until a new form brings back what is stored.
-    open_preferences(life, OTHER)
-    life.keyboard.reply("Preferences", "Close")
-    life.empty_form()
-    open_preferences(life, SHEET)
-    turn(life, life.bus, OTHER)
-    life.keyboard.reply("Preferences", "Save")
-    wait_until(lambda: life.preferences() == STORED, "the preferences to be stored")
-    life.expect_preferences(**STORED)
-    new_form_takes_them(life)
-    reset(life)
+    open_preferences(app, method, OTHER)
+    method.reply("Preferences", "Close")
+    app.home.expect_preferences(**READY)
+    method.command("New")
+    app.expect_empty_form()
+    open_preferences(app, method, SHEET)
+    app.keep_picture("preferences")
 
 
-def new_form_takes_them(life):
-    life.person.press("ctrl+n")
-    life.keyboard.toggle("Advanced")
-    shown = life.shown()
+def test_preferences_saved_and_used(app, method):
+    """What is stored becomes the default of the next form."""
+    start(app)
+    open_preferences(app, method, SHEET)
+    change_all(app, method, OTHER)
+    method.reply("Preferences", "Save")
+    app.home.expect_preferences(**STORED)
+    method.command("New")
+    method.toggle("Advanced")
+    shown = app.shown()
     assert shown["Priority"] == "Low", shown
     assert shown["Expand wildcards in arguments"] == "on", shown
     # The new form has found another value for the welcome, and put its own in its place.
-    life.expect_preferences(**STORED | {"ShowWelcomeWindow": "False"})
-    life.keyboard.toggle("Advanced")
+    app.home.expect_preferences(**STORED | {"ShowWelcomeWindow": "False"})
 
 
-def reset(life):
-    """All is forgotten, the grant too, and the program starts anew by itself."""
-    life.person.press("ctrl+comma")
-    life.person.look_at_window("Preferences")
-    life.person.act("button", "Reset")
-    wait_until(lambda: life.process.poll() is not None, "the program to quit")
-    assert life.process.returncode == 0, life.process.returncode
-    sheet = life.person.look_at_window("Welcome to Frimbolate")
-    life.keep("reset")
-    life.expect_log(*FIRST_START)
-    life.expect_preferences(ShowWelcomeWindow="True - 3.0", **STANDARD)
-    life.person.press("Return")
-    life.person.wait_until_gone(sheet)
-    life.expect_log("User really likes the welcome window and it will continue to be shown",
-                    "ERROR WITH ACCESSING BOOKMARK")
-    life.keyboard.answer_panel(str(life.folder), "Choose")
-    life.person.look_at_window("Frimbolate")
-    life.expect_preferences(ShowWelcomeWindow="True - 3.0", Bookmark=True, **STANDARD)
+def test_preferences_reset(app, bus, keyboard):
+    """All is forgotten, the folder too, and the program starts anew by itself."""
+    start(app)
+    app.home.preference_file.write_bytes(plistlib.dumps(
+        plistlib.loads(app.home.preference_file.read_bytes()) | {"WarnForDelete": False}))
+    open_preferences(app, keyboard, SHEET)
+    bus.press_button("Reset")
+    app.expect_end()
+    app.driver.find_window(WELCOME)
+    app.home.expect_log(*FIRST_START)
+    app.home.expect_preferences(ShowWelcomeWindow="True - 3.0")
+    keyboard.reply(WELCOME, "Get Started")
+    app.home.expect_log("User really likes the welcome window and it will continue to be shown",
+                        "ERROR WITH ACCESSING BOOKMARK")
+    keyboard.answer_panel(str(app.home.agents_folder), "Choose")
+    app.find_main_window()
+    app.home.expect_preferences(ShowWelcomeWindow="True - 3.0", Bookmark=True)
+    # The new process is no child of this one; it leaves the bus.
+    keyboard.quit()
+    wait_until(lambda: not app.driver.is_running(), "the program to quit")
 
 
-def tips(life):
+def test_tips(app, method):
     """They stand beside the rows from the start; hidden, shown again, and all read."""
-    life.person.look("button", "Tip: Name")
-    life.person.press("ctrl+t")
-    life.person.wait_until(lambda: not life.person.sees("button", "Tip: Name"), "tips to hide")
-    life.person.press("alt+v")
-    life.person.wait_for_menu()
-    life.person.press("t")
-    life.person.look("button", "Tip: Name")
-    life.pointer.toggle("Advanced")
-    for (button, title), way in zip(TIPS.items(), (life.pointer, life.bus, life.keyboard,
-                                                   life.pointer, life.keyboard)):
-        life.person.look_at_window("Frimbolate")
-        way.press_button(button)
-        life.person.look_at_window(title)
+    start(app)
+    app.driver.find("button", "Tip: Name")
+    method.toggle_tips()
+    app.driver.wait_until(lambda: not app.driver.shows("button", "Tip: Name"), "tips to hide")
+    method.toggle_tips()
+    app.driver.find("button", "Tip: Name")
+    method.toggle("Advanced")
+    for button, title in TIPS.items():
+        app.find_main_window()
+        method.press_button(button)
+        app.driver.find_window(title)
         if button == "Tip: Name":
-            life.keep("tip")
-        way.reply(title, "Ok")
-    life.pointer.toggle("Advanced")
+            app.keep_picture("tip")
+        method.reply(title, "Ok")
 
 
-def close_and_bring_back(life):
+def test_window_closed_and_brought_back(app, method):
     """The window closes and the program stays; a second start brings the window back."""
-    window = life.person.look_at_window("Frimbolate")
-    life.person.press("ctrl+w")
-    life.person.wait_until_gone(window)
-    life.start()
-    wait_until(lambda: life.process.poll() is not None, "the second start to end")
-    assert life.process.returncode == 0, life.process.returncode
-    life.person.look_at_window("Frimbolate")
-
-
-def quit_by_menu(life):
-    """The program that the reset started is no child of this one; it leaves the bus."""
-    life.person.look_at_window("Frimbolate")
-    life.person.press("alt+b")
-    life.person.wait_for_menu()
-    life.person.press("q")
-    wait_until(lambda: not life.person.all_windows(), "the program to quit")
-    assert len(list(life.folder.iterdir())) == len(AGENTS) - 3
+    start(app)
+    window = app.find_main_window()
+    method.close_window()
+    app.driver.wait_until_gone(window)
+    first = app.process
+    app.start()
+    app.expect_end()
+    app.find_main_window()
+    assert first.poll() is None

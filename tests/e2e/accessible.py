@@ -1,0 +1,60 @@
+"""The accessible tree of a program: roles, states, parts and labels of its controls.
+
+Import it only on a running Desktop: the binding connects to its bus at once.
+"""
+
+import pyatspi
+
+ROLES = {
+    "button": (pyatspi.ROLE_PUSH_BUTTON,),
+    "check box": (pyatspi.ROLE_CHECK_BOX,),
+    "dialog": (pyatspi.ROLE_DIALOG, pyatspi.ROLE_ALERT, pyatspi.ROLE_FILE_CHOOSER),
+    "field": (pyatspi.ROLE_TEXT,),
+    "label": (pyatspi.ROLE_LABEL,),
+    "list": (pyatspi.ROLE_LIST,),
+    "item": (pyatspi.ROLE_MENU_ITEM, pyatspi.ROLE_CHECK_MENU_ITEM),
+    "pop-up": (pyatspi.ROLE_COMBO_BOX,),
+    "slider": (pyatspi.ROLE_SLIDER,),
+    "time": (pyatspi.ROLE_SPIN_BUTTON,),
+    "window": (pyatspi.ROLE_FRAME, pyatspi.ROLE_WINDOW),
+}
+# A search does not descend into these: they hold many parts, and most do not show.
+CLOSED = (pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_LIST, pyatspi.ROLE_MENU_BAR, pyatspi.ROLE_TREE)
+
+
+def has(node, state):
+    """Whether a control is in that state; one that has vanished is in none."""
+    wanted = getattr(pyatspi, f"STATE_{state}")
+    try:
+        return node.getState().contains(wanted)
+    except Exception:  # the binding raises whatever the bus answered
+        return False
+
+
+def children(node):
+    """The parts of a control; none when it has vanished."""
+    try:
+        return [child for child in (node.getChildAtIndex(i) for i in range(node.childCount))
+                if child is not None]
+    except Exception:  # vanished meanwhile
+        return []
+
+
+def descendants(node, closed=CLOSED, depth=0):
+    """A control and all its descendants, each with its depth."""
+    yield node, depth
+    try:
+        if node.getRole() in closed:
+            return
+    except Exception:  # vanished meanwhile
+        return
+    for child in children(node):
+        yield from descendants(child, closed, depth + 1)
+
+
+def labels_of(node):
+    """The names of the labels of a control."""
+    return [relation.getTarget(i).name
+            for relation in node.getRelationSet()
+            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
+            for i in range(relation.getNTargets())]

@@ -1,0 +1,152 @@
+"""Fixtures: one virtual desktop for a run, a home and a program of its own for each test.
+
+The modules that use the accessibility binding are imported by the fixtures alone, as the binding
+connects to the bus of the running desktop at once.
+"""
+
+import re
+import shutil
+import sys
+import tempfile
+from pathlib import Path
+
+import pytest
+
+from desktop import Desktop
+from home import Home
+
+sys.dont_write_bytecode = True  # nothing is written beside the sources
+
+BUILD = Path(__file__).resolve().parents[2] / "build" / "dev"
+METHOD_NAMES = ("pointer", "keyboard", "menus", "bus")
+
+
+def pytest_addoption(parser):
+    group = parser.getgroup("frimbolate")
+    group.addoption("--program", type=Path, default=BUILD / "app" / "frimbolate",
+                    help="the program to test")
+    group.addoption("--drag-source", type=Path, default=BUILD / "tests" / "e2e" / "drag_source",
+                    help="the window from which files are dragged")
+    group.addoption("--pictures", type=Path, default=BUILD / "tests" / "e2e" / "pictures",
+                    help="folder for the pictures")
+
+
+def existing(path):
+    assert path.is_file(), f"{path} is not built"
+    return path.resolve()
+
+
+def failure_picture(item):
+    return f"failed-{re.sub(r'[^A-Za-z0-9_]+', '-', item.name).strip('-')}.png"
+
+
+@pytest.hookimpl(hookwrapper=True)
+def pytest_runtest_makereport(item):
+    """A failed test leaves a picture of the screen, and the log in the report."""
+    outcome = yield
+    report = outcome.get_result()
+    fixtures = getattr(item, "funcargs", {})
+    if not report.failed or report.when == "teardown":
+        return
+    if "home" in fixtures:
+        report.sections.append(("log of the program", fixtures["home"].log()))
+    if "desktop" in fixtures and "pictures" in fixtures:
+        picture = fixtures["pictures"] / failure_picture(item)
+        fixtures["desktop"].save_screenshot(picture)
+        report.sections.append(("picture of the screen", str(picture)))
+
+
+@pytest.fixture(scope="session")
+def desktop():
+    with Desktop() as running:
+        yield running
+
+
+@pytest.fixture(scope="session")
+def program(request):
+    return existing(request.config.getoption("--program"))
+
+
+@pytest.fixture(scope="session")
+def drag_source(request):
+    return existing(request.config.getoption("--drag-source"))
+
+
+@pytest.fixture
+def pictures(request):
+    folder = request.config.getoption("--pictures").resolve()
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / failure_picture(request.node)).unlink(missing_ok=True)
+    return folder
+
+
+@pytest.fixture
+def home(desktop, pictures):
+    """A fresh home; `pictures` is asked for so that each failure leaves one."""
+    folder = Path(tempfile.mkdtemp(prefix="frimbolate-home-"))
+    try:
+        with Home(folder) as fresh:
+            yield fresh
+    finally:
+        shutil.rmtree(folder)
+
+
+@pytest.fixture
+def app(desktop, home, program, pictures):
+    """The program, not started yet."""
+    from app import App
+
+    app = App(desktop, home, program, pictures)
+    yield app
+    app.close()
+
+
+def create_method(request, app, name):
+    from input_methods import METHODS
+
+    method = METHODS[name](app.driver)
+    request.addfinalizer(method.driver.close)
+    return method
+
+
+@pytest.fixture(params=METHOD_NAMES)
+def method(request, app):
+    """Each input method in turn."""
+    return create_method(request, app, request.param)
+
+
+@pytest.fixture
+def pointer(request, app):
+    return create_method(request, app, "pointer")
+
+
+@pytest.fixture
+def keyboard(request, app):
+    return create_method(request, app, "keyboard")
+
+
+@pytest.fixture
+def menus(request, app):
+    return create_method(request, app, "menus")
+
+
+@pytest.fixture
+def bus(request, app):
+    return create_method(request, app, "bus")
+
+
+@pytest.fixture
+def listener(desktop, home):
+    """Records what the program announces; to be asked for before the program starts."""
+    from atspi_driver import EventListener
+
+    listener = EventListener(desktop, home.folder / "announced.txt")
+    yield listener
+    listener.close()
+
+
+@pytest.fixture
+def instances(home, program):
+    from instances import Instances
+
+    return Instances(home, program)

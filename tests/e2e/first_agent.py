@@ -1,0 +1,14 @@
+"""The first agent of a new user: what is entered, and what its file holds."""
+
+NAME = "Backup"
+
+
+def expected_agent(script):
+    return {
+        "Label": f"com.frimbolate.{NAME}",
+        "ProgramArguments": ["/bin/sh", str(script)],
+        "StartCalendarInterval": {"Weekday": 3, "Hour": 7, "Minute": 5},
+        "EnableGlobbing": False,
+        "LowPriorityIO": False,
+        "Nice": 0,
+    }

@@ -1,0 +1,162 @@
+"""One user's home for one test: what can be launched, the agents, the preferences, the log."""
+
+import os
+import plistlib
+import pwd
+import signal
+import subprocess
+from pathlib import Path
+
+from desktop import stop
+from waiting import TIMEOUT, expect_equal, wait_for, wait_until
+
+PREFERENCES = "com.qz.Frimbolate.plist"
+# What a first start stores beside ShowWelcomeWindow.
+STANDARD_PREFERENCES = {"AutoCopyScriptsKey": "False", "WarnForSuccessfulExit": "True",
+                        "DefaultGlobbingKey": "1", "DefaultPriorityKey": "0"}
+
+
+class Home:
+    """A context manager over an existing empty folder; ends all processes started in this home."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.path = folder / "home"
+        self.environment = self._create_folders()
+        user = pwd.getpwuid(os.geteuid()).pw_name
+        # The program takes a folder of this path for the user's own.
+        self.agents_folder = folder / "Users" / user / "Library" / "LaunchAgents"
+        self.agents_folder.mkdir(parents=True)
+        self.preference_file = Path(self.environment["XDG_CONFIG_HOME"]) / PREFERENCES
+        self._log_file = folder / "log.txt"
+        self._log_file.touch()
+        self._read = 0  # how much of the log has been compared
+        self._processes = []
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.end_processes()
+
+    def end_processes(self):
+        for process in reversed(self._processes):
+            if process.poll() is None:
+                process.send_signal(signal.SIGCONT)
+                stop(process)
+        for number in self._started_by_others():
+            os.kill(number, signal.SIGKILL)
+            wait_until(lambda: number not in self._started_by_others(), f"process {number} to end")
+
+    # Processes
+
+    def variables(self, changes):
+        """The environment of a process in this home; None removes a variable."""
+        merged = os.environ | self.environment | changes
+        return {name: value for name, value in merged.items() if value is not None}
+
+    def start(self, *command, streams=None, **changes):
+        """Starts a process whose output goes to the log."""
+        with open(self._log_file, "ab") as log:
+            options = {"stdout": log, "stderr": log} | (streams or {})
+            self._processes.append(subprocess.Popen(
+                [str(part) for part in command], env=self.variables(changes), **options))
+        return self._processes[-1]
+
+    def _started_by_others(self):
+        """Processes of this home that are no children of ours, such as one that a reset started."""
+        mark = f"XDG_RUNTIME_DIR={self.environment['XDG_RUNTIME_DIR']}".encode()
+        found = []
+        for folder in Path("/proc").iterdir():
+            try:
+                if folder.name.isdigit() and mark in (folder / "environ").read_bytes().split(b"\0"):
+                    found.append(int(folder.name))
+            except OSError:  # ended, or another user's
+                continue
+        return found
+
+    # Log
+
+    def log(self):
+        return self._log_file.read_text(encoding="utf-8", errors="replace")
+
+    def expect_log(self, *lines):
+        """Waits until all lines stand in the log in this order, behind those expected before."""
+        wait_for(lambda: self._expect_in_order(lines, self.log()[self._read:]))
+        self._read = len(self.log())
+
+    @staticmethod
+    def _expect_in_order(lines, log):
+        rest = iter(log.splitlines())
+        for line in lines:
+            assert line in rest, f"not logged, or not in its place: {line}\nin:\n{log}"
+
+    # Agents
+
+    def agent_path(self, name):
+        return self.agents_folder / f"com.frimbolate.{name}.plist"
+
+    def read_agent(self, name):
+        return plistlib.loads(self.agent_path(name).read_bytes())
+
+    def agent_names(self):
+        return sorted(path.name for path in self.agents_folder.iterdir())
+
+    # Preferences
+
+    def store_preferences(self, **changes):
+        """Settings with which the program starts without a question."""
+        self.preference_file.write_bytes(plistlib.dumps(
+            STANDARD_PREFERENCES | {"ShowWelcomeWindow": "False - 3.0",
+                                    "Bookmark": f"path1:{self.agents_folder}".encode()} | changes))
+
+    def preferences(self):
+        """The whole preference file; True for a bookmark stands for any."""
+        found = plistlib.loads(self.preference_file.read_bytes())
+        if isinstance(found.get("Bookmark"), bytes) and found["Bookmark"]:
+            found["Bookmark"] = True
+        return found
+
+    def expect_preferences(self, **changes):
+        """Waits until the file holds the standard preferences with these changes, nothing else."""
+        wait_for(lambda: expect_equal(self.preferences(), STANDARD_PREFERENCES | changes))
+
+    # Files
+
+    def create_script(self, name="backup.sh"):
+        script = self.path / name
+        script.write_text("#!/bin/sh\ntar -czf ~/backup.tar.gz ~/Pictures\n", encoding="utf-8")
+        script.chmod(0o755)
+        return script
+
+    def create_targets(self):
+        """Something to launch of every kind, and a folder to watch."""
+        for kind in ("sh", "py", "rb", "pl", "scpt"):
+            (self.path / f"tidy.{kind}").write_text("true\n", encoding="utf-8")
+        (self.path / "tidy.workflow" / "Contents").mkdir(parents=True)
+        (self.path / "inbox").mkdir()
+        contents = self.path / "Radio.app" / "Contents"
+        (contents / "MacOS").mkdir(parents=True)
+        (contents / "MacOS" / "radio").write_text("#!/bin/sh\n", encoding="utf-8")
+        (contents / "Info.plist").write_text(
+            '<?xml version="1.0" encoding="UTF-8"?>\n<plist version="1.0"><dict>'
+            "<key>CFBundleExecutable</key><string>radio</string></dict></plist>\n",
+            encoding="utf-8")
+
+    def _create_folders(self):
+        variables = {
+            "HOME": str(self.path), "QT_QPA_PLATFORM": "xcb", "XDG_CURRENT_DESKTOP": "",
+            # Without it Qt exports its controls only while a screen reader runs.
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "FRIMBOLATE_COLOR_SCHEME": "light",
+            "FRIMBOLATE_REDUCED_MOTION": "1", "FRIMBOLATE_TIMEOUT_MS": str(TIMEOUT * 1000)}
+        for name in ("CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "RUNTIME_DIR"):
+            folder = self.path / name.split("_", 1)[0].lower()
+            folder.mkdir(parents=True, mode=0o700)
+            variables[f"XDG_{name}"] = str(folder)
+        # The first terminal that the program looks for only records that it was asked for.
+        terminal = self.path / "bin" / "xdg-terminal-exec"
+        terminal.parent.mkdir()
+        terminal.write_text('#!/bin/sh\n: >"$HOME/terminal-was-opened"\n', encoding="utf-8")
+        terminal.chmod(0o755)
+        variables["PATH"] = f"{terminal.parent}:{os.environ['PATH']}"
+        return variables
