@@ -16,8 +16,8 @@ PRESSED = {"push button", "toggle button", "check box", "radio button", "combo b
            "check menu item", "list item"}
 WINDOWS = {"frame", "window", "dialog", "alert", "file chooser"}
 # What may have the focus without being a control: a label's text can be selected.
-CONTAINERS = WINDOWS | {"list", "tree", "table", "tree table", "table cell", "menu bar", "popup menu",
-                     "panel", "label"}
+CONTAINERS = WINDOWS | {"list", "tree", "table", "tree table", "table cell", "menu bar",
+                        "popup menu", "panel", "label"}
 # Of these, several may have the same name.
 LISTED = {"list item", "tree item", "table column header"}
 
@@ -37,7 +37,7 @@ class Part:
     parts: list = field(default_factory=list)
 
     def accessible_name(self):
-        """The name of the control; the name of a pop-up is its label, as its own is the chosen item."""
+        """The name of the control; a pop-up's is its label, as its own name is the chosen item."""
         if self.role == "combo box":
             return " ".join(label for label in self.labels if label)
         return self.name or " ".join(label for label in self.labels if label)

@@ -1,4 +1,4 @@
-"""The agents of the complete flow: how each is entered, what its file holds, how it is read back."""
+"""The agents of the complete flow: what is entered, what the file holds, how it is read back."""
 
 from typing import NamedTuple
 

@@ -66,7 +66,8 @@ class AtspiDriver(Driver):
         self.find("button", "Cancel")
         self.set_text("field", "Name", path)
         self.use("button", prompt)
-        self.wait_until(lambda: not self.shows("button", "Cancel"), f"the panel '{prompt}' to close")
+        self.wait_until(lambda: not self.shows("button", "Cancel"),
+                        f"the panel '{prompt}' to close")
 
     def windows(self):
         """The windows in front, as plain data; none while one of them is going."""

@@ -96,6 +96,7 @@ def app(desktop, home, program, pictures):
     """The program, not started yet."""
     from app import App
 
+    desktop.park_pointer()
     app = App(desktop, home, program, pictures)
     yield app
     app.close()

@@ -73,6 +73,11 @@ class Desktop:
     def save_screenshot(path):
         subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
 
+    @staticmethod
+    def park_pointer():
+        """Moves the pointer into a corner, where it hovers over no control."""
+        subprocess.run(["xdotool", "mousemove", "0", "999"], check=True)
+
     def _isolate_environment(self):
         for name in ("WAYLAND_DISPLAY", "LC_ALL", "LANGUAGE", "QT_SCALE_FACTOR"):
             os.environ.pop(name, None)
@@ -108,7 +113,7 @@ class Desktop:
         return address
 
     def _start_and_read(self, command):
-        """Starts a process that writes one line to a descriptor when it is ready; "" if it fails."""
+        """Starts a process that writes a line to a descriptor when it is ready; "" if it fails."""
         reading, writing = os.pipe()
         self.start(*command(writing), pass_fds=[writing])
         os.close(writing)

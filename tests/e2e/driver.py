@@ -53,7 +53,7 @@ class Driver:
         return window
 
     def find_panel(self, prompt):
-        """The file panel whose button bears that prompt, once it is in front and has the keyboard."""
+        """The file panel with that button, once it is in front and has the keyboard."""
         panel = self.wait_until(
             lambda: next((window for window in self.front_windows()
                           if window.getRole() in ROLES["dialog"] and self._has_keyboard()
@@ -86,7 +86,8 @@ class Driver:
     def showing(self, *kinds):
         """All showing controls of those kinds in the window in front, in their order."""
         roles = [role for kind in kinds for role in ROLES[kind]]
-        return [node for window in self.front_windows() for node, _ in descendants(window, self.closed)
+        return [node for window in self.front_windows()
+                for node, _ in descendants(window, self.closed)
                 if node.getRole() in roles and has(node, "SHOWING")]
 
     def dump_ui(self):
@@ -164,7 +165,8 @@ class Driver:
         """Drags on to a place, and moves about there until is_accepted() is true."""
         (x, y), (to_x, to_y) = self._drag_position, place
         for step in range(1, 10):
-            self._do("mousemove", str(x + (to_x - x) * step // 10), str(y + (to_y - y) * step // 10))
+            self._do("mousemove", str(x + (to_x - x) * step // 10),
+                     str(y + (to_y - y) * step // 10))
         self._drag_position = place
         offsets = itertools.cycle((0, 1))
 
@@ -274,7 +276,8 @@ class Driver:
     def focused(self):
         """The control that has the focus, waited for."""
         return self.wait_until(lambda: next(
-            (node for window in self.front_windows() for node, depth in descendants(window, self.closed)
+            (node for window in self.front_windows()
+             for node, depth in descendants(window, self.closed)
              if depth and has(node, "FOCUSED")), None), "a control with the focus")
 
     def wait_for_menu(self):
@@ -306,7 +309,7 @@ class Driver:
 
     def type_into_pop_over(self, title, text):
         """Types into the pop-over of that title, which has the keyboard while it is open."""
-        wait_until(lambda: self.pop_over_shows(title), f"the pop-over '{title}'")
+        self.wait_until(lambda: self.pop_over_shows(title), f"the pop-over '{title}'")
         self.type(text)
 
     def click_beside_pop_over(self):

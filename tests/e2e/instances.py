@@ -12,8 +12,9 @@ from waiting import TIMEOUT, wait_until
 
 def windows(process):
     """The main windows of a process that are shown, by the X server's numbers."""
-    found = subprocess.run(["xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid),
-                            "--name", "^Frimbolate$"], capture_output=True, text=True)
+    found = subprocess.run(
+        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid),
+         "--name", "^Frimbolate$"], capture_output=True, text=True)
     return found.stdout.split()
 
 

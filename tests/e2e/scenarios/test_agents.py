@@ -1,6 +1,7 @@
-"""Existing agents: warned of, changed, discarded, switched, loaded, upgraded, deleted."""
+"""Existing agents: read, warned of, changed, discarded, switched, loaded, upgraded, deleted."""
 
 import plistlib
+from itertools import cycle
 
 import pytest
 
@@ -33,6 +34,20 @@ def store_agents(app, *names):
     for name in names:
         app.home.agent_path(name).write_bytes(
             plistlib.dumps(content(BY_NAME[name], app.home.path)))
+
+
+@pytest.mark.parametrize(
+    "agent, method_name", zip(AGENTS, cycle(("bus", "keyboard", "pointer", "menus"))),
+    ids=[agent.name for agent in AGENTS])
+def test_read_agent(app, request, agent, method_name):
+    """It is shown as it was entered; nothing is written by that. The input methods take turns."""
+    method = request.getfixturevalue(method_name)
+    store_agents(app, agent.name)
+    app.start_ready(WarnForDelete=False)
+    app.read(method, agent)
+    method.command("New")
+    app.expect_empty_form()
+    app.expect_file(agent)
 
 
 def test_warning_before_the_first_opening(app, pointer, keyboard, menus):
@@ -68,16 +83,16 @@ def test_change_agent(app, keyboard, name):
     app.home.expect_log("User skipped loading agent.")
 
 
-def test_opening_asks_to_discard_changes(app, method):
+def test_opening_asks_to_discard_changes(app, pointer, keyboard, menus):
     app.start_ready(WarnForDelete=False)
-    method.write("Name", "Unfinished")
-    method.command("Edit")
-    method.reply(DISCARD, "Cancel")
+    keyboard.write("Name", "Unfinished")
+    pointer.command("Edit")
+    pointer.reply(DISCARD, "Cancel")
     app.find_main_window()
     assert app.driver.read("field", "Name") == "Unfinished"
-    method.command("Edit")
-    method.reply(DISCARD, "Continue")
-    method.cancel_panel("Select")
+    menus.command("Edit")
+    keyboard.reply(DISCARD, "Continue")
+    keyboard.cancel_panel("Select")
     app.find_main_window()
     assert app.driver.read("field", "Name") == ""
 
@@ -155,17 +170,17 @@ def test_upgrade_agent(app, method, bus):
                         "The upgraded path exists, removing the old path")
 
 
-def test_delete_agent(app, method):
+def test_delete_agent(app, pointer):
     """Cancelled once; then the one agent goes, and the others stay as they were."""
     store_agents(app, "daily", "login")
     app.start_ready(WarnForDelete=False)
     path = app.home.agent_path("daily")
     for button in ("Cancel", "Delete"):
-        method.command("Delete")
-        method.answer_panel(str(path), "Select")
+        pointer.command("Delete")
+        pointer.answer_panel(str(path), "Select")
         app.driver.find_window(DELETE)
         app.driver.find("label", str(path))
-        method.reply(DELETE, button)
+        pointer.reply(DELETE, button)
         if button == "Cancel":
             assert path.exists()
     wait_until(lambda: not path.exists(), "the agent to be deleted")

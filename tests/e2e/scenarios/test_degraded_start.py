@@ -18,7 +18,7 @@ BUSES = ("session", "accessibility")
 
 @pytest.fixture
 def form_answers():
-    """A call that empties the form, which logs a dozen lines, and waits for a later key's effect."""
+    """A call that empties the form, which logs a dozen lines, and waits for a later key."""
     from driver import Driver
 
     driver = Driver("Frimbolate")
@@ -195,7 +195,8 @@ def test_stopped_accessibility_bus(desktop, instances, bus_on_x_server):
     from gi.repository import Gio
 
     address = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
-        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0, -1).unpack()[0]
+        "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0,
+        -1).unpack()[0]
     bus_on_x_server(None)  # so that the session bus alone names it
     path = address.split("path=")[1].split(",")[0]
     with socket.socket(socket.AF_UNIX) as caller:

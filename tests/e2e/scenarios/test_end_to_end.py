@@ -46,16 +46,14 @@ def silence_warning(app, method):
     app.home.expect_preferences(ShowWelcomeWindow="False - 3.0", Bookmark=True, WarnForDelete=False)
 
 
-def read_every_kind(app, method):
-    """Every agent is read as it was made; nothing is written by that."""
-    for agent in AGENTS:
-        print(f"reading {agent.name}")
-        app.read(method, agent)
-        if agent is AGENTS[-1]:
-            app.keep_picture("read")
-        method.command("New")
-        app.expect_empty_form()
-        app.expect_file(agent)
+def read_one(app, method):
+    """An agent that uses every control is read as it was made; nothing is written by that."""
+    agent = AGENTS[-1]
+    app.read(method, agent)
+    app.keep_picture("read")
+    method.command("New")
+    app.expect_empty_form()
+    app.expect_file(agent)
 
 
 def change_one(app, method):
@@ -83,7 +81,7 @@ def test_complete_flow(app, method):
     app.quit(method)
     start_again(app, "dark")
     silence_warning(app, method)
-    read_every_kind(app, method)
+    read_one(app, method)
     change_one(app, method)
     delete_one(app, method)
     app.quit(method)

@@ -34,21 +34,21 @@ def test_welcome_at_first_start(app, pointer):
     app.home.expect_preferences(ShowWelcomeWindow="False - 3.0")
 
 
-def test_folder_is_asked_for_until_it_is_right(app, method):
+def test_folder_is_asked_for_until_it_is_right(app, pointer, keyboard, bus):
     """Cancelled once, given a wrong folder once, then the right one."""
     wrong = app.home.path
     app.start()
-    method.reply(WELCOME, "Get Started")
+    keyboard.reply(WELCOME, "Get Started")
     app.driver.find_panel("Choose")
     app.keep_picture("folder")
-    method.cancel_panel("Choose")
-    method.reply(MUST_SELECT, "Try Again")
-    method.answer_panel(str(wrong), "Choose")
-    method.reply(NOT_VALIDATED, "Choose Again")
+    keyboard.cancel_panel("Choose")
+    keyboard.reply(MUST_SELECT, "Try Again")
+    bus.answer_panel(str(wrong), "Choose")
+    pointer.reply(NOT_VALIDATED, "Choose Again")
     app.home.expect_log("ERROR WITH ACCESSING BOOKMARK", ASKED,
                         "Chosen LaunchAgents path does not match expected path:",
                         f"file://{pathname2url(str(wrong))}", ASKED)
-    method.answer_panel(str(app.home.agents_folder), "Choose")
+    pointer.answer_panel(str(app.home.agents_folder), "Choose")
     app.find_main_window()
     app.home.expect_log("Chosen LaunchAgents path matches expected path. Creating bookmark")
     app.home.expect_preferences(ShowWelcomeWindow="True - 3.0", Bookmark=True)

@@ -47,20 +47,20 @@ def change_all(app, method, expected):
     app.driver.wait_until(lambda: app.shown() == expected, f"{expected}")
 
 
-def test_preferences_discarded(app, method):
+def test_preferences_discarded(app, pointer):
     start(app)
-    sheet = open_preferences(app, method, SHEET)
-    change_all(app, method, OTHER)
+    sheet = open_preferences(app, pointer, SHEET)
+    change_all(app, pointer, OTHER)
     app.driver.press("Escape")
     app.driver.wait_until_gone(sheet)
     app.home.expect_preferences(**READY)
     # The controls keep what was left in them until a new form brings back what is stored.
-    open_preferences(app, method, OTHER)
-    method.reply("Preferences", "Close")
+    open_preferences(app, pointer, OTHER)
+    pointer.reply("Preferences", "Close")
     app.home.expect_preferences(**READY)
-    method.command("New")
+    pointer.command("New")
     app.expect_empty_form()
-    open_preferences(app, method, SHEET)
+    open_preferences(app, pointer, SHEET)
     app.keep_picture("preferences")
 
 
