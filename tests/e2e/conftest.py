@@ -6,7 +6,6 @@ connects to the bus of the running desktop at once.
 
 import re
 import shutil
-import sys
 import tempfile
 from pathlib import Path
 
@@ -14,8 +13,6 @@ import pytest
 
 from desktop import Desktop
 from home import Home
-
-sys.dont_write_bytecode = True  # nothing is written beside the sources
 
 BUILD = Path(__file__).resolve().parents[2] / "build" / "dev"
 METHOD_NAMES = ("pointer", "keyboard", "menus", "bus")

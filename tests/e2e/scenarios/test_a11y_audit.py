@@ -203,14 +203,19 @@ def test_alert_is_announced(listener, audit):
     audit.inspect("alert", "button", "Ok", [f"alert '{INCOMPLETE}'"])
     for event in ("object:state-changed:showing", "window:activate"):
         listener.expect(f"{event} | alert | {INCOMPLETE} | • Name cannot be left blank", before)
+
+
+def test_one_change_is_announced_alone(listener, audit):
+    """Three rows are at fault; the name that is entered announces itself and repeats no other."""
+    audit.start()
+    audit.tools.use("button", "Save")
+    audit.tools.find("button", "Ok")
     before = len(listener.lines())
     audit.tools.use("button", "Ok")
     # Announced after all that there is to announce of the alert's going.
     listener.expect("window:activate | frame | Frimbolate", before)
     field = audit.tools.find("field", "Name")
     wait_until(lambda: field.description == "The agent needs a name", "the fault to be described")
-
-    # One change announces itself and repeats nothing else, though three rows are at fault.
     before = len(listener.lines())
     audit.tools.set_text("field", "Name", "Backup")
     wait_until(lambda: any("| text | Name | com.frimbolate.Backup.plist" in line

@@ -1,11 +1,10 @@
-"""Preferences, tips, and the end: the window closed and brought back, the program quit."""
-
-import plistlib
+"""Preferences, tips, and the window closed and brought back."""
 
 from test_onboarding import FIRST_START, WELCOME
 from waiting import expect_equal, wait_until
 
-READY = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True, "AutoCopyScriptsKey": "True"}
+READY = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True, "AutoCopyScriptsKey": "True",
+         "WarnForDelete": False}
 # What the sheet shows of those, control by control.
 SHEET = {"Show the welcome window at start": "off",
          "Copy commands to the clipboard automatically": "on",
@@ -16,7 +15,8 @@ OTHER = {"Show the welcome window at start": "on",
          "Warn when a script kept alive may still exit": "off",
          "Default wildcards": "Expand wildcards", "Default priority": "Low"}
 STORED = {"Bookmark": True, "ShowWelcomeWindow": "True - 3.0", "AutoCopyScriptsKey": "False",
-          "WarnForSuccessfulExit": "False", "DefaultGlobbingKey": "0", "DefaultPriorityKey": "1"}
+          "WarnForSuccessfulExit": "False", "DefaultGlobbingKey": "0", "DefaultPriorityKey": "1",
+          "WarnForDelete": False}
 TIPS = {"Tip: Name": "What's in a name?",
         "Tip: What to launch":
             "Frimbolate helps you automate the launching of applications and scripts.",
@@ -26,7 +26,7 @@ TIPS = {"Tip: Name": "What's in a name?",
 
 
 def start(app):
-    app.start_ready(AutoCopyScriptsKey="True")
+    app.start_ready(AutoCopyScriptsKey="True", WarnForDelete=False)
 
 
 def open_preferences(app, method, expected):
@@ -83,8 +83,6 @@ def test_preferences_saved_and_used(app, method):
 def test_preferences_reset(app, bus, keyboard):
     """All is forgotten, the folder too, and the program starts anew by itself."""
     start(app)
-    app.home.preference_file.write_bytes(plistlib.dumps(
-        plistlib.loads(app.home.preference_file.read_bytes()) | {"WarnForDelete": False}))
     open_preferences(app, keyboard, SHEET)
     bus.press_button("Reset")
     app.expect_end()
