@@ -22,7 +22,7 @@ DRAWER = {
 
 class Agent(NamedTuple):
     name: str
-    entered: dict  # control and what is entered there, in this order; {home} stands for the home
+    entered: dict  # control and what is entered there, in this order; {home} is replaced
     arguments: list
     keys: dict  # what the file holds beside label and arguments
     plan: str  # the sentence at the foot of the window
@@ -125,7 +125,7 @@ AGENTS = (
 
 
 def filled(value, home):
-    """The value with the home in its place, wherever it stands."""
+    """The value with each {home} replaced by the path of the home."""
     if isinstance(value, str):
         return value.replace("{home}", str(home))
     if isinstance(value, list):

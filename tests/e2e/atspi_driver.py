@@ -62,7 +62,7 @@ class AtspiDriver(Driver):
         self._act(wanted[0])
 
     def fill_panel(self, path, prompt):
-        """Answers the file panel whose button bears that prompt."""
+        """Answers the file panel with that button."""
         self.find("button", "Cancel")
         self.set_text("field", "Name", path)
         self.use("button", prompt)

@@ -6,6 +6,7 @@ connects to the bus of the running desktop at once.
 
 import re
 import shutil
+import signal
 import tempfile
 from pathlib import Path
 
@@ -26,6 +27,11 @@ def pytest_addoption(parser):
                     help="the window from which files are dragged")
     group.addoption("--pictures", type=Path, default=BUILD / "tests" / "e2e" / "pictures",
                     help="folder for the pictures")
+
+
+def pytest_configure():
+    # A run that is terminated ends its processes and removes its folders, as an interrupted one.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
 
 
 def existing(path):

@@ -88,22 +88,22 @@ class Desktop:
             os.environ[f"XDG_{name}"] = str(folder)
 
     def _start_display(self):
-        """Starts the X server under a number of this process's own and returns its name.
+        """Starts the X server under an explicit number and returns the display's name.
 
-        The server locks an explicit number atomically, before it opens its sockets. A number that
-        it looks for by itself is locked after that, so servers that start or end at the same time
-        can take each other's.
+        Servers that look for a free number by themselves can collide when others start or end at
+        the same time. This one begins with a number derived from the process; where it is taken
+        the server fails, and the next number is tried.
         """
         first = 100 + os.getpid() % 30000
         for number in itertools.islice(itertools.count(first), DISPLAY_ATTEMPTS):
             name = f":{number}"
-            told = self._start_and_read(
+            ready = self._start_and_read(
                 lambda writing: ("Xvfb", name, "-displayfd", str(writing), "-screen", "0",
                                  "1400x1000x24", "-nolisten", "tcp", "-noreset", "-wr"))  # on white
-            if told:
+            if ready:
                 return name
             stop(self._processes.pop())
-        raise RuntimeError(f"no X server did start:\n{self.log()}")
+        raise RuntimeError(f"no X server started:\n{self.log()}")
 
     def _start_bus(self):
         address = self._start_and_read(
@@ -117,8 +117,8 @@ class Desktop:
         reading, writing = os.pipe()
         self.start(*command(writing), pass_fds=[writing])
         os.close(writing)
-        with os.fdopen(reading) as told:
-            return told.readline().strip()
+        with os.fdopen(reading) as line:
+            return line.readline().strip()
 
     @staticmethod
     def _has_window_manager():

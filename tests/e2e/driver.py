@@ -74,7 +74,7 @@ class Driver:
 
     @staticmethod
     def name_of(node):
-        """What a control is called; a pop-up tells the item that it shows as its own name."""
+        """The name of a control; the own name of a pop-up is the item that it shows."""
         return next(iter(labels_of(node)), node.name)
 
     def state_of(self, node):
@@ -124,8 +124,8 @@ class Driver:
         active = [window for window in windows if has(window, "ACTIVE")]
         if active:
             return active
-        # A window manager may take the keyboard away and give it back in one breath, some time
-        # after a window was closed. While a pop-up is open Qt heeds the first and not the second.
+        # A window manager may take the focus away and give it back at once, some time
+        # after a window was closed. While a pop-up is open Qt notices the first and not the second.
         focus = self._focus()
         return [window for window in windows if window.name == focus and has(window, "SHOWING")]
 
@@ -180,7 +180,7 @@ class Driver:
         self._do("mouseup", "1")
 
     def drag_slider(self, name, level):
-        """Drags the handle of a slider that stands in its middle until it shows the level."""
+        """Drags the handle of a slider from its middle until it shows the level."""
         node = self.find("slider", name)
         value, (x, y) = node.queryValue(), self.centre_of(node)
         width = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).width
@@ -252,7 +252,7 @@ class Driver:
         self.answer_panel(path, "Select")
 
     def answer_panel(self, path, prompt):
-        """Writes a path into the file panel whose button bears that prompt, and enters it."""
+        """Writes a path into the file panel with that button, and enters it."""
         panel = self.find_panel(prompt)
         self.write("Name", path)
         # A click would only close the list of completions below the field.
@@ -343,11 +343,11 @@ class Driver:
         return self._focus() in [window.name for window in self.front_windows()]
 
     def _settle(self):
-        """Waits until the window manager has worked off what it was told so far.
+        """Waits until the window manager has handled all requests so far.
 
-        After a window has come or gone it may still take the keyboard away and give it back, and Qt
-        loses sight of that while a pop-up is open. It takes its messages in their order, so that
-        the last one done, a harmless one, means that all are.
+        After a window has come or gone it may still take the focus away and give it back, and Qt
+        misses the second while a pop-up is open. It handles requests in their order, so a harmless
+        one that has had its effect means that all before it are done.
         """
         wanted = "3" if self._queries.do("get_num_desktops") == "2" else "2"
         self._keys.do("set_num_desktops", wanted)
@@ -381,7 +381,7 @@ class Driver:
     def _is(node, kind, name):
         """Whether the control is called so: by itself, or by the label beside it.
 
-        A pop-up tells the item that it shows as its own name.
+        The own name of a pop-up is the item that it shows.
         """
         try:
             return node.getRole() in ROLES[kind] and (node.name == name or name in labels_of(node))

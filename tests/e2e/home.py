@@ -81,7 +81,7 @@ class Home:
         return self._log_file.read_text(encoding="utf-8", errors="replace")
 
     def expect_log(self, *lines):
-        """Waits until all lines stand in the log in this order, behind those expected before."""
+        """Waits until the log has all lines in this order, after those expected before."""
         wait_for(lambda: self._expect_in_order(lines, self.log()[self._read:]))
         self._read = len(self.log())
 
@@ -111,7 +111,7 @@ class Home:
                                     "Bookmark": f"path1:{self.agents_folder}".encode()} | changes))
 
     def preferences(self):
-        """The whole preference file; True for a bookmark stands for any."""
+        """The whole preference file; any bookmark is shown as True."""
         found = plistlib.loads(self.preference_file.read_bytes())
         if isinstance(found.get("Bookmark"), bytes) and found["Bookmark"]:
             found["Bookmark"] = True

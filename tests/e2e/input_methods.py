@@ -61,7 +61,7 @@ class Pointer:
         self.driver.set_time(name, time)
 
     def set_level(self, slider, level):
-        """Moves a slider that stands in its middle."""
+        """Moves a slider from its middle."""
         self.driver.drag_slider(slider, level)
 
     def toggle(self, box):

@@ -13,7 +13,7 @@ def wait_until(condition, what):
         if result:
             return result
         if time.monotonic() > deadline:
-            raise TimeoutError(f"waited {TIMEOUT} s in vain for {what}")
+            raise TimeoutError(f"waited {TIMEOUT} s without success for {what}")
         time.sleep(0.01)
 
 

@@ -51,7 +51,7 @@ def test_read_agent(app, request, agent, method_name):
 
 
 def test_warning_before_the_first_opening(app, pointer, keyboard, menus):
-    """Cancelled once, then told not to come again."""
+    """Cancelled once, then suppressed for good."""
     app.start_ready()
     stored = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True}
     pointer.command("Edit")

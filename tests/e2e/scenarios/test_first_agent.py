@@ -25,7 +25,7 @@ def test_first_agent(app, pictures):
     app.keep_picture("2-form")
 
     driver.press("ctrl+s")
-    driver.find("button", "Cancel")  # the panel's; a button "Save" stands in the toolbar too
+    driver.find("button", "Cancel")  # the panel's; the toolbar has a button "Save" too
     driver.press("Return")
     driver.find("button", "Continue")
     app.keep_picture("3-saved")

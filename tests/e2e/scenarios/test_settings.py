@@ -101,7 +101,7 @@ def test_preferences_reset(app, bus, keyboard):
 
 
 def test_tips(app, method):
-    """They stand beside the rows from the start; hidden, shown again, and all read."""
+    """Shown beside the rows from the start; hidden, shown again, and all read."""
     start(app)
     app.driver.find("button", "Tip: Name")
     method.toggle_tips()
