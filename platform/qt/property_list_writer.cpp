@@ -17,8 +17,15 @@ constexpr std::string_view header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\
                                     "<plist version=\"1.0\">\n";
 constexpr std::size_t base64LineLength = 68;
 
+/// Why a text cannot be written so that the platform reads it back as it is.
+std::optional<std::string> reasonUnwritable(std::string_view text) {
+    if (text.starts_with("\xef\xbb\xbf"))
+        return "it begins with the character U+FEFF, which readers drop";
+    return reasonNotXml(text);
+}
+
 std::string escaped(std::string_view text) {
-    if (const auto reason = reasonNotXml(text))
+    if (const auto reason = reasonUnwritable(text))
         throw Failure("Unwritable content", "A text of this content cannot be written: " + *reason);
     std::string result;
     result.reserve(text.size());
