@@ -7,6 +7,7 @@ ROOT = Path(__file__).resolve().parents[2]
 # From the ground up; rooms of the same height do not know each other.
 HEIGHTS = {
     "core": 0,
+    "plist": 1,
     "platform": 1,
     "settings": 2,
     "operations": 3,

@@ -1,0 +1,25 @@
+// How much of a property list is taken in. An agent file has a few hundred bytes and three levels.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+namespace frimbolate {
+
+/// The name of the Failure that every reader raises.
+inline constexpr const char* unreadablePlist = "Unreadable property list";
+
+/// The largest file that is read, in bytes.
+inline constexpr std::size_t maximumPlistBytes = std::size_t{16} * 1024 * 1024;
+
+/// Arrays and dictionaries inside each other, the outermost counted as one.
+inline constexpr std::size_t maximumPlistDepth = 512;
+
+/// The memory, in bytes, that reading a file of a given size may take. The text forms stay below
+/// by construction. References of a binary file can be shared, so its reader accounts each one.
+inline constexpr std::size_t maximumPlistMemory(std::size_t fileSize) {
+    constexpr std::size_t allowance = std::size_t{1024} * 1024;
+    return std::max(fileSize * 40, allowance);
+}
+
+} // namespace frimbolate
