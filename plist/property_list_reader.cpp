@@ -2,19 +2,45 @@
 
 #include "core/failure.h"
 #include "plist/limits.h"
+#include "plist/old_style_reader.h"
 #include "plist/text_encoding.h"
 #include "plist/xml_reader.h"
 
 namespace frimbolate {
+
+namespace {
+
+bool looksLikeXml(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && text[first] == '<';
+}
+
+Value readTextForm(std::string_view bytes) {
+    const DecodedText decoded = decodeText(bytes);
+    const std::string_view text = decoded.text();
+    if (!looksLikeXml(text))
+        return readOldStylePlist(text);
+    try {
+        TextCursor in(text);
+        return readXmlPlist(in);
+    } catch (const Failure& failure) {
+        // "<0fbd77>" is data of the older form; every other file has been meant as XML.
+        try {
+            return readOldStylePlist(text);
+        } catch (const Failure&) {
+            throw failure;
+        }
+    }
+}
+
+} // namespace
 
 Value readPropertyList(std::string_view bytes) {
     if (bytes.size() > maximumPlistBytes)
         throw Failure(unreadablePlist, "it is over 16 MiB");
     if (bytes.empty())
         throw Failure(unreadablePlist, "it is empty");
-    const DecodedText decoded = decodeText(bytes);
-    TextCursor in(decoded.text());
-    return readXmlPlist(in);
+    return readTextForm(bytes);
 }
 
 } // namespace frimbolate
