@@ -1,6 +1,7 @@
 #include "plist/property_list_reader.h"
 
 #include "core/failure.h"
+#include "plist/binary_reader.h"
 #include "plist/limits.h"
 #include "plist/old_style_reader.h"
 #include "plist/text_encoding.h"
@@ -40,7 +41,17 @@ Value readPropertyList(std::string_view bytes) {
         throw Failure(unreadablePlist, "it is over 16 MiB");
     if (bytes.empty())
         throw Failure(unreadablePlist, "it is empty");
-    return readTextForm(bytes);
+    const auto fault = binaryPlistFault(bytes);
+    if (!fault)
+        return readBinaryPlist(bytes);
+    if (!hasBinaryPlistMagic(bytes))
+        return readTextForm(bytes);
+    // Without an intact trailer the magic may as well be a word of an older form.
+    try {
+        return readTextForm(bytes);
+    } catch (const Failure&) {
+        throw Failure(unreadablePlist, *fault);
+    }
 }
 
 } // namespace frimbolate

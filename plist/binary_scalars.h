@@ -1,0 +1,116 @@
+// The single objects of a binary property list: what stands behind a marker byte.
+#pragma once
+
+#include "core/value.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace frimbolate {
+
+/// So many bytes, most significant first; compilers make one instruction of it.
+template <std::size_t size>
+std::uint64_t fixedBigEndian(const char* bytes) {
+    std::uint64_t number = 0;
+    [&]<std::size_t... i>(std::index_sequence<i...>) {
+        ((number |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * (size - 1 - i))),
+         ...);
+    }
+    (std::make_index_sequence<size>{});
+    return number;
+}
+
+/// An unsigned number, most significant byte first. Only the last eight bytes count.
+inline std::uint64_t bigEndianNumber(std::string_view bytes) {
+    switch (bytes.size()) {
+    case 1:
+        return static_cast<unsigned char>(bytes.front());
+    case 2:
+        return fixedBigEndian<2>(bytes.data());
+    case 4:
+        return fixedBigEndian<4>(bytes.data());
+    case 8:
+        return fixedBigEndian<8>(bytes.data());
+    default:
+        std::uint64_t number = 0;
+        for (const char byte : bytes)
+            number = (number << 8) | static_cast<unsigned char>(byte);
+        return number;
+    }
+}
+
+/// The upper half of a marker.
+enum class BinaryKind : unsigned char {
+    singleton = 0x0,
+    integer = 0x1,
+    real = 0x2,
+    date = 0x3,
+    data = 0x4,
+    ascii = 0x5,
+    utf16 = 0x6,
+    uid = 0x8,
+    array = 0xa,
+    set = 0xc,
+    dictionary = 0xd
+};
+
+struct BinaryObject {
+    BinaryKind kind;
+    unsigned nibble; ///< the lower half of the marker: a size, a count, or which singleton
+
+    bool isText() const { return kind == BinaryKind::ascii || kind == BinaryKind::utf16; }
+    bool isContainer() const { return kind == BinaryKind::array || kind == BinaryKind::dictionary; }
+};
+
+/// A position among the objects. Every step is checked against their end.
+/// \throws Failure "Unreadable property list"
+class BinaryCursor {
+  public:
+    BinaryCursor(std::string_view objects, std::size_t offset)
+        : objects_(objects), position_(offset) {}
+
+    /// Advances past a marker.
+    BinaryObject object() {
+        const auto marker = static_cast<unsigned char>(take(1).front());
+        return {static_cast<BinaryKind>(marker >> 4), marker & 0x0fU};
+    }
+    /// Advances past the count of an object, which stands in its marker or, from fifteen on, in
+    /// an integer behind it.
+    std::uint64_t count(BinaryObject object) {
+        return object.nibble == 0x0f ? longCount() : object.nibble;
+    }
+    /// Advances past the count and the bytes of a text or data.
+    std::string_view content(BinaryObject object) {
+        const std::uint64_t length = count(object);
+        return take(length, object.kind == BinaryKind::utf16 ? 2 : 1);
+    }
+    /// Advances past so many numbers of some bytes each.
+    std::string_view take(std::uint64_t count, std::size_t size = 1) {
+        const std::size_t left = objects_.size() - position_;
+        if (count > left || count * size > left)
+            failBeyondEnd();
+        const std::string_view bytes(objects_.data() + position_, count * size);
+        position_ += bytes.size();
+        return bytes;
+    }
+
+  private:
+    std::uint64_t longCount();
+    [[noreturn]] static void failBeyondEnd();
+
+    std::string_view objects_;
+    std::size_t position_;
+};
+
+/// The value of an object that is neither container, text nor data, with the cursor behind its
+/// marker.
+/// \throws Failure "Unreadable property list"
+Value readBinaryScalar(BinaryObject object, BinaryCursor in);
+
+/// The text of the bytes of a text object.
+/// \throws Failure "Unreadable property list"
+std::string decodeBinaryText(BinaryKind kind, std::string_view bytes);
+
+} // namespace frimbolate
