@@ -1,0 +1,242 @@
+// Files that would take endless time, all memory or the whole stack, were each piece of them not
+// read once: time grows with the size of a file, and memory to 40 times of it at most.
+#include "core/failure.h"
+#include "plist/limits.h"
+#include "plist/property_list_reader.h"
+#include "plist/xml_reader.h"
+#include "tests/plist/binary_file.h"
+#include "tests/plist/memory_meter.h"
+#include "tests/plist/verdict.h"
+#include "tests/support/rows.h"
+
+#include <functional>
+
+namespace frimbolate::test {
+
+namespace {
+
+using namespace std::string_literals;
+
+constexpr std::size_t largeSize = std::size_t{2} << 20;
+
+/// A text repeated up to a size.
+std::string filled(std::string_view text, std::size_t size = largeSize) {
+    std::string result;
+    result.reserve(size + text.size());
+    while (result.size() < size)
+        result += text;
+    return result;
+}
+
+/// Different texts, each as short as can be.
+std::string manyNames(std::size_t count, const std::function<std::string(std::string)>& around) {
+    constexpr std::string_view letters =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ01234567";
+    std::string result;
+    for (std::size_t i = 0; i < count; ++i) {
+        std::string name;
+        for (std::size_t rest = i + 1; rest > 0; rest /= letters.size())
+            name += letters[rest % letters.size()];
+        result += around(std::move(name));
+    }
+    return result;
+}
+
+std::string times(std::string_view text, std::size_t count) {
+    return filled(text, text.size() * count);
+}
+
+std::string binaryOf(std::vector<std::string> objects) {
+    return BinaryFile{std::move(objects), 4}.bytes();
+}
+
+struct BoundsRow {
+    const char* name;
+    std::string (*file)();
+    bool isRead;
+};
+
+void PrintTo(const BoundsRow& row, std::ostream* out) { *out << row.name; }
+
+class Bounds : public testing::TestWithParam<BoundsRow> {};
+
+TEST_P(Bounds, ofMemoryAreKept) {
+    const std::string file = GetParam().file();
+    bool isRead = true;
+    const MemoryMeter meter;
+    try {
+        readPropertyList(file);
+    } catch (const Failure&) {
+        isRead = false;
+    }
+    EXPECT_LE(meter.peak(), maximumPlistMemory(file.size()));
+    EXPECT_EQ(isRead, GetParam().isRead) << refusalOf(file).substr(0, 200);
+}
+
+/// The bytes that a reader of XML searches are counted, whatever the file.
+TEST_P(Bounds, areSearchedAFewTimes) {
+    const std::string file = GetParam().file();
+    TextCursor in(file);
+    try {
+        readXmlPlist(in);
+    } catch (const Failure&) {
+        // It has ended, which is all that counts.
+    }
+    EXPECT_LE(in.bytesSearched(), 3 * file.size());
+}
+
+const BoundsRow boundsRows[] = {
+    {"attributes", [] { return "<plist" + filled(" a=\"b\"") + "><true/></plist>"; }, true},
+    {"tagsWithAttributes", [] { return "<array>" + filled("<true a='b'/>") + "</array>"; }, true},
+    {"comments",
+     [] { return filled("<!---->") + "<plist>" + filled("<!---->") + "<true/></plist>"; }, true},
+    {"commentOfDashes", [] { return "<!--" + filled("-") + "><true/>"; }, true},
+    {"openComments", [] { return "<plist>" + filled("<!--"); }, false},
+    {"instructions",
+     [] { return filled("<? ?>") + "<plist>" + filled("<? ?>") + "<true/></plist>"; }, true},
+    {"instructionOfQuestions", [] { return "<?" + filled("?") + "><true/>"; }, true},
+    {"documentTypes", [] { return filled("<!DOCTYPE a>") + "<true/>"; }, true},
+    {"declarations", [] { return filled("<?xml encoding='utf-8") + "'?><true/>"; }, false},
+    {"sections", [] { return "<string>" + filled("<![CDATA[]]>") + "</string>"; }, true},
+    {"sectionOfBrackets", [] { return "<string><![CDATA[" + filled("]") + "]>a</string>"; }, true},
+    {"openSections", [] { return "<string>" + filled("<![CDATA["); }, false},
+    {"references", [] { return "<string>" + filled("&amp;") + "</string>"; }, true},
+    {"ampersands", [] { return "<string>" + filled("&"); }, false},
+    {"digitsOfReference", [] { return "<string>&#" + filled("0") + "65;</string>"; }, true},
+    {"textWithoutEnd", [] { return "<string>" + filled("é&lt;"); }, false},
+    {"emptyTexts", [] { return "<array>" + filled("<string/>") + "</array>"; }, true},
+    {"booleans", [] { return "<array>" + filled("<true/>") + "</array>"; }, true},
+    {"emptyArrays", [] { return "<array>" + filled("<array/>") + "</array>"; }, true},
+    {"shortArrays", [] { return "<array>" + filled("<array><true/></array>") + "</array>"; }, true},
+    {"shortData", [] { return "<array>" + filled("<data>AAAA</data>") + "</array>"; }, true},
+    {"longData", [] { return "<data>" + filled("AAAA\n") + "</data>"; }, true},
+    {"paddingOfData", [] { return "<data>" + filled("=") + "</data>"; }, true},
+    {"digitsOfInteger", [] { return "<integer>" + filled("0") + "</integer>"; }, true},
+    {"digitsOfReal", [] { return "<real>0." + filled("0") + "1</real>"; }, true},
+    {"digitsOfDate", [] { return "<date>" + filled("0") + "1-01-01T00:00:00Z</date>"; }, true},
+    {"sameKey", [] { return "<dict>" + filled("<key>a</key><true/>") + "</dict>"; }, true},
+    {"longKeys",
+     [] {
+         const std::string beginning(1000, 'k');
+         return "<dict>" +
+                manyNames(3000,
+                          [&](auto name) { return "<key>" + beginning + name + "</key><true/>"; }) +
+                "</dict>";
+     },
+     true},
+    {"keys",
+     [] {
+         return "<dict>" +
+                manyNames(60000, [](auto name) { return "<key>" + name + "</key><true/>"; }) +
+                "</dict>";
+     },
+     true},
+    {"nestedPlists",
+     [] { return times("<plist>", 100000) + "<true/>" + times("</plist>", 100000); }, true},
+    {"openPlists", [] { return filled("<plist>"); }, false},
+    {"openArrays", [] { return filled("<array>"); }, false},
+    {"openDictionaries", [] { return filled("<dict><key/>"); }, false},
+    {"closedArrays", [] { return filled("</array>"); }, false},
+    {"blanks", [] { return filled(" \n"); }, true},
+    {"oldStyleTexts", [] { return "(" + filled("a,") + ")"; }, true},
+    {"oldStyleArrays", [] { return "(" + filled("(),") + ")"; }, true},
+    {"oldStyleShortArrays", [] { return "(" + filled("(a),") + ")"; }, true},
+    {"oldStyleDeepArrays",
+     [] { return "(" + filled(times("(", 511) + times(")", 511) + ",") + ")"; }, true},
+    {"oldStyleDictionaries", [] { return "(" + filled("{a;},") + ")"; }, true},
+    {"oldStyleData", [] { return "(" + filled("<>,") + ")"; }, true},
+    {"oldStyleLongData", [] { return "<" + filled("0f") + ">"; }, true},
+    {"oldStyleSameKey", [] { return filled("a;"); }, true},
+    {"oldStyleKeys", [] { return manyNames(100000, [](auto name) { return name + ";"; }); }, true},
+    {"oldStyleComments", [] { return filled("/**/") + "a" + filled("//\n"); }, true},
+    {"oldStyleCommentOfStars", [] { return "/*" + filled("*"); }, true},
+    {"oldStyleOpenComments", [] { return filled("/* "); }, true},
+    {"oldStyleEscapes", [] { return "\"" + filled("\\\"") + "\""; }, true},
+    {"oldStyleBackslashes", [] { return "\"" + filled("\\\\"); }, false},
+    {"oldStyleOpenArrays", [] { return filled("("); }, false},
+    {"oldStyleOpenDictionaries", [] { return filled("{a="); }, false},
+    {"dataThatIsNoXml", [] { return "<" + filled("00") + "g>"; }, false},
+    {"latin1", [] { return "<?xml encoding='latin1'?><string>" + filled("\xe9") + "</string>"; },
+     true},
+    {"utf16", [] { return "\xfe\xff" + filled("\x4e\x00"s); }, false},
+    {"binaryDoubling",
+     [] {
+         std::vector<std::string> objects;
+         for (int i = 1; i <= 40; ++i)
+             objects.push_back("\xa2" + std::string(2, static_cast<char>(i)));
+         objects.emplace_back("\x09");
+         return binaryOf(std::move(objects));
+     },
+     false},
+    {"binaryDoublingOfNothing",
+     [] {
+         std::vector<std::string> objects;
+         for (int i = 1; i <= 40; ++i)
+             objects.push_back("\xd2\x29\x29" + std::string(2, static_cast<char>(i)));
+         objects.emplace_back("\xd0");
+         objects.emplace_back("\x51\x61");
+         return binaryOf(std::move(objects));
+     },
+     false},
+    {"binarySharedText",
+     [] {
+         return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'),
+                          "\x5f\x12" + bigEndian(100000, 4) + std::string(100000, 'a')});
+     },
+     false},
+    {"binarySharedKey",
+     [] {
+         return binaryOf({"\xdf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01') +
+                              std::string(100000, '\x02'),
+                          "\x5f\x12" + bigEndian(100000, 4) + std::string(100000, 'a'), "\x09"});
+     },
+     false},
+    {"binarySharedData",
+     [] {
+         return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'),
+                          "\x4f\x12" + bigEndian(100000, 4) + std::string(100000, 'a')});
+     },
+     false},
+    {"binarySharedBoolean",
+     [] {
+         return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'), "\x09"});
+     },
+     false},
+    {"binaryBooleans",
+     [] {
+         Array booleans(100000, true);
+         return binaryPlist(booleans);
+     },
+     true},
+    {"binaryShortTexts", [] { return binaryPlist(Array(100000, "")); }, true},
+    {"binaryUtf16", [] { return binaryPlist(filled("\u4e00")); }, true},
+    {"binarySharedUtf16",
+     [] {
+         return binaryOf({"\xaf\x10\x40" + std::string(64, '\x01'),
+                          "\x6f\x12" + bigEndian(100000, 4) + times("\x4e\x00"s, 100000)});
+     },
+     false},
+    {"binarySharedBooleans",
+     [] {
+         return binaryOf({"\xaf\x12" + bigEndian(1000000, 4) + filled("\x01"), "\x09"});
+     },
+     true},
+    {"binaryCycle",
+     [] {
+         return binaryOf({"\xa2\x01\x01", "\xa2\x00\x01"s});
+     },
+     false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, Bounds, testing::ValuesIn(boundsRows), NamedAfterRow());
+
+TEST(MemoryMeter, seesWhatIsTaken) {
+    const MemoryMeter meter;
+    { const std::string large(1000000, 'a'); }
+    EXPECT_GE(meter.peak(), 1000000U);
+    EXPECT_LT(meter.peak(), 1100000U);
+}
+
+} // namespace
+
+} // namespace frimbolate::test

@@ -1,0 +1,46 @@
+#include "tests/plist/memory_meter.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<std::size_t> allocated = 0;
+std::atomic<std::size_t> mostAllocated = 0;
+
+/// In front of each allocation, as large as its alignment asks for.
+struct alignas(std::max_align_t) Header {
+    std::size_t size;
+};
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    auto* const header = static_cast<Header*>(std::malloc(size + sizeof(Header)));
+    if (!header)
+        throw std::bad_alloc();
+    header->size = size;
+    allocated += size;
+    mostAllocated = std::max(mostAllocated.load(), allocated.load());
+    return header + 1;
+}
+
+void operator delete(void* memory) noexcept {
+    if (!memory)
+        return;
+    auto* const header = static_cast<Header*>(memory) - 1;
+    allocated -= header->size;
+    std::free(header);
+}
+
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+
+namespace frimbolate::test {
+
+MemoryMeter::MemoryMeter() : before_(allocated) { mostAllocated = before_; }
+
+std::size_t MemoryMeter::peak() const { return mostAllocated - before_; }
+
+} // namespace frimbolate::test
