@@ -1,0 +1,9 @@
+#include "core/failure.h"
+#include "plist/property_list_reader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) try {
+    frimbolate::readPropertyList({reinterpret_cast<const char*>(bytes), size});
+    return 0;
+} catch (const frimbolate::Failure&) {
+    return 0;
+}
