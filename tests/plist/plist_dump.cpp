@@ -1,0 +1,16 @@
+// Lets a script of another language see what a file is read as: plist_dump FILE … prints, for each
+// file, the line of verdictOn().
+#include "tests/plist/verdict.h"
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+
+int main(int count, char** arguments) {
+    for (int i = 1; i < count; ++i) {
+        std::ifstream in(arguments[i], std::ios::binary);
+        const std::string bytes((std::istreambuf_iterator<char>(in)), {});
+        std::printf("%s\n", frimbolate::test::verdictOn(bytes).c_str());
+    }
+    return 0;
+}
