@@ -3,8 +3,8 @@
 #include "core/agent_file.h"
 #include "core/sentences.h"
 #include "core/validation.h"
-#include "platform/qt/property_list_writer.h"
-#include "platform/qt/property_list_xml_reader.h"
+#include "plist/property_list_reader.h"
+#include "plist/xml_writer.h"
 
 #include <benchmark/benchmark.h>
 
@@ -66,10 +66,9 @@ void writeXml(benchmark::State& state) {
 BENCHMARK(writeXml);
 
 void readXml(benchmark::State& state) {
-    const auto bytes =
-        QByteArray::fromStdString(xmlPropertyList(agentFile(fullForm(), "com.frimbolate.Backup")));
+    const auto bytes = xmlPropertyList(agentFile(fullForm(), "com.frimbolate.Backup"));
     for (auto _ : state)
-        benchmark::DoNotOptimize(readXmlPropertyList(bytes));
+        benchmark::DoNotOptimize(readPropertyList(bytes));
 }
 BENCHMARK(readXml);
 

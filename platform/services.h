@@ -36,13 +36,14 @@ class Files {
     virtual bool isWritable(const std::string& path) = 0;
     /// Whether the item is gone; a failure leaves it in place.
     virtual bool remove(const std::string& path) = 0;
-    /// The dictionary of a property list, XML or binary; nothing where the file cannot be read,
-    /// is over 16 MiB, damaged, nested too deeply or holds no dictionary. Nothing is logged: who
-    /// asked tells the person in words of its own.
+    /// The dictionary of a property list of any form; nothing where the file cannot be read, is
+    /// over 16 MiB, damaged, nested too deeply or holds no dictionary. Who asked tells the user in
+    /// words of its own; why a content was refused, with its line, is logged.
     virtual std::optional<Dictionary> readDictionary(const std::string& path) = 0;
     /// Writes an XML property list so that the file is either whole and new or, byte for byte, as
     /// it was. Returns whether it was written.
-    /// \throws Failure "Unwritable content" when a text holds what no XML file can hold.
+    /// \throws Failure "Unwritable content" when a text or date has no form that every reader
+    /// reads back.
     virtual bool writeDictionary(const std::string& path, const Dictionary& dictionary) = 0;
 };
 

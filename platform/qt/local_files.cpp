@@ -33,6 +33,8 @@ bool LocalFiles::remove(const std::string& path) {
 
 std::optional<Dictionary> LocalFiles::readDictionary(const std::string& path) {
     auto file = readPropertyListFile(path);
+    if (file.condition == FileCondition::damaged)
+        log_.line("Could not read property list " + path + ": " + file.reason);
     if (file.condition != FileCondition::read)
         return std::nullopt;
     return std::move(file.dictionary);

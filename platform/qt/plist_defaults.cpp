@@ -2,7 +2,7 @@
 
 #include "core/failure.h"
 #include "platform/qt/property_list_file.h"
-#include "platform/qt/property_list_writer.h"
+#include "plist/xml_writer.h"
 
 #include <QDir>
 #include <QString>

@@ -3,12 +3,9 @@
 #include "core/failure.h"
 #include "platform/qt/atomic_file.h"
 #include "platform/qt/file_descriptor.h"
-#include "platform/qt/property_list_binary_reader.h"
-#include "platform/qt/property_list_limits.h"
-#include "platform/qt/property_list_writer.h"
-#include "platform/qt/property_list_xml_reader.h"
-
-#include <QByteArray>
+#include "plist/limits.h"
+#include "plist/property_list_reader.h"
+#include "plist/xml_writer.h"
 
 #include <algorithm>
 #include <array>
@@ -26,10 +23,10 @@ PropertyListFile refused(FileCondition condition, std::string reason) {
 }
 
 /// All bytes up to one more than are taken, whatever size the file claims; nothing on an error.
-std::optional<QByteArray> readBytes(int file) {
-    QByteArray bytes;
+std::optional<std::string> readBytes(int file) {
+    std::string bytes;
     std::array<char, 65536> buffer{};
-    while (static_cast<std::size_t>(bytes.size()) <= maximumPropertyListBytes) {
+    while (bytes.size() <= maximumPlistBytes) {
         const ssize_t size = ::read(file, buffer.data(), buffer.size());
         if (size < 0 && errno == EINTR)
             continue;
@@ -37,15 +34,14 @@ std::optional<QByteArray> readBytes(int file) {
             return std::nullopt;
         if (size == 0)
             break;
-        bytes.append(buffer.data(), size);
+        bytes.append(buffer.data(), static_cast<std::size_t>(size));
     }
     return bytes;
 }
 
-PropertyListFile parsed(const QByteArray& bytes) {
+PropertyListFile parsed(const std::string& bytes) {
     try {
-        Value value = isBinaryPropertyList(bytes) ? readBinaryPropertyList(bytes)
-                                                  : readXmlPropertyList(bytes);
+        const Value value = readPropertyList(bytes);
         if (const auto* dictionary = value.dictionary())
             return {FileCondition::read, *dictionary, {}};
         return refused(FileCondition::damaged,
@@ -69,12 +65,12 @@ PropertyListFile readPropertyListFile(const std::string& path) {
         return refused(FileCondition::inaccessible, systemError());
     if (!S_ISREG(status.st_mode))
         return refused(FileCondition::inaccessible, "it is not a regular file");
-    if (static_cast<std::uint64_t>(status.st_size) > maximumPropertyListBytes)
+    if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
     const auto bytes = readBytes(file.number());
     if (!bytes)
         return refused(FileCondition::inaccessible, systemError());
-    if (static_cast<std::size_t>(bytes->size()) > maximumPropertyListBytes)
+    if (bytes->size() > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
     return parsed(*bytes);
 }
@@ -82,7 +78,7 @@ PropertyListFile readPropertyListFile(const std::string& path) {
 std::optional<std::string> writePropertyListFile(const std::string& path,
                                                  const Dictionary& dictionary, mode_t newFileMode) {
     const std::string text = xmlPropertyList(dictionary);
-    if (text.size() > maximumPropertyListBytes)
+    if (text.size() > maximumPlistBytes)
         return "it would be over 16 MiB and could not be read again";
     return writeFileAtomically(path, text, newFileMode);
 }

@@ -1,4 +1,4 @@
-// A property list on the disk, and why it could not be read.
+// A property list on the disk, and why it could not be read. Knows no Qt.
 #pragma once
 
 #include "core/value.h"
@@ -19,10 +19,12 @@ enum class FileCondition {
 struct PropertyListFile {
     FileCondition condition = FileCondition::missing;
     Dictionary dictionary; ///< empty unless read
-    std::string reason;    ///< a clause such as "it is not a regular file"; empty when read
+    std::string reason;    ///< a clause such as "it is not a regular file"; empty when read. Of a
+                           ///< damaged text it ends with the line, "… (line 12)"
 };
 
-/// Reads an XML or binary property list. Never waits, not even for a pipe without a writer.
+/// Reads a property list of any form that plist/ knows. Never waits, not even for a pipe without a
+/// writer.
 PropertyListFile readPropertyListFile(const std::string& path);
 
 /// Writes an XML property list atomically (see atomic_file.h).

@@ -8,14 +8,14 @@ ROOT = Path(__file__).resolve().parents[2]
 HEIGHTS = {
     "core": 0,
     "plist": 1,
-    "platform": 1,
-    "settings": 2,
-    "operations": 3,
-    "ui": 4,
-    "platform/qt": 5,
-    "platform/macos": 5,
-    "ui/widgets": 5,
-    "app": 6,
+    "platform": 2,
+    "settings": 3,
+    "operations": 4,
+    "ui": 5,
+    "platform/qt": 6,
+    "platform/macos": 6,
+    "ui/widgets": 6,
+    "app": 7,
 }
 # They look into any room.
 OUTSIDE = ("resources", "tests", "bench")

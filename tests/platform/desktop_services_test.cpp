@@ -7,9 +7,9 @@
 #include "platform/qt/system_log.h"
 #include "platform/qt/window_blending.h"
 #include "tests/platform/eventually.h"
-#include "tests/platform/property_lists.h"
 #include "tests/platform/temporary_folder.h"
 #include "tests/platform/variable.h"
+#include "tests/support/failures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,11 @@
 #include "platform/qt/local_files.h"
 #include "platform/qt/property_list_file.h"
-#include "platform/qt/property_list_limits.h"
-#include "platform/qt/property_list_writer.h"
-#include "tests/platform/property_lists.h"
+#include "plist/limits.h"
+#include "plist/xml_writer.h"
 #include "tests/platform/recording_log.h"
 #include "tests/platform/temporary_folder.h"
+#include "tests/plist/binary_file.h"
+#include "tests/support/failures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +29,13 @@ class LocalFilesTest : public testing::Test {
         EXPECT_THAT(log.lines, IsEmpty());
         EXPECT_EQ(readPropertyListFile(path).reason, reason);
     }
+    /// A refused content is logged; a missing or inaccessible file is not.
+    void expectRefused(const std::string& path, const std::string& reason) {
+        log.lines.clear();
+        EXPECT_EQ(files.readDictionary(path), std::nullopt);
+        EXPECT_THAT(log.lines, ElementsAre("Could not read property list " + path + ": " + reason));
+        EXPECT_EQ(readPropertyListFile(path).reason, reason);
+    }
 
     TemporaryFolder folder;
     RecordingLog log;
@@ -36,11 +44,13 @@ class LocalFilesTest : public testing::Test {
     const Dictionary agent = {{"Label", "x"}, {"Nice", -5}};
 };
 
-TEST_F(LocalFilesTest, readsBothForms) {
+TEST_F(LocalFilesTest, readsEveryForm) {
     writeBytes(file, xmlPropertyList(agent));
     EXPECT_EQ(files.readDictionary(file), agent);
-    const auto binary = BinaryFile{{"\xd1\x01\x02", "\x55Label", "\x51x"}}.bytes().toStdString();
+    const auto binary = BinaryFile{{"\xd1\x01\x02", "\x55Label", "\x51x"}}.bytes();
     writeBytes(file, binary);
+    EXPECT_EQ(files.readDictionary(file), (Dictionary{{"Label", "x"}}));
+    writeBytes(file, "{ Label = x; }");
     EXPECT_EQ(files.readDictionary(file), (Dictionary{{"Label", "x"}}));
     std::filesystem::create_symlink("a.plist", folder / "link");
     EXPECT_EQ(files.readDictionary(folder / "link"), (Dictionary{{"Label", "x"}}));
@@ -52,11 +62,11 @@ TEST_F(LocalFilesTest, tellsWhyAFileCannotBeRead) {
     expectUnreadable(folder.path(), "it is not a regular file");
     expectUnreadable(file + "\0b"s, "its path holds a NUL");
     writeBytes(file, "<plist>\n<array/></plist>");
-    expectUnreadable(file, "it holds no dictionary, but: array");
+    expectRefused(file, "it holds no dictionary, but: array");
     writeBytes(file, "<plist>\n<dict><key>a</key></dict></plist>");
-    expectUnreadable(file, "the key \"a\" has no value (line 2)");
-    writeBytes(file, "bplist00");
-    expectUnreadable(file, "it is cut off");
+    expectRefused(file, "the last key of <dict> has no value (line 2)");
+    writeBytes(file, "bplist00\0"s);
+    expectRefused(file, "it is cut off");
     std::filesystem::create_symlink("gone", folder / "link");
     expectUnreadable(folder / "link", "No such file or directory");
 }
@@ -70,18 +80,18 @@ TEST_F(LocalFilesTest, doesNotWaitForAPipe) {
 
 TEST_F(LocalFilesTest, readsUpTo16MiB) {
     std::string content = xmlPropertyList(agent);
-    content.resize(maximumPropertyListBytes, '\n');
+    content.resize(maximumPlistBytes, '\n');
     writeBytes(file, content);
     EXPECT_EQ(files.readDictionary(file), agent);
     writeBytes(file, content + '\n');
-    expectUnreadable(file, "it is over 16 MiB");
+    expectRefused(file, "it is over 16 MiB");
     std::filesystem::resize_file(file, std::uintmax_t{1} << 40);
-    expectUnreadable(file, "it is over 16 MiB");
+    expectRefused(file, "it is over 16 MiB");
 }
 
 TEST_F(LocalFilesTest, writesNothingThatItWouldNotRead) {
     writeBytes(file, "original");
-    const Dictionary large = {{"k", std::string(maximumPropertyListBytes, 'x')}};
+    const Dictionary large = {{"k", std::string(maximumPlistBytes, 'x')}};
     EXPECT_FALSE(files.writeDictionary(file, large));
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr("over 16 MiB")));
     EXPECT_EQ(bytesOf(file), "original");

@@ -1,6 +1,6 @@
 #include "platform/qt/plist_defaults.h"
-#include "platform/qt/property_list_limits.h"
-#include "platform/qt/property_list_writer.h"
+#include "plist/limits.h"
+#include "plist/xml_writer.h"
 #include "tests/platform/recording_log.h"
 #include "tests/platform/temporary_folder.h"
 
@@ -86,7 +86,7 @@ TEST_F(PlistDefaultsTest, takesNoValueThatNoFileHolds) {
 
 TEST_F(PlistDefaultsTest, setsADamagedFileAside) {
     std::filesystem::create_directory(folder / "config");
-    const std::string large(maximumPropertyListBytes + 1, ' ');
+    const std::string large(maximumPlistBytes + 1, ' ');
     const std::string rubbish[] = {"", "rubbish", "<plist><array/></plist>", "bplist00", large};
     int number = 0;
     for (const auto& content : rubbish) {

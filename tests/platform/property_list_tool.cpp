@@ -5,8 +5,8 @@
 #include "operations/agent_switch.h"
 #include "platform/qt/local_files.h"
 #include "platform/qt/property_list_file.h"
-#include "platform/qt/property_list_writer.h"
-#include "tests/platform/property_lists.h"
+#include "plist/xml_writer.h"
+#include "tests/support/random_values.h"
 #include "tests/support/scripted_platform.h"
 
 #include <cstdio>
@@ -29,8 +29,8 @@ int rewrite(const std::string& path) {
 }
 
 int writeRandom(const char* seed, const std::string& path) {
-    std::mt19937_64 random(std::strtoull(seed, nullptr, 10));
-    return writePropertyListFile(path, test::randomDictionary(random)) ? 1 : 0;
+    test::RandomValues random(static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10)));
+    return writePropertyListFile(path, random.dictionary(4)) ? 1 : 0;
 }
 
 /// The real files under a person whose answers are scripted.

@@ -1,6 +1,6 @@
 // Preferences that several running programs share, and what happens to the file between them.
 #include "platform/qt/plist_defaults.h"
-#include "platform/qt/property_list_writer.h"
+#include "plist/xml_writer.h"
 #include "tests/platform/recording_log.h"
 #include "tests/platform/temporary_folder.h"
 

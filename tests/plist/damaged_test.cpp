@@ -1,6 +1,6 @@
 // Damaged files of every kind: a reader gives a value or a Failure. The sanitizers of the build
 // see whether it strayed on the way.
-#include "platform/qt/property_list_writer.h"
+#include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/random_values.h"

@@ -1,7 +1,7 @@
 // What is written is read back as the same value, by the reader of every form.
 #include "core/failure.h"
-#include "platform/qt/property_list_writer.h"
 #include "plist/property_list_reader.h"
+#include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"
 #include "tests/plist/value_text.h"
 #include "tests/plist/verdict.h"

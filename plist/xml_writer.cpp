@@ -1,8 +1,7 @@
-#include "platform/qt/property_list_writer.h"
+#include "plist/xml_writer.h"
 
 #include "core/failure.h"
-#include "platform/qt/property_list_text.h"
-#include "platform/qt/utc_date.h"
+#include "plist/written_scalars.h"
 
 #include <algorithm>
 #include <string_view>
@@ -17,20 +16,17 @@ constexpr std::string_view header = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\
                                     "<plist version=\"1.0\">\n";
 constexpr std::size_t base64LineLength = 68;
 
-/// Why a text cannot be written so that the platform reads it back as it is.
-std::optional<std::string> reasonUnwritable(std::string_view text) {
-    if (text.starts_with("\xef\xbb\xbf"))
-        return "it begins with the character U+FEFF, which readers drop";
-    return reasonNotXml(text);
-}
+constexpr bool isEscaped(char c) { return c == '&' || c == '<' || c == '>' || c == '\r'; }
 
-std::string escaped(std::string_view text) {
+void appendEscaped(std::string& result, std::string_view text) {
     if (const auto reason = reasonUnwritable(text))
         throw Failure("Unwritable content", "A text of this content cannot be written: " + *reason);
-    std::string result;
-    result.reserve(text.size());
-    for (const char c : text) {
-        switch (c) {
+    for (;;) {
+        const auto* const plainEnd = std::find_if(text.begin(), text.end(), isEscaped);
+        result.append(text.begin(), plainEnd);
+        if (plainEnd == text.end())
+            return;
+        switch (*plainEnd) {
         case '&':
             result += "&amp;";
             break;
@@ -40,14 +36,11 @@ std::string escaped(std::string_view text) {
         case '>':
             result += "&gt;";
             break;
-        case '\r':
-            result += "&#13;";
-            break;
         default:
-            result += c;
+            result += "&#13;";
         }
+        text = {plainEnd + 1, text.end()};
     }
-    return result;
 }
 
 class Writer {
@@ -61,9 +54,19 @@ class Writer {
   private:
     void line(std::string_view content) { text_.append(depth_, '\t').append(content) += '\n'; }
     void element(std::string_view name, std::string_view content) {
-        text_.append(depth_, '\t').append("<").append(name).append(">");
-        text_.append(content).append("</").append(name).append(">\n");
+        begin(name);
+        text_ += content;
+        end(name);
     }
+    void escapedElement(std::string_view name, std::string_view content) {
+        begin(name);
+        appendEscaped(text_, content);
+        end(name);
+    }
+    void begin(std::string_view name) {
+        text_.append(depth_, '\t').append("<").append(name).append(">");
+    }
+    void end(std::string_view name) { text_.append("</").append(name).append(">\n"); }
     void write(const Value& value);
     void write(const Array& array);
     void write(const Dictionary& dictionary);
@@ -76,7 +79,7 @@ class Writer {
 
 void Writer::write(const Value& value) {
     if (const auto* text = value.string())
-        element("string", escaped(*text));
+        escapedElement("string", *text);
     else if (const auto* truth = value.boolean())
         line(*truth ? "<true/>" : "<false/>");
     else if (const auto* number = value.integer())
@@ -84,7 +87,7 @@ void Writer::write(const Value& value) {
     else if (const auto* bigNumber = value.bigInteger())
         element("integer", std::to_string(*bigNumber));
     else if (const auto* real = value.real())
-        element("real", textOfReal(*real));
+        element("real", plistTextOf(*real));
     else if (const auto* data = value.data())
         write(*data);
     else if (const auto* date = value.date())
@@ -112,7 +115,7 @@ void Writer::write(const Dictionary& dictionary) {
     line("<dict>");
     ++depth_;
     for (const auto& [key, value] : dictionary) {
-        element("key", escaped(key));
+        escapedElement("key", key);
         write(value);
     }
     --depth_;
@@ -121,14 +124,14 @@ void Writer::write(const Dictionary& dictionary) {
 
 void Writer::write(const Data& data) {
     line("<data>");
-    const std::string base64 = textOfData(data);
+    const std::string base64 = plistTextOf(data);
     for (std::size_t start = 0; start < base64.size(); start += base64LineLength)
         line(std::string_view(base64).substr(start, base64LineLength));
     line("</data>");
 }
 
 void Writer::write(Date date) {
-    const auto text = textOfDate(date);
+    const auto text = plistTextOf(date);
     if (!text)
         throw Failure("Unwritable content", "A date lies outside of the years 1 to 9999");
     element("date", *text);

@@ -1,11 +1,15 @@
-#include "platform/qt/property_list_text.h"
-#include "platform/qt/property_list_writer.h"
-#include "platform/qt/property_list_xml_reader.h"
-#include "tests/platform/property_lists.h"
+// What is written, byte for byte, and what is not written because it would be read otherwise.
+#include "core/failure.h"
+#include "plist/property_list_reader.h"
+#include "plist/written_scalars.h"
+#include "plist/xml_writer.h"
+#include "tests/support/failures.h"
+#include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -118,8 +122,7 @@ const UnwritableRow unwritableRows[] = {
     {"beginningOfTime", Date{std::numeric_limits<std::int64_t>::min()}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, Unwritable, testing::ValuesIn(unwritableRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rows, Unwritable, testing::ValuesIn(unwritableRows), NamedAfterRow());
 
 struct WritableRow {
     const char* name;
@@ -132,8 +135,7 @@ class Writable : public testing::TestWithParam<WritableRow> {};
 
 TEST_P(Writable, isReadAgainAsItWas) {
     const auto text = xmlPropertyList({{"k", GetParam().value}});
-    EXPECT_EQ(readXmlPropertyList(QByteArray::fromStdString(text)),
-              Value(Dictionary{{"k", GetParam().value}}));
+    EXPECT_EQ(readPropertyList(text), Value(Dictionary{{"k", GetParam().value}}));
 }
 
 const WritableRow writableRows[] = {
@@ -166,23 +168,46 @@ const WritableRow writableRows[] = {
     {"lastDate", Date{253402300799}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, Writable, testing::ValuesIn(writableRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rows, Writable, testing::ValuesIn(writableRows), NamedAfterRow());
 
 TEST(Writer, keepsTheSignOfZeroAndNotANumber) {
-    EXPECT_EQ(textOfReal(-0.0), "-0");
-    EXPECT_TRUE(std::signbit(*realOfText("-0")));
-    EXPECT_TRUE(std::isnan(*realOfText(textOfReal(std::numeric_limits<double>::quiet_NaN()))));
+    EXPECT_EQ(plistTextOf(-0.0), "-0");
+    const auto again = [](double number) {
+        return *readPropertyList(xmlPropertyList({{"k", number}})).asDictionary().at("k").real();
+    };
+    EXPECT_TRUE(std::signbit(again(-0.0)));
+    EXPECT_TRUE(std::isnan(again(std::numeric_limits<double>::quiet_NaN())));
 }
 
-TEST(Writer, randomContentIsReadAgainAsItWas) {
-    for (std::uint64_t seed = 0; seed < 300; ++seed) {
-        std::mt19937_64 random(seed);
-        const Dictionary dictionary = randomDictionary(random);
-        const auto text = xmlPropertyList(dictionary);
-        const Value again = readXmlPropertyList(QByteArray::fromStdString(text));
-        ASSERT_EQ(again, Value(dictionary)) << "seed " << seed << "\n" << text;
-        ASSERT_EQ(xmlPropertyList(again.asDictionary()), text) << "seed " << seed;
+struct TextRow {
+    const char* name;
+    std::string text;
+    const char* reason;
+};
+
+void PrintTo(const TextRow& row, std::ostream* out) { *out << row.name; }
+
+class UnwritableText : public testing::TestWithParam<TextRow> {};
+
+TEST_P(UnwritableText, saysWhy) { EXPECT_EQ(reasonUnwritable(GetParam().text), GetParam().reason); }
+
+const TextRow textRows[] = {
+    {"control", "a\x01", "it holds the character U+0001"},
+    {"lastControl", "é\x1f", "it holds the character U+001F"},
+    {"noCharacter", "\xef\xbf\xbd\xef\xbf\xbe", "it holds the character U+FFFE"},
+    {"otherNoCharacter", "\xef\xbf\xbf", "it holds the character U+FFFF"},
+    {"cutCharacter", "a\xef\xbf", "it is not valid UTF-8"},
+    {"byteOrderMark", "\xef\xbb\xbf", "it begins with the character U+FEFF, which readers drop"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, UnwritableText, testing::ValuesIn(textRows), NamedAfterRow());
+
+TEST(Writer, padsBase64) {
+    constexpr const char* texts[] = {"", "AA==", "AP8=", "AP8Q", "AP8Q+w=="};
+    Data data;
+    for (const char* text : texts) {
+        EXPECT_EQ(plistTextOf(data), text);
+        data.bytes.push_back(std::array<std::uint8_t, 5>{0, 255, 16, 251, 0}[data.bytes.size()]);
     }
 }
 
