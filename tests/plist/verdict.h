@@ -1,8 +1,10 @@
 // What a file is read as, in one line.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace frimbolate::test {
 
@@ -12,5 +14,22 @@ std::string verdictOn(std::string_view file);
 
 /// Why reading a file fails; "read as …" where it does not.
 std::string refusalOf(std::string_view file);
+
+/// A made case, and what the platform makes of it.
+struct VerdictRow {
+    std::string name;
+    std::string verdict; ///< in the notation of verdictOn()
+
+    bool isReadable() const { return verdict.starts_with("ok\t"); }
+    /// The bytes of the case.
+    std::string file() const;
+};
+
+void PrintTo(const VerdictRow& row, std::ostream* out);
+
+/// All cases, in the order of their names.
+std::vector<VerdictRow> verdictRows();
+/// Those that the platform reads.
+std::vector<VerdictRow> readableRows();
 
 } // namespace frimbolate::test

@@ -2,53 +2,9 @@
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-#include <vector>
-
 namespace frimbolate::test {
 
 namespace {
-
-const std::string folder = FRIMBOLATE_PLIST_TESTS;
-
-struct VerdictRow {
-    std::string name;
-    std::string verdict; ///< in the notation of verdictOn()
-};
-
-void PrintTo(const VerdictRow& row, std::ostream* out) { *out << row.name; }
-
-std::string contentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        throw std::runtime_error(path + " is missing");
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-std::string caseOf(const VerdictRow& row) {
-    return contentOf(folder + "/cases/" + row.name + ".plist");
-}
-
-bool isOk(const VerdictRow& row) { return row.verdict.starts_with("ok\t"); }
-
-std::vector<VerdictRow> verdictRows() {
-    std::vector<VerdictRow> rows;
-    std::ifstream in(folder + "/verdicts.tsv");
-    for (std::string line; std::getline(in, line);) {
-        const auto tab = line.find('\t');
-        std::string verdict = line.substr(tab + 1);
-        rows.push_back({line.substr(0, tab), verdict == "error\t" ? "error" : verdict});
-    }
-    return rows;
-}
-
-std::vector<VerdictRow> readableRows() {
-    auto rows = verdictRows();
-    std::erase_if(rows, [](const VerdictRow& row) { return !isOk(row); });
-    return rows;
-}
 
 TEST(Verdicts, areAllThere) {
     EXPECT_EQ(verdictRows().size(), 194U);
@@ -57,7 +13,7 @@ TEST(Verdicts, areAllThere) {
 
 class Verdict : public testing::TestWithParam<VerdictRow> {};
 
-TEST_P(Verdict, isThePlatforms) { EXPECT_EQ(verdictOn(caseOf(GetParam())), GetParam().verdict); }
+TEST_P(Verdict, isThePlatforms) { EXPECT_EQ(verdictOn(GetParam().file()), GetParam().verdict); }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Verdict, testing::ValuesIn(verdictRows()), NamedAfterRow());
 
@@ -71,7 +27,7 @@ class Beginnings : public testing::TestWithParam<VerdictRow> {};
 /// A file that was cut off must not be read as less than it held. What follows the root of an XML
 /// list counts for nothing, and texts of the older form have no end of their own.
 TEST_P(Beginnings, areRefusedOrReadAsTheWhole) {
-    const std::string file = caseOf(GetParam());
+    const std::string file = GetParam().file();
     const bool hasEnd = file.find_first_of("<{(") != std::string::npos;
     int refused = 0;
     for (std::size_t size = 0; size < file.size(); ++size) {
