@@ -4,9 +4,6 @@
 #include "platform/qt/property_list_file.h"
 #include "plist/xml_writer.h"
 
-#include <QDir>
-#include <QString>
-
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -65,9 +62,10 @@ PlistDefaults::~PlistDefaults() {
 std::string PlistDefaults::defaultPath() {
     // Read by us, since QStandardPaths is redirected in test mode and differs between platforms.
     const char* configured = std::getenv("XDG_CONFIG_HOME");
+    const char* home = std::getenv("HOME");
     const std::string folder = configured && *configured == '/'
                                    ? std::string(configured)
-                                   : QDir::homePath().toStdString() + "/.config";
+                                   : std::string(home ? home : "") + "/.config";
     return folder + "/" + std::string(fileName);
 }
 
