@@ -27,16 +27,3 @@ if(FRIMBOLATE_COVERAGE)
   target_compile_options(frimbolate_options INTERFACE --coverage -O0)
   target_link_options(frimbolate_options INTERFACE --coverage)
 endif()
-
-# Most of a test's or a window's compile time goes into the headers of the libraries. Builds without
-# it show where a file leans on another's includes; the release build is one.
-option(FRIMBOLATE_PRECOMPILE "Precompile the headers of the libraries" OFF)
-# What most files of the window include; all of the toolkit would take longer than it saves.
-set(FRIMBOLATE_WIDGET_HEADERS <QApplication> <QComboBox> <QDialog> <QLabel> <QLineEdit> <QPainter>
-                              <QToolButton> <QVBoxLayout>)
-# frimbolate_precompile(<target> <header> ...)
-function(frimbolate_precompile target)
-  if(FRIMBOLATE_PRECOMPILE)
-    target_precompile_headers(${target} PRIVATE ${ARGN})
-  endif()
-endfunction()
