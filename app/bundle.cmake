@@ -1,5 +1,5 @@
 # The program as macOS wants it: a folder with its description and its icon inside.
-target_link_libraries(frimbolate PRIVATE frimbolate_platform_macos)
+target_link_libraries(frimbolate PRIVATE frimbolate_macos)
 target_sources(frimbolate PRIVATE ${FRIMBOLATE_ICNS})
 set_source_files_properties(${FRIMBOLATE_ICNS} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
 set_target_properties(frimbolate PROPERTIES

@@ -1,11 +1,11 @@
 #include "app/process_preparation.h"
 #include "app/program.h"
-#include "platform/qt/plist_defaults.h"
-#include "platform/qt/qt_messages.h"
-#include "platform/qt/qt_workspace.h"
-#include "platform/qt/single_instance.h"
-#include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/install.h"
+#include "posix/plist_defaults.h"
+#include "qt/qt_messages.h"
+#include "qt/qt_workspace.h"
+#include "qt/single_instance.h"
+#include "widgets/style/icons.h"
+#include "widgets/style/install.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

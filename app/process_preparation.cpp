@@ -1,11 +1,11 @@
 #include "app/process_preparation.h"
 
-#include "platform/qt/line_writer.h"
-#include "platform/qt/process_setup.h"
-#include "platform/qt/qt_messages.h"
+#include "posix/line_writer.h"
+#include "posix/process_setup.h"
+#include "qt/qt_messages.h"
 #ifndef __APPLE__
-#include "platform/qt/bus_probe.h"
-#include "platform/qt/display_probe.h"
+#include "posix/bus_probe.h"
+#include "qt/display_probe.h"
 #endif
 
 #include <algorithm>

@@ -2,17 +2,17 @@
 #pragma once
 
 #include "app/system_services.h"
-#include "platform/qt/local_clock.h"
-#include "platform/qt/local_files.h"
-#include "platform/qt/qt_application.h"
-#include "platform/qt/qt_pasteboard.h"
-#include "platform/qt/window_blending.h"
+#include "posix/local_clock.h"
+#include "posix/local_files.h"
+#include "qt/qt_application.h"
+#include "qt/qt_pasteboard.h"
+#include "qt/window_blending.h"
 #include "ui/app_delegate.h"
-#include "ui/widgets/file_panels.h"
-#include "ui/widgets/main_window.h"
-#include "ui/widgets/own_sheets.h"
-#include "ui/widgets/sheet_alerts.h"
-#include "ui/widgets/sheet_stack.h"
+#include "widgets/main_window.h"
+#include "widgets/own_sheets.h"
+#include "widgets/panels/qt_file_panels.h"
+#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/sheet_stack.h"
 
 #include <string>
 

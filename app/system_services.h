@@ -2,17 +2,17 @@
 #pragma once
 
 #ifdef __APPLE__
-#include "platform/macos/mac_trash.h"
-#include "platform/macos/mac_workspace.h"
-#include "platform/macos/scoped_folder_access.h"
-#include "platform/macos/unified_log.h"
-#include "platform/macos/user_defaults.h"
+#include "macos/mac_trash.h"
+#include "macos/mac_workspace.h"
+#include "macos/scoped_folder_access.h"
+#include "macos/unified_log.h"
+#include "macos/user_defaults.h"
 #else
-#include "platform/qt/path_folder_access.h"
-#include "platform/qt/plist_defaults.h"
-#include "platform/qt/qt_trash.h"
-#include "platform/qt/qt_workspace.h"
-#include "platform/qt/system_log.h"
+#include "posix/path_folder_access.h"
+#include "posix/plist_defaults.h"
+#include "posix/system_log.h"
+#include "qt/qt_trash.h"
+#include "qt/qt_workspace.h"
 #endif
 
 #include <QProcessEnvironment>

@@ -1,65 +1,85 @@
-"""Fails when an include points up in the house, or Qt comes into a room that must not know it, or
-painting to a place that is not for it.
+"""Fails on an include that docs/layers.txt does not allow, on Qt or a system header in a module
+that must not know them, and on painting outside of the one folder for it.
 
-Distribution Qt puts every module on the include path and all rooms share one, so that the compiler
-alone would let both pass.
+Distribution Qt puts every module on the include path, and all modules share one include path, so
+the compiler alone accepts both.
 """
 
 import re
 import sys
 from pathlib import Path
 
-from sources import HEIGHTS, ROOT, room_of, sources
+from sources import LAYERS, MODULES, ROOT, module_of, sources
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]*)"|<([^>]*)>)', re.MULTILINE)
 # C++'s own headers have neither a suffix nor a folder nor a capital letter.
 STANDARD = re.compile(r"[a-z_]+[0-9]*")
 QT = re.compile(r"Q[A-Z].*|Qt.*")
-QT_ROOMS = ("platform/qt", "ui/widgets", "app")
-SYSTEM_ROOMS = ("platform/qt", "platform/macos")
-# The window's colours, fonts and strokes are chosen in one place.
+QT_MODULES = ("qt", "widgets", "app")
+SYSTEM_MODULES = ("posix", "qt", "macos", "app")
+# The window's colours, fonts and strokes are chosen in one folder.
 PAINTERS = re.compile(r"QPainter.*|QBrush|QPen|QStylePainter|QProxyStyle")
-PAINTING = Path("ui/widgets/look")
+PAINTING = "widgets/style"
 
 
-def fault_of_own(room, target, root):
-    """What is wrong with #include "target" in a room, or None."""
+def project_include_fault(module, target, root):
+    """What is wrong with #include "target" in a module, or None."""
     if not (root / target).is_file():
         return "is no file seen from the root"
-    there = room_of(Path(target))
-    if room is None or there == room:
+    other = module_of(Path(target))
+    if module is None:
         return None
-    if there is None:
-        return "stands outside of all rooms"
-    return None if HEIGHTS[there] < HEIGHTS[room] else f"points from {room} up to {there}"
+    if other is None:
+        return "belongs to no module"
+    # A module that may include another may include the folders inside it.
+    allowed = any(
+        other == name or other.startswith(f"{name}/") for name in (module, *MODULES[module])
+    )
+    return None if allowed else f"is not for {module}"
 
 
-def fault_of_foreign(path, room, target):
-    """What is wrong with #include <target> in a file of a room, or None."""
-    if room is None or STANDARD.fullmatch(target):
+def library_include_fault(module, target):
+    """What is wrong with #include <target> in a module, or None."""
+    if module is None or STANDARD.fullmatch(target):
         return None
-    if room == "ui/widgets" and PAINTERS.fullmatch(target) and PAINTING not in path.parents:
+    folder = module.split("/")[0]
+    if folder == "widgets" and PAINTERS.fullmatch(target) and module != PAINTING:
         return f"paints outside of {PAINTING}"
     if QT.fullmatch(target):
-        return None if room in QT_ROOMS else f"brings Qt into {room}"
-    return None if room in SYSTEM_ROOMS else f"brings more than the standard library into {room}"
+        return None if folder in QT_MODULES else f"brings Qt into {module}"
+    return None if folder in SYSTEM_MODULES else f"brings more than the standard library into {module}"
+
+
+def cycles(modules):
+    """The modules that can be reached from themselves."""
+
+    def reached(start):
+        seen, waiting = set(), list(modules[start])
+        while waiting:
+            module = waiting.pop()
+            if module not in seen:
+                seen.add(module)
+                waiting.extend(modules[module])
+        return seen
+
+    return [module for module in modules if module in reached(module)]
 
 
 def faults(root=ROOT):
-    """A line for each forbidden include."""
-    found = []
+    """A line for each forbidden include, and for each cycle in the list of layers."""
+    found = [f"{LAYERS.name}: {module} depends on itself" for module in cycles(MODULES)]
     for path in sources(root):
-        room = room_of(path)
+        module = module_of(path)
         text = (root / path).read_text(encoding="utf-8")
         for match in INCLUDE.finditer(text):
-            own, foreign = match.groups()
+            own, library = match.groups()
             if own is not None:
-                fault = fault_of_own(room, own, root)
+                fault = project_include_fault(module, own, root)
             else:
-                fault = fault_of_foreign(path, room, foreign)
+                fault = library_include_fault(module, library)
             if fault:
                 line = text.count("\n", 0, match.start(0)) + 1
-                found.append(f"{path}:{line}: {own or foreign} {fault}")
+                found.append(f"{path}:{line}: {own or library} {fault}")
     return found
 
 

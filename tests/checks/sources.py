@@ -1,30 +1,27 @@
-"""Which files are sources of the program, and in which room each stands."""
+"""Which files are sources of the program, and which module each belongs to."""
 
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
+LAYERS = ROOT / "docs" / "layers.txt"
 
-# From the ground up; rooms of the same height do not know each other.
-HEIGHTS = {
-    "core": 0,
-    "plist": 1,
-    "platform": 2,
-    "settings": 3,
-    "operations": 4,
-    "ui": 5,
-    "platform/qt": 6,
-    "platform/macos": 6,
-    "ui/widgets": 6,
-    "app": 7,
-}
-# They look into any room.
+# They may include any module.
 OUTSIDE = ("resources", "tests", "bench")
 SUFFIXES = (".cpp", ".h", ".mm")
 
 
+def read_layers(path=LAYERS):
+    """Maps each module to the modules that it may include; itself goes without saying."""
+    rows = (line.split() for line in path.read_text(encoding="utf-8").splitlines())
+    return {row[0]: frozenset(row[1:]) for row in rows if row}
+
+
+MODULES = read_layers()
+
+
 def sources(root=ROOT):
     """The sources, as paths from the root."""
-    folders = {room.split("/")[0] for room in HEIGHTS} | set(OUTSIDE)
+    folders = {module.split("/")[0] for module in MODULES} | set(OUTSIDE)
     return sorted(
         path.relative_to(root)
         for folder in folders
@@ -33,10 +30,15 @@ def sources(root=ROOT):
     )
 
 
-def room_of(path):
-    """The room of a path from the root, or None outside of all rooms."""
+def scripts(root=ROOT):
+    """The Python files of the tests, as paths from the root."""
+    return sorted(path.relative_to(root) for path in (root / "tests").rglob("*.py"))
+
+
+def module_of(path):
+    """The module of a path from the root, or None outside of all modules."""
     for parent in path.parents:
-        if parent.as_posix() in HEIGHTS:
+        if parent.as_posix() in MODULES:
             return parent.as_posix()
     return None
 

@@ -3,7 +3,7 @@
 #include "tests/support/scripted_platform.h"
 #include "tests/widgets/sheet_fixture.h"
 #include "ui/app_delegate.h"
-#include "ui/widgets/sheet_alerts.h"
+#include "widgets/sheets/sheet_alerts.h"
 
 #include <memory>
 #include <optional>

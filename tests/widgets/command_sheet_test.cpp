@@ -1,8 +1,8 @@
 // What the command sheet says of its command, and what it copies.
 #include "core/command_warning.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/elided_label.h"
-#include "ui/widgets/sheet_dialog.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/sheets/sheet_dialog.h"
 
 #include <QAccessible>
 #include <QCheckBox>

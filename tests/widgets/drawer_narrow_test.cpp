@@ -1,7 +1,7 @@
 // The drawer where it does not fit the screen beside the form: it slides over the form.
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/drawer_panel.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/drawer/drawer_panel.h"
+#include "widgets/style/tokens.h"
 
 #include <QAction>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "ui/widgets/drawer_placement.h"
+#include "widgets/drawer/drawer_placement.h"
 
 #include "tests/support/rows.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "tests/widgets/sheet_fixture.h"
-#include "ui/widgets/file_panels.h"
-#include "ui/widgets/panel_dialog.h"
-#include "ui/widgets/wrapped_text.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/panels/panel_dialog.h"
+#include "widgets/panels/qt_file_panels.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 // The program's longest alerts can be read to their end, by the keyboard too.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/sheet_alerts.h"
-#include "ui/widgets/wrapped_text.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/sheets/sheet_alerts.h"
 
 #include <QPushButton>
 #include <QScrollBar>

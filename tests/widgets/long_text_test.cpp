@@ -1,4 +1,4 @@
-#include "ui/widgets/long_text.h"
+#include "widgets/controls/long_text.h"
 
 #include "tests/support/rows.h"
 

@@ -1,5 +1,5 @@
-#include "ui/widgets/look/icons.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/style/icons.h"
+#include "widgets/style/tokens.h"
 
 #include <QApplication>
 #include <QDir>

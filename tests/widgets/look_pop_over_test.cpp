@@ -1,5 +1,5 @@
-#include "ui/widgets/look/pop_over_frame.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/style/pop_over_frame.h"
+#include "widgets/style/tokens.h"
 
 #include <QImage>
 #include <QWidget>

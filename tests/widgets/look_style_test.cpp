@@ -1,6 +1,6 @@
-#include "ui/widgets/look/fonts.h"
-#include "ui/widgets/look/style.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/style.h"
+#include "widgets/style/tokens.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "ui/widgets/look/tokens.h"
+#include "widgets/style/tokens.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "tests/widgets/chosen_font.h"
-#include "ui/widgets/look/install.h"
+#include "widgets/style/install.h"
 
 #include <QApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 // The one change that a file panel makes: a new folder, named before it is made.
 #include "tests/widgets/file_panel_fixture.h"
-#include "ui/widgets/new_folder_sheet.h"
+#include "widgets/sheets/new_folder_sheet.h"
 
 #include <QToolButton>
 

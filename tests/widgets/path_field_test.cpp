@@ -1,10 +1,10 @@
 // The path fields of the drawer: what is dropped, what is chosen, and what is said of a "~".
-#include "ui/widgets/path_field.h"
+#include "widgets/drawer/path_field.h"
 
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/elided_label.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/style/tokens.h"
 
 #include <QAction>
 #include <QDir>

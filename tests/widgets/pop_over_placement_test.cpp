@@ -1,4 +1,4 @@
-#include "ui/widgets/pop_over_placement.h"
+#include "widgets/controls/pop_over_placement.h"
 
 #include "tests/support/rows.h"
 

@@ -1,7 +1,7 @@
 // What stands for nothing chosen is as quiet as the placeholder of a field.
 #include "core/pop_up_items.h"
-#include "ui/widgets/look/tokens.h"
-#include "ui/widgets/pop_up_button.h"
+#include "widgets/controls/pop_up_button.h"
+#include "widgets/style/tokens.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

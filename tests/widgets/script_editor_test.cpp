@@ -1,9 +1,9 @@
-#include "ui/widgets/script_editor.h"
+#include "widgets/controls/script_editor.h"
 
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/long_text.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/controls/long_text.h"
+#include "widgets/style/tokens.h"
 
 #include <QClipboard>
 #include <QLineEdit>

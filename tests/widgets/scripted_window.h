@@ -3,9 +3,9 @@
 
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
-#include "ui/widgets/main_window.h"
-#include "ui/widgets/own_sheets.h"
-#include "ui/widgets/sheet_stack.h"
+#include "widgets/main_window.h"
+#include "widgets/own_sheets.h"
+#include "widgets/sheets/sheet_stack.h"
 
 #include <stdexcept>
 #include <string>

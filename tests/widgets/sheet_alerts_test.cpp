@@ -1,9 +1,9 @@
 #include "tests/widgets/sheet_fixture.h"
 
-#include "ui/widgets/look/tokens.h"
-#include "ui/widgets/sheet_alerts.h"
-#include "ui/widgets/window_access.h"
-#include "ui/widgets/wrapped_text.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/style/tokens.h"
+#include "widgets/window_access.h"
 
 #include <QAccessible>
 #include <QCheckBox>

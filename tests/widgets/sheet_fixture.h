@@ -1,7 +1,7 @@
 // A window with a toolbar, a queue of sheets on it, and a journal of what happened.
 #pragma once
 
-#include "ui/widgets/sheet_stack.h"
+#include "widgets/sheets/sheet_stack.h"
 
 #include <QDialog>
 #include <QMainWindow>

@@ -1,6 +1,6 @@
 #include "tests/widgets/sheet_fixture.h"
 
-#include "ui/widgets/sheet_dialog.h"
+#include "widgets/sheets/sheet_dialog.h"
 
 #include <QPointer>
 #include <QVBoxLayout>

@@ -1,10 +1,10 @@
 // The start over the real window and real panels: what stands on the screen, and in which order.
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
-#include "ui/widgets/file_panels.h"
-#include "ui/widgets/main_window.h"
-#include "ui/widgets/own_sheets.h"
-#include "ui/widgets/sheet_stack.h"
+#include "widgets/main_window.h"
+#include "widgets/own_sheets.h"
+#include "widgets/panels/qt_file_panels.h"
+#include "widgets/sheets/sheet_stack.h"
 
 #include <QApplication>
 #include <QDialog>

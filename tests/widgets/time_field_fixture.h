@@ -4,8 +4,8 @@
 
 #include "core/time_of_day.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/elided_label.h"
-#include "ui/widgets/time_field.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/controls/time_field.h"
 
 #include <QAction>
 #include <QApplication>

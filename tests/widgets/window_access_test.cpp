@@ -1,6 +1,6 @@
 // What assistive tools meet: every part named, described, reachable, and to be worked with.
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/sheet_alerts.h"
+#include "widgets/sheets/sheet_alerts.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

@@ -1,7 +1,7 @@
 // What a person does changes the model and sends the control's one action.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/style/tokens.h"
 
 #include <QAbstractItemView>
 #include <QAction>

@@ -1,6 +1,6 @@
 // A press on the well of the additional watch path chooses it anew.
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/image_well_button.h"
+#include "widgets/controls/image_well_button.h"
 
 #include <QCheckBox>
 

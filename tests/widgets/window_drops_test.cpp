@@ -1,8 +1,8 @@
 // A file or folder dropped on a well is taken by the rules of the well's panel, and by no others.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/image_well_button.h"
-#include "ui/widgets/look/tokens.h"
+#include "widgets/controls/image_well_button.h"
+#include "widgets/style/tokens.h"
 
 #include <QDir>
 #include <QDragEnterEvent>

@@ -2,8 +2,8 @@
 // loses nothing of them.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/long_text.h"
-#include "ui/widgets/pop_up_button.h"
+#include "widgets/controls/long_text.h"
+#include "widgets/controls/pop_up_button.h"
 
 #include <QLabel>
 #include <QLineEdit>

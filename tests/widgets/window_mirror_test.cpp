@@ -4,11 +4,11 @@
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
-#include "ui/widgets/elided_label.h"
-#include "ui/widgets/image_well_button.h"
-#include "ui/widgets/look/surfaces.h"
-#include "ui/widgets/look/tokens.h"
-#include "ui/widgets/time_field.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/controls/image_well_button.h"
+#include "widgets/controls/time_field.h"
+#include "widgets/style/surfaces.h"
+#include "widgets/style/tokens.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,0 +1,24 @@
+#import "macos/mac_trash.h"
+
+#import "macos/values.h"
+
+namespace frimbolate {
+
+std::optional<std::string> MacTrash::moveToTrash(const std::string& path) {
+    NSString* name = stringOf(path);
+    if (!name || path.find('\0') != std::string::npos)
+        return std::nullopt;
+    NSFileManager* files = NSFileManager.defaultManager;
+    // Says of a link that it is one, not what its target is.
+    NSString* type = [files attributesOfItemAtPath:name error:nullptr].fileType;
+    if (!type || [type isEqualToString:NSFileTypeDirectory])
+        return std::nullopt;
+    NSURL* place = nil;
+    if (![files trashItemAtURL:[NSURL fileURLWithPath:name isDirectory:NO]
+              resultingItemURL:&place
+                         error:nullptr])
+        return std::nullopt;
+    return textOf(place.path);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,92 @@
+#include "posix/atomic_file.h"
+
+#include "posix/file_descriptor.h"
+#include "posix/file_metadata.h"
+#include "posix/symbolic_links.h"
+#include "posix/temporary_files.h"
+
+#include <cerrno>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace frimbolate {
+
+namespace {
+
+/// The new file under its temporary name, which is gone with this object unless it was moved.
+class TemporaryFile {
+  public:
+    TemporaryFile(int folder, mode_t mode)
+        : folder_(folder), name_(temporaryName()),
+          file_(::openat(folder, name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode)),
+          created_(static_cast<bool>(file_)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (created_)
+            ::unlinkat(folder_, name_.c_str(), 0);
+    }
+
+    bool isOpen() const { return static_cast<bool>(file_); }
+    int number() const { return file_.number(); }
+    bool write(std::string_view content) {
+        return writeWholly(file_.number(), content) && ::fsync(file_.number()) == 0 &&
+               file_.close();
+    }
+    bool moveTo(const std::string& name) {
+        if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0)
+            return false;
+        created_ = false;
+        return true;
+    }
+
+  private:
+    int folder_;
+    std::string name_;
+    FileDescriptor file_;
+    bool created_;
+};
+
+/// Never waits: another file may have come into its place meanwhile.
+int openOriginal(int folder, const std::string& name) {
+    return ::openat(folder, name.c_str(),
+                    O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+}
+
+} // namespace
+
+std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
+                                               mode_t newFileMode) {
+    if (path.find('\0') != std::string::npos)
+        return "its path holds a NUL";
+    const auto [place, refusal] = resolveLinks(path);
+    if (!refusal.empty())
+        return refusal;
+    const FileDescriptor folder(::open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder)
+        return systemError();
+
+    struct stat status {};
+    const bool exists =
+        ::fstatat(folder.number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (!exists && errno != ENOENT)
+        return systemError();
+    if (exists && !S_ISREG(status.st_mode))
+        return "it is not a regular file";
+    // First, since they may fill the disk.
+    removeAbandonedFiles(folder.number(), std::time(nullptr));
+
+    const FileDescriptor original(exists ? openOriginal(folder.number(), place.name) : -1);
+    // Nobody else may look in before the rights of the original are set.
+    TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
+    if (!temporary.isOpen() ||
+        (exists && !copyMetadata(original.number(), status, temporary.number())) ||
+        !temporary.write(content) || !temporary.moveTo(place.name))
+        return systemError();
+    // The new file is in place. Should this fail, a power cut may bring the old one back, whole.
+    static_cast<void>(::fsync(folder.number()));
+    return std::nullopt;
+}
+
+} // namespace frimbolate

@@ -1,0 +1,50 @@
+#include "posix/local_files.h"
+
+#include "posix/property_list_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace frimbolate {
+
+namespace {
+
+/// The system would cut the path off at a NUL and find another file.
+bool isPath(const std::string& path) { return path.find('\0') == std::string::npos; }
+
+} // namespace
+
+bool LocalFiles::exists(const std::string& path) {
+    struct stat status {};
+    return isPath(path) && ::stat(path.c_str(), &status) == 0;
+}
+
+bool LocalFiles::isWritable(const std::string& path) {
+    return isPath(path) && ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+bool LocalFiles::remove(const std::string& path) {
+    struct stat status {};
+    if (!isPath(path) || ::lstat(path.c_str(), &status) != 0 || S_ISDIR(status.st_mode))
+        return false;
+    return ::unlink(path.c_str()) == 0;
+}
+
+std::optional<Dictionary> LocalFiles::readDictionary(const std::string& path) {
+    auto file = readPropertyListFile(path);
+    if (file.condition == FileCondition::damaged)
+        log_.line("Could not read property list " + path + ": " + file.reason);
+    if (file.condition != FileCondition::read)
+        return std::nullopt;
+    return std::move(file.dictionary);
+}
+
+bool LocalFiles::writeDictionary(const std::string& path, const Dictionary& dictionary) {
+    const auto reason = writePropertyListFile(path, dictionary);
+    if (reason)
+        log_.line("Could not write property list " + path + ": " + *reason);
+    return !reason;
+}
+
+} // namespace frimbolate

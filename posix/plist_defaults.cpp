@@ -1,0 +1,213 @@
+#include "posix/plist_defaults.h"
+
+#include "core/failure.h"
+#include "plist/xml_writer.h"
+#include "posix/property_list_file.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr std::string_view fileName = "com.qz.Frimbolate.plist";
+
+/// Creates the folder and those above it; whether that works shows when the file is written.
+void createFolderOf(const std::string& path) {
+    for (auto slash = path.find('/', 1); slash != std::string::npos;
+         slash = path.find('/', slash + 1))
+        ::mkdir(path.substr(0, slash).c_str(), 0700);
+}
+
+/// Gives a file another name beside it without ever taking the place of a third one.
+std::optional<std::string> renamedAside(const std::string& path) {
+    constexpr std::string_view extension = ".plist";
+    const std::string stem =
+        path.ends_with(extension) ? path.substr(0, path.size() - extension.size()) : path;
+    constexpr int maximumNames = 10000;
+    for (int i = 1; i <= maximumNames; ++i) {
+        const std::string name = stem + ".damaged-" + std::to_string(i) + std::string(extension);
+        if (::linkat(AT_FDCWD, path.c_str(), AT_FDCWD, name.c_str(), 0) == 0) {
+            if (::unlink(path.c_str()) == 0)
+                return name;
+            ::unlink(name.c_str());
+            return std::nullopt;
+        }
+        if (errno != EEXIST)
+            return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+PlistDefaults::PlistDefaults(std::string path, Log& log, FileLock::Patience patience)
+    : path_(std::move(path)), log_(log), patience_(std::move(patience)) {
+    PlistDefaults::synchronize();
+}
+
+PlistDefaults::~PlistDefaults() {
+    try {
+        if (!pending_.empty())
+            PlistDefaults::synchronize();
+    } catch (const std::exception&) {
+        // Out of memory: there is nothing left to try.
+    }
+}
+
+std::string PlistDefaults::defaultPath() {
+    // Read by us, since QStandardPaths is redirected in test mode and differs between platforms.
+    const char* configured = std::getenv("XDG_CONFIG_HOME");
+    const char* home = std::getenv("HOME");
+    const std::string folder = configured && *configured == '/'
+                                   ? std::string(configured)
+                                   : std::string(home ? home : "") + "/.config";
+    return folder + "/" + std::string(fileName);
+}
+
+std::optional<Value> PlistDefaults::object(std::string_view key) {
+    if (const auto changed = pending_.find(key); changed != pending_.end())
+        return changed->second;
+    const Value* value = find(stored_, key);
+    return value ? std::optional(*value) : std::nullopt;
+}
+
+void PlistDefaults::set(std::string_view key, Value value) {
+    const std::string name(key);
+    try {
+        static_cast<void>(xmlPropertyList({{name, value}}));
+    } catch (const Failure& failure) {
+        log_.line("Could not keep preference " + name + ": " + failure.reason());
+        return;
+    }
+    pending_.insert_or_assign(name, std::move(value));
+    synchronize();
+}
+
+void PlistDefaults::remove(std::string_view key) {
+    pending_.insert_or_assign(std::string(key), std::nullopt);
+    synchronize();
+}
+
+std::vector<std::string> PlistDefaults::keys() {
+    auto file = readPropertyListFile(path_);
+    if (file.condition == FileCondition::read)
+        stored_ = std::move(file.dictionary);
+    std::vector<std::string> result;
+    for (const auto& [key, value] : current())
+        result.push_back(key);
+    return result;
+}
+
+void PlistDefaults::synchronize() {
+    if (takeIn(readPropertyListFile(path_)))
+        change();
+}
+
+Dictionary PlistDefaults::current() const {
+    Dictionary result = stored_;
+    for (const auto& [key, value] : pending_) {
+        if (value)
+            result.insert_or_assign(key, *value);
+        else
+            result.erase(key);
+    }
+    return result;
+}
+
+/// Takes in what the file holds, and says whether it must be changed.
+bool PlistDefaults::takeIn(PropertyListFile file) {
+    switch (file.condition) {
+    case FileCondition::read: {
+        stored_ = std::move(file.dictionary);
+        const bool differs = current() != stored_;
+        if (!differs)
+            settle();
+        return differs;
+    }
+    case FileCondition::missing:
+        if (!current().empty())
+            return true;
+        stored_.clear(); // what was known is removed by now
+        settle();
+        return false;
+    case FileCondition::damaged:
+        return true;
+    case FileCondition::inaccessible:
+        tell("Could not read the preferences " + path_ + ": " + file.reason);
+        return false;
+    }
+    return false;
+}
+
+/// Changes the file under the lock, on which others may have worked since it was read.
+void PlistDefaults::change() {
+    createFolderOf(path_);
+    const std::string lockPath = path_ + ".lock";
+    const FileLock lock(lockPath, waits_ ? patience_ : FileLock::Patience{.tries = 1});
+    waits_ = lock.state() != FileLock::State::busy;
+    if (!waits_)
+        return tell("Could not write the preferences " + path_ + ": another program holds " +
+                    lockPath);
+    auto file = readPropertyListFile(path_);
+    const bool isMissing = file.condition == FileCondition::missing && !stored_.empty();
+    if (file.condition == FileCondition::damaged) {
+        if (!setAside(file.reason))
+            return;
+        file = {};
+    }
+    if (!takeIn(std::move(file)) || !write())
+        return;
+    if (isMissing)
+        log_.line("The preferences " + path_ + " were missing and are written anew");
+    if (lock.state() == FileLock::State::unavailable && !toldNoLock_) {
+        log_.line("The preferences " + path_ + " were written without a lock: " + lock.reason());
+        toldNoLock_ = true;
+    }
+}
+
+/// The values known so far are still good; they go into the next file.
+bool PlistDefaults::setAside(const std::string& reason) {
+    const auto name = renamedAside(path_);
+    if (!name) {
+        tell("Could not read the preferences " + path_ + " nor set them aside: " + reason);
+        return false;
+    }
+    log_.line("The preferences " + path_ + " cannot be read (" + reason + ") and are now " + *name);
+    return true;
+}
+
+bool PlistDefaults::write() {
+    Dictionary merged = current();
+    std::optional<std::string> trouble;
+    try {
+        trouble = writePropertyListFile(path_, merged, 0600);
+    } catch (const Failure& failure) {
+        trouble = failure.reason();
+    }
+    if (trouble) {
+        tell("Could not write the preferences " + path_ + ": " + *trouble);
+        return false;
+    }
+    stored_ = std::move(merged);
+    settle();
+    return true;
+}
+
+/// What is on the disk by now is others' to change.
+void PlistDefaults::settle() {
+    pending_.clear();
+    toldTrouble_.clear();
+}
+
+void PlistDefaults::tell(const std::string& trouble) {
+    if (trouble != toldTrouble_)
+        log_.line(trouble);
+    toldTrouble_ = trouble;
+}
+
+} // namespace frimbolate

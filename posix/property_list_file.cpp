@@ -1,0 +1,86 @@
+#include "posix/property_list_file.h"
+
+#include "core/failure.h"
+#include "plist/limits.h"
+#include "plist/property_list_reader.h"
+#include "plist/xml_writer.h"
+#include "posix/atomic_file.h"
+#include "posix/file_descriptor.h"
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr const char* tooLarge = "it is over 16 MiB";
+
+PropertyListFile refused(FileCondition condition, std::string reason) {
+    return {condition, {}, std::move(reason)};
+}
+
+/// All bytes up to one more than are taken, whatever size the file claims; nothing on an error.
+std::optional<std::string> readBytes(int file) {
+    std::string bytes;
+    std::array<char, 65536> buffer{};
+    while (bytes.size() <= maximumPlistBytes) {
+        const ssize_t size = ::read(file, buffer.data(), buffer.size());
+        if (size < 0 && errno == EINTR)
+            continue;
+        if (size < 0)
+            return std::nullopt;
+        if (size == 0)
+            break;
+        bytes.append(buffer.data(), static_cast<std::size_t>(size));
+    }
+    return bytes;
+}
+
+PropertyListFile parsed(const std::string& bytes) {
+    try {
+        const Value value = readPropertyList(bytes);
+        if (const auto* dictionary = value.dictionary())
+            return {FileCondition::read, *dictionary, {}};
+        return refused(FileCondition::damaged,
+                       "it holds no dictionary, but: " + std::string(value.kind()));
+    } catch (const Failure& failure) {
+        return refused(FileCondition::damaged, failure.reason());
+    }
+}
+
+} // namespace
+
+PropertyListFile readPropertyListFile(const std::string& path) {
+    if (path.find('\0') != std::string::npos)
+        return refused(FileCondition::missing, "its path holds a NUL");
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    if (!file)
+        return refused(errno == ENOENT ? FileCondition::missing : FileCondition::inaccessible,
+                       systemError());
+    struct stat status {};
+    if (::fstat(file.number(), &status) != 0)
+        return refused(FileCondition::inaccessible, systemError());
+    if (!S_ISREG(status.st_mode))
+        return refused(FileCondition::inaccessible, "it is not a regular file");
+    if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
+        return refused(FileCondition::damaged, tooLarge);
+    const auto bytes = readBytes(file.number());
+    if (!bytes)
+        return refused(FileCondition::inaccessible, systemError());
+    if (bytes->size() > maximumPlistBytes)
+        return refused(FileCondition::damaged, tooLarge);
+    return parsed(*bytes);
+}
+
+std::optional<std::string> writePropertyListFile(const std::string& path,
+                                                 const Dictionary& dictionary, mode_t newFileMode) {
+    const std::string text = xmlPropertyList(dictionary);
+    if (text.size() > maximumPlistBytes)
+        return "it would be over 16 MiB and could not be read again";
+    return writeFileAtomically(path, text, newFileMode);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,61 @@
+#include "posix/temporary_files.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace frimbolate {
+
+namespace {
+
+constexpr std::string_view prefix = ".frimbolate-";
+constexpr std::size_t digits = 16;
+constexpr std::time_t day = std::time_t{24} * 60 * 60;
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+bool isAbandoned(int folder, const char* name, std::time_t now) {
+    struct stat status {};
+    return ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode) &&
+           status.st_uid == ::geteuid() && status.st_mtime < now - day;
+}
+
+} // namespace
+
+std::string temporaryName() {
+    std::uint64_t number = 0;
+    if (::getentropy(&number, sizeof number) != 0)
+        number = static_cast<std::uint64_t>(::getpid());
+    std::array<char, digits + 1> text{};
+    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(number));
+    return std::string(prefix) + text.data();
+}
+
+bool isTemporaryName(std::string_view name) {
+    return name.size() == prefix.size() + digits && name.starts_with(prefix) &&
+           name.find_first_not_of("0123456789abcdef", prefix.size()) == std::string_view::npos;
+}
+
+void removeAbandonedFiles(int folder, std::time_t now) {
+    // Opened anew: reading moves a position that all copies of a descriptor share.
+    const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, CloseFolder> entries(copy < 0 ? nullptr : ::fdopendir(copy));
+    if (!entries) {
+        if (copy >= 0)
+            ::close(copy);
+        return;
+    }
+    while (const dirent* entry = ::readdir(entries.get()))
+        if (isTemporaryName(entry->d_name) && isAbandoned(folder, entry->d_name, now))
+            ::unlinkat(folder, entry->d_name, 0);
+}
+
+} // namespace frimbolate

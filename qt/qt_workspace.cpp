@@ -1,0 +1,52 @@
+#include "qt/qt_workspace.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace frimbolate {
+
+QStringList QtWorkspace::terminalCommands() {
+    QStringList commands = {"xdg-terminal-exec", "x-terminal-emulator"};
+    if (const QString chosen = qEnvironmentVariable("TERMINAL"); !chosen.trimmed().isEmpty())
+        commands += chosen;
+    return commands + QStringList{"gnome-terminal", "konsole", "xfce4-terminal", "xterm"};
+}
+
+void QtWorkspace::openTerminal() {
+    for (const QString& command : terminalCommands()) {
+        QStringList arguments = QProcess::splitCommand(command);
+        // A single quotation mark holds no word at all.
+        if (arguments.isEmpty())
+            continue;
+        const QString program = arguments.takeFirst();
+        if (start(program, arguments, QDir::homePath()))
+            return;
+    }
+}
+
+void QtWorkspace::launchNewInstance() {
+    start(QCoreApplication::applicationFilePath(), {newInstanceArgument}, {});
+}
+
+bool QtWorkspace::start(const QString& program, const QStringList& arguments,
+                        const QString& folder) const {
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(folder);
+    process.setProcessEnvironment(environment_);
+    return process.startDetached();
+}
+
+std::string QtWorkspace::userName() {
+    if (const passwd* entry = ::getpwuid(::geteuid()); entry && *entry->pw_name)
+        return entry->pw_name;
+    return qEnvironmentVariable("USER").toStdString();
+}
+
+} // namespace frimbolate

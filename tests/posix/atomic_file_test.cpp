@@ -1,0 +1,235 @@
+#include "posix/atomic_file.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+namespace frimbolate::test {
+
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+using Names = std::set<std::string>;
+
+constexpr const char* before = "the original";
+constexpr const char* after = "what comes in its place";
+
+unsigned modeOf(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+gid_t groupOf(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_gid : gid_t(-1);
+}
+
+class AtomicFile : public testing::Test {
+  protected:
+    /// The write went well, and left nothing but what is expected in the folder.
+    void expectWritten(const std::string& path, const Names& names) {
+        EXPECT_EQ(writeFileAtomically(path, after), std::nullopt);
+        EXPECT_EQ(bytesOf(path), after);
+        EXPECT_EQ(folder.names(), names);
+    }
+    /// The write was refused, and the folder is as it was.
+    void expectRefused(const std::string& path) {
+        const auto names = folder.names();
+        const auto reason = writeFileAtomically(path, after);
+        EXPECT_TRUE(reason && !reason->empty());
+        EXPECT_EQ(folder.names(), names);
+    }
+
+    TemporaryFolder folder;
+    std::string file = folder / "a.plist";
+};
+
+TEST_F(AtomicFile, createsAFile) {
+    const mode_t umaskBefore = ::umask(022);
+    expectWritten(file, {"a.plist"});
+    EXPECT_EQ(modeOf(file), 0644U);
+    ::umask(077);
+    expectWritten(folder / "b.plist", {"a.plist", "b.plist"});
+    EXPECT_EQ(modeOf(folder / "b.plist"), 0600U);
+    ::umask(umaskBefore);
+}
+
+TEST_F(AtomicFile, createsAFileOfAnotherMode) {
+    EXPECT_EQ(writeFileAtomically(file, after, 0600), std::nullopt);
+    EXPECT_EQ(modeOf(file), 0600U);
+}
+
+TEST_F(AtomicFile, replacesAFileAndKeepsItsMode) {
+    for (const unsigned mode : {0600U, 0644U, 0666U, 0755U, 0640U}) {
+        writeBytes(file, before);
+        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
+        expectWritten(file, {"a.plist"});
+        EXPECT_EQ(modeOf(file), mode);
+    }
+}
+
+TEST_F(AtomicFile, replacesAReadOnlyFile) {
+    // The folder decides who may put another file in place, as everywhere on the system.
+    writeBytes(file, before);
+    TemporaryFolder::forbidWriting(file);
+    const auto mode = modeOf(file);
+    expectWritten(file, {"a.plist"});
+    EXPECT_EQ(modeOf(file), mode);
+}
+
+TEST_F(AtomicFile, keepsTheOwnerWhereItMay) {
+    writeBytes(file, before);
+    const bool given = ::chown(file.c_str(), 65534, 65534) == 0;
+    expectWritten(file, {"a.plist"});
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, given ? 65534 : ::geteuid());
+}
+
+TEST_F(AtomicFile, putsANewFileInPlaceOfTheOldOne) {
+    writeBytes(file, before);
+    std::ifstream reader(file, std::ios::binary);
+    expectWritten(file, {"a.plist"});
+    // Whoever read the old one meanwhile still has all of it.
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), before);
+}
+
+TEST_F(AtomicFile, writesNothingAndMuch) {
+    EXPECT_EQ(writeFileAtomically(file, ""), std::nullopt);
+    EXPECT_EQ(bytesOf(file), "");
+    const std::string much(5'000'000, 'x');
+    EXPECT_EQ(writeFileAtomically(file, much), std::nullopt);
+    EXPECT_EQ(bytesOf(file), much);
+    EXPECT_EQ(writeFileAtomically(file, "a\0b"s), std::nullopt);
+    EXPECT_EQ(bytesOf(file), "a\0b"s);
+}
+
+TEST_F(AtomicFile, takesNamesOfEveryKind) {
+    for (const std::string& name :
+         {"a'b\"c"s, "line\nbreak"s, "😀"s, "e\u0301"s, "\u00e9"s, " blank "s, "-rf"s, "\xff\xfe"s,
+          std::string(255, 'n'), std::string(63, 'x') + "😀"s}) {
+        EXPECT_EQ(writeFileAtomically(folder / name, name), std::nullopt) << name;
+        EXPECT_EQ(bytesOf(folder / name), name);
+        EXPECT_THAT(folder.names(), ElementsAre(name));
+        std::filesystem::remove(folder / name);
+    }
+    expectRefused(folder / std::string(256, 'n'));
+}
+
+TEST_F(AtomicFile, followsALinkAndLeavesItALink) {
+    const std::string target = folder / "target";
+    writeBytes(target, before);
+    std::filesystem::create_directory(folder / "sub");
+    std::filesystem::create_symlink("../target", folder / "sub/relative");
+    std::filesystem::create_symlink(folder / "sub/relative", file);
+    expectWritten(file, {"a.plist", "sub", "target"});
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "sub/relative"));
+    EXPECT_FALSE(std::filesystem::is_symlink(target));
+    EXPECT_EQ(bytesOf(target), after);
+}
+
+TEST_F(AtomicFile, createsTheTargetOfADanglingLink) {
+    std::filesystem::create_symlink("target", file);
+    expectWritten(file, {"a.plist", "target"});
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+}
+
+TEST_F(AtomicFile, refusesALinkIntoNowhere) {
+    std::filesystem::create_symlink(folder / "gone/target", file);
+    expectRefused(file);
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+}
+
+TEST_F(AtomicFile, refusesLinksInACircle) {
+    std::filesystem::create_symlink("b", file);
+    std::filesystem::create_symlink("a.plist", folder / "b");
+    expectRefused(file);
+}
+
+TEST_F(AtomicFile, refusesWhatIsNoRegularFile) {
+    std::filesystem::create_directory(folder / "folder");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    (folder / "socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    for (const char* name : {"folder", "pipe", "socket"}) {
+        expectRefused(folder / name);
+        std::filesystem::create_symlink(name, folder / "link");
+        expectRefused(folder / "link");
+        std::filesystem::remove(folder / "link");
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "folder"));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe"));
+    EXPECT_TRUE(std::filesystem::is_socket(folder / "socket"));
+    ::close(socket);
+}
+
+TEST_F(AtomicFile, refusesPathsThatLeadNowhere) {
+    writeBytes(file, before);
+    expectRefused(folder / "gone/a.plist");
+    expectRefused(file + "/b");
+    expectRefused(folder / "");
+    expectRefused("");
+    expectRefused(file + '\0' + "b");
+    EXPECT_EQ(bytesOf(file), before);
+}
+
+TEST_F(AtomicFile, leavesTheOriginalOnAFullDisk) {
+    writeBytes(file, before);
+    const std::string much(100'000, 'x');
+    // Full at once, in the middle, and for the last byte
+    for (const rlim_t room : {rlim_t{0}, rlim_t{4096}, rlim_t{99'999}}) {
+        std::optional<std::string> reason;
+        std::optional<std::string> reasonOfNew;
+        {
+            const FullDisk disk(room);
+            reason = writeFileAtomically(file, much);
+            reasonOfNew = writeFileAtomically(folder / "new.plist", much);
+        }
+        EXPECT_EQ(reason, "File too large");
+        EXPECT_EQ(reasonOfNew, "File too large");
+        EXPECT_EQ(bytesOf(file), before);
+        EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+    }
+    const FullDisk disk(100'000);
+    EXPECT_EQ(writeFileAtomically(file, much), std::nullopt);
+}
+
+TEST(AtomicFileOfOrdinaryUser, leavesTheOriginalInAReadOnlyFolder) {
+    const OrdinaryUser user;
+    const TemporaryFolder folder;
+    const std::string file = folder / "a.plist";
+    writeBytes(file, before);
+    TemporaryFolder::forbidWriting(folder.path());
+    EXPECT_EQ(writeFileAtomically(file, after), "Permission denied");
+    EXPECT_EQ(writeFileAtomically(folder / "b.plist", after), "Permission denied");
+    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+}
+
+TEST(AtomicFileOfOrdinaryUser, writesOverAFileOfSomebodyElse) {
+    TemporaryFolder folder;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    const std::string file = folder / "a.plist";
+    writeBytes(file, before);
+    ASSERT_EQ(::chmod(file.c_str(), 0664), 0);
+    const gid_t group = groupOf(file);
+    const OrdinaryUser user;
+    EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
+    EXPECT_EQ(bytesOf(file), after);
+    // Members of another group could only read.
+    EXPECT_EQ(modeOf(file), groupOf(file) == group ? 0664U : 0644U);
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+}
+
+} // namespace
+
+} // namespace frimbolate::test

@@ -1,0 +1,169 @@
+#include "plist/limits.h"
+#include "plist/xml_writer.h"
+#include "posix/local_files.h"
+#include "posix/property_list_file.h"
+#include "tests/plist/binary_file.h"
+#include "tests/support/failures.h"
+#include "tests/support/recording_log.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace frimbolate::test {
+
+namespace {
+
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class LocalFilesTest : public testing::Test {
+  protected:
+    void expectUnreadable(const std::string& path, const std::string& reason) {
+        log.lines.clear();
+        EXPECT_EQ(files.readDictionary(path), std::nullopt);
+        EXPECT_THAT(log.lines, IsEmpty());
+        EXPECT_EQ(readPropertyListFile(path).reason, reason);
+    }
+    /// A refused content is logged; a missing or inaccessible file is not.
+    void expectRefused(const std::string& path, const std::string& reason) {
+        log.lines.clear();
+        EXPECT_EQ(files.readDictionary(path), std::nullopt);
+        EXPECT_THAT(log.lines, ElementsAre("Could not read property list " + path + ": " + reason));
+        EXPECT_EQ(readPropertyListFile(path).reason, reason);
+    }
+
+    TemporaryFolder folder;
+    RecordingLog log;
+    LocalFiles files{log};
+    std::string file = folder / "a.plist";
+    const Dictionary agent = {{"Label", "x"}, {"Nice", -5}};
+};
+
+TEST_F(LocalFilesTest, readsEveryForm) {
+    writeBytes(file, xmlPropertyList(agent));
+    EXPECT_EQ(files.readDictionary(file), agent);
+    const auto binary = BinaryFile{{"\xd1\x01\x02", "\x55Label", "\x51x"}}.bytes();
+    writeBytes(file, binary);
+    EXPECT_EQ(files.readDictionary(file), (Dictionary{{"Label", "x"}}));
+    writeBytes(file, "{ Label = x; }");
+    EXPECT_EQ(files.readDictionary(file), (Dictionary{{"Label", "x"}}));
+    std::filesystem::create_symlink("a.plist", folder / "link");
+    EXPECT_EQ(files.readDictionary(folder / "link"), (Dictionary{{"Label", "x"}}));
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(LocalFilesTest, tellsWhyAFileCannotBeRead) {
+    expectUnreadable(file, "No such file or directory");
+    expectUnreadable(folder.path(), "it is not a regular file");
+    expectUnreadable(file + "\0b"s, "its path holds a NUL");
+    writeBytes(file, "<plist>\n<array/></plist>");
+    expectRefused(file, "it holds no dictionary, but: array");
+    writeBytes(file, "<plist>\n<dict><key>a</key></dict></plist>");
+    expectRefused(file, "the last key of <dict> has no value (line 2)");
+    writeBytes(file, "bplist00\0"s);
+    expectRefused(file, "it is cut off");
+    std::filesystem::create_symlink("gone", folder / "link");
+    expectUnreadable(folder / "link", "No such file or directory");
+}
+
+TEST_F(LocalFilesTest, doesNotWaitForAPipe) {
+    ASSERT_EQ(::mkfifo(file.c_str(), 0666), 0);
+    expectUnreadable(file, "it is not a regular file");
+    std::filesystem::create_symlink("a.plist", folder / "link");
+    expectUnreadable(folder / "link", "it is not a regular file");
+}
+
+TEST_F(LocalFilesTest, readsUpTo16MiB) {
+    std::string content = xmlPropertyList(agent);
+    content.resize(maximumPlistBytes, '\n');
+    writeBytes(file, content);
+    EXPECT_EQ(files.readDictionary(file), agent);
+    writeBytes(file, content + '\n');
+    expectRefused(file, "it is over 16 MiB");
+    std::filesystem::resize_file(file, std::uintmax_t{1} << 40);
+    expectRefused(file, "it is over 16 MiB");
+}
+
+TEST_F(LocalFilesTest, writesNothingThatItWouldNotRead) {
+    writeBytes(file, "original");
+    const Dictionary large = {{"k", std::string(maximumPlistBytes, 'x')}};
+    EXPECT_FALSE(files.writeDictionary(file, large));
+    EXPECT_THAT(log.lines, ElementsAre(HasSubstr("over 16 MiB")));
+    EXPECT_EQ(bytesOf(file), "original");
+}
+
+TEST_F(LocalFilesTest, unwritableContentRaisesAndLeavesTheOriginal) {
+    writeBytes(file, "original");
+    EXPECT_NE(reasonOf("Unwritable content",
+                       [&] {
+                           files.writeDictionary(file, {{"k", "\x1b"}});
+                       }),
+              "no failure");
+    EXPECT_EQ(bytesOf(file), "original");
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(LocalFilesTest, tellsWhyAFileWasNotWritten) {
+    const std::string path = folder / "gone/a.plist";
+    EXPECT_FALSE(files.writeDictionary(path, agent));
+    EXPECT_THAT(log.lines, ElementsAre("Could not write property list " + path +
+                                       ": No such file or directory"));
+}
+
+TEST_F(LocalFilesTest, aLinkThatLeadsNowhereDoesNotExist) {
+    std::filesystem::create_symlink("gone", file);
+    EXPECT_FALSE(files.exists(file));
+    EXPECT_FALSE(files.isWritable(file));
+    EXPECT_TRUE(files.remove(file));
+    EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST_F(LocalFilesTest, removesALinkAndNotItsTarget) {
+    writeBytes(folder / "target", "x");
+    std::filesystem::create_symlink("target", file);
+    EXPECT_TRUE(files.exists(file));
+    EXPECT_TRUE(files.remove(file));
+    EXPECT_THAT(folder.names(), ElementsAre("target"));
+}
+
+TEST_F(LocalFilesTest, removesNoFolderNotEvenAnEmptyOne) {
+    std::filesystem::create_directory(folder / "bundle.app");
+    EXPECT_FALSE(files.remove(folder / "bundle.app"));
+    EXPECT_THAT(folder.names(), ElementsAre("bundle.app"));
+}
+
+TEST_F(LocalFilesTest, aPathEndsNotAtItsNul) {
+    writeBytes(file, "x");
+    EXPECT_FALSE(files.exists(file + "\0b"s));
+    EXPECT_FALSE(files.isWritable(file + "\0b"s));
+    EXPECT_FALSE(files.remove(file + "\0b"s));
+    EXPECT_FALSE(files.writeDictionary(file + "\0b"s, agent));
+    EXPECT_EQ(bytesOf(file), "x");
+}
+
+TEST(LocalFilesOfOrdinaryUser, mayNotEverything) {
+    const OrdinaryUser user;
+    const TemporaryFolder folder;
+    RecordingLog log;
+    LocalFiles files(log);
+    const std::string file = folder / "a.plist";
+    ASSERT_TRUE(files.writeDictionary(file, {}));
+    ASSERT_EQ(::chmod(file.c_str(), 0), 0);
+    EXPECT_EQ(files.readDictionary(file), std::nullopt);
+    EXPECT_EQ(readPropertyListFile(file).reason, "Permission denied");
+    EXPECT_FALSE(files.isWritable(file));
+    EXPECT_FALSE(files.isWritable("/etc"));
+    TemporaryFolder::forbidWriting(folder.path());
+    EXPECT_FALSE(files.remove(file));
+    EXPECT_TRUE(files.exists(file));
+}
+
+} // namespace
+
+} // namespace frimbolate::test

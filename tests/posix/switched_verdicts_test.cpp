@@ -1,0 +1,93 @@
+// Every made case that the platform reads is switched in a real file: the file then holds the
+// platform's value with another "Enabled", or it is as it was.
+#include "core/failure.h"
+#include "operations/agent_switch.h"
+#include "plist/property_list_reader.h"
+#include "plist/xml_writer.h"
+#include "posix/local_files.h"
+#include "tests/plist/value_text.h"
+#include "tests/plist/verdict.h"
+#include "tests/support/rows.h"
+#include "tests/support/scripted_platform.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+
+namespace frimbolate::test {
+
+namespace {
+
+/// The text of the platform's value, a dictionary, with another "Enabled".
+std::string switchedText(const std::string& file, bool enabled) {
+    Dictionary dictionary = readPropertyList(file).asDictionary();
+    dictionary.insert_or_assign("Enabled", enabled);
+    return valueText(dictionary);
+}
+
+/// Whether a case can be written so that the platform reads it back: it is a dictionary, without
+/// characters that XML has no form for and with no date that needs more than four digits.
+bool isWritable(const std::string& file) try {
+    xmlPropertyList(readPropertyList(file).asDictionary());
+    return true;
+} catch (const Failure&) {
+    return false;
+}
+
+class SwitchedVerdict : public testing::TestWithParam<VerdictRow> {
+  protected:
+    /// Chooses the file and agrees. Returns whether no alert told of a failure.
+    bool switchFile() {
+        ScriptedPlatform user;
+        LocalFiles files(user);
+        const auto scripted = user.services();
+        Services services{
+            scripted.alerts,       scripted.sheets,   scripted.filePanels,  files,
+            scripted.folderAccess, scripted.defaults, scripted.pasteboard,  scripted.workspace,
+            scripted.clock,        scripted.log,      scripted.application, scripted.trash};
+        AgentSwitch agentSwitch(services);
+        agentSwitch.onOffLaunchAgent();
+        user.choose(path);
+        const bool isDictionary = readPropertyList(bytesOf(path)).dictionary() != nullptr;
+        if (isDictionary)
+            user.press("Continue");
+        const bool isTold = user.isAsking();
+        user.abandonQuestions();
+        return !isTold;
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder / "a.plist";
+};
+
+TEST_P(SwitchedVerdict, changesNothingElse) {
+    const std::string file = GetParam().file();
+    ASSERT_EQ(verdictOn(file), GetParam().verdict);
+    writeBytes(path, file);
+    if (!isWritable(file)) {
+        EXPECT_FALSE(switchFile());
+        EXPECT_EQ(bytesOf(path), file);
+        return;
+    }
+    for (const bool enabled : {false, true}) {
+        EXPECT_TRUE(switchFile());
+        EXPECT_EQ(verdictOn(bytesOf(path)), "ok\t" + switchedText(file, enabled));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SwitchedVerdict, testing::ValuesIn(readableRows()), NamedAfterRow());
+
+/// No agent but these few is left alone because it cannot be written.
+TEST(SwitchedVerdicts, areRefusedOnlyForWhatXmlCannotHold) {
+    std::vector<std::string> refused;
+    for (const auto& row : readableRows())
+        if (row.verdict.starts_with("ok\t{") && !isWritable(row.file()))
+            refused.push_back(row.name);
+    EXPECT_THAT(refused,
+                testing::ElementsAre("str_numeric_nul", "str_numeric_ctl", "str_numeric_fffe",
+                                     "str_raw_ctl", "str_raw_esc", "str_raw_vt", "str_raw_ff",
+                                     "str_raw_nul", "date_year0", "date_year0_zero"));
+}
+
+} // namespace
+
+} // namespace frimbolate::test

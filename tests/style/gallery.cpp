@@ -1,0 +1,45 @@
+// Keeps a picture of every face of the window, as it stands on the screen.
+#include "tests/style/stage.h"
+#include "tests/widgets/chosen_font.h"
+#include "widgets/style/install.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDir>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <iostream>
+
+int main(int argc, char** argv) {
+    using namespace frimbolate::test;
+    QStandardPaths::setTestModeEnabled(true);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Frimbolate");
+    QApplication::setApplicationVersion("1.0.0");
+    QApplication::setQuitOnLastWindowClosed(false);
+    wearChosenFont();
+    frimbolate::look::install(application);
+    if (argc < 2 || !QDir().mkpath(argv[1])) {
+        std::cerr << "Usage: look_gallery <folder> [<face> ...]\n";
+        return 1;
+    }
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // hovers nowhere
+    const QStringList wanted = QApplication::arguments().mid(2);
+    for (const Face& face : faces()) {
+        if (!wanted.isEmpty() && !wanted.contains(face.name))
+            continue;
+        Stage stage;
+        stage.window.move(40, 40);
+        if (!QTest::qWaitForWindowActive(&stage.window))
+            std::cerr << face.name << ": the window did not become active\n";
+        face.bringAbout(stage);
+        stage.window.mirror();
+        // For eyes only: whatever slides, fades or loads has come to rest by then.
+        QTest::qWait(400);
+        const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(0);
+        picture.save(QDir(argv[1]).filePath(QString(face.name) + ".png"));
+    }
+    return 0;
+}

@@ -1,0 +1,38 @@
+// Every face that the window shows to a person, each brought about by the steps that lead to it.
+#pragma once
+
+#include "tests/widgets/scripted_window.h"
+#include "widgets/panels/qt_file_panels.h"
+#include "widgets/sheets/sheet_alerts.h"
+
+#include <span>
+
+namespace frimbolate::test {
+
+/// A window whose scripted alerts can be shown for real.
+class Stage : public ScriptedWindow {
+  public:
+    Stage();
+    /// What is still asked for stays unanswered: a face is only looked at.
+    ~Stage();
+
+    /// The alert that the rules have asked for.
+    void showAlert();
+
+    void name();
+    void scriptTarget();
+    void schedule(const char* title);
+    void openDrawer();
+
+    SheetAlerts alerts{stack, window};
+    QtFilePanels panels{stack, window};
+};
+
+struct Face {
+    const char* name;
+    void (*bringAbout)(Stage& stage);
+};
+
+std::span<const Face> faces();
+
+} // namespace frimbolate::test

@@ -1,0 +1,29 @@
+#include "widgets/controls/elided_label.h"
+
+#include "widgets/controls/long_text.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/surfaces.h"
+
+namespace frimbolate {
+
+ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent) : QLabel(parent), mode_(mode) {
+    // A path may hold anything, so nothing in it is taken for markup.
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    look::setFont(this, look::FontRole::hint);
+}
+
+void ElidedLabel::setWholeText(const QString& text) {
+    const QString shown = labelText(text, mode_);
+    setText(shown);
+    setToolTip(shown);
+}
+
+void ElidedLabel::setWarning(bool warning) {
+    warning_ = warning;
+    update();
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) { look::paintHint(*this, mode_, warning_); }
+
+} // namespace frimbolate

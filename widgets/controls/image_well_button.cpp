@@ -1,0 +1,97 @@
+#include "widgets/controls/image_well_button.h"
+
+#include "widgets/controls/accessible_description.h"
+#include "widgets/controls/dragged_path.h"
+#include "widgets/controls/long_text.h"
+#include "widgets/controls/panel_rules.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/surfaces.h"
+
+#include <QDropEvent>
+
+namespace frimbolate {
+
+ImageWellButton::ImageWellButton(int side, look::Plane plane, QWidget* parent)
+    : QToolButton(parent), plane_(plane) {
+    setFixedSize(look::scaled(side), look::scaled(side));
+    setIconSize(size());
+    setFocusPolicy(Qt::StrongFocus);
+    setProperty("plain", true);
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+}
+
+void ImageWellButton::setImage(const Image& image) {
+    if (image == image_)
+        return;
+    image_ = image;
+    showImage();
+}
+
+void ImageWellButton::setPlaceholder(const Image& placeholder) {
+    if (placeholder == placeholder_)
+        return;
+    placeholder_ = placeholder;
+    showImage();
+}
+
+void ImageWellButton::showImage() {
+    const bool isEmpty = image_.kind == Image::Kind::None;
+    setIcon(look::imageIcon(isEmpty ? placeholder_ : image_, plane_));
+    update();
+}
+
+void ImageWellButton::setPath(const QString& path) {
+    path_ = path;
+    setToolTip(path.isEmpty() ? emptyToolTip_ : labelText(path));
+    describe(this, path.isEmpty() ? tr("Nothing chosen") : path);
+}
+
+void ImageWellButton::setEmptyToolTip(const QString& toolTip) {
+    emptyToolTip_ = toolTip;
+    setPath(path_);
+}
+
+void ImageWellButton::acceptDropsFor(const OpenPanel& panel) {
+    panel_ = panel;
+    setAcceptDrops(true);
+}
+
+QString ImageWellButton::pathDropped(const QDropEvent& event) const {
+    const QString path = panel_ ? draggedPath(event) : QString();
+    if (path.isEmpty())
+        return {};
+    const PanelChoice choice = tryToChoose(*panel_, path);
+    return choice.refusal.isEmpty() ? choice.path : QString();
+}
+
+void ImageWellButton::setHovered(bool hovered) {
+    isHovered_ = hovered;
+    update();
+}
+
+void ImageWellButton::dragEnterEvent(QDragEnterEvent* event) {
+    setHovered(!pathDropped(*event).isEmpty());
+    answer(*event, isHovered_);
+}
+
+void ImageWellButton::dragLeaveEvent(QDragLeaveEvent*) { setHovered(false); }
+
+void ImageWellButton::dropEvent(QDropEvent* event) {
+    setHovered(false);
+    const QString path = pathDropped(*event);
+    answer(*event, !path.isEmpty());
+    if (!path.isEmpty())
+        emit dropped(path);
+}
+
+void ImageWellButton::paintEvent(QPaintEvent* event) {
+    QToolButton::paintEvent(event);
+    if (icon().isNull())
+        look::paintEmptyWell(*this);
+    if (isHovered_)
+        look::paintDropPlace(*this);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,90 @@
+#include "widgets/controls/panel_rules.h"
+
+#include "core/script_types.h"
+#include "widgets/controls/text.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace frimbolate {
+
+namespace {
+
+/// The longest file name that Linux and macOS file systems take, in bytes.
+constexpr qsizetype longestName = 255;
+
+QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
+
+bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
+    if (panel.allowedFileTypes.empty())
+        return true;
+    const QString suffix = QFileInfo(path).suffix();
+    return std::ranges::any_of(panel.allowedFileTypes, [&](const std::string& extension) {
+        return suffix.compare(QString::fromStdString(extension), Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// Desktops show applications and some scripts as one file, though they are folders.
+bool isOfBundleType(const QString& path) {
+    const QString suffix = QFileInfo(path).suffix();
+    const auto isSuffix = [&](std::string_view extension) {
+        return suffix.compare(text(extension), Qt::CaseInsensitive) == 0;
+    };
+    return isSuffix("app") || std::ranges::any_of(scriptTypes, [&](const ScriptType& type) {
+               return type.isFolder && isSuffix(type.extension);
+           });
+}
+
+QString refusalOf(const OpenPanel& panel, const QFileInfo& item) {
+    if (isUnreadableName(item.filePath()))
+        return tr("This name cannot be read as text. Give the item another name first.");
+    if (!item.exists())
+        return tr("“%1” does not exist.");
+    const bool isFolder = item.isDir() && !isBundle(panel, item.filePath());
+    if (isFolder && !panel.canChooseDirectories)
+        return tr("“%1” is a folder.");
+    if (!isFolder && !panel.canChooseFiles)
+        return tr("“%1” is not a folder.");
+    if (!isFolder && !isOfAllowedType(panel, item.filePath()))
+        return tr("“%1” is not of a kind that can be chosen here.");
+    return {};
+}
+
+} // namespace
+
+bool isTooLong(const QString& name) { return QFile::encodeName(name).size() > longestName; }
+
+QString newFolderRefusal(const QString& folder, const QString& name) {
+    if (name.isEmpty())
+        return tr("A folder needs a name.");
+    if (name == "." || name == ".." || name.contains('/') || name.contains(QChar::Null))
+        return tr("“%1” cannot be the name of a folder.").arg(name);
+    if (isTooLong(name))
+        return tr("The name is too long.");
+    const QFileInfo item(folder + '/' + name);
+    // A link that leads nowhere is there all the same.
+    return item.exists() || item.isSymLink() ? tr("“%1” already exists.").arg(name) : QString();
+}
+
+bool isUnreadableName(const QString& path) {
+    return path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);
+}
+
+bool isBundle(const OpenPanel& panel, const QString& path) {
+    return panel.canChooseFiles && !panel.allowedFileTypes.empty() && isOfBundleType(path) &&
+           QFileInfo(path).isDir() && isOfAllowedType(panel, path);
+}
+
+PanelChoice tryToChoose(const OpenPanel& panel, const QString& path) {
+    const QFileInfo item(path);
+    QString refusal = refusalOf(panel, item);
+    const QString chosen = panel.resolvesAliases ? item.canonicalFilePath() : path;
+    if (refusal.isEmpty() && isUnreadableName(chosen))
+        refusal = tr("“%1” points to a name that cannot be read as text.");
+    return {chosen, refusal.contains("%1") ? refusal.arg(item.fileName()) : refusal};
+}
+
+} // namespace frimbolate

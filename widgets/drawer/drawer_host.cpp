@@ -1,0 +1,110 @@
+#include "widgets/drawer/drawer_host.h"
+
+#include "widgets/controls/form_mirror.h"
+#include "widgets/drawer/drawer_panel.h"
+#include "widgets/drawer/drawer_placement.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QWindow>
+
+namespace frimbolate {
+
+DrawerHost::DrawerHost(FormMirror& mirror, QWidget& window, QWidget* form, DrawerPanel* drawer,
+                       const QSize& closedSize)
+    : QObject(&window), mirror_(mirror), window_(window), form_(form), drawer_(drawer),
+      escape_(new QShortcut(Qt::Key_Escape, &window)), closedSize_(closedSize) {
+    window_.setFixedSize(closedSize_);
+    window_.installEventFilter(this);
+    escape_->setEnabled(false);
+    connect(escape_, &QShortcut::activated, this,
+            [this] { mirror_.send(&AppDelegate::closeAdvancedDrawer); });
+    connect(drawer_, &DrawerPanel::needsRoom, this, &DrawerHost::setRoom);
+    connect(drawer_, &DrawerPanel::openChanged, this, &DrawerHost::openChanged);
+    // Queued, for the mirror may move the focus, and sends nothing while it mirrors.
+    connect(qApp, &QApplication::focusChanged, this, &DrawerHost::closeIfFocusIsHidden,
+            Qt::QueuedConnection);
+}
+
+bool DrawerHost::isOverForm() const { return drawer_->isOpen() && !drawer_->isBesideForm(); }
+
+void DrawerHost::setRoom(bool room) {
+    if (room == hasRoom_)
+        return; // the drawer has turned round before it was in
+    hasRoom_ = room;
+    if (room) {
+        closedAt_ = window_.frameGeometry().topLeft();
+        openAt_ = closedAt_;
+        return fit(Moves::Allowed);
+    }
+    window_.setFixedSize(closedSize_);
+    if (openAt_ != closedAt_ && window_.frameGeometry().topLeft() == openAt_)
+        window_.move(closedAt_);
+}
+
+void DrawerHost::fit(Moves moves) {
+    QRect frame = window_.frameGeometry();
+    frame.setSize(frame.size() - window_.size() + closedSize_);
+    const DrawerPlacement placement =
+        placeDrawer(window_.screen()->availableGeometry(), frame, drawer_->width());
+    drawer_->setBesideForm(placement.isBesideForm);
+    // A window that would leave the screen moves before it grows; window managers push a window
+    // back only after they have shown it outside.
+    if (moves == Moves::Allowed && window_.isVisible() && placement.topLeft != frame.topLeft()) {
+        window_.move(placement.topLeft);
+        openAt_ = placement.topLeft;
+    }
+    const int growth = placement.isBesideForm ? drawer_->width() : 0;
+    window_.setFixedSize(closedSize_ + QSize(growth, 0));
+}
+
+bool DrawerHost::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show)
+        followScreen();
+    return QObject::eventFilter(watched, event);
+}
+
+void DrawerHost::followScreen() {
+    // Queued, for the screen changes in the midst of a change of the window's geometry.
+    const auto once = static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection);
+    connect(window_.windowHandle(), &QWindow::screenChanged, this, &DrawerHost::fitToChangedScreen,
+            once);
+    connect(window_.screen(), &QScreen::availableGeometryChanged, this,
+            &DrawerHost::fitToChangedScreen, once);
+}
+
+void DrawerHost::fitToChangedScreen() {
+    followScreen();
+    if (!hasRoom_)
+        return;
+    fit(Moves::None); // the user may be dragging the window right now
+    if (drawer_->isOpen())
+        openChanged(true);
+}
+
+void DrawerHost::openChanged(bool open) {
+    escape_->setEnabled(isOverForm());
+    if (open) {
+        keepFocusInSight();
+    } else if (drawer_->isAncestorOf(window_.focusWidget()) && lastFocus_) {
+        lastFocus_->setFocus(Qt::OtherFocusReason);
+        lastFocus_.clear();
+    }
+}
+
+void DrawerHost::keepFocusInSight() {
+    QWidget* focus = window_.focusWidget();
+    if (!isOverForm() || !form_->isAncestorOf(focus))
+        return;
+    lastFocus_ = focus;
+    drawer_->firstControl()->setFocus(Qt::OtherFocusReason);
+}
+
+void DrawerHost::closeIfFocusIsHidden() {
+    if (isOverForm() && form_->isAncestorOf(window_.focusWidget()))
+        mirror_.send(&AppDelegate::closeAdvancedDrawer);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,280 @@
+#include "widgets/drawer/drawer_panel.h"
+
+#include "core/path_hint.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/image_well_button.h"
+#include "widgets/controls/pop_up_button.h"
+#include "widgets/controls/text.h"
+#include "widgets/controls/tip_button.h"
+#include "widgets/drawer/path_field.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/style.h"
+#include "widgets/style/surfaces.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPropertyAnimation>
+#include <QSlider>
+#include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// Pixels of the 1x layout. The panel is full to the brim, so the pitch of its lines is fixed.
+constexpr Size panelSize{400, 380};
+constexpr int captionX = 24, controlX = 128, secondX = 248, controlWidth = 248;
+constexpr int fieldHeight = 24, pitch = 27, checkHeight = 20;
+constexpr int titleY = 12, priorityY = 40, niceY = 67, pathsY = 96;
+constexpr int globbingY = 264, exitY = 288, alsoRunY = 318, alsoRunSecondY = 342;
+constexpr int chooserSide = 24, chooserGap = 4;
+constexpr int pathHintX = 104; ///< right of the title
+constexpr int slideMilliseconds = 180;
+
+struct PathRow {
+    std::string_view outlet;
+    TextField FormModel::*member;
+    const char* caption;
+};
+constexpr PathRow pathFields[] = {
+    {"standardInPathField", &FormModel::standardInPathField, "Stan&dard input"},
+    {"standardOutPathField", &FormModel::standardOutPathField, "Standard o&utput"},
+    {"standardErrorPathField", &FormModel::standardErrorPathField, "Standard e&rror"},
+    {"workingDirectoryField", &FormModel::workingDirectoryField, "Wor&king folder"},
+    {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder"},
+    {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
+};
+
+QString hintOf(const std::string& path) {
+    return text(pathHint(path, QDir::homePath().toStdString()));
+}
+
+class Shadow : public QWidget {
+  public:
+    explicit Shadow(QWidget* parent) : QWidget(parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFixedSize(scaled(look::drawerShadowReach), scaled(panelSize.height));
+        hide();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override { look::paintDrawerShadow(*this); }
+};
+
+} // namespace
+
+DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
+    : QWidget(parent), mirror_(mirror), edge_(edge),
+      slide_(new QPropertyAnimation(this, "pos", this)), shadow_(new Shadow(parent)) {
+    setObjectName("advancedDrawer");
+    setAccessibleName(tr("Advanced settings"));
+    setFixedSize(scaled(panelSize.width), scaled(panelSize.height));
+    look::setFont(this, look::FontRole::hint);
+    slide_->setDuration(slideMilliseconds);
+    slide_->setEasingCurve(QEasingCurve::OutCubic);
+    connect(slide_, &QPropertyAnimation::finished, this, &DrawerPanel::slideEnded);
+    addTitle();
+    addPriority();
+    addNiceLevel();
+    addPathFields();
+    addPathHint();
+    addOptions();
+    hide();
+    mirror_.show([this](const FormModel& form) { setOpen(form.advancedDrawer.open); });
+}
+
+void DrawerPanel::setOpen(bool open) {
+    if (open == open_)
+        return;
+    open_ = open;
+    if (open) {
+        emit needsRoom(true);
+        // A drawer that is still sliding in turns round where it is.
+        if (isHidden())
+            move(closedPosition());
+        show();
+    }
+    emit openChanged(open);
+    slide_->stop();
+    slide_->setStartValue(pos());
+    slide_->setEndValue(open ? openPosition() : closedPosition());
+    if (look::isMotionWanted(*this) && window()->isVisible()) {
+        slide_->start();
+    } else {
+        move(slide_->endValue().toPoint());
+        slideEnded();
+    }
+}
+
+void DrawerPanel::setBesideForm(bool beside) {
+    if (beside == besideForm_)
+        return;
+    besideForm_ = beside;
+    if (beside)
+        lower();
+    else
+        raise();
+    if (isVisible()) {
+        slide_->stop();
+        move(openPosition());
+        slideEnded();
+    }
+    placeShadow();
+    update();
+}
+
+QPoint DrawerPanel::openPosition() const { return {besideForm_ ? edge_ : edge_ - width(), 0}; }
+
+QPoint DrawerPanel::closedPosition() const { return {besideForm_ ? edge_ - width() : edge_, 0}; }
+
+void DrawerPanel::placeShadow() {
+    shadow_->move(x() - shadow_->width(), 0);
+    shadow_->setVisible(!besideForm_ && !isHidden());
+    shadow_->stackUnder(this);
+}
+
+void DrawerPanel::moveEvent(QMoveEvent*) { placeShadow(); }
+
+void DrawerPanel::showEvent(QShowEvent*) { placeShadow(); }
+
+void DrawerPanel::hideEvent(QHideEvent*) { placeShadow(); }
+
+void DrawerPanel::slideEnded() {
+    if (open_)
+        return;
+    hide();
+    emit needsRoom(false);
+}
+
+void DrawerPanel::paintEvent(QPaintEvent*) { look::paintDrawer(*this, besideForm_); }
+
+void DrawerPanel::place(QWidget* control, int x, int y, int width, int height) {
+    control->setParent(this);
+    control->setGeometry(scaled(x), scaled(y), scaled(width), scaled(height));
+}
+
+void DrawerPanel::addCaption(int y, const QString& caption, QWidget* buddy) {
+    auto* label = new QLabel(caption, this);
+    label->setForegroundRole(QPalette::PlaceholderText);
+    label->setBuddy(buddy);
+    place(label, captionX, y, controlX - captionX, fieldHeight);
+    if (buddy && buddy->accessibleName().isEmpty())
+        buddy->setAccessibleName(QString(caption).remove('&'));
+}
+
+void DrawerPanel::addTitle() {
+    auto* title = new QLabel(tr("Advanced"), this);
+    look::setFont(title, look::FontRole::defaultButton);
+    place(title, captionX, titleY, 200, fieldHeight);
+    auto* tip = makeTipButton(mirror_, "advancedDrawerTipButton",
+                              &FormModel::advancedDrawerTipButton, tr("Advanced"));
+    place(tip, controlX + controlWidth - 20, titleY + 2, 20, 20);
+}
+
+void DrawerPanel::addPriority() {
+    auto* priority = new PopUpButton(priorityLevelItems(), this);
+    mirror_.bind("priorityLevelButton", priority, &FormModel::priorityLevelButton);
+    addCaption(priorityY, tr("&Priority"), priority);
+    place(priority, controlX, priorityY, controlWidth, fieldHeight);
+    firstControl_ = priority;
+}
+
+void DrawerPanel::addNiceLevel() {
+    constexpr int least = -20, most = 20, valueWidth = 48, gap = 6;
+    auto* slider = new QSlider(Qt::Horizontal, this);
+    slider->setRange(least, most);
+    slider->setPageStep(5);
+    mirror_.bind("niceLevelSlider", slider, &FormModel::niceLevelSlider,
+                 &AppDelegate::niceLevelSliderValueChanged);
+    addCaption(niceY, tr("N&ice level"), slider);
+    place(slider, controlX - 2, niceY, controlWidth - valueWidth - gap + 2, fieldHeight);
+
+    auto* value = new QLineEdit(this);
+    value->setReadOnly(true);
+    value->setFocusPolicy(Qt::ClickFocus);
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setAccessibleName(tr("Nice level"));
+    mirror_.bind("niceLevelTextField", value, &FormModel::niceLevelTextField);
+    place(value, controlX + controlWidth - valueWidth, niceY, valueWidth, fieldHeight);
+}
+
+void DrawerPanel::addPathFields() {
+    int y = pathsY;
+    for (const PathRow& row : pathFields) {
+        auto* field = new PathField(this);
+        mirror_.bind(row.outlet, field, row.member);
+        addCaption(y, tr(row.caption), field);
+        place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
+        QWidget* chooser = makeChooseButton(mirror_, row.outlet, field->accessibleName(), this);
+        place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
+        mirror_.show([field, member = row.member](const FormModel& form) {
+            field->setHint(hintOf((form.*member).stringValue));
+        });
+        y += pitch;
+    }
+}
+
+void DrawerPanel::addPathHint() {
+    auto* hint = new ElidedLabel(Qt::ElideRight, this);
+    hint->setObjectName("pathHint");
+    hint->setWarning(true);
+    place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
+    mirror_.show([hint](const FormModel& form) {
+        const auto* row = std::ranges::find_if(pathFields, [&form](const PathRow& each) {
+            return !hintOf((form.*each.member).stringValue).isEmpty();
+        });
+        hint->setVisible(row != std::end(pathFields));
+        if (row != std::end(pathFields))
+            hint->setWholeText(tr("%1: “~” is not expanded").arg(tr(row->caption).remove('&')));
+    });
+}
+
+QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
+    auto* box = new QCheckBox(title, this);
+    box->setAccessibleName(QString(title).remove('&'));
+    place(box, x, y, 0, checkHeight);
+    // As wide as its title, which is in this person's font already.
+    box->resize(box->sizeHint().width(), box->height());
+    return box;
+}
+
+void DrawerPanel::addOptions() {
+    mirror_.bind("enableGlobbingCheckbox",
+                 addCheckBox(controlX, globbingY, tr("E&xpand wildcards in arguments")),
+                 &FormModel::enableGlobbingCheckbox);
+    mirror_.bind("allowSuccessfulExitCheckbox",
+                 addCheckBox(controlX, exitY, tr("All&ow successful exit")),
+                 &FormModel::allowSuccessfulExitCheckbox);
+    addCaption(alsoRunY - 2, tr("Also run when"), nullptr);
+    mirror_.bind("alsoRunAtLoadCheckbox", addCheckBox(controlX, alsoRunY, tr("A&gent loads")),
+                 &FormModel::alsoRunAtLoadCheckbox);
+    mirror_.bind("alsoRunVolumeCheckbox", addCheckBox(secondX, alsoRunY, tr("Volu&me mounts")),
+                 &FormModel::alsoRunVolumeCheckbox);
+    mirror_.bind("alsoRunPathChangeCheckbox",
+                 addCheckBox(controlX, alsoRunSecondY, tr("Path &changes")),
+                 &FormModel::alsoRunPathChangeCheckbox, &AppDelegate::chooseAdditionalWathPath);
+
+    auto* well = new ImageWellButton(24, look::Plane::drawer, this);
+    well->setAccessibleName(tr("Additional watched path"));
+    well->setHiddenWhenEmpty(true);
+    mirror_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);
+    connect(well, &QToolButton::clicked, this,
+            [this] { mirror_.send(&AppDelegate::chooseAdditionalWathPath); });
+    well->acceptDropsFor(AppDelegate::watchPathPanel());
+    connect(well, &ImageWellButton::dropped, this, [this](const QString& path) {
+        mirror_.send([&](AppDelegate& delegate) {
+            delegate.additionalWatchPathDropped(path.toStdString());
+        });
+    });
+    place(well, secondX, alsoRunSecondY - 2, 24, 24);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,96 @@
+#include "widgets/drawer/path_field.h"
+
+#include "widgets/controls/accessible_description.h"
+#include "widgets/controls/dragged_path.h"
+#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/long_text.h"
+#include "widgets/controls/panel_rules.h"
+#include "widgets/controls/text.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/icons.h"
+#include "widgets/style/style.h"
+#include "widgets/style/surfaces.h"
+
+#include <QDropEvent>
+#include <QMimeData>
+#include <QToolButton>
+
+namespace frimbolate {
+
+namespace {
+
+/// The path that the field would take; empty for none.
+QString pathIn(const QDropEvent& event) {
+    const QString path = draggedPath(event);
+    return isUnreadableName(path) ? QString() : path;
+}
+
+} // namespace
+
+void PathField::setHint(const QString& hint) {
+    look::setFaulty(this, !hint.isEmpty());
+    setToolTip(labelText(hint));
+    describe(this, hint);
+}
+
+void PathField::setHovered(bool hovered) {
+    isHovered_ = hovered;
+    update();
+}
+
+// Dragged addresses also come as a text, which is no path.
+
+void PathField::dragEnterEvent(QDragEnterEvent* event) {
+    if (!event->mimeData()->hasUrls())
+        return QLineEdit::dragEnterEvent(event);
+    setHovered(!pathIn(*event).isEmpty());
+    answer(*event, isHovered_);
+}
+
+void PathField::dragMoveEvent(QDragMoveEvent* event) {
+    if (!event->mimeData()->hasUrls())
+        return QLineEdit::dragMoveEvent(event);
+    answer(*event, isHovered_);
+}
+
+void PathField::dragLeaveEvent(QDragLeaveEvent* event) {
+    setHovered(false);
+    QLineEdit::dragLeaveEvent(event);
+}
+
+void PathField::dropEvent(QDropEvent* event) {
+    setHovered(false);
+    if (!event->mimeData()->hasUrls())
+        return QLineEdit::dropEvent(event);
+    const QString path = pathIn(*event);
+    answer(*event, !path.isEmpty());
+    if (path.isEmpty())
+        return;
+    selectAll();
+    insert(path); // can be undone
+    setFocus(Qt::OtherFocusReason);
+}
+
+void PathField::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (isHovered_)
+        look::paintDropPlace(*this);
+}
+
+QToolButton* makeChooseButton(FormMirror& mirror, std::string_view outlet, const QString& caption,
+                              QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setObjectName(text(outlet) + "Chooser");
+    button->setIcon(look::toolIcon("choose"));
+    button->setIconSize({look::scaled(16), look::scaled(16)});
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAccessibleName(PathField::tr("Choose: %1").arg(caption));
+    button->setToolTip(button->accessibleName());
+    QObject::connect(button, &QToolButton::clicked, button,
+                     [&mirror, outlet = std::string(outlet)] {
+                         mirror.send([&](AppDelegate& delegate) { delegate.choosePath(outlet); });
+                     });
+    return button;
+}
+
+} // namespace frimbolate

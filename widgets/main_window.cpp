@@ -1,0 +1,140 @@
+#include "widgets/main_window.h"
+
+#include "widgets/commands.h"
+#include "widgets/controls/elided_label.h"
+#include "widgets/controls/text.h"
+#include "widgets/drawer/drawer_host.h"
+#include "widgets/drawer/drawer_panel.h"
+#include "widgets/form/form_card.h"
+#include "widgets/form/script_pop_over.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/icons.h"
+#include "widgets/style/surfaces.h"
+#include "widgets/window_access.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace frimbolate {
+
+using look::scaled;
+
+namespace {
+
+// Pixels of the 1x layout.
+constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
+using look::cardMargin;
+constexpr int footHeight = 44, dotGap = 8;
+
+/// The line at the foot, under a hairline, behind a dot that lights up when the line tells a plan.
+class Foot : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+    void setComplete(bool complete) {
+        complete_ = complete;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override { look::paintFoot(*this, complete_); }
+
+  private:
+    bool complete_ = false;
+};
+
+} // namespace
+
+MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *this)) {
+    installWindowAccess();
+    setObjectName("mainWindow");
+    setWindowTitle(tr("Frimbolate"));
+    setWindowIcon(look::toolIcon("app"));
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    auto* content = new QWidget(this);
+    setCentralWidget(content);
+    auto* drawer = new DrawerPanel(mirror_, scaled(formWidth), content);
+    // The form is made last and so lies above the drawer, which slides out from behind it.
+    QWidget* form = makeForm(content);
+    new DrawerHost(mirror_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
+    auto* card = form->findChild<FormCard*>();
+    new ScriptPopOver(mirror_, card->scriptButton(), blendsWindows, this);
+    setTabOrder(form, drawer);
+    card->firstField()->setFocus();
+    connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
+            [card] { card->firstField()->setFocus(); });
+    leadToFirstFault(*card);
+    mirror_.show([this](const FormModel& model) {
+        if (model.mainWindow.visible && !isVisible())
+            bringToFront();
+        else if (!model.mainWindow.visible && isVisible())
+            hide();
+    });
+}
+
+void MainWindow::leadToFirstFault(FormCard& card) {
+    // Not before the alert is closed: a screen reader would tell the control before the fault. The
+    // action itself has mirrored the model by now, so the next time is when the alert was answered.
+    connect(findChild<QAction*>("validateAgentConfig"), &QAction::triggered, this,
+            [this] { leadsToFault_ = true; });
+    mirror_.show([this, &card](const FormModel&) {
+        QWidget* fault = std::exchange(leadsToFault_, false) ? card.firstFault() : nullptr;
+        if (fault)
+            fault->setFocus();
+    });
+}
+
+QAction* MainWindow::aboutAction() const { return commands_->about(); }
+
+QWidget* MainWindow::makeForm(QWidget* parent) {
+    auto* form = new QWidget(parent);
+    form->setObjectName("form");
+    form->setAutoFillBackground(true);
+    form->setFixedSize(scaled(formWidth), scaled(contentHeight));
+    auto* column = new QVBoxLayout(form);
+    column->setContentsMargins(0, scaled(cardMargin), 0, 0);
+    column->setSpacing(0);
+    column->addWidget(new FormCard(mirror_, form), 0, Qt::AlignHCenter);
+    column->addStretch();
+    column->addWidget(makeFoot(form));
+    return form;
+}
+
+QWidget* MainWindow::makeFoot(QWidget* parent) {
+    auto* foot = new Foot(parent);
+    foot->setFixedHeight(scaled(footHeight));
+    auto* line = new QVBoxLayout(foot);
+    line->setContentsMargins(scaled(cardMargin + look::footDotSide + dotGap), 0, scaled(cardMargin),
+                             0);
+    auto* plan = new ElidedLabel(Qt::ElideRight, foot);
+    plan->setObjectName("planSentence");
+    line->addWidget(plan);
+    mirror_.show([plan, foot](const FormModel&, const FormPresentation& presentation) {
+        plan->setWholeText(text(presentation.summary.sentence));
+        foot->setComplete(presentation.summary.isComplete);
+    });
+    return foot;
+}
+
+void MainWindow::bringToFront() {
+    // A minimised window is a visible one to Qt, and show() leaves it as it is.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    // Without a window manager the first window gets no keyboard by itself.
+    activateWindow();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    mirror_.finishTyping();
+    mirror_.change([](FormModel& form) {
+        form.mainWindow.visible = false;
+        form.popoverScriptObject.shown = false;
+    });
+    event->accept();
+}
+
+} // namespace frimbolate

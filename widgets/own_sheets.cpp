@@ -1,0 +1,73 @@
+#include "widgets/own_sheets.h"
+
+#include "widgets/controls/text.h"
+#include "widgets/main_window.h"
+#include "widgets/sheets/command_sheet_view.h"
+#include "widgets/sheets/preferences_sheet.h"
+#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/welcome_sheet.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/icons.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace frimbolate {
+
+OwnSheets::OwnSheets(SheetStack& stack, MainWindow& window)
+    : stack_(stack), window_(window), sheets_{new WelcomeSheet(window.formMirror(), window),
+                                              new PreferencesSheet(window.formMirror(), window),
+                                              new CommandSheetView(window.formMirror(), window)} {
+    QObject::connect(window.aboutAction(), &QAction::triggered, &stack, [this] { showAbout(); });
+}
+
+void OwnSheets::begin(Sheet which) {
+    // The sheet measures itself when it is shown, so it has to hold what it will show by then.
+    window_.mirror();
+    for (auto* button : sheet(which)->findChildren<QPushButton*>())
+        if (button->isDefault())
+            button->setFocus();
+    stack_.present(sheet(which));
+}
+
+void OwnSheets::end(Sheet which) { stack_.dismiss(sheet(which)); }
+
+void OwnSheets::makeFirstResponder(Sheet which, std::string_view outlet) {
+    if (auto* control = sheet(which)->findChild<QWidget*>(text(outlet)))
+        control->setFocus();
+}
+
+void OwnSheets::showAbout() {
+    auto* about = new SheetDialog("aboutWindow", 440, &window_);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    const QString title = QObject::tr("Frimbolate %1").arg(QCoreApplication::applicationVersion());
+    about->setWindowTitle(title);
+    about->setAccessibleName(title);
+    auto* heading = new QLabel(title, about);
+    look::setFont(heading, look::FontRole::sheetTitle);
+    auto* words = new QLabel(QObject::tr("Creates and manages launchd launch agents."), about);
+    words->setForegroundRole(QPalette::PlaceholderText);
+    auto* close = new QPushButton(QObject::tr("Close"), about);
+    close->setDefault(true);
+    QObject::connect(close, &QPushButton::clicked, about, &QDialog::accept);
+    auto* icon = new QLabel(about);
+    const int side = look::scaled(64);
+    icon->setPixmap(look::toolIcon("app").pixmap({side, side}, about->devicePixelRatioF()));
+    auto* texts = new QGridLayout;
+    texts->setHorizontalSpacing(look::scaled(16));
+    texts->setVerticalSpacing(look::scaled(4));
+    texts->setColumnStretch(1, 1);
+    texts->addWidget(icon, 0, 0, 2, 1);
+    texts->addWidget(heading, 0, 1, Qt::AlignBottom);
+    texts->addWidget(words, 1, 1, Qt::AlignTop);
+    about->body()->addLayout(texts);
+    about->body()->addSpacing(look::scaled(24));
+    about->addButtonRow(nullptr, {close});
+    stack_.present(about);
+}
+
+} // namespace frimbolate

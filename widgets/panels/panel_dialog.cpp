@@ -1,0 +1,341 @@
+#include "widgets/panels/panel_dialog.h"
+
+#include "widgets/controls/accessible_description.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/panels/panel_views.h"
+#include "widgets/sheets/new_folder_sheet.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/style.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QSplitter>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace frimbolate {
+namespace {
+
+// Pixels of the 1x layout.
+constexpr int panelWidth = 640, panelHeight = 480, placesWidth = 152, margin = 24, gap = 8;
+
+QString textOf(const std::string& text) { return QString::fromStdString(text); }
+
+QString existingFolder(const std::optional<std::string>& directory) {
+    const QString wanted = directory ? textOf(*directory) : QString();
+    return QFileInfo(wanted).isDir() ? QDir::cleanPath(wanted) : QDir::homePath();
+}
+
+/// What a message asks, in one line: its first sentence, without what stands in parentheses.
+QString titleOf(const std::string& message) {
+    QString title = textOf(message).simplified();
+    for (const char* end : {". ", " ("})
+        title.truncate(title.indexOf(end) < 0 ? title.size() : title.indexOf(end));
+    while (title.endsWith(':') || title.endsWith('.'))
+        title.chop(1);
+    return title;
+}
+
+} // namespace
+
+PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& message,
+                         const std::optional<std::string>& directory)
+    : QFileDialog(parent), nameField_(nullptr) {
+    setObjectName(name);
+    setWindowModality(Qt::WindowModal);
+    setOption(DontUseNativeDialog);
+    setOption(DontUseCustomDirectoryIcons);
+    // Against deleting, renaming and moving; the new folder is made without the toolkit.
+    setOption(ReadOnly);
+    sharedPlaces_ = sidebarUrls();
+    sharedColumns_ = findChild<QTreeView*>("treeView")->header()->saveState();
+    setDirectory(existingFolder(directory));
+    nameField_ = findChild<QLineEdit*>("fileNameEdit");
+    nameField_->setAccessibleName(tr("Name"));
+    // Above the rows of the dialog's own layout, which leaves no place for another.
+    layout()->setMenuBar(header(message));
+    addRefusal();
+    setUpPanelViews(*this);
+    setUpNavigation();
+    setSidebarUrls(panelPlaces(this->directory().absolutePath()));
+    resize(look::scaled(panelWidth), look::scaled(panelHeight));
+}
+
+PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
+    : PanelDialog(parent, "openPanel", panel.message, panel.directory) {
+    open_ = panel;
+    setAcceptMode(AcceptOpen);
+    setFileMode(panel.canChooseFiles ? ExistingFile : Directory);
+    setOption(ShowDirsOnly, !panel.canChooseFiles);
+    offerNewFolder(panel.canCreateDirectories);
+    allowTypes(panel.allowedFileTypes);
+    setPrompt(panel.prompt);
+    setTitle(titleOf(panel.message));
+    setUpForm();
+    suggest(textOf(panel.suggestedName));
+    connect(this, &QFileDialog::directoryEntered, nameField_, &QLineEdit::clear);
+}
+
+PanelDialog::PanelDialog(const SavePanel& panel, QWidget* parent)
+    : PanelDialog(parent, "savePanel", panel.message, panel.directory) {
+    setAcceptMode(AcceptSave);
+    setFileMode(AnyFile);
+    offerNewFolder(panel.canCreateDirectories);
+    setPrompt(panel.prompt);
+    setTitle((textOf(panel.prompt) + ' ' + textOf(panel.nameFieldStringValue)).simplified());
+    setUpForm();
+    nameField_->setText(textOf(panel.nameFieldStringValue));
+    nameField_->selectAll();
+    nameField_->setFocus();
+}
+
+PanelDialog::~PanelDialog() {
+    // The toolkit stores these for every program when the dialog goes.
+    setSidebarUrls(sharedPlaces_);
+    findChild<QTreeView*>("treeView")->header()->restoreState(sharedColumns_);
+}
+
+QWidget* PanelDialog::header(const std::string& message) {
+    auto* result = new QWidget;
+    auto* lines = new QVBoxLayout(result);
+    lines->setContentsMargins(margin, margin, margin, 0);
+    auto* text = new QLabel(textOf(message));
+    text->setObjectName("panelMessage");
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    lines->addWidget(text);
+    return result;
+}
+
+void PanelDialog::addRefusal() {
+    refusal_ = new WrappedText({}, WrappedText::Tone::warning);
+    refusal_->setObjectName("panelRefusal");
+    look::setFont(refusal_, look::FontRole::hint);
+    refusal_->hide();
+    connect(nameField_, &QLineEdit::textChanged, this, &PanelDialog::withdrawRefusal);
+}
+
+void PanelDialog::setUpForm() {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    grid->setContentsMargins(margin, margin / 2, margin, margin);
+    grid->setSpacing(gap);
+    grid->setColumnStretch(1, 1);
+    // What can be chosen is told by the message; the row of file types would only repeat it.
+    for (const char* row : {"fileTypeLabel", "fileTypeCombo"})
+        findChild<QWidget*>(row)->hide();
+    setLabelText(FileName, tr("&Name:"));
+    auto* box = findChild<QDialogButtonBox*>("buttonBox");
+    for (QWidget* moved : {static_cast<QWidget*>(nameField_), static_cast<QWidget*>(box)})
+        grid->removeWidget(moved);
+    grid->addWidget(nameField_, 2, 1, 1, 2);
+    grid->addWidget(refusal_, 3, 1, 1, 2);
+    grid->addWidget(box, 4, 0, 1, 3);
+    box->setOrientation(Qt::Horizontal);
+    setSizeGripEnabled(false); // it would stand in the margin; the window's frame does the same
+}
+
+void PanelDialog::setUpNavigation() {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(findChild<QListView*>("listView")),
+          static_cast<QAbstractItemView*>(findChild<QTreeView*>("treeView"))}) {
+        // The dialog would enter a bundle where the panel chooses it.
+        disconnect(view, &QAbstractItemView::activated, this, nullptr);
+        connect(view, &QAbstractItemView::activated, this, &PanelDialog::activate);
+        // While a path is typed the dialog selects what begins like it, and takes these names for
+        // the typed one whenever the window has lost the keyboard for a moment.
+        disconnect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, nullptr);
+        connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
+                &PanelDialog::currentChanged);
+    }
+    // The dialog's pop-up stands beside a label that does not say so.
+    findChild<QLabel*>("lookInLabel")->setBuddy(findChild<QComboBox*>("lookInCombo"));
+    findChild<QSplitter*>("splitter")
+        ->setSizes({look::scaled(placesWidth), look::scaled(panelWidth - placesWidth)});
+}
+
+void PanelDialog::setTitle(const QString& title) {
+    setWindowTitle(title);
+    setAccessibleName(title);
+}
+
+void PanelDialog::setPrompt(const std::string& prompt) {
+    // The dialog retitles and disables its own button as it sees fit; one it does not know of is
+    // left alone.
+    auto* box = findChild<QDialogButtonBox*>("buttonBox");
+    box->setStandardButtons(QDialogButtonBox::NoButton);
+    auto* cancel = box->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+    cancel->setObjectName("cancelButton");
+    auto* button = box->addButton(textOf(prompt), QDialogButtonBox::AcceptRole);
+    button->setObjectName("promptButton");
+    button->setDefault(true);
+    const bool needsName = !open_ || !open_->canChooseDirectories;
+    const auto update = [this, button, needsName] {
+        button->setEnabled(!needsName || !nameField_->text().isEmpty());
+    };
+    connect(nameField_, &QLineEdit::textChanged, button, update);
+    update();
+}
+
+void PanelDialog::offerNewFolder(bool offers) {
+    auto* theirs = findChild<QToolButton*>("newFolderButton");
+    theirs->hide();
+    if (!offers)
+        return;
+    // The toolkit's own makes the folder first and has its name edited in place.
+    auto* ours = new QToolButton(this);
+    ours->setObjectName("newFolder");
+    ours->setIcon(theirs->icon());
+    ours->setIconSize(theirs->iconSize());
+    ours->setAutoRaise(true);
+    ours->setFocusPolicy(theirs->focusPolicy());
+    ours->setToolTip(tr("New folder"));
+    ours->setAccessibleName(tr("New folder"));
+    delete layout()->replaceWidget(theirs, ours);
+    setTabOrder(findChild<QToolButton*>("toParentButton"), ours);
+    connect(ours, &QToolButton::clicked, this, &PanelDialog::askForNewFolder);
+}
+
+void PanelDialog::allowTypes(const std::vector<std::string>& extensions) {
+    if (extensions.empty())
+        return;
+    QStringList patterns;
+    for (const std::string& extension : extensions)
+        patterns.append("*." + textOf(extension));
+    setNameFilter(patterns.join(' '));
+}
+
+QString PanelDialog::pathAt(const QModelIndex& index) const {
+    return index.data(QFileSystemModel::FilePathRole).toString();
+}
+
+void PanelDialog::activate(const QModelIndex& index) {
+    const QString path = pathAt(index);
+    if (QFileInfo(path).isDir() && !isBundle(path))
+        return enter(path);
+    nameField_->setText(QFileInfo(path).fileName());
+    accept();
+}
+
+void PanelDialog::currentChanged(const QModelIndex& index) {
+    const QString path = pathAt(index);
+    if (!index.isValid())
+        return;
+    // A folder that cannot be chosen is a place to enter and leaves the name as it is.
+    const bool canBeChosen =
+        !QFileInfo(path).isDir() || (open_ && (open_->canChooseDirectories || isBundle(path)));
+    if (canBeChosen)
+        nameField_->setText(QFileInfo(path).fileName());
+}
+
+void PanelDialog::enter(const QString& folder) {
+    setDirectory(folder);
+    if (open_)
+        nameField_->clear();
+}
+
+void PanelDialog::suggest(const QString& name) {
+    if (name.isEmpty() || !directory().exists(name))
+        return;
+    lightEntry(*this, directory().filePath(name));
+    nameField_->setText(name);
+    nameField_->selectAll();
+    nameField_->setFocus();
+}
+
+void PanelDialog::askForNewFolder() {
+    const QString proposed = open_ ? textOf(open_->suggestedName) : QString();
+    auto* sheet = new NewFolderSheet(directory().absolutePath(),
+                                     proposed.isEmpty() ? tr("New folder") : proposed, this);
+    connect(sheet, &QDialog::accepted, &sheets_, [this, sheet] {
+        sheets_.complete([this, path = sheet->path()] { newFolderMade(path); });
+    });
+    sheets_.present(sheet);
+}
+
+void PanelDialog::newFolderMade(const QString& path) {
+    if (!open_ || !open_->canChooseDirectories)
+        return enter(path);
+    suggest(QFileInfo(path).fileName());
+}
+
+QString PanelDialog::typedPath() const {
+    QString name = nameField_->text();
+    if (name == "~" || name.startsWith("~/"))
+        name.replace(0, 1, QDir::homePath());
+    return QDir::cleanPath(directory().absoluteFilePath(name));
+}
+
+void PanelDialog::accept() {
+    const QString path = typedPath();
+    open_ ? acceptOpen(path) : acceptSave(path);
+}
+
+void PanelDialog::acceptOpen(const QString& path) {
+    if (QFileInfo(path).isDir() && !isBundle(path) && !open_->canChooseDirectories)
+        return enter(path);
+    const PanelChoice choice = tryToChoose(*open_, path);
+    choice.refusal.isEmpty() ? choose(choice.path) : refuse(choice.refusal);
+}
+
+void PanelDialog::acceptSave(const QString& path) {
+    const QFileInfo item(path);
+    if (isUnreadableName(path))
+        return refuse(tr("This name cannot be read as text. Give the item another name first."));
+    if (nameField_->text().isEmpty())
+        return;
+    if (item.isDir())
+        return enter(path);
+    if (!item.dir().exists())
+        return refuse(tr("The folder “%1” does not exist.").arg(item.path()));
+    if (isTooLong(item.fileName()))
+        return refuse(tr("The name is too long."));
+    // A link that leads nowhere is there all the same.
+    item.exists() || item.isSymLink() ? askToReplace(path) : choose(path);
+}
+
+void PanelDialog::askToReplace(const QString& path) {
+    const QFileInfo item(path);
+    const QString message = tr("“%1” already exists. Do you want to replace it?");
+    const QString lost = tr("What the file in “%1” holds now will be lost.");
+    // The default is what loses nothing.
+    alerts_.show({message.arg(item.fileName()).toStdString(),
+                  lost.arg(item.dir().dirName()).toStdString(),
+                  {tr("Cancel").toStdString(), tr("Replace").toStdString()}},
+                 [this, path](AlertOutcome outcome) {
+                     if (outcome.answer == AlertAnswer::Second)
+                         choose(path);
+                 });
+}
+
+void PanelDialog::choose(const QString& path) {
+    chosenPath_ = path;
+    chosenName_ = QFileInfo(path).fileName();
+    // Not the file dialog's own accept(): that one asks with a nested event loop.
+    QDialog::accept();
+}
+
+void PanelDialog::refuse(const QString& reason) {
+    refusal_->setText(reason);
+    refusal_->show();
+    look::setFaulty(nameField_, true);
+    describe(nameField_, reason);
+    nameField_->setFocus();
+}
+
+void PanelDialog::withdrawRefusal() {
+    refusal_->hide();
+    look::setFaulty(nameField_, false);
+    describe(nameField_, {});
+}
+
+} // namespace frimbolate

@@ -1,0 +1,34 @@
+#include "widgets/sheets/own_sheet.h"
+
+#include "widgets/style/fonts.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace frimbolate {
+
+OwnSheet::OwnSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
+                   FormMirror::Send close)
+    : SheetDialog(outlet, panelWidth, &mainWindow), mirror_(mirror), close_(std::move(close)) {}
+
+QLabel* OwnSheet::addTitle(const QString& title) {
+    auto* label = new QLabel(title, this);
+    look::setFont(label, look::FontRole::sheetTitle);
+    body()->addWidget(label);
+    setWindowTitle(title);
+    setAccessibleName(title);
+    return label;
+}
+
+QPushButton* OwnSheet::makeButton(const char* name, const QString& title,
+                                  const FormMirror::Send& send) {
+    auto* button = new QPushButton(title, this);
+    button->setObjectName(name);
+    button->setAccessibleName(title);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, send] { mirror_.send(send); });
+    return button;
+}
+
+} // namespace frimbolate

@@ -1,0 +1,36 @@
+// What the program's own sheets have in common: their buttons send actions, and Escape sends the
+// action that closes them. Only the action takes the sheet off the screen.
+#pragma once
+
+#include "widgets/controls/form_mirror.h"
+#include "widgets/sheets/sheet_dialog.h"
+
+class QLabel;
+
+namespace frimbolate {
+
+class OwnSheet : public SheetDialog {
+    Q_OBJECT
+
+  public:
+    /// \param panelWidth in pixels of the 1x layout
+    /// \param close the action of its closing button, which Escape sends too
+    OwnSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
+             FormMirror::Send close);
+
+  public slots:
+    void reject() override { mirror_.send(close_); }
+
+  protected:
+    /// Adds the sheet's title to the body.
+    QLabel* addTitle(const QString& title);
+    /// A button that is named by the action it sends.
+    QPushButton* makeButton(const char* name, const QString& title, const FormMirror::Send& send);
+    FormMirror& formMirror() { return mirror_; }
+
+  private:
+    FormMirror& mirror_;
+    FormMirror::Send close_;
+};
+
+} // namespace frimbolate

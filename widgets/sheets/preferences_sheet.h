@@ -1,0 +1,28 @@
+// The sheet of the person's settings. Its controls stand in the form model; it stores nothing.
+#pragma once
+
+#include "widgets/sheets/own_sheet.h"
+
+#include <span>
+
+class QGridLayout;
+
+namespace frimbolate {
+
+struct PopUpItem;
+
+class PreferencesSheet : public OwnSheet {
+    Q_OBJECT
+
+  public:
+    PreferencesSheet(FormMirror& mirror, QWidget& mainWindow);
+
+  private:
+    QLabel* makeLabel(const QString& text);
+    void addCheckBoxes();
+    void addPopUps();
+
+    QGridLayout* grid_;
+};
+
+} // namespace frimbolate

@@ -1,0 +1,168 @@
+#include "widgets/sheets/sheet_alerts.h"
+
+#include "widgets/controls/scroll_keys.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/sheets/sheet_stack.h"
+#include "widgets/style/fonts.h"
+#include "widgets/style/icons.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace frimbolate {
+namespace {
+
+constexpr int usualWidth = 440;
+constexpr int wideWidth = 560;
+/// As wide as the form, its shadow included.
+constexpr int widestWidth = 616;
+/// A higher sheet would reach below the form, or its shadow would; pixels.
+constexpr int greatestHeight = 348;
+constexpr int iconSide = 40;
+constexpr int iconGap = 16;
+constexpr int titleGap = 6;
+
+QString textOf(const std::string& text) { return QString::fromStdString(text); }
+
+/// A break that ends the text would be an empty line above the buttons.
+QString withoutLastBreak(const std::string& text) {
+    QString result = textOf(text);
+    if (result.endsWith('\n'))
+        result.chop(1);
+    return result;
+}
+
+WrappedText* makeText(const char* name, const std::string& text, WrappedText::Tone tone,
+                      look::FontRole role) {
+    auto* result = new WrappedText(withoutLastBreak(text), tone);
+    result->setObjectName(name);
+    look::setFont(result, role);
+    if (text.empty())
+        result->hide();
+    return result;
+}
+
+/// What Escape answers: only what changes nothing, or what has to be answered anyway.
+std::optional<int> escapeAnswer(const std::vector<std::string>& buttons) {
+    const auto cancel = std::ranges::find(buttons, "Cancel");
+    if (cancel != buttons.end())
+        return AlertAnswer::First + static_cast<int>(cancel - buttons.begin());
+    return buttons.size() == 1 ? std::optional<int>(AlertAnswer::First) : std::nullopt;
+}
+
+QLabel* warningSign() {
+    auto* result = new QLabel;
+    result->setPixmap(
+        look::toolIcon("warning").pixmap(QSize(iconSide, iconSide), qApp->devicePixelRatio()));
+    result->setFixedSize(iconSide, iconSide);
+    result->setAccessibleName(QLabel::tr("Warning"));
+    return result;
+}
+
+} // namespace
+
+AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
+    : SheetDialog("sheetAlert", usualWidth, mainWindow),
+      escapeAnswer_(escapeAnswer(alert.buttons)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(textOf(alert.messageText));
+    setAccessibleName(textOf(alert.messageText));
+    setAccessibleDescription(textOf(alert.informativeText));
+    auto* content = new QHBoxLayout;
+    content->setSpacing(iconGap);
+    content->addWidget(warningSign(), 0, Qt::AlignTop);
+    content->addWidget(texts(alert), 1);
+    body()->addLayout(content);
+    body()->addSpacing(padding);
+    addButtons(alert);
+    for (const int width : {wideWidth, widestWidth})
+        if (excessHeight() > 0)
+            setPanelWidth(width);
+    if (excessHeight() > 0)
+        makeTextScroll();
+}
+
+QWidget* AlertDialog::texts(const SheetAlert& alert) {
+    auto* result = new QWidget;
+    auto* layout = new QVBoxLayout(result);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(titleGap);
+    layout->addWidget(makeText("messageText", alert.messageText, WrappedText::Tone::plain,
+                               look::FontRole::sheetTitle));
+    layout->addWidget(makeText("informativeText", alert.informativeText, WrappedText::Tone::hint,
+                               look::FontRole::control));
+    if (alert.showsSuppressionButton) {
+        suppressionButton_ = new QCheckBox(tr("Do not show this message again"));
+        suppressionButton_->setObjectName("suppressionButton");
+        layout->addSpacing(8);
+        layout->addWidget(suppressionButton_);
+    }
+    layout->addStretch();
+    return result;
+}
+
+int AlertDialog::excessHeight() const {
+    const int margins = height() - panelRect().height();
+    return layout()->totalHeightForWidth(width()) - margins - look::scaled(greatestHeight);
+}
+
+void AlertDialog::makeTextScroll() {
+    const int textWidth = panelRect().width() - 2 * padding - iconSide - iconGap;
+    const auto needed = [textWidth](const WrappedText* text) {
+        return text->isHidden() ? 0 : text->heightForWidth(textWidth);
+    };
+    WrappedText* longest = std::ranges::max(findChildren<WrappedText*>(), {}, needed);
+    longest->scrollWithin(needed(longest) - excessHeight());
+    for (auto* button : findChildren<QAbstractButton*>())
+        button->installEventFilter(new ScrollKeys(longest));
+}
+
+void AlertDialog::addButtons(const SheetAlert& alert) {
+    QList<QPushButton*> buttons;
+    for (const std::string& title : alert.buttons) {
+        auto* button = new QPushButton(textOf(title).replace('&', "&&"), this);
+        const int answer = AlertAnswer::First + static_cast<int>(buttons.size());
+        connect(button, &QPushButton::clicked, this, [this, answer] { done(answer); });
+        buttons.append(button);
+    }
+    QPushButton* first = buttons.first();
+    std::ranges::reverse(buttons); // the default stands in the corner
+    addButtonRow(nullptr, buttons);
+    first->setDefault(true);
+    first->setFocus();
+}
+
+AlertOutcome AlertDialog::outcome() const {
+    return {result(), suppressionButton_ && suppressionButton_->isChecked() ? 1 : 0};
+}
+
+void AlertDialog::reject() {
+    if (escapeAnswer_)
+        done(*escapeAnswer_);
+}
+
+void AlertDialog::showEvent(QShowEvent* event) {
+    SheetDialog::showEvent(event);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void SheetAlerts::show(const SheetAlert& alert, Completion completion) {
+    auto* dialog = new AlertDialog(alert, &mainWindow_);
+    QObject::connect(dialog, &QDialog::finished, &stack_,
+                     [&stack = stack_, dialog, completion = std::move(completion)] {
+                         stack.complete([completion, outcome = dialog->outcome()] {
+                             if (completion)
+                                 completion(outcome);
+                         });
+                     });
+    stack_.present(dialog);
+}
+
+} // namespace frimbolate

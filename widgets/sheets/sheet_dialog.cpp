@@ -1,0 +1,199 @@
+#include "widgets/sheets/sheet_dialog.h"
+
+#include "widgets/style/fonts.h"
+#include "widgets/style/style.h"
+#include "widgets/style/surfaces.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <QVariantAnimation>
+
+#include <utility>
+
+namespace frimbolate {
+namespace {
+
+constexpr int slideMilliseconds = 160;
+
+/// Neither of these lets a program place a window: the desktop frames the sheet there.
+bool desktopPlacesSheets() {
+    const QString platform = QGuiApplication::platformName();
+    return platform == "cocoa" || platform.startsWith("wayland");
+}
+
+/// Shows the picture of a sheet on its way out from under the toolbar, before the sheet itself.
+class SheetCurtain : public QWidget {
+  public:
+    explicit SheetCurtain(SheetDialog& sheet)
+        : QWidget(&sheet), sheet_(sheet), content_(sheet.grab(sheet.panelRect())) {
+        setObjectName("sheetCurtain");
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(sheet.rect());
+    }
+
+    void showBy(const QVariantAnimation& slide) {
+        slide_ = &slide;
+        show();
+        raise();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const QRect panel = sheet_.panelRect();
+        const double hidden = (1 - slide_->currentValue().toDouble()) * panel.height();
+        look::paintSlidingSheet(*this, sheet_.backdrop(), QRectF(panel).translated(0, -hidden),
+                                content_);
+    }
+
+  private:
+    SheetDialog& sheet_;
+    QPixmap content_;
+    const QVariantAnimation* slide_ = nullptr;
+};
+
+} // namespace
+
+QRect sheetArea(const QWidget& mainWindow) {
+    QRect area = mainWindow.rect();
+    if (const auto* toolBar = mainWindow.findChild<QToolBar*>())
+        area.setTop(toolBar->mapTo(&mainWindow, toolBar->rect().bottomLeft()).y() + 1);
+    return area;
+}
+
+SheetDialog::SheetDialog(const QString& objectName, int panelWidth, QWidget* mainWindow)
+    : QDialog(mainWindow, Qt::Sheet), mainWindow_(mainWindow), body_(new QVBoxLayout),
+      paintsFrame_(!desktopPlacesSheets()) {
+    setObjectName(objectName);
+    setWindowModality(Qt::WindowModal);
+    auto* frame = new QVBoxLayout(this);
+    frame->setContentsMargins(0, 0, 0, 0);
+    if (paintsFrame_) {
+        setWindowFlag(Qt::FramelessWindowHint);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        frame->setContentsMargins(shadowWidth, 0, shadowWidth, shadowWidth);
+    }
+    setPanelWidth(panelWidth);
+    body_->setSpacing(0);
+    setBodyPadding({padding, padding, padding, padding});
+    frame->addLayout(body_);
+    mainWindow_->installEventFilter(this);
+}
+
+void SheetDialog::setPanelWidth(int width) {
+    setFixedWidth(look::scaled(width) + (paintsFrame_ ? 2 * shadowWidth : 0));
+}
+
+void SheetDialog::setBodyPadding(const QMargins& margins) { body_->setContentsMargins(margins); }
+
+QWidget* SheetDialog::addButtonRow(QWidget* side, const QList<QPushButton*>& buttons) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    if (side)
+        layout->addWidget(side);
+    layout->addStretch();
+    for (QPushButton* button : buttons)
+        layout->addWidget(button);
+    body_->addWidget(row);
+    return row;
+}
+
+QRect SheetDialog::panelRect() const {
+    return paintsFrame_ ? rect().adjusted(shadowWidth, 0, -shadowWidth, -shadowWidth) : rect();
+}
+
+void SheetDialog::placeOverMainWindow() {
+    layout()->activate();
+    // Only texts that wrap make the height depend on the width.
+    setFixedHeight(layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width())
+                                                 : layout()->totalSizeHint().height());
+    if (!paintsFrame_)
+        return;
+    const auto* form = mainWindow_->findChild<QWidget*>("form");
+    const QRect across =
+        form ? QRect(form->mapTo(mainWindow_, QPoint()), form->size()) : mainWindow_->rect();
+    const QPoint corner(across.center().x() + 1 - width() / 2, sheetArea(*mainWindow_).top());
+    move(mainWindow_->mapToGlobal(corner));
+}
+
+void SheetDialog::grabBackdropSoon() {
+    if (std::exchange(grabsSoon_, true))
+        return;
+    QTimer::singleShot(0, this, &SheetDialog::grabBackdrop);
+}
+
+void SheetDialog::grabBackdrop() {
+    grabsSoon_ = false;
+    if (!paintsFrame_ || !isVisible())
+        return;
+    backdrop_ = mainWindow_->grab(QRect(mainWindow_->mapFromGlobal(pos()), size()));
+    update();
+}
+
+void SheetDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    placeOverMainWindow();
+    grabBackdrop();
+    if (paintsFrame_ && !event->spontaneous() && look::isMotionWanted(*this))
+        slideOut();
+}
+
+void SheetDialog::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    // Shown again, the sheet would be pictured with it.
+    delete curtain_;
+}
+
+void SheetDialog::slideOut() {
+    // The sheet itself is in its place at once and takes clicks and keys; only its picture slides,
+    // on a curtain before it.
+    auto* curtain = new SheetCurtain(*this);
+    auto* slide = new QVariantAnimation(curtain);
+    slide->setStartValue(0.0);
+    slide->setEndValue(1.0);
+    slide->setDuration(slideMilliseconds);
+    slide->setEasingCurve(QEasingCurve::OutCubic);
+    connect(slide, &QVariantAnimation::valueChanged, curtain, qOverload<>(&QWidget::update));
+    connect(slide, &QVariantAnimation::finished, curtain, &QObject::deleteLater);
+    curtain_ = curtain;
+    curtain->showBy(*slide);
+    slide->start();
+}
+
+bool SheetDialog::event(QEvent* event) {
+    // Before the base class sees the event: it may be the one that deletes the sheet.
+    if (isVisible()) {
+        if (event->type() == QEvent::LayoutRequest)
+            placeOverMainWindow();
+        if (event->type() == QEvent::Resize || event->type() == QEvent::PaletteChange)
+            grabBackdropSoon();
+    }
+    return QDialog::event(event);
+}
+
+bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mainWindow_ && isVisible()) {
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+            placeOverMainWindow();
+        // What the window shows behind the sheet has changed: it mirrors the model after an action,
+        // when the sheet that the action asked for is up already.
+        if (event->type() == QEvent::Resize || event->type() == QEvent::UpdateRequest)
+            grabBackdropSoon();
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void SheetDialog::paintEvent(QPaintEvent*) {
+    if (paintsFrame_)
+        look::paintSheet(*this, backdrop_, panelRect());
+    else
+        look::paintPlainSheet(*this);
+}
+
+} // namespace frimbolate

@@ -1,0 +1,133 @@
+#include "widgets/sheets/sheet_stack.h"
+
+#include "widgets/sheets/sheet_dialog.h"
+#include "widgets/style/surfaces.h"
+
+#include <QDialog>
+#include <QWindow>
+
+#include <utility>
+
+namespace frimbolate {
+namespace {
+
+/// Dims what is under the toolbar. Decoration only: it is the dialog's modality that blocks.
+class Scrim : public QWidget {
+  public:
+    explicit Scrim(QWidget* parent) : QWidget(parent) {
+        setObjectName("sheetScrim");
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFocusPolicy(Qt::NoFocus);
+        hide();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override { look::paintScrim(*this); }
+};
+
+} // namespace
+
+SheetStack::SheetStack(QWidget& mainWindow)
+    : mainWindow_(mainWindow), scrim_(new Scrim(&mainWindow)), isOnScreen_(mainWindow.isVisible()) {
+    mainWindow_.installEventFilter(this);
+}
+
+SheetStack::~SheetStack() { delete scrim_; }
+
+void SheetStack::setAfterwards(std::function<void()> afterwards) {
+    afterwards_ = std::move(afterwards);
+}
+
+void SheetStack::present(QDialog* sheet) {
+    if (sheet == current_ || waiting_.contains(sheet))
+        return;
+    waiting_.append(sheet);
+    sheet->installEventFilter(this);
+    // While an answer is still to be worked off, whatever it asks for comes first in the loop.
+    if (!current_ && !goesOnSoon_ && !goesOn_)
+        showNext();
+}
+
+void SheetStack::dismiss(QDialog* sheet) {
+    if (waiting_.removeAll(sheet) > 0)
+        sheet->removeEventFilter(this);
+    else if (sheet == current_)
+        sheet->hide();
+}
+
+void SheetStack::complete(std::function<void()> completion) {
+    completions_.push_back(std::move(completion));
+    goOnSoon();
+}
+
+void SheetStack::goOnSoon() {
+    if (!std::exchange(goesOnSoon_, true))
+        QMetaObject::invokeMethod(this, &SheetStack::goOn, Qt::QueuedConnection);
+}
+
+void SheetStack::goOn() {
+    goesOnSoon_ = false;
+    goesOn_ = true;
+    while (!completions_.empty()) {
+        const auto completion = std::move(completions_.front());
+        completions_.pop_front();
+        completion();
+        if (afterwards_)
+            afterwards_();
+    }
+    goesOn_ = false;
+    if (!current_)
+        showNext();
+}
+
+void SheetStack::showNext() {
+    // It would stand behind the window, without the keyboard, or far from it: a window manager
+    // places the window only now.
+    if (!isOnScreen_)
+        return;
+    while (!waiting_.isEmpty() && !current_)
+        current_ = waiting_.takeFirst();
+    placeScrim();
+    if (!current_)
+        return;
+    current_->open();
+    // A window manager may keep the keyboard from a window that follows another in one breath.
+    current_->raise();
+    current_->activateWindow();
+}
+
+void SheetStack::placeScrim() {
+    scrim_->setGeometry(sheetArea(mainWindow_));
+    scrim_->setVisible(!current_.isNull());
+    scrim_->raise();
+}
+
+void SheetStack::followMainWindow(QEvent::Type event) {
+    if (event == QEvent::Resize && scrim_->isVisible())
+        placeScrim();
+    if (event == QEvent::Show && mainWindow_.windowHandle())
+        mainWindow_.windowHandle()->installEventFilter(this);
+    if (event == QEvent::Hide)
+        isOnScreen_ = false;
+}
+
+bool SheetStack::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &mainWindow_) {
+        if (!event->spontaneous() || event->type() == QEvent::Resize)
+            followMainWindow(event->type());
+    } else if (watched == mainWindow_.windowHandle()) {
+        // From then on, for a window that others cover is on the screen all the same.
+        if (event->type() == QEvent::Expose && mainWindow_.windowHandle()->isExposed() &&
+            !std::exchange(isOnScreen_, true) && !waiting_.isEmpty())
+            goOnSoon();
+    } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        watched->removeEventFilter(this);
+        if (watched == current_) {
+            current_.clear();
+            goOnSoon();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace frimbolate

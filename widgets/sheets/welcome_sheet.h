@@ -1,0 +1,21 @@
+// The sheet that greets at start: what the program does, in three steps.
+#pragma once
+
+#include "widgets/sheets/own_sheet.h"
+
+class QBoxLayout;
+
+namespace frimbolate {
+
+class WelcomeSheet : public OwnSheet {
+    Q_OBJECT
+
+  public:
+    WelcomeSheet(FormMirror& mirror, QWidget& mainWindow);
+
+  private:
+    QLabel* addText(QBoxLayout* column, const QString& text);
+    void addStep(QBoxLayout* column, int number, const QString& title, const QString& text);
+};
+
+} // namespace frimbolate

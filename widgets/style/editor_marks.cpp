@@ -1,0 +1,63 @@
+#include "widgets/style/editor_marks.h"
+
+#include "widgets/style/fonts.h"
+#include "widgets/style/painting.h"
+#include "widgets/style/tokens.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QWidget>
+
+namespace frimbolate::look {
+
+namespace {
+
+// Pixels of the 1x layout.
+constexpr double hookWidth = 4.5, hookHeight = 4, hookTip = 2;
+constexpr int platePadding = 5, plateGap = 3;
+
+} // namespace
+
+void paintWrapMarks(QWidget& viewport, const QList<QRectF>& lines, double margin) {
+    if (lines.isEmpty())
+        return;
+    const double scale = fontScale();
+    QPainter painter(&viewport);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        QPen(tokens(viewport.palette()).text2, 1.25, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const double right = viewport.width() - (margin - hookWidth * scale) / 2;
+    const double left = right - hookWidth * scale, tip = hookTip * scale;
+    for (const QRectF& line : lines) {
+        const double bottom = line.center().y() + hookHeight * scale / 2;
+        QPainterPath hook(QPointF(right, bottom - hookHeight * scale));
+        hook.lineTo(right, bottom);
+        hook.lineTo(left, bottom);
+        hook.moveTo(left + tip, bottom - tip);
+        hook.lineTo(left, bottom);
+        hook.lineTo(left + tip, bottom + tip);
+        painter.drawPath(hook);
+    }
+}
+
+QSizeF foldedTextSize(const QWidget& editor, const QString& words) {
+    const QFontMetricsF metrics(editor.font());
+    return {metrics.horizontalAdvance(words) + 2 * scaled(platePadding) + 2 * scaled(plateGap),
+            metrics.ascent()};
+}
+
+void paintFoldedText(QPainter& painter, const QRectF& rect, const QWidget& editor,
+                     const QString& words) {
+    const Tokens& t = tokens(editor.palette());
+    const double descent = QFontMetricsF(editor.font()).descent();
+    const QRectF whole = rect.adjusted(scaled(plateGap), 0, -scaled(plateGap), descent);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    plate(painter, whole, checkRadius, t.hover, t.hairline);
+    painter.setFont(editor.font());
+    painter.setPen(t.text2);
+    painter.drawText(whole, Qt::AlignCenter, words);
+    painter.restore();
+}
+
+} // namespace frimbolate::look

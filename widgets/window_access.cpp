@@ -1,0 +1,89 @@
+#include "widgets/window_access.h"
+
+#include "widgets/controls/warning_label.h"
+#include "widgets/controls/wrapped_text.h"
+#include "widgets/form/script_pop_over.h"
+#include "widgets/main_window.h"
+#include "widgets/sheets/sheet_alerts.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace frimbolate {
+
+namespace {
+
+/// The window's own parts, then the pop-over, hidden or not as with any other part.
+class MainWindowAccess : public QAccessibleWidget {
+  public:
+    explicit MainWindowAccess(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+
+    int childCount() const override {
+        return QAccessibleWidget::childCount() + (popOver() ? 1 : 0);
+    }
+
+    QAccessibleInterface* child(int index) const override {
+        return index == QAccessibleWidget::childCount() ? popOver()
+                                                        : QAccessibleWidget::child(index);
+    }
+
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child && child == popOver() ? QAccessibleWidget::childCount()
+                                           : QAccessibleWidget::indexOfChild(child);
+    }
+
+    QAccessibleInterface* childAt(int x, int y) const override {
+        // It stands in front of all the others.
+        QAccessibleInterface* front = popOver();
+        return front && front->rect().contains(x, y) ? front : QAccessibleWidget::childAt(x, y);
+    }
+
+  private:
+    QAccessibleInterface* popOver() const {
+        return QAccessible::queryAccessibleInterface(
+            widget()->findChild<ScriptPopOver*>({}, Qt::FindDirectChildrenOnly));
+    }
+};
+
+class PopOverAccess : public QAccessibleWidget {
+  public:
+    explicit PopOverAccess(QWidget* popOver) : QAccessibleWidget(popOver, QAccessible::Dialog) {}
+
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(widget()->parentWidget());
+    }
+};
+
+/// A label that tells its text, not an editor with parts.
+class TextAccess : public QAccessibleWidget {
+  public:
+    explicit TextAccess(WrappedText* text) : QAccessibleWidget(text, QAccessible::StaticText) {}
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? static_cast<WrappedText*>(widget())->text()
+                                         : QAccessibleWidget::text(kind);
+    }
+};
+
+QAccessibleInterface* makeAccess(const QString&, QObject* object) {
+    if (auto* window = qobject_cast<MainWindow*>(object))
+        return new MainWindowAccess(window);
+    if (auto* popOver = qobject_cast<ScriptPopOver*>(object))
+        return new PopOverAccess(popOver);
+    if (auto* alert = qobject_cast<AlertDialog*>(object))
+        return new QAccessibleWidget(alert, QAccessible::AlertMessage);
+    if (auto* text = qobject_cast<WrappedText*>(object))
+        return new TextAccess(text);
+    if (auto* warning = qobject_cast<WarningLabel*>(object))
+        return new QAccessibleWidget(warning, QAccessible::AlertMessage);
+    return nullptr;
+}
+
+} // namespace
+
+void installWindowAccess() { QAccessible::installFactory(makeAccess); }
+
+} // namespace frimbolate
