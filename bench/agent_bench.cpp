@@ -1,7 +1,7 @@
 // How long the steps between the form and the file take. Run frimbolate_bench of an optimised
 // build.
-#include "core/agent_file.h"
-#include "core/sentences.h"
+#include "core/agent_plist.h"
+#include "core/form_summary.h"
 #include "core/validation.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
@@ -45,7 +45,7 @@ void sentencesOfForm(benchmark::State& state) {
     const TextStyle style{.home = "/Users/ada"};
     for (auto _ : state) {
         const auto faults = validate(form);
-        benchmark::DoNotOptimize(planSentence(form, faults, style));
+        benchmark::DoNotOptimize(summary(form, faults, style));
         benchmark::DoNotOptimize(rowHints(form, faults, {}, style));
     }
 }
@@ -54,19 +54,19 @@ BENCHMARK(sentencesOfForm);
 void formToAgentFile(benchmark::State& state) {
     const auto form = fullForm();
     for (auto _ : state)
-        benchmark::DoNotOptimize(agentFile(form, "com.frimbolate.Backup"));
+        benchmark::DoNotOptimize(buildAgentPlist(form, "com.frimbolate.Backup"));
 }
 BENCHMARK(formToAgentFile);
 
 void writeXml(benchmark::State& state) {
-    const auto file = agentFile(fullForm(), "com.frimbolate.Backup");
+    const auto file = buildAgentPlist(fullForm(), "com.frimbolate.Backup");
     for (auto _ : state)
         benchmark::DoNotOptimize(xmlPropertyList(file));
 }
 BENCHMARK(writeXml);
 
 void readXml(benchmark::State& state) {
-    const auto bytes = xmlPropertyList(agentFile(fullForm(), "com.frimbolate.Backup"));
+    const auto bytes = xmlPropertyList(buildAgentPlist(fullForm(), "com.frimbolate.Backup"));
     for (auto _ : state)
         benchmark::DoNotOptimize(readPropertyList(bytes));
 }

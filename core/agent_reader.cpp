@@ -1,8 +1,8 @@
 #include "core/agent_reader.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
 #include "core/form_widths.h"
+#include "core/named_error.h"
 #include "core/pop_up_items.h"
 #include "core/weekdays.h"
 
@@ -10,7 +10,7 @@ namespace frimbolate {
 
 namespace {
 
-std::int64_t integerOrZero(const Value* value) { return value ? integerValue(*value) : 0; }
+std::int64_t integerOrZero(const Value* value) { return value ? toInteger(*value) : 0; }
 
 /// The time of day that hours and minutes make, also beyond their usual bounds.
 LocalDateTime timeOfDay(std::int64_t hour, std::int64_t minute) {
@@ -41,36 +41,36 @@ AgentOrigin agentOrigin(std::string_view path) {
     return AgentOrigin::Foreign;
 }
 
-std::string bareAgentName(std::string_view labelOrFileName) {
-    const auto withoutPrefix = without(labelOrFileName, labelPrefix);
-    return without(without(withoutPrefix, earlierLabelPrefix), ".plist");
+std::string agentNameFromLabel(std::string_view labelOrFileName) {
+    const auto withoutPrefix = removeAll(labelOrFileName, labelPrefix);
+    return removeAll(removeAll(withoutPrefix, earlierLabelPrefix), ".plist");
 }
 
-void AgentReader::read(const AgentFile& file) {
+void AgentReader::read(const AgentPlist& file) {
     readName(file);
     readTarget(file);
     readAction(file);
     readRunAtLoad(file);
     readSchedule(file);
-    editor_.lookForAdvancedKeys(file);
-    editor_.log("Completed evaluating primary keys for editing");
+    host_.lookForAdvancedKeys(file);
+    host_.log("Completed evaluating primary keys for editing");
 }
 
-void AgentReader::readName(const AgentFile& file) {
+void AgentReader::readName(const AgentPlist& file) {
     const Value* label = find(file, "Label");
     if (!label)
-        throw Failure("Missing value", "The agent has no label");
-    editor_.form().agentNameTextField.stringValue = bareAgentName(label->asString());
+        throw NamedError("Missing value", "The agent has no label");
+    host_.form().agentNameTextField.stringValue = agentNameFromLabel(label->asString());
 }
 
-void AgentReader::readTarget(const AgentFile& file) {
+void AgentReader::readTarget(const AgentPlist& file) {
     constexpr std::size_t typedScriptArguments = 3;
-    auto& form = editor_.form();
+    auto& form = host_.form();
     const Value none{Array{}};
     const Value* found = find(file, "ProgramArguments");
     const Value& arguments = found ? *found : none;
     const auto showFile = [&](const std::string& path) {
-        editor_.evaluateScriptExtension(path);
+        host_.evaluateScriptExtension(path);
         form.agentTargetButton.selectedItem = TargetType::File;
     };
     try {
@@ -82,22 +82,22 @@ void AgentReader::readTarget(const AgentFile& file) {
         form.agentTargetButton.selectedItem = TargetType::Script;
         form.scriptPopOverScriptField.stringValue = last;
         form.showPopOverScriptButton.hidden = false;
-        editor_.showPopOverScript();
+        host_.showPopOverScript();
         return;
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
     }
     if (const auto* path = arguments.string()) {
         showFile(*path);
         return;
     }
-    editor_.log("ProgramArguments key could not be read or key contained unexpected content.");
-    editor_.showAlertThatResets("This launch agent could not be read.",
-                                "An error occurred while reading some key values.");
-    editor_.createNewAgent();
+    host_.log("ProgramArguments key could not be read or key contained unexpected content.");
+    host_.showAlertThatResets("This launch agent could not be read.",
+                              "An error occurred while reading some key values.");
+    host_.createNewAgent();
 }
 
-void AgentReader::readAction(const AgentFile& file) {
-    auto& form = editor_.form();
+void AgentReader::readAction(const AgentPlist& file) {
+    auto& form = host_.form();
     const Value* keepAlive = find(file, "KeepAlive");
     if (!keepAlive) {
         form.agentActionButton.selectedItem = AgentAction::OnSchedule;
@@ -107,28 +107,28 @@ void AgentReader::readAction(const AgentFile& file) {
     form.agentActionButton.selectedItem = AgentAction::KeepRunning;
     box.enabled = true;
     if (const auto* conditions = keepAlive->dictionary()) {
-        editor_.log("KeepAlive key is dictionary");
+        host_.log("KeepAlive key is dictionary");
         const Value* successfulExit = find(*conditions, "SuccessfulExit");
-        editor_.log("SuccessfulExit key value is: " + description(successfulExit));
-        if (successfulExit && !truth(*successfulExit)) {
+        host_.log("SuccessfulExit key value is: " + description(successfulExit));
+        if (successfulExit && !toBool(*successfulExit)) {
             box.state = CheckState::On;
-            editor_.openAdvancedDrawer();
+            host_.openAdvancedDrawer();
         }
-    } else if (isTrue(*keepAlive)) {
-        editor_.log("KeepAlive key is bool, key is true and does not allow successful exit");
+    } else if (toBoolOrFalse(*keepAlive)) {
+        host_.log("KeepAlive key is bool, key is true and does not allow successful exit");
         box.state = CheckState::Off;
     } else {
-        editor_.log("KeepAlive key does not exist or has unexpected value");
+        host_.log("KeepAlive key does not exist or has unexpected value");
         box.enabled = false;
     }
 }
 
-void AgentReader::readRunAtLoad(const AgentFile& file) {
+void AgentReader::readRunAtLoad(const AgentPlist& file) {
     if (find(file, "RunAtLoad")) // whatever its value
         selectAtLoad();
 }
 
-void AgentReader::readSchedule(const AgentFile& file) {
+void AgentReader::readSchedule(const AgentPlist& file) {
     const Value* interval = find(file, "StartInterval");
     if (interval && !interval->dictionary()) {
         readInterval(file);
@@ -136,15 +136,15 @@ void AgentReader::readSchedule(const AgentFile& file) {
     }
     try {
         readCalendar(file);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         // Never told: what cannot be read as a calendar is read as an interval.
         readInterval(file);
     }
 }
 
-void AgentReader::readCalendar(const AgentFile& file) {
+void AgentReader::readCalendar(const AgentPlist& file) {
     static const Dictionary none;
-    auto& form = editor_.form();
+    auto& form = host_.form();
     const Value* value = find(file, "StartCalendarInterval");
     const Dictionary& calendar = value ? value->asDictionary() : none;
     const Value* hour = find(calendar, "Hour");
@@ -153,20 +153,20 @@ void AgentReader::readCalendar(const AgentFile& file) {
 
     form.agentIntervalField.hidden = true;
     form.agentScheduleDatePicker.width = normalDatePickerWidth;
-    editor_.log("Agent Hour key is: " + description(hour));
-    editor_.log("Agent Minute key is: " + description(minute));
+    host_.log("Agent Hour key is: " + description(hour));
+    host_.log("Agent Minute key is: " + description(minute));
     form.agentScheduleDatePicker.set(timeOfDay(integerOrZero(hour), integerOrZero(minute)));
 
     if (calendar.empty()) {
         readOnDemand(file);
     } else if (calendar.size() == 2) {
-        editor_.log("Agent runs on every day on a schedule");
+        host_.log("Agent runs on every day on a schedule");
         selectScheduleTitled("Every Day");
         form.agentScheduleDatePicker.hidden = false;
         form.onMonthTextBox.hidden = true;
         form.agentScheduleTypeButton.width = normalScheduleWidth;
     } else if (calendar.size() == 3) {
-        editor_.log("Agent runs on a specific day - or monthly - on a schedule");
+        host_.log("Agent runs on a specific day - or monthly - on a schedule");
         if (day)
             readDayOfMonth(*day);
         else
@@ -175,8 +175,8 @@ void AgentReader::readCalendar(const AgentFile& file) {
 }
 
 void AgentReader::readDayOfMonth(const Value& day) {
-    auto& form = editor_.form();
-    editor_.log("Agent runs once a month " + description(day));
+    auto& form = host_.form();
+    host_.log("Agent runs once a month " + description(day));
     form.onMonthTextField.stringValue = textOf(day);
     form.agentScheduleDatePicker.width = narrowDatePickerWidth;
     selectScheduleTitled("Once a Month");
@@ -186,8 +186,8 @@ void AgentReader::readDayOfMonth(const Value& day) {
 }
 
 void AgentReader::readWeekday(const Value* weekday) {
-    auto& form = editor_.form();
-    editor_.log("Agent runs once a week on day : " + description(weekday));
+    auto& form = host_.form();
+    host_.log("Agent runs once a week on day : " + description(weekday));
     // launchd counts Sunday as 0 or 7.
     constexpr auto sundayAgain = static_cast<std::int64_t>(weekdays.size());
     const auto number = integerOrZero(weekday);
@@ -198,29 +198,29 @@ void AgentReader::readWeekday(const Value* weekday) {
     form.agentScheduleDatePicker.hidden = false;
 }
 
-void AgentReader::readOnDemand(const AgentFile& file) {
-    auto& form = editor_.form();
+void AgentReader::readOnDemand(const AgentPlist& file) {
+    auto& form = host_.form();
     const Value* interval = find(file, "StartInterval");
     const bool oddInterval = interval && *interval != Value(Dictionary{});
     if (oddInterval || form.agentScheduleTypeButton.selectedItem == ScheduleType::AtLoad)
         return;
-    editor_.log("Agent has no schedule and runs on demand instead.");
+    host_.log("Agent has no schedule and runs on demand instead.");
     if (const Value* paths = find(file, "WatchPaths")) {
         const Value* last = lastElement(*paths);
-        editor_.log("Agent contains a WatchPath key: " + description(last));
-        leaveScheduleToTrigger(AgentAction::PathModified);
+        host_.log("Agent contains a WatchPath key: " + description(last));
+        disableSchedule(AgentAction::PathModified);
         showPath(form.agentWatchPathImageWell, last);
     } else if (const Value* mount = find(file, "StartOnMount"); mount && *mount != Value("")) {
-        editor_.log("Agent contains StartOnMount key: " + description(mount));
-        leaveScheduleToTrigger(AgentAction::VolumeMounted);
+        host_.log("Agent contains StartOnMount key: " + description(mount));
+        disableSchedule(AgentAction::VolumeMounted);
     } else {
         selectAtLoad();
     }
 }
 
-void AgentReader::readInterval(const AgentFile& file) {
-    auto& form = editor_.form();
-    editor_.log("Agent runs on interval");
+void AgentReader::readInterval(const AgentPlist& file) {
+    auto& form = host_.form();
+    host_.log("Agent runs on interval");
     form.agentScheduleDatePicker.hide();
     form.agentIntervalTypeButton.hidden = false;
     form.agentIntervalField.hidden = false;
@@ -232,7 +232,7 @@ void AgentReader::readInterval(const AgentFile& file) {
 }
 
 void AgentReader::selectAtLoad() {
-    auto& form = editor_.form();
+    auto& form = host_.form();
     form.agentScheduleTypeButton.selectedItem = ScheduleType::AtLoad;
     form.agentScheduleDatePicker.hide();
     form.alsoRunAtLoadCheckbox.state = CheckState::Off;
@@ -241,12 +241,12 @@ void AgentReader::selectAtLoad() {
 }
 
 void AgentReader::selectScheduleTitled(std::string_view title) {
-    editor_.form().agentScheduleTypeButton.selectedItem =
+    host_.form().agentScheduleTypeButton.selectedItem =
         itemWithTitle(agentScheduleTypeItems(), title);
 }
 
-void AgentReader::leaveScheduleToTrigger(int action) {
-    auto& form = editor_.form();
+void AgentReader::disableSchedule(int action) {
+    auto& form = host_.form();
     form.agentScheduleTypeButton.selectedItem = ScheduleType::NoSelection;
     form.agentScheduleTypeButton.enabled = false;
     form.agentScheduleDatePicker.hide();

@@ -1,7 +1,7 @@
 // Turns an agent file back into the form: the lenient inverse of the writer.
 #pragma once
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/form_model.h"
 
 #include <optional>
@@ -12,15 +12,15 @@
 namespace frimbolate {
 
 /// What the reader asks of the editor, so that it stays free of any window.
-class ReaderEditor {
+class AgentReaderHost {
   public:
-    virtual ~ReaderEditor() = default;
+    virtual ~AgentReaderHost() = default;
     virtual FormModel& form() = 0;
     virtual void log(const std::string& line) = 0;
     /// Resets the form to a new agent.
     virtual void createNewAgent() = 0;
     /// Has the keys of the advanced drawer read, which is an action of its own.
-    virtual void lookForAdvancedKeys(const AgentFile& file) = 0;
+    virtual void lookForAdvancedKeys(const AgentPlist& file) = 0;
     virtual void openAdvancedDrawer() = 0;
     virtual void showPopOverScript() = 0;
     /// Shows the icon of a stored target and records its path.
@@ -35,18 +35,18 @@ enum class AgentOrigin { Foreign, Own, EarlierVersion };
 AgentOrigin agentOrigin(std::string_view path);
 
 /// An agent's name: its label, or file name, without either prefix and without ".plist".
-std::string bareAgentName(std::string_view labelOrFileName);
+std::string agentNameFromLabel(std::string_view labelOrFileName);
 
 class AgentReader {
   public:
-    explicit AgentReader(ReaderEditor& editor) : editor_(editor) {}
+    explicit AgentReader(AgentReaderHost& host) : host_(host) {}
 
     /// Fills the form from the file, group by group, the advanced keys through the editor; a group
     /// that fails costs an alert or a fall-back, not the reading.
-    /// \throws Failure when something outside the guarded groups fails.
-    void read(const AgentFile& file);
+    /// \throws NamedError when something outside the guarded groups fails.
+    void read(const AgentPlist& file);
     /// The keys of the advanced drawer alone; opens the drawer where they differ from a new agent.
-    void lookForAdvancedKeys(const AgentFile& file);
+    void lookForAdvancedKeys(const AgentPlist& file);
 
   private:
     /// A key that holds one text, and the field that shows it.
@@ -55,28 +55,28 @@ class AgentReader {
         TextField FormModel::*field;
     };
 
-    void readName(const AgentFile& file);
-    void readTarget(const AgentFile& file);
-    void readAction(const AgentFile& file);
-    void readRunAtLoad(const AgentFile& file);
-    void readSchedule(const AgentFile& file);
-    void readCalendar(const AgentFile& file);
+    void readName(const AgentPlist& file);
+    void readTarget(const AgentPlist& file);
+    void readAction(const AgentPlist& file);
+    void readRunAtLoad(const AgentPlist& file);
+    void readSchedule(const AgentPlist& file);
+    void readCalendar(const AgentPlist& file);
     void readDayOfMonth(const Value& day);
     void readWeekday(const Value* weekday);
-    void readOnDemand(const AgentFile& file);
-    void readInterval(const AgentFile& file);
-    void readGlobbing(const AgentFile& file);
-    void readPriority(const AgentFile& file);
-    void readNice(const AgentFile& file);
-    void readTexts(const AgentFile& file, std::span<const TextKey> keys);
-    void readQueue(const AgentFile& file);
-    void readAdditionalConditions(const AgentFile& file);
+    void readOnDemand(const AgentPlist& file);
+    void readInterval(const AgentPlist& file);
+    void readGlobbing(const AgentPlist& file);
+    void readPriority(const AgentPlist& file);
+    void readNice(const AgentPlist& file);
+    void readTexts(const AgentPlist& file, std::span<const TextKey> keys);
+    void readQueue(const AgentPlist& file);
+    void readAdditionalConditions(const AgentPlist& file);
     void showPath(ImageWell& well, const Value* path);
     void selectAtLoad();
     void selectScheduleTitled(std::string_view title);
-    void leaveScheduleToTrigger(int action);
+    void disableSchedule(int action);
 
-    ReaderEditor& editor_;
+    AgentReaderHost& host_;
 };
 
 } // namespace frimbolate

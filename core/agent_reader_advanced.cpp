@@ -2,11 +2,11 @@
 #include "core/agent_reader.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 
 namespace frimbolate {
 
-void AgentReader::lookForAdvancedKeys(const AgentFile& file) {
+void AgentReader::lookForAdvancedKeys(const AgentPlist& file) {
     static constexpr TextKey folders[] = {{"WorkingDirectory", &FormModel::workingDirectoryField},
                                           {"RootDirectory", &FormModel::rootDirectoryField}};
     static constexpr TextKey streams[] = {
@@ -14,7 +14,7 @@ void AgentReader::lookForAdvancedKeys(const AgentFile& file) {
         {"StandardOutPath", &FormModel::standardOutPathField},
         {"StandardErrorPath", &FormModel::standardErrorPathField}};
 
-    editor_.log("Evaluating keys for advanced drawer...");
+    host_.log("Evaluating keys for advanced drawer...");
     try {
         readGlobbing(file);
         readPriority(file);
@@ -23,99 +23,99 @@ void AgentReader::lookForAdvancedKeys(const AgentFile& file) {
         readQueue(file);
         readTexts(file, streams);
         readAdditionalConditions(file);
-    } catch (const Failure&) {
-        editor_.showAlertThatResets("This launch agent could not be read.",
-                                    "An error occurred while reading some key values.");
+    } catch (const NamedError&) {
+        host_.showAlertThatResets("This launch agent could not be read.",
+                                  "An error occurred while reading some key values.");
     }
-    editor_.log("Completed evaluating keys for advanced drawer");
+    host_.log("Completed evaluating keys for advanced drawer");
 }
 
-void AgentReader::readGlobbing(const AgentFile& file) {
+void AgentReader::readGlobbing(const AgentPlist& file) {
     // Globbing alone never opens the drawer, however it differs from the person's default.
     if (const Value* globbing = find(file, "EnableGlobbing")) {
-        editor_.form().enableGlobbingCheckbox.state =
-            truth(*globbing) ? CheckState::On : CheckState::Off;
-        editor_.log("Globbing key: " + description(globbing));
+        host_.form().enableGlobbingCheckbox.state =
+            toBool(*globbing) ? CheckState::On : CheckState::Off;
+        host_.log("Globbing key: " + description(globbing));
     }
 }
 
-void AgentReader::readPriority(const AgentFile& file) {
+void AgentReader::readPriority(const AgentPlist& file) {
     const Value* key = find(file, "LowPriorityIO");
     if (!key)
         return;
-    const bool low = truth(*key);
-    editor_.form().priorityLevelButton.selectedItem =
+    const bool low = toBool(*key);
+    host_.form().priorityLevelButton.selectedItem =
         low ? PriorityLevel::Low : PriorityLevel::Normal;
-    editor_.log("PriorityIO key: " + description(key));
-    const auto standard = editor_.preference("DefaultPriorityKey");
-    if (standard && truth(*standard) != low) {
-        editor_.log(std::string("Priority key: ") + (low ? "0" : "1") +
-                    " is does not match default: " + (low ? "1" : "0") + ", opening drawer");
-        editor_.openAdvancedDrawer();
+    host_.log("PriorityIO key: " + description(key));
+    const auto standard = host_.preference("DefaultPriorityKey");
+    if (standard && toBool(*standard) != low) {
+        host_.log(std::string("Priority key: ") + (low ? "0" : "1") +
+                  " is does not match default: " + (low ? "1" : "0") + ", opening drawer");
+        host_.openAdvancedDrawer();
     }
 }
 
-void AgentReader::readNice(const AgentFile& file) {
+void AgentReader::readNice(const AgentPlist& file) {
     const Value* key = find(file, "Nice");
     if (!key)
         return;
-    auto& form = editor_.form();
-    const auto level = integerValue(*key);
+    auto& form = host_.form();
+    const auto level = toInteger(*key);
     form.niceLevelSlider.value = static_cast<double>(level);
     form.niceLevelTextField.stringValue = textOf(*key);
-    editor_.log("Nice key: " + description(key));
+    host_.log("Nice key: " + description(key));
     if (level != 0) {
-        editor_.log("Nice key is not 0, opening drawer " + std::to_string(level));
-        editor_.openAdvancedDrawer();
+        host_.log("Nice key is not 0, opening drawer " + std::to_string(level));
+        host_.openAdvancedDrawer();
     }
 }
 
-void AgentReader::readTexts(const AgentFile& file, std::span<const TextKey> keys) {
+void AgentReader::readTexts(const AgentPlist& file, std::span<const TextKey> keys) {
     for (const auto& [key, field] : keys) {
         const Value* text = find(file, key);
         if (!text)
             continue;
-        (editor_.form().*field).stringValue = text->asString();
-        editor_.log(std::string(key) + " key: " + description(text));
-        editor_.openAdvancedDrawer();
+        (host_.form().*field).stringValue = text->asString();
+        host_.log(std::string(key) + " key: " + description(text));
+        host_.openAdvancedDrawer();
     }
 }
 
-void AgentReader::readQueue(const AgentFile& file) {
+void AgentReader::readQueue(const AgentPlist& file) {
     const Value* folders = find(file, "QueueDirectories");
     if (!folders)
         return;
     const auto& array = folders->asArray();
     const Value* last = array.empty() ? nullptr : &array.back();
-    editor_.log("QueueDirectories key: " + description(folders) +
-                "\n Last Object: " + description(last));
+    host_.log("QueueDirectories key: " + description(folders) +
+              "\n Last Object: " + description(last));
     if (!last)
-        throw Failure("Missing value", "The list of queue folders is empty");
-    editor_.form().queueDirectoryField.stringValue = last->asString();
-    editor_.openAdvancedDrawer();
+        throw NamedError("Missing value", "The list of queue folders is empty");
+    host_.form().queueDirectoryField.stringValue = last->asString();
+    host_.openAdvancedDrawer();
 }
 
-void AgentReader::readAdditionalConditions(const AgentFile& file) {
-    auto& form = editor_.form();
+void AgentReader::readAdditionalConditions(const AgentPlist& file) {
+    auto& form = host_.form();
     const Value* atLoad = find(file, "RunAtLoad");
-    if (atLoad && truth(*atLoad) &&
+    if (atLoad && toBool(*atLoad) &&
         form.agentScheduleTypeButton.selectedItem != ScheduleType::AtLoad) {
         form.alsoRunAtLoadCheckbox.state = CheckState::On;
         form.alsoRunAtLoadCheckbox.enabled = true;
-        editor_.openAdvancedDrawer();
+        host_.openAdvancedDrawer();
     }
     const Value* onMount = find(file, "StartOnMount");
-    if (onMount && truth(*onMount) &&
+    if (onMount && toBool(*onMount) &&
         form.agentActionButton.selectedItem != AgentAction::VolumeMounted) {
         form.alsoRunVolumeCheckbox.state = CheckState::On;
-        editor_.openAdvancedDrawer();
+        host_.openAdvancedDrawer();
     }
     const Value* paths = find(file, "WatchPaths");
     if (paths && form.agentActionButton.selectedItem != AgentAction::PathModified) {
         const auto& array = paths->asArray();
         showPath(form.alsoRunPathChangeImageWell, array.empty() ? nullptr : &array.back());
         form.alsoRunPathChangeCheckbox.state = CheckState::On;
-        editor_.openAdvancedDrawer();
+        host_.openAdvancedDrawer();
     }
 }
 

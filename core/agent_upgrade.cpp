@@ -9,8 +9,8 @@ namespace frimbolate {
 UpgradedNames upgradedNames(std::string_view oldPath) {
     // Everywhere in the path, not only in the file name.
     const auto path = replacedAll(oldPath, "fr\u0131mbolate", "frimbolate");
-    const std::string fileName(lastPiece(path, "/"));
-    return {fileName, std::string(labelPrefix) + bareAgentName(fileName)};
+    const std::string fileName(afterLast(path, "/"));
+    return {fileName, std::string(labelPrefix) + agentNameFromLabel(fileName)};
 }
 
 } // namespace frimbolate

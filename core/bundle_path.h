@@ -13,7 +13,7 @@ inline constexpr std::string_view executableFolder = "/Contents/MacOS/";
 
 /// The path of the bundle that an executable lies in; any other path as it is.
 inline std::string_view bundlePath(std::string_view executablePath) {
-    return firstPiece(executablePath, executableFolder);
+    return beforeFirst(executablePath, executableFolder);
 }
 
 } // namespace frimbolate

@@ -1,6 +1,6 @@
 #include "core/conversions.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 
 #include <cmath>
 #include <limits>
@@ -23,8 +23,8 @@ bool skipBlanksAndSign(std::string_view& text) {
 }
 
 [[noreturn]] void raiseNoNumber(const Value& value) {
-    throw Failure("Unexpected value",
-                  "Expected a text or a number, found a " + std::string(value.kind()));
+    throw NamedError("Unexpected value",
+                     "Expected a text or a number, found a " + std::string(value.kind()));
 }
 
 std::int64_t integerOf(double number) {
@@ -61,7 +61,7 @@ std::int32_t truncatedTo32Bits(std::int64_t number) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
 }
 
-bool truthOfText(std::string_view text) {
+bool parseBool(std::string_view text) {
     skipBlanksAndSign(text);
     while (text.starts_with('0'))
         text.remove_prefix(1);
@@ -71,7 +71,7 @@ bool truthOfText(std::string_view text) {
     return c == 'Y' || c == 'y' || c == 'T' || c == 't' || (c >= '1' && c <= '9');
 }
 
-bool truth(const Value& value) {
+bool toBool(const Value& value) {
     if (const auto* boolean = value.boolean())
         return *boolean;
     if (const auto* number = value.integer())
@@ -81,13 +81,15 @@ bool truth(const Value& value) {
     if (const auto* number = value.real())
         return *number != 0.0;
     if (const auto* text = value.string())
-        return truthOfText(*text);
+        return parseBool(*text);
     raiseNoNumber(value);
 }
 
-bool isTrue(const Value& value) { return (value.string() || value.isNumber()) && truth(value); }
+bool toBoolOrFalse(const Value& value) {
+    return (value.string() || value.isNumber()) && toBool(value);
+}
 
-std::int64_t integerValue(const Value& value) {
+std::int64_t toInteger(const Value& value) {
     if (const auto* boolean = value.boolean())
         return *boolean ? 1 : 0;
     if (const auto* number = value.integer())
@@ -107,12 +109,12 @@ std::string textOf(const Value& value) {
     raiseNoNumber(value);
 }
 
-std::string_view lastPiece(std::string_view text, std::string_view separator) {
+std::string_view afterLast(std::string_view text, std::string_view separator) {
     const auto last = text.rfind(separator);
     return last == std::string_view::npos ? text : text.substr(last + separator.size());
 }
 
-std::string_view firstPiece(std::string_view text, std::string_view separator) {
+std::string_view beforeFirst(std::string_view text, std::string_view separator) {
     return text.substr(0, text.find(separator));
 }
 

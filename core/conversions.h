@@ -17,32 +17,32 @@ std::int64_t leadingInteger(std::string_view text);
 std::int32_t truncatedTo32Bits(std::int64_t number);
 
 /// A text is true when, after blanks, a sign and zeros, it goes on with Y, y, T, t or 1 to 9.
-bool truthOfText(std::string_view text);
+bool parseBool(std::string_view text);
 
 /// The truth of a boolean, a number (not zero) or a text.
-/// \throws Failure for data, dates, arrays and dictionaries, which have none.
-bool truth(const Value& value);
+/// \throws NamedError for data, dates, arrays and dictionaries, which have none.
+bool toBool(const Value& value);
 
 /// The same where it must not raise: what has no truth is not true.
-bool isTrue(const Value& value);
+bool toBoolOrFalse(const Value& value);
 
 /// The integer of a boolean, a number (fractions cut off) or a text.
-/// \throws Failure for data, dates, arrays and dictionaries, which have none.
-std::int64_t integerValue(const Value& value);
+/// \throws NamedError for data, dates, arrays and dictionaries, which have none.
+std::int64_t toInteger(const Value& value);
 
 /// A text as it is, or the decimal text of a number.
-/// \throws Failure for data, dates, arrays and dictionaries.
+/// \throws NamedError for data, dates, arrays and dictionaries.
 std::string textOf(const Value& value);
 
 /// What follows the last separator, or the whole text where there is none.
-std::string_view lastPiece(std::string_view text, std::string_view separator);
+std::string_view afterLast(std::string_view text, std::string_view separator);
 
 /// What stands before the first separator, or the whole text where there is none.
-std::string_view firstPiece(std::string_view text, std::string_view separator);
+std::string_view beforeFirst(std::string_view text, std::string_view separator);
 
 /// The text without any occurrence of a part, or with each replaced.
 std::string replacedAll(std::string_view text, std::string_view part, std::string_view by);
-inline std::string without(std::string_view text, std::string_view part) {
+inline std::string removeAll(std::string_view text, std::string_view part) {
     return replacedAll(text, part, "");
 }
 

@@ -23,7 +23,7 @@ AgentForm agentForm(const FormModel& model) {
     // The globbing box alone counts the mixed state as on.
     form.enableGlobbing = model.enableGlobbingCheckbox.state != CheckState::Off;
     form.priorityLevel = model.priorityLevelButton.selectedItem;
-    form.niceLevel = integerValue(Value(model.niceLevelSlider.value));
+    form.niceLevel = toInteger(Value(model.niceLevelSlider.value));
     form.standardInPath = model.standardInPathField.stringValue;
     form.standardOutPath = model.standardOutPathField.stringValue;
     form.standardErrorPath = model.standardErrorPathField.stringValue;

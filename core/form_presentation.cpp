@@ -3,7 +3,7 @@
 #include "core/command_warning.h"
 #include "core/conversions.h"
 #include "core/launchctl_command.h"
-#include "core/schedule_words.h"
+#include "core/schedule_text.h"
 
 namespace frimbolate {
 
@@ -24,7 +24,7 @@ std::string unreadableTime(const FormModel& model, ClockFormat clock) {
 
 CommandPresentation presentCommand(const std::string& command) {
     const auto path = pathOfCommand(command);
-    return {isUnloadCommand(command), std::string(lastPiece(path, "/")), commandWarning(path)};
+    return {isUnloadCommand(command), std::string(afterLast(path, "/")), commandWarning(path)};
 }
 
 } // namespace
@@ -33,7 +33,7 @@ FormPresentation present(const FormModel& model, const TextStyle& style) {
     FormPresentation result;
     result.record = agentForm(model);
     result.faults = validate(result.record);
-    result.summary = planSentence(result.record, result.faults, style);
+    result.summary = summary(result.record, result.faults, style);
     result.unreadableTime = unreadableTime(model, style.clock);
     result.command = presentCommand(model.actionScriptTextView.string);
 

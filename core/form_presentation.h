@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/form_model.h"
-#include "core/sentences.h"
+#include "core/form_summary.h"
 #include "core/validation.h"
 
 #include <array>

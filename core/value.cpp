@@ -1,6 +1,6 @@
 #include "core/value.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "core/value_text.h"
 
 #include <array>
@@ -10,8 +10,8 @@ namespace frimbolate {
 namespace {
 
 [[noreturn]] void raiseUnexpected(const Value& value, std::string_view wanted) {
-    throw Failure("Unexpected value",
-                  "Expected a " + std::string(wanted) + ", found a " + std::string(value.kind()));
+    throw NamedError("Unexpected value", "Expected a " + std::string(wanted) + ", found a " +
+                                             std::string(value.kind()));
 }
 
 bool isBareWord(std::string_view text) {

@@ -1,7 +1,7 @@
 // The value type of property lists: what a key of an agent file or of the preferences can hold.
 //
 // A Value is a regular type: it copies, compares and prints like an int. Accessors that return a
-// pointer say "not that kind" with nullptr; those named as...() raise a Failure instead, for the
+// pointer say "not that kind" with nullptr; those named as...() raise a NamedError instead, for the
 // places where a wrong type must fail the step it is met in.
 #pragma once
 
@@ -72,7 +72,7 @@ class Value {
     /// The plain name of the kind held, for messages: "string", "boolean", "array" …
     std::string_view kind() const;
 
-    /// \throws Failure "Unexpected value" when the value is of another kind.
+    /// \throws NamedError "Unexpected value" when the value is of another kind.
     const std::string& asString() const;
     const Array& asArray() const;
     const Dictionary& asDictionary() const;

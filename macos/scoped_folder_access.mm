@@ -1,6 +1,6 @@
 #import "macos/scoped_folder_access.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #import "macos/values.h"
 
 #include <map>
@@ -30,8 +30,8 @@ Data ScopedFolderAccess::createBookmark(const std::string& folder) {
                                             error:&error]
              : nil;
     if (!bookmark)
-        throw Failure("Bookmark not created",
-                      error ? textOf(error.localizedDescription) : "There is no folder " + folder);
+        throw NamedError("Bookmark not created", error ? textOf(error.localizedDescription)
+                                                       : "There is no folder " + folder);
     return bytesOf(bookmark);
 }
 

@@ -1,7 +1,7 @@
 #include "operations/agent_deletion.h"
 
 #include "operations/agent_panel.h"
-#include "operations/path_failure.h"
+#include "operations/path_errors.h"
 #include "settings/bookmark.h"
 
 namespace frimbolate {
@@ -39,9 +39,9 @@ void AgentDeletion::remove(const std::string& path) {
         services_.files.remove(path);
         if (services_.files.exists(path))
             throw pathNotDeletable(path);
-    } catch (const Failure& failure) {
+    } catch (const NamedError& error) {
         services_.alerts.show(
-            {"An error occurred and the launch agent could not be deleted.", failure.reason()});
+            {"An error occurred and the launch agent could not be deleted.", error.reason()});
     }
 }
 

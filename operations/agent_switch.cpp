@@ -1,9 +1,9 @@
 #include "operations/agent_switch.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "operations/agent_panel.h"
-#include "operations/path_failure.h"
+#include "operations/path_errors.h"
 #include "settings/bookmark.h"
 
 namespace frimbolate {
@@ -28,9 +28,9 @@ SheetAlert question(bool enable) {
 }
 
 /// A missing key counts as enabled, and what has no truth value as disabled.
-bool isEnabled(const AgentFile& agent) {
+bool isEnabled(const AgentPlist& agent) {
     const Value* enabled = find(agent, enabledKey);
-    return !enabled || isTrue(*enabled);
+    return !enabled || toBoolOrFalse(*enabled);
 }
 
 } // namespace
@@ -49,18 +49,18 @@ void AgentSwitch::agentChosen(const std::string& path, const Folder& folder) {
     try {
         auto agent = services_.files.readDictionary(path);
         if (!agent)
-            throw Failure("Agent is not readable",
-                          "The chosen agent " + path + " is not accessible");
+            throw NamedError("Agent is not readable",
+                             "The chosen agent " + path + " is not accessible");
         const bool enable = !isEnabled(*agent);
         confirm(path, folder, std::move(*agent), enable);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         services_.log.line("Error occurred while reading the launch agent!");
         services_.alerts.show({"The launch agent could not be read.",
                                "It may be corrupted or missing values for some of its keys."});
     }
 }
 
-void AgentSwitch::confirm(const std::string& path, const Folder& folder, AgentFile agent,
+void AgentSwitch::confirm(const std::string& path, const Folder& folder, AgentPlist agent,
                           bool enable) {
     services_.alerts.show(
         question(enable),
@@ -73,13 +73,13 @@ void AgentSwitch::confirm(const std::string& path, const Folder& folder, AgentFi
         }));
 }
 
-void AgentSwitch::write(const std::string& path, const AgentFile& agent, bool enable) {
+void AgentSwitch::write(const std::string& path, const AgentPlist& agent, bool enable) {
     try {
         if (!services_.files.isWritable(path))
             throw pathNotWritable(path);
         if (!services_.files.writeDictionary(path, agent))
             throw pathNotWritable(path);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         services_.log.line("Error occurred while saving the launch agent!");
         services_.log.line("Path: " + path);
         services_.log.line("Agent content: " + description(agent));

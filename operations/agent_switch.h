@@ -1,7 +1,7 @@
 // Switches an agent on or off through the "Enabled" key of its file.
 #pragma once
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "platform/lifetime.h"
 #include "platform/services.h"
 
@@ -19,8 +19,8 @@ class AgentSwitch {
   private:
     using Folder = std::optional<std::string>;
     void agentChosen(const std::string& path, const Folder& folder);
-    void confirm(const std::string& path, const Folder& folder, AgentFile agent, bool enable);
-    void write(const std::string& path, const AgentFile& agent, bool enable);
+    void confirm(const std::string& path, const Folder& folder, AgentPlist agent, bool enable);
+    void write(const std::string& path, const AgentPlist& agent, bool enable);
 
     Services& services_;
     Lifetime lifetime_;

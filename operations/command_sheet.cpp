@@ -21,13 +21,13 @@ void CommandSheet::chooseAgent(std::string message, std::string (*compose)(std::
         lifetime_.whileAlive([this, folder, compose](const std::optional<std::string>& path) {
             if (!path)
                 return; // access deliberately stays begun
-            put(compose(*path));
+            setCommand(compose(*path));
             show();
             FolderGrant(services_).close(folder);
         }));
 }
 
-void CommandSheet::put(const std::string& command) {
+void CommandSheet::setCommand(const std::string& command) {
     form_.actionScriptTextView.string = command;
     form_.actionScriptTextView.editable = false;
     evaluateAutoCopyScripts(command);

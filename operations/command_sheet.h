@@ -23,7 +23,7 @@ class CommandSheet {
 
     /// Puts a command on the sheet. From here until the sheet is closed it counts as pending, and
     /// the preferences are out of reach.
-    void put(const std::string& command);
+    void setCommand(const std::string& command);
     void evaluateAutoCopyScripts(const std::string& command);
     /// Copies the command that the sheet shows, byte for byte.
     void copyCommand();

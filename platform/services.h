@@ -42,7 +42,7 @@ class Files {
     virtual std::optional<Dictionary> readDictionary(const std::string& path) = 0;
     /// Writes an XML property list so that the file is either whole and new or, byte for byte, as
     /// it was. Returns whether it was written.
-    /// \throws Failure "Unwritable content" when a text or date has no form that every reader
+    /// \throws NamedError "Unwritable content" when a text or date has no form that every reader
     /// reads back.
     virtual bool writeDictionary(const std::string& path, const Dictionary& dictionary) = 0;
 };
@@ -61,7 +61,7 @@ class FolderAccess {
   public:
     virtual ~FolderAccess() = default;
     /// A bookmark that finds the folder again after a restart.
-    /// \throws Failure when none can be made.
+    /// \throws NamedError when none can be made.
     virtual Data createBookmark(const std::string& folder) = 0;
     /// The folder's path, or nothing when the bookmark cannot be resolved.
     virtual std::optional<std::string> resolve(const Data& bookmark) = 0;

@@ -1,6 +1,6 @@
 #include "plist/binary_reader.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/binary_scalars.h"
 #include "plist/limits.h"
 #include "plist/value_builder.h"
@@ -17,7 +17,7 @@ constexpr std::size_t trailerSize = 32;
 /// A node of the sorted map around one entry, and what the allocator adds to an allocation.
 constexpr std::size_t nodeOverhead = 48;
 
-[[noreturn]] void fail(const std::string& reason) { throw Failure(unreadablePlist, reason); }
+[[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
 
 struct Trailer {
     explicit Trailer(std::string_view file);

@@ -25,7 +25,7 @@ std::optional<std::string> binaryPlistFault(std::string_view bytes);
 /// the first one holds; a UID is read as {"CF$UID": number}. Refused are the kinds that Value
 /// cannot hold: null, sets, integers outside of INT64_MIN to UINT64_MAX, texts with half a
 /// surrogate pair, and dates that are no number.
-/// \throws Failure "Unreadable property list" with the reason
+/// \throws NamedError "Unreadable property list" with the reason
 Value readBinaryPlist(std::string_view bytes);
 
 } // namespace frimbolate

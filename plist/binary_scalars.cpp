@@ -1,6 +1,6 @@
 #include "plist/binary_scalars.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/text_encoding.h"
 
@@ -14,7 +14,7 @@ namespace {
 /// Dates count from 2001-01-01T00:00:00Z.
 constexpr double referenceDate = 978307200;
 
-[[noreturn]] void fail(const std::string& reason) { throw Failure(unreadablePlist, reason); }
+[[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
 
 /// Whether nothing stands before the last eight bytes.
 bool fits64Bits(std::string_view bytes) {

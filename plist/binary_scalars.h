@@ -65,7 +65,7 @@ struct BinaryObject {
 };
 
 /// A position among the objects. Every step is checked against their end.
-/// \throws Failure "Unreadable property list"
+/// \throws NamedError "Unreadable property list"
 class BinaryCursor {
   public:
     BinaryCursor(std::string_view objects, std::size_t offset)
@@ -106,11 +106,11 @@ class BinaryCursor {
 
 /// The value of an object that is neither container, text nor data, with the cursor behind its
 /// marker.
-/// \throws Failure "Unreadable property list"
+/// \throws NamedError "Unreadable property list"
 Value readBinaryScalar(BinaryObject object, BinaryCursor in);
 
 /// The text of the bytes of a text object.
-/// \throws Failure "Unreadable property list"
+/// \throws NamedError "Unreadable property list"
 std::string decodeBinaryText(BinaryKind kind, std::string_view bytes);
 
 } // namespace frimbolate

@@ -6,7 +6,7 @@
 
 namespace frimbolate {
 
-/// The name of the Failure that every reader raises.
+/// The name of the NamedError that every reader raises.
 inline constexpr const char* unreadablePlist = "Unreadable property list";
 
 /// The largest file that is read, in bytes.

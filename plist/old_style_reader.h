@@ -15,7 +15,7 @@ namespace frimbolate {
 /// - C and C++ comments; a file of nothing but blanks and comments is an empty dictionary;
 /// - of a key that occurs twice the last one holds.
 /// \param text UTF-8
-/// \throws Failure "Unreadable property list" with the reason and the line
+/// \throws NamedError "Unreadable property list" with the reason and the line
 Value readOldStylePlist(std::string_view text);
 
 } // namespace frimbolate

@@ -1,6 +1,6 @@
 #include "plist/property_list_reader.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/binary_reader.h"
 #include "plist/limits.h"
 #include "plist/old_style_reader.h"
@@ -24,12 +24,12 @@ Value readTextForm(std::string_view bytes) {
     try {
         TextCursor in(text);
         return readXmlPlist(in);
-    } catch (const Failure& failure) {
+    } catch (const NamedError& error) {
         // "<0fbd77>" is data of the older form; every other file has been meant as XML.
         try {
             return readOldStylePlist(text);
-        } catch (const Failure&) {
-            throw failure;
+        } catch (const NamedError&) {
+            throw error;
         }
     }
 }
@@ -38,9 +38,9 @@ Value readTextForm(std::string_view bytes) {
 
 Value readPropertyList(std::string_view bytes) {
     if (bytes.size() > maximumPlistBytes)
-        throw Failure(unreadablePlist, "it is over 16 MiB");
+        throw NamedError(unreadablePlist, "it is over 16 MiB");
     if (bytes.empty())
-        throw Failure(unreadablePlist, "it is empty");
+        throw NamedError(unreadablePlist, "it is empty");
     const auto fault = binaryPlistFault(bytes);
     if (!fault)
         return readBinaryPlist(bytes);
@@ -49,8 +49,8 @@ Value readPropertyList(std::string_view bytes) {
     // Without an intact trailer the magic may as well be a word of an older form.
     try {
         return readTextForm(bytes);
-    } catch (const Failure&) {
-        throw Failure(unreadablePlist, *fault);
+    } catch (const NamedError&) {
+        throw NamedError(unreadablePlist, *fault);
     }
 }
 

@@ -18,7 +18,7 @@ namespace frimbolate {
 /// A UID is read as the dictionary {"CF$UID": number}, which is its XML form.
 ///
 /// Takes time linear in the size, and memory of at most `maximumPlistMemory()` (plist/limits.h).
-/// \throws Failure "Unreadable property list". The reason of a text form ends with the line it
+/// \throws NamedError "Unreadable property list". The reason of a text form ends with the line it
 ///         was met in, "… (line 12)".
 Value readPropertyList(std::string_view bytes);
 

@@ -113,7 +113,7 @@ double convertedByStream(std::string_view number, const Decimal& decimal) {
     stream.imbue(std::locale::classic());
     double result = 0;
     stream >> result;
-    // Some libraries tell of a denormal number as of a failure, and yet give it.
+    // Some libraries tell of a denormal number as of a error, and yet give it.
     const bool isDenormal = result > 0 && result < std::numeric_limits<double>::min();
     return stream.fail() && !isDenormal ? limitOf(decimal) : result;
 }

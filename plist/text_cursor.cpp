@@ -1,6 +1,6 @@
 #include "plist/text_cursor.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 
 namespace frimbolate {
@@ -21,8 +21,8 @@ std::size_t lineOf(std::string_view text, std::size_t position) {
 } // namespace
 
 void TextCursor::failAt(std::size_t position, const std::string& reason) const {
-    throw Failure(unreadablePlist,
-                  reason + " (line " + std::to_string(lineOf(text_, position)) + ")");
+    throw NamedError(unreadablePlist,
+                     reason + " (line " + std::to_string(lineOf(text_, position)) + ")");
 }
 
 void TextCursor::failUnexpected(const std::string& wanted) const {

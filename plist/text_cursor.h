@@ -59,7 +59,7 @@ class TextCursor {
 
     static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-    /// \throws Failure with the reason and the line of a position, counted from one.
+    /// \throws NamedError with the reason and the line of a position, counted from one.
     [[noreturn]] void failAt(std::size_t position, const std::string& reason) const;
     [[noreturn]] void fail(const std::string& reason) const { failAt(position_, reason); }
     /// "it ends too early" at the end of the text, else which character stands here.

@@ -1,6 +1,6 @@
 #include "plist/text_encoding.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/text_cursor.h"
 
@@ -26,7 +26,7 @@ enum class Encoding {
 
 constexpr bool isSurrogate(char32_t unit) { return unit >= 0xd800 && unit <= 0xdfff; }
 
-[[noreturn]] void fail(const std::string& reason) { throw Failure(unreadablePlist, reason); }
+[[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
 
 struct ByteOrderMark {
     std::string_view bytes;

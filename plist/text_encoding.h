@@ -28,7 +28,7 @@ class DecodedText {
 /// The text of a file. A byte order mark decides on the encoding and is left out, else the XML
 /// header does, else the file is in UTF-8. A text in UTF-8 is not checked here: XML asks for
 /// valid characters only inside texts and keys.
-/// \throws Failure where the declared encoding is not known or the bytes are not of it
+/// \throws NamedError where the declared encoding is not known or the bytes are not of it
 DecodedText decodeText(std::string_view bytes);
 
 /// A text in UTF-16 as UTF-8; nothing where it holds half a character.

@@ -17,7 +17,7 @@ namespace frimbolate {
 /// - <integer>, <date> and <data> hold plain characters only;
 /// - of a key that occurs twice the last one holds.
 /// \param in at the beginning of the text; left behind the root
-/// \throws Failure "Unreadable property list" with the reason and the line
+/// \throws NamedError "Unreadable property list" with the reason and the line
 Value readXmlPlist(TextCursor& in);
 
 } // namespace frimbolate

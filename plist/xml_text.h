@@ -9,7 +9,7 @@ namespace frimbolate {
 
 /// Reads references to characters, CDATA sections and all else up to a tag, and leaves the cursor
 /// in front of it. The text is valid UTF-8, without a leading U+FEFF.
-/// \throws Failure with the reason and the line
+/// \throws NamedError with the reason and the line
 std::string readXmlText(TextCursor& in);
 
 } // namespace frimbolate

@@ -1,6 +1,6 @@
 #include "plist/xml_writer.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/written_scalars.h"
 
 #include <algorithm>
@@ -20,7 +20,8 @@ constexpr bool isEscaped(char c) { return c == '&' || c == '<' || c == '>' || c 
 
 void appendEscaped(std::string& result, std::string_view text) {
     if (const auto reason = reasonUnwritable(text))
-        throw Failure("Unwritable content", "A text of this content cannot be written: " + *reason);
+        throw NamedError("Unwritable content",
+                         "A text of this content cannot be written: " + *reason);
     for (;;) {
         const auto* const plainEnd = std::find_if(text.begin(), text.end(), isEscaped);
         result.append(text.begin(), plainEnd);
@@ -133,7 +134,7 @@ void Writer::write(const Data& data) {
 void Writer::write(Date date) {
     const auto text = plistTextOf(date);
     if (!text)
-        throw Failure("Unwritable content", "A date lies outside of the years 1 to 9999");
+        throw NamedError("Unwritable content", "A date lies outside of the years 1 to 9999");
     element("date", *text);
 }
 

@@ -1,6 +1,6 @@
 #include "posix/path_folder_access.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 
 #include <sys/stat.h>
 
@@ -21,7 +21,7 @@ bool isFolder(const std::string& path) {
 
 Data PathFolderAccess::createBookmark(const std::string& folder) {
     if (!isFolder(folder))
-        throw Failure("Bookmark not created", "There is no folder " + folder);
+        throw NamedError("Bookmark not created", "There is no folder " + folder);
     const std::string text = std::string(tag) + folder;
     return Data{{text.begin(), text.end()}};
 }

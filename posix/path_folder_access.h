@@ -7,7 +7,7 @@ namespace frimbolate {
 
 class PathFolderAccess : public FolderAccess {
   public:
-    /// \throws Failure "Bookmark not created" when the path is not that of an existing folder.
+    /// \throws NamedError "Bookmark not created" when the path is not that of an existing folder.
     Data createBookmark(const std::string& folder) override;
     /// Nothing for a bookmark of another kind, and when the folder is gone.
     std::optional<std::string> resolve(const Data& bookmark) override;

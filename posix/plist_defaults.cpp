@@ -1,6 +1,6 @@
 #include "posix/plist_defaults.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/xml_writer.h"
 #include "posix/property_list_file.h"
 
@@ -80,8 +80,8 @@ void PlistDefaults::set(std::string_view key, Value value) {
     const std::string name(key);
     try {
         static_cast<void>(xmlPropertyList({{name, value}}));
-    } catch (const Failure& failure) {
-        log_.line("Could not keep preference " + name + ": " + failure.reason());
+    } catch (const NamedError& error) {
+        log_.line("Could not keep preference " + name + ": " + error.reason());
         return;
     }
     pending_.insert_or_assign(name, std::move(value));
@@ -186,8 +186,8 @@ bool PlistDefaults::write() {
     std::optional<std::string> trouble;
     try {
         trouble = writePropertyListFile(path_, merged, 0600);
-    } catch (const Failure& failure) {
-        trouble = failure.reason();
+    } catch (const NamedError& error) {
+        trouble = error.reason();
     }
     if (trouble) {
         tell("Could not write the preferences " + path_ + ": " + *trouble);

@@ -1,6 +1,6 @@
 #include "posix/property_list_file.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
@@ -46,8 +46,8 @@ PropertyListFile parsed(const std::string& bytes) {
             return {FileCondition::read, *dictionary, {}};
         return refused(FileCondition::damaged,
                        "it holds no dictionary, but: " + std::string(value.kind()));
-    } catch (const Failure& failure) {
-        return refused(FileCondition::damaged, failure.reason());
+    } catch (const NamedError& error) {
+        return refused(FileCondition::damaged, error.reason());
     }
 }
 

@@ -29,7 +29,7 @@ PropertyListFile readPropertyListFile(const std::string& path);
 
 /// Writes an XML property list atomically (see atomic_file.h).
 /// \returns nothing, or why the file is as it was before
-/// \throws Failure "Unwritable content" when a text holds what no XML file can hold
+/// \throws NamedError "Unwritable content" when a text holds what no XML file can hold
 std::optional<std::string> writePropertyListFile(const std::string& path,
                                                  const Dictionary& dictionary,
                                                  mode_t newFileMode = 0644);

@@ -1,7 +1,7 @@
 #include "settings/bookmark.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "settings/preferences.h"
 
 namespace frimbolate {
@@ -63,11 +63,11 @@ void BookmarkClass::startAccessingBookmark() {
     try {
         const auto bookmark = storedBookmark(services_);
         if (!bookmark)
-            throw Failure("Bookmark not found", "Key Not Found in Plist");
+            throw NamedError("Bookmark not found", "Key Not Found in Plist");
         // What the bookmark leads to is not examined: access to nothing is begun and logged too.
         services_.folderAccess.begin(services_.folderAccess.resolve(*bookmark));
         services_.log.line("Found bookmark: " + description(*bookmark));
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         services_.log.line("ERROR WITH ACCESSING BOOKMARK");
         scopeABookmarkWithWindow();
     }
@@ -138,10 +138,10 @@ void BookmarkClass::createBookmark(const std::string& folder) {
         services_.log.line("Created bookmark: " + description(bookmark));
         services_.defaults.synchronize();
         services_.defaults.set(PreferenceKey::bookmark, bookmark);
-    } catch (const Failure& failure) {
+    } catch (const NamedError& error) {
         services_.log.line("Error creating bookmark for URL (" + fileUrl(folder) +
-                           "): " + failure.reason());
-        services_.application.presentError(failure.reason());
+                           "): " + error.reason());
+        services_.application.presentError(error.reason());
     }
 }
 

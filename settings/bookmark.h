@@ -32,7 +32,7 @@ class BookmarkClass {
     void startAccessingBookmark();
     /// Asks for the folder until one is chosen or the person quits.
     void scopeABookmarkWithWindow();
-    /// Makes the bookmark of a folder and stores it; a failure is logged and shown.
+    /// Makes the bookmark of a folder and stores it; a error is logged and shown.
     void createBookmark(const std::string& folder);
     /// Ends access. No operation calls it: each closes its own.
     void stopAccessingBookmark();

@@ -11,7 +11,7 @@ bool LoadedAgentWarning::isSuppressed() {
     const auto warns = services_.defaults.object(PreferenceKey::warnForDelete);
     // What can be neither true nor false was not stored to silence the warning.
     const bool hasTruth = warns && (warns->string() || warns->isNumber());
-    return hasTruth && !truth(*warns);
+    return hasTruth && !toBool(*warns);
 }
 
 void LoadedAgentWarning::show(const std::function<void()>& goOn, const std::string& cancelLine) {

@@ -24,7 +24,7 @@
 
 namespace frimbolate {
 
-class AppDelegate : private ReaderEditor {
+class AppDelegate : private AgentReaderHost {
   public:
     explicit AppDelegate(Services services);
     ~AppDelegate() override;
@@ -87,8 +87,8 @@ class AppDelegate : private ReaderEditor {
     // Editing, and upgrading agents of the earlier version
     void editLaunchAgent();
     void continueEditingAgent();
-    void lookForAdvancedKeys(const AgentFile& file) override;
-    void chooseUpgradePath(const AgentFile& agent, const std::string& fileName,
+    void lookForAdvancedKeys(const AgentPlist& file) override;
+    void chooseUpgradePath(const AgentPlist& agent, const std::string& fileName,
                            const std::string& oldPath);
 
     // Existing agents
@@ -116,7 +116,7 @@ class AppDelegate : private ReaderEditor {
   private:
     using Folder = std::optional<std::string>;
 
-    // ReaderEditor, but for the actions above
+    // AgentReaderHost, but for the actions above
     void log(const std::string& line) override { services_.log.line(line); }
     void showAlertThatResets(const std::string& message, const std::string& text) override;
     std::optional<Value> preference(std::string_view key) override;
@@ -136,14 +136,15 @@ class AppDelegate : private ReaderEditor {
     void additionalWatchPathChosen(const std::optional<std::string>& path);
 
     void saveAgent(const SaveLocation& location);
-    AgentFile loggedAgentFile(const SaveLocation& location);
+    AgentPlist buildLoggedAgentPlist(const SaveLocation& location);
     void showSuccess();
     void showSaveFailure();
 
     void readAgent(const std::string& path, const Folder& folder);
     void askForUpgrade(const std::string& path);
     void upgrade(const std::string& oldPath);
-    void writeUpgraded(const AgentFile& agent, const std::string& path, const std::string& oldPath);
+    void writeUpgraded(const AgentPlist& agent, const std::string& path,
+                       const std::string& oldPath);
     void moveToTrash(const std::string& oldPath);
 
     void startAccessingFolder();

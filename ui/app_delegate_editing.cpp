@@ -1,7 +1,7 @@
 // Opening an existing agent: the questions before, the choice of the file, and its reading.
 #include "ui/app_delegate.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "operations/agent_panel.h"
 
 namespace frimbolate {
@@ -56,16 +56,16 @@ void AppDelegate::readAgent(const std::string& path, const Folder& folder) {
     try {
         const auto agent = services_.files.readDictionary(path);
         if (!agent)
-            throw Failure("Agent is not readable", "The file holds no property list");
+            throw NamedError("Agent is not readable", "The file holds no property list");
         AgentReader(*this).read(*agent);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         showAlertThatResets("The launch agent could not be read.",
                             "The agent may be corrupted or missing values for some of its keys.");
     }
     folderGrant_.close(folder);
 }
 
-void AppDelegate::lookForAdvancedKeys(const AgentFile& file) {
+void AppDelegate::lookForAdvancedKeys(const AgentPlist& file) {
     AgentReader(*this).lookForAdvancedKeys(file);
 }
 

@@ -4,7 +4,7 @@
 // selected item asks for; what a rule does not name, it leaves as it was.
 #include "ui/app_delegate.h"
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/bundle_path.h"
 #include "core/conversions.h"
 #include "core/form_widths.h"
@@ -184,7 +184,7 @@ void AppDelegate::chooseAgentSchedule() {
 }
 
 void AppDelegate::niceLevelSliderValueChanged() {
-    const auto level = truncatedTo32Bits(integerValue(Value(form_.niceLevelSlider.value)));
+    const auto level = truncatedTo32Bits(toInteger(Value(form_.niceLevelSlider.value)));
     form_.niceLevelTextField.stringValue = std::to_string(level);
 }
 

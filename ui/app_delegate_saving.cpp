@@ -2,9 +2,9 @@
 #include "ui/app_delegate.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "core/validation.h"
-#include "operations/path_failure.h"
+#include "operations/path_errors.h"
 
 namespace frimbolate {
 
@@ -52,27 +52,27 @@ void AppDelegate::saveLaunchAgent() {
 
 void AppDelegate::saveAgent(const SaveLocation& location) {
     const auto& path = location.path;
-    AgentFile agent;
+    AgentPlist agent;
     try {
         log("Saving launch agent, logging all saved values...");
-        agent = loggedAgentFile(location);
+        agent = buildLoggedAgentPlist(location);
         log("Path: " + path);
         if (!services_.files.isWritable(folderOf(path)))
             throw pathNotWritable(path);
         // Whether the write succeeded is not examined.
         services_.files.writeDictionary(path, agent);
-        commandSheet_.put(loadCommand(path));
+        commandSheet_.setCommand(loadCommand(path));
         showSuccess();
-    } catch (const Failure& failure) {
+    } catch (const NamedError& error) {
         log("Error occurred while saving the launch agent!");
-        log(failure.reason());
+        log(error.reason());
         log("Path: " + path);
         log("Agent content: " + description(agent));
         showSaveFailure();
     }
 }
 
-AgentFile AppDelegate::loggedAgentFile(const SaveLocation& location) {
+AgentPlist AppDelegate::buildLoggedAgentPlist(const SaveLocation& location) {
     const auto form = agentForm(form_);
     const auto label = labelForFileName(location.nameFieldStringValue);
     log("Agent label key: " + label);
@@ -80,7 +80,7 @@ AgentFile AppDelegate::loggedAgentFile(const SaveLocation& location) {
     if (form.targetType == TargetType::File)
         log("Creating agent arguments, last path component is: " +
             std::string(targetExtension(form.targetPath)));
-    return agentFile(form, label);
+    return buildAgentPlist(form, label);
 }
 
 void AppDelegate::showSuccess() {

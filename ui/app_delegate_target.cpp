@@ -1,9 +1,9 @@
 // What the agent launches, and the additional path that it watches.
 #include "ui/app_delegate.h"
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/bundle_path.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "core/script_types.h"
 
 namespace frimbolate {
@@ -87,16 +87,17 @@ void AppDelegate::chooseExecutableOf(const std::string& bundle) {
         const auto info = services_.files.readDictionary(bundle + "/Contents/Info.plist");
         const Value* name = info ? find(*info, "CFBundleExecutable") : nullptr;
         if (!name)
-            throw Failure("Missing value", "The application names no executable");
+            throw NamedError("Missing value", "The application names no executable");
         const auto executable = bundle + std::string(executableFolder).append(name->asString());
         log("PATH TO EXECUTABLE: " + executable);
         if (!services_.files.exists(executable)) {
             log("Executable does not exist!!");
-            throw Failure("Executable does not exist", "Could not find executable: " + executable);
+            throw NamedError("Executable does not exist",
+                             "Could not find executable: " + executable);
         }
         log("Executable does exist and will be used");
         form_.agentTargetImageWell.toolTip = executable;
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         log("exception raised.");
         services_.alerts.show(
             {"This application may be corrupted or may not conform to the bundle structure "

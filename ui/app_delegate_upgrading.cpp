@@ -2,8 +2,8 @@
 #include "ui/app_delegate.h"
 
 #include "core/agent_upgrade.h"
-#include "core/failure.h"
-#include "operations/path_failure.h"
+#include "core/named_error.h"
+#include "operations/path_errors.h"
 
 namespace frimbolate {
 
@@ -41,7 +41,7 @@ void AppDelegate::upgrade(const std::string& oldPath) {
     chooseUpgradePath(*agent, names.fileName, oldPath);
 }
 
-void AppDelegate::chooseUpgradePath(const AgentFile& agent, const std::string& fileName,
+void AppDelegate::chooseUpgradePath(const AgentPlist& agent, const std::string& fileName,
                                     const std::string& oldPath) {
     SavePanel panel;
     panel.nameFieldStringValue = fileName;
@@ -57,7 +57,7 @@ void AppDelegate::chooseUpgradePath(const AgentFile& agent, const std::string& f
         }));
 }
 
-void AppDelegate::writeUpgraded(const AgentFile& agent, const std::string& path,
+void AppDelegate::writeUpgraded(const AgentPlist& agent, const std::string& path,
                                 const std::string& oldPath) {
     try {
         // The write's result does not decide what happens, only whether a file is there now.
@@ -70,7 +70,7 @@ void AppDelegate::writeUpgraded(const AgentFile& agent, const std::string& path,
             services_.files.remove(oldPath);
         else
             moveToTrash(oldPath);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         services_.alerts.show(
             {notUpgraded, "An unknown error occurred. Please make sure the agent is located in a "
                           "path accessible by Sandboxed applications."});

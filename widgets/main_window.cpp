@@ -110,7 +110,7 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     line->setContentsMargins(scaled(cardMargin + look::footDotSide + dotGap), 0, scaled(cardMargin),
                              0);
     auto* plan = new ElidedLabel(Qt::ElideRight, foot);
-    plan->setObjectName("planSentence");
+    plan->setObjectName("summary");
     line->addWidget(plan);
     mirror_.show([plan, foot](const FormModel&, const FormPresentation& presentation) {
         plan->setWholeText(text(presentation.summary.sentence));

@@ -1,5 +1,5 @@
 // The keys of the advanced drawer.
-#include "tests/core/recording_editor.h"
+#include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -151,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(Also, AdvancedKeys, testing::ValuesIn(additional()), Na
 
 /// All at once, in the order in which they are looked at.
 TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
-    RecordingEditor editor;
+    RecordingHost editor;
     const Value queue = Array{Value("/q")};
     AgentReader(editor).lookForAdvancedKeys({{"WatchPaths", Array{Value("/p")}},
                                              {"StartOnMount", true},
@@ -193,15 +193,15 @@ TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
 }
 
 /// Keeps the file whose advanced keys the reader wants read, and does not read them.
-class KeepingEditor : public RecordingEditor {
+class KeepingEditor : public RecordingHost {
   public:
-    void lookForAdvancedKeys(const AgentFile& file) override { files.push_back(file); }
-    std::vector<AgentFile> files;
+    void lookForAdvancedKeys(const AgentPlist& file) override { files.push_back(file); }
+    std::vector<AgentPlist> files;
 };
 
 TEST(AdvancedKeysTogether, AreReadByTheEditorBeforeTheReadingEnds) {
     KeepingEditor editor;
-    const AgentFile file = {
+    const AgentPlist file = {
         {"Label", "com.frimbolate.Backup"}, {"StartCalendarInterval", daily()}, {"Nice", 5}};
     AgentReader(editor).read(file);
     EXPECT_THAT(editor.files, testing::ElementsAre(file));
@@ -212,7 +212,7 @@ TEST(AdvancedKeysTogether, AreReadByTheEditorBeforeTheReadingEnds) {
 TEST(AdvancedKeysTogether, EndAtTheFirstThatFails) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
-        RecordingEditor editor(start.form);
+        RecordingHost editor(start.form);
         AgentReader(editor).lookForAdvancedKeys(
             {{"EnableGlobbing", true}, {"Nice", Array{}}, {"StandardInPath", "/i"}});
         EXPECT_EQ(editor.journal,
@@ -236,7 +236,7 @@ class PriorityDefault : public testing::TestWithParam<DefaultRow> {};
 
 TEST_P(PriorityDefault, OpensTheDrawerWhereItDiffers) {
     const auto& row = GetParam();
-    RecordingEditor editor;
+    RecordingHost editor;
     editor.preferences.erase("DefaultPriorityKey");
     if (row.standard)
         editor.preferences.emplace("DefaultPriorityKey", *row.standard);
@@ -265,7 +265,7 @@ INSTANTIATE_TEST_SUITE_P(Reader, PriorityDefault, testing::ValuesIn(priorityDefa
 TEST(GlobbingDefault, NeverOpensTheDrawer) {
     for (const char* standard : {"0", "1"})
         for (const bool globs : {false, true}) {
-            RecordingEditor editor;
+            RecordingHost editor;
             editor.preferences.insert_or_assign("DefaultGlobbingKey", Value(standard));
             AgentReader(editor).lookForAdvancedKeys({{"EnableGlobbing", globs}});
             EXPECT_EQ(editor.journal,

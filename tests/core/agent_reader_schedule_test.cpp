@@ -1,5 +1,5 @@
 // The schedule: calendar, interval, and what an agent without either is started by.
-#include "tests/core/recording_editor.h"
+#include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -326,9 +326,9 @@ TEST(TheTimeOfAFile, replacesATextThatCouldNotBeRead) {
     for (const Dictionary& schedule :
          {calendar(daily()), Dictionary{{"StartInterval", 60}}, Dictionary{{"RunAtLoad", true}},
           Dictionary{{"WatchPaths", Array{Value("/a")}}}}) {
-        RecordingEditor editor;
+        RecordingHost editor;
         editor.form().agentScheduleDatePicker.unreadableText = "25:00";
-        AgentFile file = {{"Label", "com.frimbolate.Backup"}};
+        AgentPlist file = {{"Label", "com.frimbolate.Backup"}};
         file.insert(schedule.begin(), schedule.end());
         AgentReader(editor).read(file);
         EXPECT_EQ(editor.form().agentScheduleDatePicker.unreadableText, std::nullopt)

@@ -1,8 +1,8 @@
 // Origin, name, target, action and run at load.
-#include "tests/core/recording_editor.h"
+#include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 
 #include <gmock/gmock.h>
 
@@ -47,13 +47,13 @@ struct NameRow {
 class BareName : public testing::TestWithParam<NameRow> {};
 
 TEST_P(BareName, IsTheLabelWithoutThreeParts) {
-    EXPECT_EQ(bareAgentName(GetParam().label), GetParam().expected);
+    EXPECT_EQ(agentNameFromLabel(GetParam().label), GetParam().expected);
 }
 
 TEST_P(BareName, IsWhatTheFormShows) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
-        RecordingEditor editor(start.form);
+        RecordingHost editor(start.form);
         AgentReader(editor).read({{"Label", Value(GetParam().label)}});
         EXPECT_EQ(editor.form().agentNameTextField.stringValue, GetParam().expected);
     }
@@ -82,11 +82,11 @@ INSTANTIATE_TEST_SUITE_P(Reader, BareName, testing::ValuesIn(bareNames), NamedAf
 TEST(AgentReader, HasNoNameWithoutALabel) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
-        RecordingEditor editor(start.form);
+        RecordingHost editor(start.form);
         try {
             AgentReader(editor).read({{"ProgramArguments", Array{Value("/a")}}});
             ADD_FAILURE() << "was read";
-        } catch (const Failure& failure) {
+        } catch (const NamedError& failure) {
             EXPECT_EQ(failure.name(), "Missing value");
             EXPECT_EQ(failure.reason(), "The agent has no label");
         }
@@ -209,10 +209,10 @@ std::vector<ReaderRow> actions() {
 INSTANTIATE_TEST_SUITE_P(Action, PrimaryKeys, testing::ValuesIn(actions()), NamedAfterRow());
 
 TEST(AgentReader, LeavesTheStepOfTheActionWhenAConditionHasNoTruth) {
-    RecordingEditor editor;
-    const AgentFile agent = {{"Label", "com.frimbolate.Backup"},
-                             {"KeepAlive", Dictionary{{"SuccessfulExit", Data{{1}}}}}};
-    EXPECT_THROW(AgentReader(editor).read(agent), Failure);
+    RecordingHost editor;
+    const AgentPlist agent = {{"Label", "com.frimbolate.Backup"},
+                              {"KeepAlive", Dictionary{{"SuccessfulExit", Data{{1}}}}}};
+    EXPECT_THROW(AgentReader(editor).read(agent), NamedError);
     EXPECT_EQ(editor.journal, (Lines{"target: ", "log: KeepAlive key is dictionary",
                                      "log: SuccessfulExit key value is: <01>"}));
     EXPECT_EQ(editor.form().agentActionButton.selectedItem, AgentAction::KeepRunning);

@@ -1,9 +1,9 @@
 // Every key with a value of every type: what fails, fails in its own step and nowhere else.
-#include "tests/core/recording_editor.h"
+#include "tests/core/recording_host.h"
 #include "tests/support/agent_key_table.h"
 #include "tests/support/rows.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 
 #include <gmock/gmock.h>
 
@@ -30,12 +30,13 @@ int occurrences(const Lines& journal, const Lines& effects) {
     }
 }
 
-void expectOutcomeFrom(const FormModel& start, const AgentFile& file, char failure, char schedule) {
-    RecordingEditor editor(start);
+void expectOutcomeFrom(const FormModel& start, const AgentPlist& file, char failure,
+                       char schedule) {
+    RecordingHost editor(start);
     bool failed = false;
     try {
         AgentReader(editor).read(file);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         failed = true;
     }
     const auto& journal = editor.journal;
@@ -52,7 +53,7 @@ void expectOutcomeFrom(const FormModel& start, const AgentFile& file, char failu
               scheduleItem(schedule, kept.selectedItem));
 }
 
-void expectOutcome(const AgentFile& file, char failure, char schedule) {
+void expectOutcome(const AgentPlist& file, char failure, char schedule) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         expectOutcomeFrom(start.form, file, failure, schedule);

@@ -1,6 +1,6 @@
 #include "core/conversions.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -26,7 +26,7 @@ class LeadingInteger : public testing::TestWithParam<IntegerRow> {};
 
 TEST_P(LeadingInteger, isTakenFromTheText) {
     EXPECT_EQ(leadingInteger(GetParam().text), GetParam().expected);
-    EXPECT_EQ(integerValue(Value(GetParam().text)), GetParam().expected);
+    EXPECT_EQ(toInteger(Value(GetParam().text)), GetParam().expected);
 }
 
 const IntegerRow integers[] = {
@@ -142,17 +142,17 @@ struct TruthRow {
 class Truth : public testing::TestWithParam<TruthRow> {};
 
 TEST_P(Truth, isToldOfTextsAndNumbers) {
-    EXPECT_EQ(truth(GetParam().value), GetParam().expected);
-    EXPECT_EQ(isTrue(GetParam().value), GetParam().expected);
+    EXPECT_EQ(toBool(GetParam().value), GetParam().expected);
+    EXPECT_EQ(toBoolOrFalse(GetParam().value), GetParam().expected);
     if (const auto* text = GetParam().value.string()) {
-        EXPECT_EQ(truthOfText(*text), GetParam().expected);
+        EXPECT_EQ(parseBool(*text), GetParam().expected);
     }
 }
 
 TEST(TruthOfText, endsWithTheText) {
-    EXPECT_FALSE(truthOfText(std::string_view("0yes", 1)));
-    EXPECT_FALSE(truthOfText(std::string_view(" 1", 1)));
-    EXPECT_FALSE(truthOfText(std::string_view("-1", 1)));
+    EXPECT_FALSE(parseBool(std::string_view("0yes", 1)));
+    EXPECT_FALSE(parseBool(std::string_view(" 1", 1)));
+    EXPECT_FALSE(parseBool(std::string_view("-1", 1)));
 }
 
 const TruthRow truths[] = {
@@ -196,7 +196,7 @@ struct NumberRow {
 class IntegerValue : public testing::TestWithParam<NumberRow> {};
 
 TEST_P(IntegerValue, isTakenFromNumbers) {
-    EXPECT_EQ(integerValue(GetParam().value), GetParam().expected);
+    EXPECT_EQ(toInteger(GetParam().value), GetParam().expected);
 }
 
 const NumberRow numbers[] = {
@@ -222,17 +222,17 @@ class NoNumber : public testing::TestWithParam<TruthRow> {};
 TEST_P(NoNumber, failsTheStepButIsSimplyNotTrue) {
     const auto& value = GetParam().value;
     try {
-        integerValue(value);
+        toInteger(value);
         ADD_FAILURE() << "has no integer";
-    } catch (const Failure& failure) {
+    } catch (const NamedError& failure) {
         EXPECT_EQ(failure.name(), "Unexpected value");
         EXPECT_EQ(failure.reason(),
                   "Expected a text or a number, found a " + std::string(value.kind()));
     }
-    EXPECT_THROW(truth(value), Failure);
-    EXPECT_THROW(integerValue(value), Failure);
-    EXPECT_THROW(textOf(value), Failure);
-    EXPECT_EQ(isTrue(value), GetParam().expected);
+    EXPECT_THROW(toBool(value), NamedError);
+    EXPECT_THROW(toInteger(value), NamedError);
+    EXPECT_THROW(textOf(value), NamedError);
+    EXPECT_EQ(toBoolOrFalse(value), GetParam().expected);
 }
 
 const TruthRow noNumbers[] = {
@@ -263,8 +263,8 @@ struct PiecesRow {
 class Pieces : public testing::TestWithParam<PiecesRow> {};
 
 TEST_P(Pieces, standBeforeTheFirstSeparatorAndBehindTheLast) {
-    EXPECT_EQ(firstPiece(GetParam().text, GetParam().separator), GetParam().first);
-    EXPECT_EQ(lastPiece(GetParam().text, GetParam().separator), GetParam().last);
+    EXPECT_EQ(beforeFirst(GetParam().text, GetParam().separator), GetParam().first);
+    EXPECT_EQ(afterLast(GetParam().text, GetParam().separator), GetParam().last);
 }
 
 const PiecesRow pieces[] = {
@@ -288,7 +288,7 @@ TEST(Conversions, replaceEveryOccurrence) {
     EXPECT_EQ(replacedAll("XX", "X", "XX"), "XXXX") << "what was put in is not replaced again";
     EXPECT_EQ(replacedAll("", "X", "y"), "");
     EXPECT_EQ(replacedAll("abc", "X", "y"), "abc");
-    EXPECT_EQ(without("a.plist.plist", ".plist"), "a");
+    EXPECT_EQ(removeAll("a.plist.plist", ".plist"), "a");
 }
 
 struct UrlRow {

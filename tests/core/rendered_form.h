@@ -1,12 +1,12 @@
 // A form's texts as the window renders them: from one validation of the form.
 #pragma once
 
-#include "core/sentences.h"
+#include "core/form_summary.h"
 
 namespace frimbolate::test {
 
 inline Summary summaryOf(const AgentForm& form, const TextStyle& style = {}) {
-    return planSentence(form, validate(form), style);
+    return summary(form, validate(form), style);
 }
 
 inline std::string sentenceOf(const AgentForm& form, std::string_view home = {},

@@ -1,5 +1,5 @@
 // What holds for every sentence and hint, whatever the form.
-#include "core/sentences.h"
+#include "core/form_summary.h"
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 

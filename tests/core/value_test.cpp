@@ -1,6 +1,6 @@
 #include "core/value.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -52,7 +52,7 @@ void expectOnly(const Value& value, std::string_view kind, std::string_view want
     try {
         ask(value);
         ADD_FAILURE() << "a " << kind << " passed for a " << wanted;
-    } catch (const Failure& failure) {
+    } catch (const NamedError& failure) {
         EXPECT_EQ(failure.name(), "Unexpected value");
         EXPECT_EQ(failure.reason(),
                   "Expected a " + std::string(wanted) + ", found a " + std::string(kind));

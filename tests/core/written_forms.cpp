@@ -15,7 +15,7 @@ AgentForm idleForm() {
 namespace {
 
 /// What is written whatever the form holds.
-AgentFile idleFile() {
+AgentPlist idleFile() {
     return {{"Label", label},
             {"ProgramArguments", Array{Value("/bin/true")}},
             {"EnableGlobbing", false},
@@ -58,7 +58,7 @@ AgentForm fullForm() {
     return form;
 }
 
-AgentFile fullFile() {
+AgentPlist fullFile() {
     return {{"Label", label},
             {"ProgramArguments", Array{Value("/bin/true")}},
             {"EnableGlobbing", true},
@@ -91,9 +91,9 @@ Dictionary joined(Dictionary one, const Dictionary& over) {
     return one;
 }
 
-AgentFile fileOf(AgentForm form, const Change& change) {
+AgentPlist fileOf(AgentForm form, const Change& change) {
     change(form);
-    return agentFile(form, label);
+    return buildAgentPlist(form, label);
 }
 
 Change launched(int action, int schedule, std::string number, int unit) {

@@ -1,7 +1,7 @@
 // Forms that the writer's rows change, and what each is written as.
 #pragma once
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 
 #include <functional>
 #include <string>
@@ -21,7 +21,7 @@ AgentForm idleForm();
 struct Start {
     const char* name;
     AgentForm form;
-    AgentFile file;
+    AgentPlist file;
     Dictionary additional = {}; ///< the keys of its additional conditions, which stand to the last
 };
 
@@ -39,7 +39,7 @@ struct ConditionRow {
 /// not read would show.
 Change launched(int action, int schedule, std::string number = "5", int unit = 0);
 
-AgentFile fileOf(AgentForm form, const Change& change);
+AgentPlist fileOf(AgentForm form, const Change& change);
 
 /// The keys of both; where both have one, the second's value.
 Dictionary joined(Dictionary one, const Dictionary& over);

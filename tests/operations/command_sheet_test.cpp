@@ -229,7 +229,7 @@ INSTANTIATE_TEST_SUITE_P(CommandSheet, CopyTest, testing::ValuesIn(copyCases()),
 TEST_F(CommandSheetTest, CopiesOnRequestExactlyWhatItShows) {
     for (const auto* command :
          {"launchctl load '/a b\u00a0c\u2028d\u2029e\rf\r\ng\n'", "launchctl unload '/x'"}) {
-        sheet->put(command);
+        sheet->setCommand(command);
         EXPECT_FALSE(form.copyCommandButton.hasCopied) << "each command starts afresh";
         platform.journal.clear();
         sheet->copyCommand();
@@ -250,7 +250,7 @@ TEST(PathOfCommand, IsEmptyForAnyOtherText) {
 
 TEST_F(CommandSheetTest, PuttingACommandShowsNothing) {
     form.actionScriptTextView.editable = true;
-    sheet->put("launchctl load '/a'");
+    sheet->setCommand("launchctl load '/a'");
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
     EXPECT_EQ(form.actionScriptTextView.string, "launchctl load '/a'");
     EXPECT_FALSE(form.actionScriptTextView.editable);
@@ -258,7 +258,7 @@ TEST_F(CommandSheetTest, PuttingACommandShowsNothing) {
 }
 
 TEST_F(CommandSheetTest, ShowingDoesNotReadTheStoreAgain) {
-    sheet->put("launchctl load '/a'");
+    sheet->setCommand("launchctl load '/a'");
     stored["AutoCopyScriptsKey"] = "True";
     platform.defaults.reads.clear();
     sheet->show();
@@ -288,7 +288,7 @@ class CloseTest : public CommandSheetTest, public testing::WithParamInterface<Cl
 
 TEST_P(CloseTest, StoresTheBoxAndMirrorsItInThePreferences) {
     const auto& row = GetParam();
-    sheet->put("launchctl load '/a'");
+    sheet->setCommand("launchctl load '/a'");
     sheet->show();
     form.autoCopyScriptsCheckbox2.state = row.state;
     form.autoCopyScriptCheckbox.state = CheckState::Mixed;
@@ -311,20 +311,20 @@ INSTANTIATE_TEST_SUITE_P(CommandSheet, CloseTest, testing::ValuesIn(closeCases),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(CommandSheetTest, TickingTheBoxTakesEffectFromTheNextCommandOn) {
-    sheet->put("first");
+    sheet->setCommand("first");
     form.autoCopyScriptsCheckbox2.state = CheckState::On;
     sheet->closeExecuteScriptWindow();
     EXPECT_EQ(platform.pasteboard, "earlier content");
-    sheet->put("second");
+    sheet->setCommand("second");
     EXPECT_EQ(platform.pasteboard, "second");
     form.autoCopyScriptsCheckbox2.state = CheckState::Off;
     sheet->closeExecuteScriptWindow();
-    sheet->put("third");
+    sheet->setCommand("third");
     EXPECT_EQ(platform.pasteboard, "second");
 }
 
 TEST_F(CommandSheetTest, ACommandNeverShownStaysPendingUntilTheSheetIsNextClosed) {
-    sheet->put("never shown");
+    sheet->setCommand("never shown");
     EXPECT_FALSE(form.preferencesMenuItem.enabled);
 
     sheet->loadLaunchAgent();
@@ -339,7 +339,7 @@ TEST_F(CommandSheetTest, ACommandNeverShownStaysPendingUntilTheSheetIsNextClosed
 }
 
 TEST_F(CommandSheetTest, TheTerminalIsOpenedWithoutTheCommand) {
-    sheet->put("launchctl load '/a'");
+    sheet->setCommand("launchctl load '/a'");
     sheet->show();
     platform.journal.clear();
     sheet->launchTerminal();

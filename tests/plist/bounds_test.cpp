@@ -1,6 +1,6 @@
 // Files that would take endless time, all memory or the whole stack, were each piece of them not
 // read once: time grows with the size of a file, and memory to 40 times of it at most.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_reader.h"
@@ -66,7 +66,7 @@ TEST_P(Bounds, ofMemoryAreKept) {
     const MemoryMeter meter;
     try {
         readPropertyList(file);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         isRead = false;
     }
     EXPECT_LE(meter.peak(), maximumPlistMemory(file.size()));
@@ -79,7 +79,7 @@ TEST_P(Bounds, areSearchedAFewTimes) {
     TextCursor in(file);
     try {
         readXmlPlist(in);
-    } catch (const Failure&) {
+    } catch (const NamedError&) {
         // It has ended, which is all that counts.
     }
     EXPECT_LE(in.bytesSearched(), 3 * file.size());

@@ -1,4 +1,4 @@
-// Damaged files of every kind: a reader gives a value or a Failure. The sanitizers of the build
+// Damaged files of every kind: a reader gives a value or a NamedError. The sanitizers of the build
 // see whether it strayed on the way.
 #include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"

@@ -1,5 +1,5 @@
 // What is written is read back as the same value, by the reader of every form.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"

@@ -1,6 +1,6 @@
 #include "tests/plist/verdict.h"
 
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/property_list_reader.h"
 #include "tests/plist/value_text.h"
 
@@ -18,7 +18,7 @@ const std::string folder = FRIMBOLATE_PLIST_TESTS;
 
 std::string verdictOn(std::string_view file) try {
     return "ok\t" + valueText(readPropertyList(file));
-} catch (const Failure& failure) {
+} catch (const NamedError& failure) {
     if (failure.name() != "Unreadable property list" || failure.reason().empty())
         throw std::logic_error("another failure: " + failure.name() + ": " + failure.reason());
     return "error";
@@ -26,7 +26,7 @@ std::string verdictOn(std::string_view file) try {
 
 std::string refusalOf(std::string_view file) try {
     return "read as " + valueText(readPropertyList(file));
-} catch (const Failure& failure) {
+} catch (const NamedError& failure) {
     return failure.reason();
 }
 

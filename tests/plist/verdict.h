@@ -9,7 +9,7 @@
 namespace frimbolate::test {
 
 /// What reading a file gives: "ok", a tab and the value, or just "error".
-/// \throws whatever is thrown beside a Failure "Unreadable property list" with a reason
+/// \throws whatever is thrown beside a NamedError "Unreadable property list" with a reason
 std::string verdictOn(std::string_view file);
 
 /// Why reading a file fails; "read as …" where it does not.

@@ -1,5 +1,5 @@
 // What is written, byte for byte, and what is not written because it would be read otherwise.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/property_list_reader.h"
 #include "plist/written_scalars.h"
 #include "plist/xml_writer.h"
@@ -92,9 +92,9 @@ TEST_P(Unwritable, isRefusedWhereverItStands) {
                            xmlPropertyList({{"k", value}});
                        }),
               "no failure");
-    EXPECT_THROW(xmlPropertyList({{"k", Array{Dictionary{{"j", value}}}}}), Failure);
+    EXPECT_THROW(xmlPropertyList({{"k", Array{Dictionary{{"j", value}}}}}), NamedError);
     if (const auto* text = value.string()) {
-        EXPECT_THROW(xmlPropertyList({{*text, true}}), Failure);
+        EXPECT_THROW(xmlPropertyList({{*text, true}}), NamedError);
     }
 }
 

@@ -1,6 +1,6 @@
 // What stands in the XML files of tools and of people, whole and faulty, inside of an ordinary
 // frame.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
 #include "tests/support/failures.h"
@@ -200,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, XmlRefusal, testing::ValuesIn(badRows), NamedAfte
 
 TEST(XmlFile, takesNulForACharacter) {
     EXPECT_EQ(readPropertyList(xmlFile("<string>a\0b</string>"s)), Value("a\0b"s));
-    EXPECT_THROW(readPropertyList(xmlFile("<integer>5\0x</integer>"s)), Failure);
+    EXPECT_THROW(readPropertyList(xmlFile("<integer>5\0x</integer>"s)), NamedError);
 }
 
 TEST(XmlFile, readsNothingBehindItsRoot) {
@@ -227,7 +227,7 @@ TEST(XmlFile, readsUtf16) {
     EXPECT_EQ(readPropertyList(file), Value("é"));
     // Half of a character, which no UTF-8 can hold
     file.replace(file.find('\xe9'), 2, "\x3d\xd8");
-    EXPECT_THROW(readPropertyList(file), Failure);
+    EXPECT_THROW(readPropertyList(file), NamedError);
 }
 
 TEST(XmlFile, goesWithoutHeaderVersionAndLastLineEnd) {

@@ -1,6 +1,6 @@
 // Every made case that the platform reads is switched in a real file: the file then holds the
 // platform's value with another "Enabled", or it is as it was.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "operations/agent_switch.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
@@ -29,7 +29,7 @@ std::string switchedText(const std::string& file, bool enabled) {
 bool isWritable(const std::string& file) try {
     xmlPropertyList(readPropertyList(file).asDictionary());
     return true;
-} catch (const Failure&) {
+} catch (const NamedError&) {
     return false;
 }
 

@@ -1,6 +1,6 @@
 // What a service promises, tried on the real one and on the one that the scenarios are played with,
 // so that the latter can be trusted.
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "posix/local_files.h"
 #include "posix/path_folder_access.h"
 #include "posix/plist_defaults.h"

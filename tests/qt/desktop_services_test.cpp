@@ -1,4 +1,4 @@
-#include "core/failure.h"
+#include "core/named_error.h"
 #include "posix/local_clock.h"
 #include "posix/path_folder_access.h"
 #include "posix/process_setup.h"

@@ -120,10 +120,10 @@ int scheduleItem(char letter, int kept) {
     }
 }
 
-AgentFile agentWith(const KeyRow& row, const ValueKind& kind, bool beside) {
+AgentPlist agentWith(const KeyRow& row, const ValueKind& kind, bool beside) {
     const bool inCalendar = row.inside && std::string_view(row.inside) == calendar;
-    AgentFile file = {{"Label", "com.frimbolate.Odd"},
-                      {"ProgramArguments", Array{Value("/bin/sh"), Value("/a.sh")}}};
+    AgentPlist file = {{"Label", "com.frimbolate.Odd"},
+                       {"ProgramArguments", Array{Value("/bin/sh"), Value("/a.sh")}}};
     if (inCalendar || beside)
         file[calendar] = Dictionary{{"Hour", 7}, {"Minute", 5}};
     if (inCalendar && beside)

@@ -2,7 +2,7 @@
 // every test of odd agents reads.
 #pragma once
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 
 #include <array>
 #include <cstddef>
@@ -41,6 +41,6 @@ std::span<const KeyRow> keyRows();
 int scheduleItem(char letter, int kept = ScheduleType::EveryDay);
 
 /// A sound agent whose key holds the value, with or without a schedule beside it.
-AgentFile agentWith(const KeyRow& row, const ValueKind& kind, bool beside);
+AgentPlist agentWith(const KeyRow& row, const ValueKind& kind, bool beside);
 
 } // namespace frimbolate::test

@@ -1,7 +1,7 @@
 #include "tests/support/scripted_platform.h"
 
 #include "core/conversions.h"
-#include "core/failure.h"
+#include "core/named_error.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,7 @@ std::optional<Dictionary> ScriptedFiles::readDictionary(const std::string& path)
 
 bool ScriptedFiles::writeDictionary(const std::string& path, const Dictionary& dictionary) {
     if (contentIsUnwritable)
-        throw Failure("Unwritable content", "This content cannot be written");
+        throw NamedError("Unwritable content", "This content cannot be written");
     journal_.add("write", path);
     if (diskIsFull || !folders.contains(folderOf(path)) || readOnly.contains(path) ||
         readOnly.contains(folderOf(path)))
@@ -82,7 +82,7 @@ std::optional<std::string> ScriptedTrash::moveToTrash(const std::string& path) {
     if (refuses || found == files_.contents.end())
         return std::nullopt;
     // A trash keeps several files of one name apart.
-    std::string place = std::string(folder) + "/" + std::string(lastPiece(path, "/"));
+    std::string place = std::string(folder) + "/" + std::string(afterLast(path, "/"));
     while (files_.contents.contains(place))
         place += " 2";
     const auto content = std::move(found->second);
@@ -122,7 +122,7 @@ Data bookmarkOf(const std::string& folder) { return Data{{folder.begin(), folder
 
 Data ScriptedFolderAccess::createBookmark(const std::string& folder) {
     if (creationFails)
-        throw Failure("Bookmark not created", "No bookmark can be made of this folder");
+        throw NamedError("Bookmark not created", "No bookmark can be made of this folder");
     return bookmarkOf(folder);
 }
 
@@ -211,7 +211,7 @@ void ScriptedPlatform::saveAs(const std::string& path, const std::string& nameFi
 }
 
 void ScriptedPlatform::saveAs(const std::string& path) {
-    saveAs(path, std::string(lastPiece(path, "/")));
+    saveAs(path, std::string(afterLast(path, "/")));
 }
 
 void ScriptedPlatform::cancelPanel() {

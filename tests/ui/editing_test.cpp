@@ -14,9 +14,9 @@ using testing::IsEmpty;
 constexpr const char* own = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
 constexpr const char* earlier = "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.Backup.plist";
 
-const AgentFile backup = {{"Label", "com.frimbolate.Backup"},
-                          {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
-                          {"StartInterval", 3600}};
+const AgentPlist backup = {{"Label", "com.frimbolate.Backup"},
+                           {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
+                           {"StartInterval", 3600}};
 
 class Editing : public EditorTest {
   protected:

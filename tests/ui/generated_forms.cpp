@@ -213,35 +213,35 @@ constexpr RoundTripRule<AgentForm> formRuleTable[] = {
 
 // What a file says
 
-bool hasNone(const AgentFile& file, std::initializer_list<const char*> keys) {
+bool hasNone(const AgentPlist& file, std::initializer_list<const char*> keys) {
     for (const char* key : keys)
         if (file.contains(key))
             return false;
     return true;
 }
 
-bool isUnscheduledFile(const AgentFile& file) {
+bool isUnscheduledFile(const AgentPlist& file) {
     return hasNone(file, {"StartCalendarInterval", "StartInterval"});
 }
 
-constexpr RoundTripRule<AgentFile> fileRuleTable[] = {
+constexpr RoundTripRule<AgentPlist> fileRuleTable[] = {
     {"an agent on demand gets run at load",
-     [](const AgentFile& f) {
+     [](const AgentPlist& f) {
          return isUnscheduledFile(f) && hasNone(f, {"RunAtLoad", "WatchPaths", "StartOnMount"});
      },
-     [](AgentFile& f) { f["RunAtLoad"] = true; }},
+     [](AgentPlist& f) { f["RunAtLoad"] = true; }},
     {"a trigger in the place of the schedule takes keep-alive away",
-     [](const AgentFile& f) {
+     [](const AgentPlist& f) {
          return isUnscheduledFile(f) && hasNone(f, {"RunAtLoad"}) && f.contains("KeepAlive");
      },
-     [](AgentFile& f) { f.erase("KeepAlive"); }},
+     [](AgentPlist& f) { f.erase("KeepAlive"); }},
     {"what is kept alive from its load on awaits no demand",
-     [](const AgentFile& f) {
+     [](const AgentPlist& f) {
          const Value* kept = find(f, "KeepAlive");
          return isUnscheduledFile(f) && kept && kept->dictionary() &&
                 kept->dictionary()->contains("AfterInitialDemand");
      },
-     [](AgentFile& f) {
+     [](AgentPlist& f) {
          auto conditions = f.at("KeepAlive").asDictionary();
          conditions.erase("AfterInitialDemand");
          f["KeepAlive"] = conditions.empty() ? Value(true) : Value(conditions);
@@ -309,6 +309,6 @@ void show(const AgentForm& form, FormModel& model) {
 }
 
 std::span<const RoundTripRule<AgentForm>> formRules() { return formRuleTable; }
-std::span<const RoundTripRule<AgentFile>> fileRules() { return fileRuleTable; }
+std::span<const RoundTripRule<AgentPlist>> fileRules() { return fileRuleTable; }
 
 } // namespace frimbolate::test

@@ -1,7 +1,7 @@
 // Forms at random, and what each turns into when its agent is written and read back.
 #pragma once
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/form_model.h"
 #include "tests/support/random_values.h"
 
@@ -26,6 +26,6 @@ struct RoundTripRule {
 /// From the form that was written to the form that is read.
 std::span<const RoundTripRule<AgentForm>> formRules();
 /// From the file that was written to the file that is written again.
-std::span<const RoundTripRule<AgentFile>> fileRules();
+std::span<const RoundTripRule<AgentPlist>> fileRules();
 
 } // namespace frimbolate::test

@@ -15,7 +15,7 @@ class RoundTrip : public EditorTest {
     RoundTrip() { platform.defaults.contents["WarnForDelete"] = false; }
 
     /// Through the save command, the panel and the success alert, under the proposed name.
-    AgentFile save() {
+    AgentPlist save() {
         editor.validateAgentConfig();
         const auto path =
             std::string(agents) + '/' + platform.shownSavePanel().nameFieldStringValue;
@@ -25,7 +25,7 @@ class RoundTrip : public EditorTest {
     }
 
     /// Through the edit command and the panel; nothing is asked or told on the way.
-    void read(const AgentFile& file) {
+    void read(const AgentPlist& file) {
         const auto path = std::string(agents) + "/com.frimbolate.read.plist";
         platform.files.contents[path] = file;
         editor.editLaunchAgent();
@@ -36,7 +36,7 @@ class RoundTrip : public EditorTest {
 
     /// What an agent that was read is saved as. One whose seconds the validation refuses is
     /// saved without it.
-    AgentFile saveAgain() {
+    AgentPlist saveAgain() {
         const auto record = agentForm(form);
         if (validate(record).empty())
             return save();
@@ -47,7 +47,7 @@ class RoundTrip : public EditorTest {
         ++refused;
         editor.validateAgentConfig();
         platform.press("Ok");
-        const auto file = agentFile(record, "com.frimbolate." + record.name);
+        const auto file = buildAgentPlist(record, "com.frimbolate." + record.name);
         editor.createNewAgent();
         return file;
     }
@@ -104,7 +104,7 @@ TEST_F(RoundTrip, DoesNotDependOnTheDefaults) {
             continue;
         ++passed;
         SCOPED_TRACE(passed);
-        const auto first = agentFile(generated, "com.frimbolate." + generated.name);
+        const auto first = buildAgentPlist(generated, "com.frimbolate." + generated.name);
         for (const char* globbing : {"0", "1"})
             for (const char* priority : {"0", "1"}) {
                 platform.defaults.contents["DefaultGlobbingKey"] = globbing;

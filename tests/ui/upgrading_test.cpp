@@ -15,7 +15,7 @@ const std::string oldPath = folder + "/com.fr\u0131mbolate.Backup.plist";
 const std::string newPath = folder + "/com.frimbolate.Backup.plist";
 
 /// Holds a value of every type beside the keys that the form knows.
-AgentFile oldAgent() {
+AgentPlist oldAgent() {
     return {{"Label", "com.fr\u0131mbolate.Something else"},
             {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
             {"Nice", -20},
@@ -25,7 +25,7 @@ AgentFile oldAgent() {
                                    {"array", Array{Value(true), Value(Array{})}}}}};
 }
 
-AgentFile upgradedAgent() {
+AgentPlist upgradedAgent() {
     auto agent = oldAgent();
     agent["Label"] = "com.frimbolate.Backup";
     return agent;

@@ -1,6 +1,6 @@
 #include "tests/widgets/call_counts.h"
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/form_model.h"
 #include "core/validation.h"
 
@@ -30,9 +30,10 @@ Faults countedValidate(const AgentForm& form) {
     return realValidate(form);
 }
 
-AgentFile realAgentFile(const AgentForm& form, std::string_view label) asm("__real_" AGENT_FILE);
-AgentFile countedAgentFile(const AgentForm& form, std::string_view label) asm("__wrap_" AGENT_FILE);
-AgentFile countedAgentFile(const AgentForm& form, std::string_view label) {
+AgentPlist realAgentFile(const AgentForm& form, std::string_view label) asm("__real_" AGENT_FILE);
+AgentPlist countedAgentFile(const AgentForm& form,
+                            std::string_view label) asm("__wrap_" AGENT_FILE);
+AgentPlist countedAgentFile(const AgentForm& form, std::string_view label) {
     ++callCounts.agentFiles;
     return realAgentFile(form, label);
 }

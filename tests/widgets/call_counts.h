@@ -7,7 +7,7 @@ namespace frimbolate::test {
 struct CallCounts {
     int records = 0;     ///< agentForm()
     int validations = 0; ///< validate()
-    int agentFiles = 0;  ///< agentFile()
+    int agentFiles = 0;  ///< buildAgentPlist()
 };
 
 /// Those since the program began; set it back before what is to be counted.

@@ -1,5 +1,5 @@
 // What one refresh of the window costs: the model is read and validated once, whatever is shown.
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/validation.h"
 #include "tests/widgets/call_counts.h"
 #include "tests/widgets/window_test.h"
@@ -54,7 +54,7 @@ TEST_F(RefreshTest, CountsEveryCall) {
     callCounts = {};
     const auto record = agentForm(form());
     EXPECT_EQ(validate(record), validate(record));
-    EXPECT_FALSE(agentFile(record, "com.frimbolate.a").empty());
+    EXPECT_FALSE(buildAgentPlist(record, "com.frimbolate.a").empty());
     EXPECT_EQ(callCounts.records, 1);
     EXPECT_EQ(callCounts.validations, 2);
     EXPECT_EQ(callCounts.agentFiles, 1);

@@ -207,7 +207,7 @@ TEST_F(In12Hours, TheSentenceAtTheFootHasTheSameClock) {
     enterByTab();
     type("1930");
     press(Qt::Key_Return);
-    EXPECT_EQ(find<ElidedLabel>("planSentence")->text(), "Runs a script every day at 07:30 PM.");
+    EXPECT_EQ(find<ElidedLabel>("summary")->text(), "Runs a script every day at 07:30 PM.");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // Whatever the model holds, the window shows.
+#include "core/form_summary.h"
 #include "core/pop_up_items.h"
-#include "core/sentences.h"
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
@@ -325,7 +325,7 @@ TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
 }
 
 TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
-    const auto* plan = find<ElidedLabel>("planSentence");
+    const auto* plan = find<ElidedLabel>("summary");
     const std::string home = QDir::homePath().toStdString();
     EXPECT_EQ(plan->text().toStdString(), sentenceOf(agentForm(form()), home));
     QTest::keyClicks(find("agentNameTextField"), "backup");
@@ -335,7 +335,7 @@ TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
 
 TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
     const auto isLit = [this] {
-        auto* foot = find("planSentence")->parentWidget();
+        auto* foot = find("summary")->parentWidget();
         const QPoint dot(look::cardMargin + look::footDotSide / 2, foot->height() / 2);
         return foot->grab().toImage().pixelColor(dot) == look::tokens(false).accent;
     };
@@ -346,9 +346,9 @@ TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
         model.agentActionButton.selectedItem = AgentAction::OnSchedule;
     });
     ASSERT_TRUE(validate(agentForm(form())).empty());
-    EXPECT_FALSE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();
+    EXPECT_FALSE(isLit()) << find<ElidedLabel>("summary")->text().toStdString();
     show([](FormModel& model) { model.agentTargetImageWell.toolTip = "/bin/true"; });
-    EXPECT_TRUE(isLit()) << find<ElidedLabel>("planSentence")->text().toStdString();
+    EXPECT_TRUE(isLit()) << find<ElidedLabel>("summary")->text().toStdString();
 }
 
 } // namespace

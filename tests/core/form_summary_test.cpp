@@ -1,4 +1,4 @@
-#include "core/sentences.h"
+#include "core/form_summary.h"
 #include "tests/core/rendered_form.h"
 
 #include <gmock/gmock.h>

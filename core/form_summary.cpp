@@ -1,9 +1,9 @@
-#include "core/sentences.h"
+#include "core/form_summary.h"
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/bundle_path.h"
 #include "core/conversions.h"
-#include "core/schedule_words.h"
+#include "core/schedule_text.h"
 
 #include <array>
 #include <cctype>
@@ -25,9 +25,15 @@ std::string joined(const Words& words, std::string_view separator, std::string_v
     return text;
 }
 
-std::string withFirst(int (*letterCase)(int), std::string text) {
+std::string capitalized(std::string text) {
     if (!text.empty())
-        text[0] = static_cast<char>(letterCase(static_cast<unsigned char>(text[0])));
+        text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+    return text;
+}
+
+std::string uncapitalized(std::string text) {
+    if (!text.empty())
+        text[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[0])));
     return text;
 }
 
@@ -46,9 +52,9 @@ std::string targetName(const AgentForm& form) {
     auto path = bundlePath(form.targetPath);
     while (path.size() > 1 && path.back() == '/')
         path.remove_suffix(1);
-    const auto name = path == "/" ? path : lastPiece(path, "/");
+    const auto name = path == "/" ? path : afterLast(path, "/");
     constexpr std::string_view bundle = ".app";
-    const bool isBundle = name.size() > bundle.size() && lastPiece(name, ".") == "app";
+    const bool isBundle = name.size() > bundle.size() && afterLast(name, ".") == "app";
     return std::string(isBundle ? name.substr(0, name.size() - bundle.size()) : name);
 }
 
@@ -66,7 +72,7 @@ bool watchesPath(const AgentForm& form) {
 Words launchConditions(const AgentForm& form, const Faults& faults, const TextStyle& style) {
     Words words;
     if (usesSchedule(form))
-        if (auto schedule = scheduleWords(form, faults, style.clock); !schedule.empty())
+        if (auto schedule = scheduleText(form, faults, style.clock); !schedule.empty())
             words.push_back(std::move(schedule));
     const bool alreadyAtLoad = usesSchedule(form) && form.scheduleType == ScheduleType::AtLoad;
     if (form.alsoRunAtLoad && !alreadyAtLoad)
@@ -107,14 +113,14 @@ Words missingParts(const AgentForm& form, const Faults& faults) {
 }
 
 /// What is missing, then what is wrong; empty for a form that can be told.
-std::string shortcomings(const AgentForm& form, const Faults& faults) {
+std::string missingOrInvalid(const AgentForm& form, const Faults& faults) {
     const Words missing = missingParts(form, faults);
     Words parts;
     if (!missing.empty())
         parts.push_back("still needs " + joined(missing, ", ", " and "));
     for (const Fault fault : faults)
         if (const auto& text = faultText(fault); text.missing.empty())
-            parts.push_back(withFirst(std::tolower, std::string(text.hint)));
+            parts.push_back(uncapitalized(std::string(text.hint)));
     return joined(parts, "; ", "; ");
 }
 
@@ -148,15 +154,15 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
 std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (!usesSchedule(form))
         return "Not used: the condition above launches the agent";
-    const auto words = scheduleWords(form, faults, clock);
-    return words.empty() ? "Never" : withFirst(std::toupper, words);
+    const auto words = scheduleText(form, faults, clock);
+    return words.empty() ? "Never" : capitalized(words);
 }
 
 } // namespace
 
-Summary planSentence(const AgentForm& form, const Faults& faults, const TextStyle& style) {
-    if (const auto lacking = shortcomings(form, faults); !lacking.empty())
-        return {withFirst(std::toupper, lacking) + ".", false};
+Summary summary(const AgentForm& form, const Faults& faults, const TextStyle& style) {
+    if (const auto lacking = missingOrInvalid(form, faults); !lacking.empty())
+        return {capitalized(lacking) + ".", false};
     const auto conditions = launchConditions(form, faults, style);
     if (conditions.empty())
         return {"Never runs " + targetName(form) + ": nothing launches it.", false};

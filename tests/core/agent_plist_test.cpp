@@ -1,4 +1,4 @@
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 
 #include "tests/core/written_forms.h"
 #include "tests/support/rows.h"
@@ -184,25 +184,25 @@ INSTANTIATE_TEST_SUITE_P(Schedules, LaunchCondition, testing::ValuesIn(schedules
 INSTANTIATE_TEST_SUITE_P(Actions, LaunchCondition, testing::ValuesIn(actions), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(KeepAlive, LaunchCondition, testing::ValuesIn(keepAlive), NamedAfterRow());
 
-TEST(AgentFile, writesTheTimeOfDayAlone) {
+TEST(AgentPlist, writesTheTimeOfDayAlone) {
     auto form = idleForm();
     form.action = AgentAction::OnSchedule;
     form.scheduleTime = {1999, 12, 31, 23, 59, 59};
     const Dictionary expected = {{"Hour", 23}, {"Minute", 59}};
-    EXPECT_EQ(agentFile(form, "x").at("StartCalendarInterval"), Value(expected));
+    EXPECT_EQ(buildAgentPlist(form, "x").at("StartCalendarInterval"), Value(expected));
 }
 
-TEST(AgentFile, doesNotDependOnTheScriptLanguageOrTheName) {
+TEST(AgentPlist, doesNotDependOnTheScriptLanguageOrTheName) {
     auto form = idleForm();
-    const auto before = agentFile(form, label);
+    const auto before = buildAgentPlist(form, label);
     form.scriptLanguage = 3;
     form.name = "Other";
-    EXPECT_EQ(agentFile(form, label), before);
+    EXPECT_EQ(buildAgentPlist(form, label), before);
 }
 
-TEST(AgentFile, takesAnyLabel) {
-    EXPECT_EQ(agentFile(idleForm(), "").at("Label"), Value(""));
-    EXPECT_EQ(agentFile(idleForm(), "renamed").at("Label"), Value("renamed"));
+TEST(AgentPlist, takesAnyLabel) {
+    EXPECT_EQ(buildAgentPlist(idleForm(), "").at("Label"), Value(""));
+    EXPECT_EQ(buildAgentPlist(idleForm(), "renamed").at("Label"), Value("renamed"));
 }
 
 struct LabelRow {
@@ -232,14 +232,14 @@ const LabelRow labels[] = {
 
 INSTANTIATE_TEST_SUITE_P(Names, LabelOfFile, testing::ValuesIn(labels), NamedAfterRow());
 
-TEST(AgentFile, isProposedUnderThePrefix) {
+TEST(AgentPlist, isProposedUnderThePrefix) {
     EXPECT_EQ(proposedFileName("Backup"), "com.frimbolate.Backup.plist");
     EXPECT_EQ(proposedFileName(" as typed"), "com.frimbolate. as typed.plist");
     EXPECT_EQ(proposedFileName(""), "com.frimbolate..plist");
     EXPECT_EQ(labelForFileName(proposedFileName("Backup")), label);
 }
 
-TEST(AgentFile, knowsBothPrefixes) {
+TEST(AgentPlist, knowsBothPrefixes) {
     EXPECT_EQ(labelPrefix, "com.frimbolate.");
     EXPECT_EQ(earlierLabelPrefix, "com.fr\xC4\xB1mbolate.");
 }

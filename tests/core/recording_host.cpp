@@ -1,4 +1,4 @@
-#include "tests/core/recording_editor.h"
+#include "tests/core/recording_host.h"
 
 #include <gmock/gmock.h>
 
@@ -55,7 +55,7 @@ Picture operator+(Picture picture, const Picture& more) {
 }
 
 void expectReads(const ReaderRow& row) {
-    AgentFile file = {
+    AgentPlist file = {
         {"Label", "com.frimbolate.Backup"},
         {"ProgramArguments", Array{Value("/bin/sh"), Value("/Users/maya/backup.sh")}}};
     for (const auto& [key, value] : row.keys)
@@ -77,7 +77,7 @@ void expectReads(const ReaderRow& row) {
 
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
-        RecordingEditor editor(start.form);
+        RecordingHost editor(start.form);
         AgentReader(editor).read(file);
         const auto expected = with(picture(resets ? newAgentForm() : start.form), sets + row.sets);
         EXPECT_THAT(differences(expected, picture(editor.form())), testing::IsEmpty());

@@ -1,6 +1,6 @@
-#include "core/schedule_words.h"
+#include "core/schedule_text.h"
 
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 #include "core/conversions.h"
 #include "core/weekdays.h"
 
@@ -71,7 +71,7 @@ std::string excerpt(std::string_view text) {
 
 } // namespace
 
-std::string scheduleWords(const AgentForm& form, const Faults& faults, ClockFormat clock) {
+std::string scheduleText(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     const int type = form.scheduleType;
     if (type >= ScheduleType::EverySunday && type <= ScheduleType::EverySaturday) {
         const auto day = static_cast<std::size_t>(type - ScheduleType::EverySunday);

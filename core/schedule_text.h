@@ -16,8 +16,8 @@ namespace frimbolate {
 /// schedule at all is not asked.
 /// \param faults those of this form
 /// \param clock how times are shown
-std::string scheduleWords(const AgentForm& form, const Faults& faults,
-                          ClockFormat clock = ClockFormat::TwentyFourHours);
+std::string scheduleText(const AgentForm& form, const Faults& faults,
+                         ClockFormat clock = ClockFormat::TwentyFourHours);
 
 /// That a typed text is no time of day, and which time stands instead. A long text is cut short,
 /// and one of blanks alone is told without quotes.

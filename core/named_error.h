@@ -6,11 +6,11 @@
 
 namespace frimbolate {
 
-class Failure : public std::exception {
+class NamedError : public std::exception {
   public:
     /// \param name   what kind of failure it is, such as "Path not writable"
     /// \param reason one sentence with the path or value filled in
-    Failure(std::string name, std::string reason)
+    NamedError(std::string name, std::string reason)
         : name_(std::move(name)), reason_(std::move(reason)) {}
 
     const std::string& name() const { return name_; }

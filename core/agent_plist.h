@@ -11,11 +11,11 @@
 namespace frimbolate {
 
 /// One dictionary of launchd keys, stored as an XML property list.
-using AgentFile = Dictionary;
+using AgentPlist = Dictionary;
 
 /// The agent file for a form that passed validation. It starts from nothing, so a key of an agent
 /// that was read before survives only when the form writes it again.
-AgentFile agentFile(const AgentForm& form, std::string_view label);
+AgentPlist buildAgentPlist(const AgentForm& form, std::string_view label);
 
 /// The seconds of an interval schedule, in the 32 bits that launchd gets: the number that the text
 /// begins with times its unit, truncated. What is not positive launchd ignores.

@@ -1,4 +1,4 @@
-#include "core/agent_file.h"
+#include "core/agent_plist.h"
 
 #include "core/conversions.h"
 #include "core/script_types.h"
@@ -37,7 +37,7 @@ Dictionary calendarInterval(const AgentForm& form) {
     return calendar;
 }
 
-void writeSchedule(AgentFile& file, const AgentForm& form) {
+void writeSchedule(AgentPlist& file, const AgentForm& form) {
     if (form.scheduleType <= ScheduleType::EverySaturday ||
         form.scheduleType == ScheduleType::OnceAMonth)
         file["StartCalendarInterval"] = calendarInterval(form);
@@ -59,7 +59,7 @@ Value keepAlive(const AgentForm& form) {
     return conditions;
 }
 
-void writeLaunchCondition(AgentFile& file, const AgentForm& form) {
+void writeLaunchCondition(AgentPlist& file, const AgentForm& form) {
     if (form.action <= AgentAction::KeepRunning)
         writeSchedule(file, form);
     if (form.action == AgentAction::KeepRunning)
@@ -70,7 +70,7 @@ void writeLaunchCondition(AgentFile& file, const AgentForm& form) {
         file["StartOnMount"] = true;
 }
 
-void writeAdvancedKeys(AgentFile& file, const AgentForm& form) {
+void writeAdvancedKeys(AgentPlist& file, const AgentForm& form) {
     file["EnableGlobbing"] = form.enableGlobbing;
     file["LowPriorityIO"] = form.priorityLevel == PriorityLevel::Low;
     file["Nice"] = form.niceLevel;
@@ -89,7 +89,7 @@ void writeAdvancedKeys(AgentFile& file, const AgentForm& form) {
 }
 
 /// Written last, so that an additional condition replaces a main one of the same key.
-void writeAdditionalConditions(AgentFile& file, const AgentForm& form) {
+void writeAdditionalConditions(AgentPlist& file, const AgentForm& form) {
     if (form.alsoRunAtLoad)
         file["RunAtLoad"] = true;
     if (form.alsoRunOnVolumeMount)
@@ -100,8 +100,8 @@ void writeAdditionalConditions(AgentFile& file, const AgentForm& form) {
 
 } // namespace
 
-AgentFile agentFile(const AgentForm& form, std::string_view label) {
-    AgentFile file;
+AgentPlist buildAgentPlist(const AgentForm& form, std::string_view label) {
+    AgentPlist file;
     file["Label"] = label;
     file["ProgramArguments"] = programArguments(form);
     writeLaunchCondition(file, form);
@@ -127,6 +127,6 @@ std::string labelForFileName(std::string_view fileName) {
     return label;
 }
 
-std::string_view targetExtension(std::string_view path) { return lastPiece(path, "."); }
+std::string_view targetExtension(std::string_view path) { return afterLast(path, "."); }
 
 } // namespace frimbolate

@@ -18,14 +18,14 @@ FormModel newAgentForm();
 std::vector<StartForm> startForms();
 
 /// Its journal holds "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".
-class RecordingEditor : public ReaderEditor {
+class RecordingHost : public AgentReaderHost {
   public:
-    explicit RecordingEditor(FormModel start = newAgentForm()) : form_(std::move(start)) {}
+    explicit RecordingHost(FormModel start = newAgentForm()) : form_(std::move(start)) {}
 
     FormModel& form() override { return form_; }
     void log(const std::string& line) override { journal.push_back("log: " + line); }
     void createNewAgent() override { journal.emplace_back("reset"), form_ = newAgentForm(); }
-    void lookForAdvancedKeys(const AgentFile& file) override {
+    void lookForAdvancedKeys(const AgentPlist& file) override {
         AgentReader(*this).lookForAdvancedKeys(file);
     }
     void openAdvancedDrawer() override {

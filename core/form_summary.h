@@ -30,7 +30,7 @@ struct Summary {
 };
 
 /// \param faults those of this form
-Summary planSentence(const AgentForm& form, const Faults& faults, const TextStyle& style = {});
+Summary summary(const AgentForm& form, const Faults& faults, const TextStyle& style = {});
 
 /// The line under each row of the form: plain words without a full stop or dots at their end, for
 /// some of them end with a path or a file name.

@@ -1,5 +1,5 @@
 // The clock of the sentences, and the words about a time that cannot be read.
-#include "core/schedule_words.h"
+#include "core/schedule_text.h"
 
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
@@ -41,7 +41,7 @@ TEST_P(ScheduleClock, isThatOfAllWords) {
     for (const auto& [clock, expected] :
          {std::pair(ClockFormat::TwentyFourHours, GetParam().in24Hours),
           std::pair(ClockFormat::TwelveHours, GetParam().in12Hours)}) {
-        EXPECT_EQ(scheduleWords(form, validate(form), clock), expected);
+        EXPECT_EQ(scheduleText(form, validate(form), clock), expected);
         EXPECT_EQ(sentenceOf(form, {}, clock), "Runs a script " + std::string(expected) + ".");
         // The hint begins with a capital letter.
         EXPECT_EQ(hintsOf(form, {}, {}, clock).schedule.substr(1), expected.substr(1));
@@ -65,9 +65,9 @@ TEST(ScheduleClocks, tellAFaultyDayInBoth) {
     AgentForm form;
     form.scheduleType = ScheduleType::OnceAMonth;
     form.scheduleTime.hour = 19;
-    EXPECT_EQ(scheduleWords(form, validate(form), ClockFormat::TwentyFourHours),
+    EXPECT_EQ(scheduleText(form, validate(form), ClockFormat::TwentyFourHours),
               "once a month at 19:00");
-    EXPECT_EQ(scheduleWords(form, validate(form), ClockFormat::TwelveHours),
+    EXPECT_EQ(scheduleText(form, validate(form), ClockFormat::TwelveHours),
               "once a month at 07:00 PM");
 }
 
