@@ -177,7 +177,7 @@ void AgentReader::readCalendar(const AgentPlist& file) {
 void AgentReader::readDayOfMonth(const Value& day) {
     auto& form = host_.form();
     host_.log("Agent runs once a month " + description(day));
-    form.onMonthTextField.stringValue = textOf(day);
+    form.onMonthTextField.stringValue = toDisplayString(day);
     form.agentScheduleDatePicker.width = narrowDatePickerWidth;
     selectScheduleTitled("Once a Month");
     form.agentScheduleDatePicker.hidden = false;

@@ -62,7 +62,7 @@ void AgentReader::readNice(const AgentPlist& file) {
     auto& form = host_.form();
     const auto level = toInteger(*key);
     form.niceLevelSlider.value = static_cast<double>(level);
-    form.niceLevelTextField.stringValue = textOf(*key);
+    form.niceLevelTextField.stringValue = toDisplayString(*key);
     host_.log("Nice key: " + description(key));
     if (level != 0) {
         host_.log("Nice key is not 0, opening drawer " + std::to_string(level));

@@ -103,7 +103,7 @@ std::int64_t toInteger(const Value& value) {
     raiseNoNumber(value);
 }
 
-std::string textOf(const Value& value) {
+std::string toDisplayString(const Value& value) {
     if (value.string() || value.isNumber())
         return description(value);
     raiseNoNumber(value);

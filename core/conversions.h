@@ -32,7 +32,7 @@ std::int64_t toInteger(const Value& value);
 
 /// A text as it is, or the decimal text of a number.
 /// \throws NamedError for data, dates, arrays and dictionaries.
-std::string textOf(const Value& value);
+std::string toDisplayString(const Value& value);
 
 /// What follows the last separator, or the whole text where there is none.
 std::string_view afterLast(std::string_view text, std::string_view separator);

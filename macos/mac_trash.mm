@@ -18,7 +18,7 @@ std::optional<std::string> MacTrash::moveToTrash(const std::string& path) {
               resultingItemURL:&place
                          error:nullptr])
         return std::nullopt;
-    return textOf(place.path);
+    return toStdString(place.path);
 }
 
 } // namespace frimbolate

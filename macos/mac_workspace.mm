@@ -30,6 +30,6 @@ void MacWorkspace::launchNewInstance() {
     launch(NSBundle.mainBundle.bundleURL, @[ @"--new-instance" ], true);
 }
 
-std::string MacWorkspace::userName() { return textOf(NSUserName()); }
+std::string MacWorkspace::userName() { return toStdString(NSUserName()); }
 
 } // namespace frimbolate

@@ -30,7 +30,7 @@ Data ScopedFolderAccess::createBookmark(const std::string& folder) {
                                             error:&error]
              : nil;
     if (!bookmark)
-        throw NamedError("Bookmark not created", error ? textOf(error.localizedDescription)
+        throw NamedError("Bookmark not created", error ? toStdString(error.localizedDescription)
                                                        : "There is no folder " + folder);
     return bytesOf(bookmark);
 }
@@ -43,7 +43,7 @@ std::optional<std::string> ScopedFolderAccess::resolve(const Data& bookmark) {
                                              error:nullptr];
     if (!url.path)
         return std::nullopt;
-    const std::string path = textOf(url.path);
+    const std::string path = toStdString(url.path);
     // Kept when it is known already: the access that was begun on it must be ended on it as well.
     urls_->byPath.emplace(path, url);
     return path;

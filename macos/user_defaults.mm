@@ -30,7 +30,7 @@ std::vector<std::string> UserDefaults::keys() {
     std::vector<std::string> result;
     if (domain)
         for (NSString* key in [store() persistentDomainForName:domain])
-            result.push_back(textOf(key));
+            result.push_back(toStdString(key));
     return result;
 }
 

@@ -14,7 +14,7 @@ id objectOf(const Value& value);
 
 /// Nil for text that is not valid UTF-8.
 NSString* stringOf(std::string_view text);
-std::string textOf(NSString* string);
+std::string toStdString(NSString* string);
 NSData* dataOf(const Data& data);
 Data bytesOf(NSData* data);
 

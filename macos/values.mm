@@ -34,7 +34,7 @@ std::optional<Value> dictionaryOf(NSDictionary* objects) {
         auto value = valueOf(objects[key]);
         if (!value || ![key isKindOfClass:NSString.class])
             return std::nullopt;
-        dictionary.emplace(textOf(key), *std::move(value));
+        dictionary.emplace(toStdString(key), *std::move(value));
     }
     return Value(std::move(dictionary));
 }
@@ -58,7 +58,7 @@ id objectsOf(const Dictionary& dictionary) {
 
 std::optional<Value> valueOf(id object) {
     if ([object isKindOfClass:NSString.class])
-        return Value(textOf(object));
+        return Value(toStdString(object));
     if ([object isKindOfClass:NSNumber.class])
         return numberOf(object);
     if ([object isKindOfClass:NSData.class])
@@ -100,7 +100,7 @@ NSString* stringOf(std::string_view text) {
                                   encoding:NSUTF8StringEncoding];
 }
 
-std::string textOf(NSString* string) {
+std::string toStdString(NSString* string) {
     NSData* bytes = [string dataUsingEncoding:NSUTF8StringEncoding];
     return {static_cast<const char*>(bytes.bytes), bytes.length};
 }

@@ -231,7 +231,7 @@ TEST_P(NoNumber, failsTheStepButIsSimplyNotTrue) {
     }
     EXPECT_THROW(toBool(value), NamedError);
     EXPECT_THROW(toInteger(value), NamedError);
-    EXPECT_THROW(textOf(value), NamedError);
+    EXPECT_THROW(toDisplayString(value), NamedError);
     EXPECT_EQ(toBoolOrFalse(value), GetParam().expected);
 }
 
@@ -245,12 +245,13 @@ const TruthRow noNumbers[] = {
 INSTANTIATE_TEST_SUITE_P(Values, NoNumber, testing::ValuesIn(noNumbers), NamedAfterRow());
 
 TEST(Conversions, textOfTextsAndNumbers) {
-    EXPECT_EQ(textOf(Value("as it is \"so\"")), "as it is \"so\"");
-    EXPECT_EQ(textOf(Value("")), "");
-    EXPECT_EQ(textOf(Value(-20)), "-20");
-    EXPECT_EQ(textOf(Value(true)), "1");
-    EXPECT_EQ(textOf(Value(1.5)), "1.5");
-    EXPECT_EQ(textOf(Value(std::numeric_limits<std::uint64_t>::max())), "18446744073709551615");
+    EXPECT_EQ(toDisplayString(Value("as it is \"so\"")), "as it is \"so\"");
+    EXPECT_EQ(toDisplayString(Value("")), "");
+    EXPECT_EQ(toDisplayString(Value(-20)), "-20");
+    EXPECT_EQ(toDisplayString(Value(true)), "1");
+    EXPECT_EQ(toDisplayString(Value(1.5)), "1.5");
+    EXPECT_EQ(toDisplayString(Value(std::numeric_limits<std::uint64_t>::max())),
+              "18446744073709551615");
 }
 
 struct PiecesRow {

@@ -62,7 +62,7 @@ TEST_P(EveryText, IsLaidOutInPartAndHeldWhole) {
 }
 
 template <auto member>
-std::string& textOf(FormModel& model) {
+std::string& toQString(FormModel& model) {
     if constexpr (requires { (model.*member).stringValue; })
         return (model.*member).stringValue;
     else

@@ -29,16 +29,16 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int panelWidth = 640, panelHeight = 480, placesWidth = 152, margin = 24, gap = 8;
 
-QString textOf(const std::string& text) { return QString::fromStdString(text); }
+QString toQString(const std::string& text) { return QString::fromStdString(text); }
 
 QString existingFolder(const std::optional<std::string>& directory) {
-    const QString wanted = directory ? textOf(*directory) : QString();
+    const QString wanted = directory ? toQString(*directory) : QString();
     return QFileInfo(wanted).isDir() ? QDir::cleanPath(wanted) : QDir::homePath();
 }
 
 /// What a message asks, in one line: its first sentence, without what stands in parentheses.
 QString titleOf(const std::string& message) {
-    QString title = textOf(message).simplified();
+    QString title = toQString(message).simplified();
     for (const char* end : {". ", " ("})
         title.truncate(title.indexOf(end) < 0 ? title.size() : title.indexOf(end));
     while (title.endsWith(':') || title.endsWith('.'))
@@ -82,7 +82,7 @@ PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
     setPrompt(panel.prompt);
     setTitle(titleOf(panel.message));
     setUpForm();
-    suggest(textOf(panel.suggestedName));
+    suggest(toQString(panel.suggestedName));
     connect(this, &QFileDialog::directoryEntered, nameField_, &QLineEdit::clear);
 }
 
@@ -92,9 +92,9 @@ PanelDialog::PanelDialog(const SavePanel& panel, QWidget* parent)
     setFileMode(AnyFile);
     offerNewFolder(panel.canCreateDirectories);
     setPrompt(panel.prompt);
-    setTitle((textOf(panel.prompt) + ' ' + textOf(panel.nameFieldStringValue)).simplified());
+    setTitle((toQString(panel.prompt) + ' ' + toQString(panel.nameFieldStringValue)).simplified());
     setUpForm();
-    nameField_->setText(textOf(panel.nameFieldStringValue));
+    nameField_->setText(toQString(panel.nameFieldStringValue));
     nameField_->selectAll();
     nameField_->setFocus();
 }
@@ -109,7 +109,7 @@ QWidget* PanelDialog::header(const std::string& message) {
     auto* result = new QWidget;
     auto* lines = new QVBoxLayout(result);
     lines->setContentsMargins(margin, margin, margin, 0);
-    auto* text = new QLabel(textOf(message));
+    auto* text = new QLabel(toQString(message));
     text->setObjectName("panelMessage");
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
@@ -175,7 +175,7 @@ void PanelDialog::setPrompt(const std::string& prompt) {
     box->setStandardButtons(QDialogButtonBox::NoButton);
     auto* cancel = box->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     cancel->setObjectName("cancelButton");
-    auto* button = box->addButton(textOf(prompt), QDialogButtonBox::AcceptRole);
+    auto* button = box->addButton(toQString(prompt), QDialogButtonBox::AcceptRole);
     button->setObjectName("promptButton");
     button->setDefault(true);
     const bool needsName = !open_ || !open_->canChooseDirectories;
@@ -210,7 +210,7 @@ void PanelDialog::allowTypes(const std::vector<std::string>& extensions) {
         return;
     QStringList patterns;
     for (const std::string& extension : extensions)
-        patterns.append("*." + textOf(extension));
+        patterns.append("*." + toQString(extension));
     setNameFilter(patterns.join(' '));
 }
 
@@ -253,7 +253,7 @@ void PanelDialog::suggest(const QString& name) {
 }
 
 void PanelDialog::askForNewFolder() {
-    const QString proposed = open_ ? textOf(open_->suggestedName) : QString();
+    const QString proposed = open_ ? toQString(open_->suggestedName) : QString();
     auto* sheet = new NewFolderSheet(directory().absolutePath(),
                                      proposed.isEmpty() ? tr("New folder") : proposed, this);
     connect(sheet, &QDialog::accepted, &sheets_, [this, sheet] {

@@ -28,11 +28,11 @@ constexpr int iconSide = 40;
 constexpr int iconGap = 16;
 constexpr int titleGap = 6;
 
-QString textOf(const std::string& text) { return QString::fromStdString(text); }
+QString toQString(const std::string& text) { return QString::fromStdString(text); }
 
 /// A break that ends the text would be an empty line above the buttons.
 QString withoutLastBreak(const std::string& text) {
-    QString result = textOf(text);
+    QString result = toQString(text);
     if (result.endsWith('\n'))
         result.chop(1);
     return result;
@@ -71,9 +71,9 @@ AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
     : SheetDialog("sheetAlert", usualWidth, mainWindow),
       escapeAnswer_(escapeAnswer(alert.buttons)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(textOf(alert.messageText));
-    setAccessibleName(textOf(alert.messageText));
-    setAccessibleDescription(textOf(alert.informativeText));
+    setWindowTitle(toQString(alert.messageText));
+    setAccessibleName(toQString(alert.messageText));
+    setAccessibleDescription(toQString(alert.informativeText));
     auto* content = new QHBoxLayout;
     content->setSpacing(iconGap);
     content->addWidget(warningSign(), 0, Qt::AlignTop);
@@ -126,7 +126,7 @@ void AlertDialog::makeTextScroll() {
 void AlertDialog::addButtons(const SheetAlert& alert) {
     QList<QPushButton*> buttons;
     for (const std::string& title : alert.buttons) {
-        auto* button = new QPushButton(textOf(title).replace('&', "&&"), this);
+        auto* button = new QPushButton(toQString(title).replace('&', "&&"), this);
         const int answer = AlertAnswer::First + static_cast<int>(buttons.size());
         connect(button, &QPushButton::clicked, this, [this, answer] { done(answer); });
         buttons.append(button);
