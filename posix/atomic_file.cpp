@@ -48,7 +48,7 @@ class TemporaryFile {
     bool created_;
 };
 
-/// Never waits: another file may have come into its place meanwhile.
+/// Never waits: another file may have come into its target meanwhile.
 int openOriginal(int folder, const std::string& name) {
     return ::openat(folder, name.c_str(),
                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -60,31 +60,31 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
                                                mode_t newFileMode) {
     if (path.find('\0') != std::string::npos)
         return "its path holds a NUL";
-    const auto [place, refusal] = resolveLinks(path);
+    const auto [target, refusal] = resolveLinks(path);
     if (!refusal.empty())
         return refusal;
-    const FileDescriptor folder(::open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder)
-        return systemError();
+        return errnoMessage();
 
     struct stat status {};
     const bool exists =
-        ::fstatat(folder.number(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+        ::fstatat(folder.number(), target.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
     if (!exists && errno != ENOENT)
-        return systemError();
+        return errnoMessage();
     if (exists && !S_ISREG(status.st_mode))
         return "it is not a regular file";
     // First, since they may fill the disk.
     removeAbandonedFiles(folder.number(), std::time(nullptr));
 
-    const FileDescriptor original(exists ? openOriginal(folder.number(), place.name) : -1);
+    const FileDescriptor original(exists ? openOriginal(folder.number(), target.name) : -1);
     // Nobody else may look in before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
     if (!temporary.isOpen() ||
         (exists && !copyMetadata(original.number(), status, temporary.number())) ||
-        !temporary.write(content) || !temporary.moveTo(place.name))
-        return systemError();
-    // The new file is in place. Should this fail, a power cut may bring the old one back, whole.
+        !temporary.write(content) || !temporary.moveTo(target.name))
+        return errnoMessage();
+    // The new file is in target. Should this fail, a power cut may bring the old one back, whole.
     static_cast<void>(::fsync(folder.number()));
     return std::nullopt;
 }

@@ -44,6 +44,6 @@ inline bool writeWholly(int file, std::string_view content) {
 }
 
 /// What the last failed call of the system said, such as "No space left on device".
-inline std::string systemError() { return std::strerror(errno); }
+inline std::string errnoMessage() { return std::strerror(errno); }
 
 } // namespace frimbolate

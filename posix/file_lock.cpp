@@ -26,7 +26,7 @@ FileLock::State FileLock::take(const std::string& path) {
     } else if (errno == EWOULDBLOCK || errno == EINTR) {
         state_ = State::busy;
     } else {
-        reason_ = systemError();
+        reason_ = errnoMessage();
         state_ = State::unavailable;
     }
     return state_;

@@ -138,7 +138,7 @@ bool PlistDefaults::takeIn(PropertyListFile file) {
     case FileCondition::damaged:
         return true;
     case FileCondition::inaccessible:
-        tell("Could not read the preferences " + path_ + ": " + file.reason);
+        logOnce("Could not read the preferences " + path_ + ": " + file.reason);
         return false;
     }
     return false;
@@ -151,8 +151,8 @@ void PlistDefaults::change() {
     const FileLock lock(lockPath, waits_ ? patience_ : FileLock::Patience{.tries = 1});
     waits_ = lock.state() != FileLock::State::busy;
     if (!waits_)
-        return tell("Could not write the preferences " + path_ + ": another program holds " +
-                    lockPath);
+        return logOnce("Could not write the preferences " + path_ + ": another program holds " +
+                       lockPath);
     auto file = readPropertyListFile(path_);
     const bool isMissing = file.condition == FileCondition::missing && !stored_.empty();
     if (file.condition == FileCondition::damaged) {
@@ -174,7 +174,7 @@ void PlistDefaults::change() {
 bool PlistDefaults::setAside(const std::string& reason) {
     const auto name = renamedAside(path_);
     if (!name) {
-        tell("Could not read the preferences " + path_ + " nor set them aside: " + reason);
+        logOnce("Could not read the preferences " + path_ + " nor set them aside: " + reason);
         return false;
     }
     log_.line("The preferences " + path_ + " cannot be read (" + reason + ") and are now " + *name);
@@ -183,14 +183,14 @@ bool PlistDefaults::setAside(const std::string& reason) {
 
 bool PlistDefaults::write() {
     Dictionary merged = current();
-    std::optional<std::string> trouble;
+    std::optional<std::string> problem;
     try {
-        trouble = writePropertyListFile(path_, merged, 0600);
+        problem = writePropertyListFile(path_, merged, 0600);
     } catch (const NamedError& error) {
-        trouble = error.reason();
+        problem = error.reason();
     }
-    if (trouble) {
-        tell("Could not write the preferences " + path_ + ": " + *trouble);
+    if (problem) {
+        logOnce("Could not write the preferences " + path_ + ": " + *problem);
         return false;
     }
     stored_ = std::move(merged);
@@ -201,13 +201,13 @@ bool PlistDefaults::write() {
 /// What is on the disk by now is others' to change.
 void PlistDefaults::settle() {
     pending_.clear();
-    toldTrouble_.clear();
+    lastLoggedError_.clear();
 }
 
-void PlistDefaults::tell(const std::string& trouble) {
-    if (trouble != toldTrouble_)
-        log_.line(trouble);
-    toldTrouble_ = trouble;
+void PlistDefaults::logOnce(const std::string& problem) {
+    if (problem != lastLoggedError_)
+        log_.line(problem);
+    lastLoggedError_ = problem;
 }
 
 } // namespace frimbolate

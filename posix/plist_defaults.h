@@ -16,7 +16,7 @@ namespace frimbolate {
 class PlistDefaults : public Defaults {
   public:
     /// \param path of the property list; its folder is created when there is something to write
-    /// \param log  hears, once per trouble, when the file cannot be read, locked or written. The
+    /// \param log  hears, once per problem, when the file cannot be read, locked or written. The
     ///             values are then kept in memory, and written as soon as that works again.
     /// \param patience with another program that holds the lock. After one call that waited in vain
     ///             none waits until the lock could be had again.
@@ -44,7 +44,7 @@ class PlistDefaults : public Defaults {
     bool setAside(const std::string& reason);
     bool write();
     void settle();
-    void tell(const std::string& trouble);
+    void logOnce(const std::string& problem);
     Dictionary current() const;
 
     std::string path_;
@@ -55,7 +55,7 @@ class PlistDefaults : public Defaults {
     Dictionary stored_; ///< as last seen on the disk
     /// What is not on the disk yet; nothing stands for a key to be removed.
     std::map<std::string, std::optional<Value>, std::less<>> pending_;
-    std::string toldTrouble_;
+    std::string lastLoggedError_;
 };
 
 } // namespace frimbolate

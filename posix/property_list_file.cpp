@@ -59,17 +59,17 @@ PropertyListFile readPropertyListFile(const std::string& path) {
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     if (!file)
         return refused(errno == ENOENT ? FileCondition::missing : FileCondition::inaccessible,
-                       systemError());
+                       errnoMessage());
     struct stat status {};
     if (::fstat(file.number(), &status) != 0)
-        return refused(FileCondition::inaccessible, systemError());
+        return refused(FileCondition::inaccessible, errnoMessage());
     if (!S_ISREG(status.st_mode))
         return refused(FileCondition::inaccessible, "it is not a regular file");
     if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
     const auto bytes = readBytes(file.number());
     if (!bytes)
-        return refused(FileCondition::inaccessible, systemError());
+        return refused(FileCondition::inaccessible, errnoMessage());
     if (bytes->size() > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
     return parsed(*bytes);
