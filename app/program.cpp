@@ -4,7 +4,7 @@ namespace frimbolate {
 
 Program::Program(const std::string& preferencePath, const QProcessEnvironment& environment)
     : system_(preferencePath, environment), application_([this](const std::string& text) {
-          alerts_.show(SheetAlert{text, {}});
+          alerts_.show(Alert{text, {}});
       }),
       delegate_({.alerts = alerts_,
                  .sheets = sheets_,
@@ -19,7 +19,7 @@ Program::Program(const std::string& preferencePath, const QProcessEnvironment& e
                  .application = application_,
                  .trash = system_.trash}) {
     window_.connectTo(delegate_);
-    stack_.setAfterwards([this] { window_.mirror(); });
+    queue_.setAfterCompletion([this] { window_.mirror(); });
 }
 
 void Program::start() {

@@ -9,10 +9,10 @@
 #include "qt/window_blending.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
-#include "widgets/own_sheets.h"
 #include "widgets/panels/qt_file_panels.h"
-#include "widgets/sheets/sheet_alerts.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/qt_sheets.h"
+#include "widgets/sheets/qt_alerts.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include <string>
 
@@ -32,10 +32,10 @@ class Program {
 
   private:
     MainWindow window_{blendsWindows()};
-    SheetStack stack_{window_};
-    SheetAlerts alerts_{stack_, window_};
-    QtFilePanels filePanels_{stack_, window_};
-    OwnSheets sheets_{stack_, window_};
+    SheetQueue queue_{window_};
+    QtAlerts alerts_{queue_, window_};
+    QtFilePanels filePanels_{queue_, window_};
+    QtSheets sheets_{queue_, window_};
     SystemServices system_;
     LocalFiles files_{system_.log};
     QtPasteboard pasteboard_;

@@ -16,8 +16,8 @@ constexpr std::string_view takesEffectLater =
     "\n\nYou may also need to unload or load the launch agent for the change to take effect, else "
     "the change will take effect on the next reboot/login.";
 
-SheetAlert question(bool enable) {
-    SheetAlert alert;
+Alert question(bool enable) {
+    Alert alert;
     alert.messageText = enable ? "This launch agent is currently disabled."
                                : "This launch agent is currently enabled.";
     alert.informativeText =

@@ -13,7 +13,7 @@ enum : int { First = 1000, Second = 1001 };
 }
 
 /// An alert in the warning style, the only one that the program uses.
-struct SheetAlert {
+struct Alert {
     std::string messageText;
     std::string informativeText;
     std::vector<std::string> buttons = {"Ok"}; ///< one or two; the first is the default
@@ -32,8 +32,8 @@ class Alerts {
     virtual ~Alerts() = default;
     /// Returns at once. The completion runs exactly once, later, when the alert has left the
     /// screen. An alert asked for while another sheet is up is shown after it.
-    virtual void show(const SheetAlert& alert, Completion completion) = 0;
-    void show(const SheetAlert& alert) {
+    virtual void show(const Alert& alert, Completion completion) = 0;
+    void show(const Alert& alert) {
         show(alert, [](AlertOutcome) {});
     }
 };

@@ -60,9 +60,9 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
                                                mode_t newFileMode) {
     if (path.find('\0') != std::string::npos)
         return "its path holds a NUL";
-    const auto [target, refusal] = resolveLinks(path);
-    if (!refusal.empty())
-        return refusal;
+    const auto [target, rejectionReason] = resolveLinks(path);
+    if (!rejectionReason.empty())
+        return rejectionReason;
     const FileDescriptor folder(::open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder)
         return errnoMessage();

@@ -28,8 +28,8 @@ bool mayFollowLink(const LinkContext& context);
 
 /// Exactly one of the two says something.
 struct ResolvedPath {
-    PathParts place;     ///< no link, or nothing yet, when it was looked at
-    std::string refusal; ///< why the path is not resolved; a clause
+    PathParts place;             ///< no link, or nothing yet, when it was looked at
+    std::string rejectionReason; ///< why the path is not resolved; a clause
 };
 
 ResolvedPath resolveLinks(std::string path);

@@ -19,7 +19,7 @@ void LoadedAgentWarning::show(const std::function<void()>& goOn, const std::stri
         goOn();
         return;
     }
-    SheetAlert alert;
+    Alert alert;
     alert.messageText = "Important message:";
     alert.informativeText =
         "Frimbolate cannot determine if a launch agent is currently loaded/running. It is highly "

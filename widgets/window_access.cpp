@@ -4,7 +4,7 @@
 #include "widgets/controls/wrapped_text.h"
 #include "widgets/form/script_pop_over.h"
 #include "widgets/main_window.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

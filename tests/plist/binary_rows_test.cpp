@@ -103,7 +103,8 @@ void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 class BadBinary : public testing::TestWithParam<BadRow> {};
 
 TEST_P(BadBinary, isRefused) {
-    EXPECT_THAT(refusalOf(BinaryFile{GetParam().objects}.bytes()), HasSubstr(GetParam().reason));
+    EXPECT_THAT(rejectionReasonFor(BinaryFile{GetParam().objects}.bytes()),
+                HasSubstr(GetParam().reason));
 }
 
 constexpr std::uint64_t huge = 0x7fffffffffffffff;
@@ -173,7 +174,7 @@ TEST_P(DamagedFrame, isRefused) {
     auto file = framed;
     file.replace(file.size() - static_cast<std::size_t>(GetParam().place), GetParam().bytes.size(),
                  GetParam().bytes);
-    EXPECT_THAT(refusalOf(file), HasSubstr(GetParam().reason));
+    EXPECT_THAT(rejectionReasonFor(file), HasSubstr(GetParam().reason));
 }
 
 const FrameRow frameRows[] = {
@@ -197,12 +198,12 @@ const FrameRow frameRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, DamagedFrame, testing::ValuesIn(frameRows), NamedAfterRow());
 
 TEST(BinaryFrame, fillsTheFile) {
-    EXPECT_THAT(refusalOf(framed + '\0'), HasSubstr(""));
+    EXPECT_THAT(rejectionReasonFor(framed + '\0'), HasSubstr(""));
     EXPECT_EQ(verdictOn(framed + '\0'), "error");
     auto gap = framed;
     gap.insert(gap.size() - 32, 1, '\0');
-    EXPECT_THAT(refusalOf(gap), HasSubstr("does not fit in"));
-    EXPECT_EQ(refusalOf(framed.substr(0, 40)), "it is cut off");
+    EXPECT_THAT(rejectionReasonFor(gap), HasSubstr("does not fit in"));
+    EXPECT_EQ(rejectionReasonFor(framed.substr(0, 40)), "it is cut off");
 }
 
 TEST(BinaryFrame, hasAnyVersionOfZero) {
@@ -215,11 +216,11 @@ TEST(BinaryFrame, hasReferencesThatReachEveryObject) {
     BinaryFile file{std::vector<std::string>(255, "\x09"), 2, 1};
     EXPECT_EQ(verdictOn(file.bytes()), "ok\tB1");
     file.objects.emplace_back("\x09");
-    EXPECT_EQ(refusalOf(file.bytes()), "its references are too short");
+    EXPECT_EQ(rejectionReasonFor(file.bytes()), "its references are too short");
     file.referenceSize = 2;
     EXPECT_EQ(verdictOn(file.bytes()), "ok\tB1");
     file.offsetSize = 1;
-    EXPECT_EQ(refusalOf(file.bytes()), "its references are too short");
+    EXPECT_EQ(rejectionReasonFor(file.bytes()), "its references are too short");
 }
 
 TEST(BinaryFrame, readsWideReferences) {

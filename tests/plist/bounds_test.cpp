@@ -70,7 +70,7 @@ TEST_P(Bounds, ofMemoryAreKept) {
         isRead = false;
     }
     EXPECT_LE(meter.peak(), maximumPlistMemory(file.size()));
-    EXPECT_EQ(isRead, GetParam().isRead) << refusalOf(file).substr(0, 200);
+    EXPECT_EQ(isRead, GetParam().isRead) << rejectionReasonFor(file).substr(0, 200);
 }
 
 /// The bytes that a reader of XML searches are counted, whatever the file.

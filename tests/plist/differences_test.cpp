@@ -59,7 +59,8 @@ void PrintTo(const RefusedRow& row, std::ostream* out) { *out << row.name << ": 
 class RefusedHere : public testing::TestWithParam<RefusedRow> {};
 
 TEST_P(RefusedHere, thoughThePlatformReadsIt) {
-    EXPECT_THAT(refusalOf(GetParam().file), HasSubstr(GetParam().reason)) << GetParam().why;
+    EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason))
+        << GetParam().why;
 }
 
 const RefusedRow refusedRows[] = {
@@ -119,7 +120,8 @@ const RefusedRow refusedRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, RefusedHere, testing::ValuesIn(refusedRows), NamedAfterRow());
 
 TEST(RefusedHere, butNotJustBelowTheBounds) {
-    EXPECT_EQ(refusalOf("<string>" + sixteenMiB + "</string>"), "read as S\"" + sixteenMiB + "\"");
+    EXPECT_EQ(rejectionReasonFor("<string>" + sixteenMiB + "</string>"),
+              "read as S\"" + sixteenMiB + "\"");
     for (const auto& file : {repeated("(", 512) + repeated(")", 512), nestedBinary(512),
                              repeated("<array>", 512) + repeated("</array>", 512)})
         EXPECT_EQ(verdictOn(file), "ok\t" + repeated("(", 512) + repeated(")", 512));

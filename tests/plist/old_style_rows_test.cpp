@@ -79,7 +79,7 @@ void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 class BadOldStyle : public testing::TestWithParam<BadRow> {};
 
 TEST_P(BadOldStyle, isRefused) {
-    EXPECT_THAT(refusalOf(GetParam().file), HasSubstr(GetParam().reason));
+    EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
 }
 
 const BadRow badRows[] = {

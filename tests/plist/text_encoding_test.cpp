@@ -83,7 +83,7 @@ void PrintTo(const UnknownRow& row, std::ostream* out) { *out << row.name; }
 class UnknownEncoding : public testing::TestWithParam<UnknownRow> {};
 
 TEST_P(UnknownEncoding, isRefused) {
-    EXPECT_THAT(refusalOf(GetParam().file), HasSubstr(GetParam().reason));
+    EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
 }
 
 const UnknownRow unknownRows[] = {

@@ -24,7 +24,7 @@ std::string verdictOn(std::string_view file) try {
     return "error";
 }
 
-std::string refusalOf(std::string_view file) try {
+std::string rejectionReasonFor(std::string_view file) try {
     return "read as " + valueText(readPropertyList(file));
 } catch (const NamedError& failure) {
     return failure.reason();

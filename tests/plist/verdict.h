@@ -13,7 +13,7 @@ namespace frimbolate::test {
 std::string verdictOn(std::string_view file);
 
 /// Why reading a file fails; "read as …" where it does not.
-std::string refusalOf(std::string_view file);
+std::string rejectionReasonFor(std::string_view file);
 
 /// A made case, and what the platform makes of it.
 struct VerdictRow {

@@ -88,7 +88,9 @@ void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 
 class BadXml : public testing::TestWithParam<BadRow> {};
 
-TEST_P(BadXml, isRefused) { EXPECT_THAT(refusalOf(GetParam().file), HasSubstr(GetParam().reason)); }
+TEST_P(BadXml, isRefused) {
+    EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
+}
 
 const BadRow badRows[] = {
     {"onlyHeader", "<?xml version=\"1.0\"?>", "ends where an element is expected (line 1)"},

@@ -91,7 +91,7 @@ TEST_F(SymbolicLinks, LeadToWhatIsNotThereYet) {
     const auto resolved = resolveLinks(folder / "private/link");
     EXPECT_EQ(resolved.place.folder, folder / "private/../gone/");
     EXPECT_EQ(resolved.place.name, "file");
-    EXPECT_EQ(resolved.refusal, "");
+    EXPECT_EQ(resolved.rejectionReason, "");
 }
 
 } // namespace

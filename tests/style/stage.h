@@ -3,7 +3,7 @@
 
 #include "tests/widgets/scripted_window.h"
 #include "widgets/panels/qt_file_panels.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <span>
 
@@ -24,8 +24,8 @@ class Stage : public ScriptedWindow {
     void schedule(const char* title);
     void openDrawer();
 
-    SheetAlerts alerts{stack, window};
-    QtFilePanels panels{stack, window};
+    QtAlerts alerts{queue, window};
+    QtFilePanels panels{queue, window};
 };
 
 struct Face {

@@ -174,9 +174,9 @@ std::optional<Kind> ScriptedPlatform::take(const char* expected) {
     return question;
 }
 
-SheetAlert ScriptedPlatform::shownAlert() {
+Alert ScriptedPlatform::shownAlert() {
     const auto* question = first<Question::AlertQuestion>("alert");
-    return question ? question->alert : SheetAlert{};
+    return question ? question->alert : Alert{};
 }
 
 OpenPanel ScriptedPlatform::shownOpenPanel() {
@@ -227,7 +227,7 @@ void ScriptedPlatform::cancelPanel() {
 
 // Services
 
-void ScriptedPlatform::show(const SheetAlert& alert, Alerts::Completion completion) {
+void ScriptedPlatform::show(const Alert& alert, Alerts::Completion completion) {
     journal.add("alert", alert.messageText);
     questions_.push_back({Question::AlertQuestion{alert, std::move(completion)}});
 }

@@ -110,7 +110,7 @@ Data bookmarkOf(const std::string& folder);
 /// A question that waits for the test's answer.
 struct Question {
     struct AlertQuestion {
-        SheetAlert alert;
+        Alert alert;
         Alerts::Completion completion;
     };
     struct OpenQuestion {
@@ -152,7 +152,7 @@ class ScriptedPlatform : public Alerts,
     // What waits for an answer, in the order of asking. Each of these fails the running test when
     // the first question is of another kind or there is none.
     bool isAsking() const { return !questions_.empty(); }
-    SheetAlert shownAlert();
+    Alert shownAlert();
     OpenPanel shownOpenPanel();
     SavePanel shownSavePanel();
     /// Answers the first alert by the title of a button.
@@ -167,7 +167,7 @@ class ScriptedPlatform : public Alerts,
 
     // The services
     using Alerts::show;
-    void show(const SheetAlert& alert, Alerts::Completion completion) override;
+    void show(const Alert& alert, Alerts::Completion completion) override;
     void begin(Sheet sheet) override;
     void end(Sheet sheet) override;
     void makeFirstResponder(Sheet sheet, std::string_view outlet) override;

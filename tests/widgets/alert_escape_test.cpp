@@ -3,7 +3,7 @@
 #include "tests/support/scripted_platform.h"
 #include "tests/widgets/sheet_fixture.h"
 #include "ui/app_delegate.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <memory>
 #include <optional>
@@ -191,7 +191,7 @@ class EscapedAlert : public SheetFixture, public testing::WithParamInterface<Esc
     AlertDialog* bringUp() {
         Asking asking;
         GetParam().bringUp(asking);
-        const SheetAlert asked = asking.platform.shownAlert();
+        const Alert asked = asking.platform.shownAlert();
         EXPECT_THAT(asked.messageText, testing::StartsWith(GetParam().message));
         alerts.show(asked, [this](AlertOutcome outcome) {
             journal.push_back(std::to_string(outcome.answer));
@@ -210,7 +210,7 @@ class EscapedAlert : public SheetFixture, public testing::WithParamInterface<Esc
                     testing::ElementsAre(std::to_string(*GetParam().answer), "afterwards"));
     }
 
-    SheetAlerts alerts{stack, window};
+    QtAlerts alerts{queue, window};
 };
 
 TEST_P(EscapedAlert, AnswersWhatChangesLeast) {
@@ -231,7 +231,7 @@ INSTANTIATE_TEST_SUITE_P(Table, EscapedAlert, testing::ValuesIn(escapeRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(SheetFixture, EscapeClosesAnErrorThatIsPresented) {
-    SheetAlerts alerts(stack, window);
+    QtAlerts alerts(queue, window);
     alerts.show({"No bookmark can be made of this folder", {}}, [](AlertOutcome) {});
     QTest::keyClick(shown("sheetAlert"), Qt::Key_Escape);
     ASSERT_TRUE(journalReaches(1));

@@ -73,8 +73,8 @@ class FilePanel : public SheetFixture {
         ASSERT_TRUE(QTest::qWaitFor([&] { return nameField()->hasFocus(); }));
         nameField()->setText(QString::fromStdString(name));
     }
-    std::string refusal() {
-        auto* shown = dialog->findChild<WrappedText*>("panelRefusal");
+    std::string rejectionReason() {
+        auto* shown = dialog->findChild<WrappedText*>("panelRejection");
         return shown->isVisible() ? shown->text().toStdString() : "";
     }
     /// The question before a file is replaced, or null.
@@ -108,7 +108,7 @@ class FilePanel : public SheetFixture {
     }
 
     QTemporaryDir root;
-    QtFilePanels panels{stack, window};
+    QtFilePanels panels{queue, window};
     PanelDialog* dialog = nullptr;
 };
 

@@ -332,12 +332,12 @@ TEST_F(FilePanel, SaysWhyItRefuses) {
     open(files({"plist"}));
     type("missing.plist");
     click(dialog, "Select");
-    EXPECT_THAT(refusal(), HasSubstr("missing.plist"));
+    EXPECT_THAT(rejectionReason(), HasSubstr("missing.plist"));
     type("agent");
-    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(rejectionReason(), "");
     type("notes.txt");
     click(dialog, "Select");
-    EXPECT_THAT(refusal(), HasSubstr("notes.txt"));
+    EXPECT_THAT(rejectionReason(), HasSubstr("notes.txt"));
 }
 
 TEST_F(FilePanel, RefusesALinkToANameThatIsNoText) {
@@ -351,7 +351,7 @@ TEST_F(FilePanel, RefusesALinkToANameThatIsNoText) {
     type("link.plist");
     click(dialog, "Select");
     settle();
-    EXPECT_THAT(refusal(), HasSubstr("cannot be read as text"));
+    EXPECT_THAT(rejectionReason(), HasSubstr("cannot be read as text"));
     EXPECT_THAT(journal, ElementsAre());
     ::unlink(target.constData()); // the temporary folder cannot remove what it cannot read
 }

@@ -102,7 +102,7 @@ TEST_F(FilePanel, RefusesToSaveWhereThereIsNoFolder) {
     save(named("missing/new.plist"));
     click(dialog, "Save");
     settle();
-    EXPECT_THAT(refusal(), HasSubstr("missing"));
+    EXPECT_THAT(rejectionReason(), HasSubstr("missing"));
     EXPECT_THAT(journal, ElementsAre());
 }
 
@@ -110,7 +110,7 @@ TEST_F(FilePanel, RefusesANameThatNoDiskTakes) {
     save(named(std::string(256, 'x')));
     click(dialog, "Save");
     settle();
-    EXPECT_THAT(refusal(), HasSubstr("too long"));
+    EXPECT_THAT(rejectionReason(), HasSubstr("too long"));
     EXPECT_THAT(journal, ElementsAre());
 }
 

@@ -2,7 +2,7 @@
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/wrapped_text.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <QPushButton>
 #include <QScrollBar>
@@ -22,10 +22,10 @@ class LongestAlerts : public WindowTest, public testing::WithParamInterface<Long
         GetParam().ask(delegate);
         alerts.show(platform.shownAlert(), {});
         platform.abandonQuestions();
-        return qobject_cast<AlertDialog*>(stack.current());
+        return qobject_cast<AlertDialog*>(queue.current());
     }
 
-    SheetAlerts alerts{stack, window};
+    QtAlerts alerts{queue, window};
 };
 
 TEST_P(LongestAlerts, IsReadToItsEnd) {

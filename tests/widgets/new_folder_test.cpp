@@ -110,7 +110,7 @@ TEST_F(NewFolder, IsRefusedWhereItCannotBeMade) {
 struct NameRow {
     const char* name;
     std::string typed;
-    const char* refusal; ///< a part of it
+    const char* rejectionReason; ///< a part of it
 };
 class NewFolderName : public NewFolder, public testing::WithParamInterface<NameRow> {};
 
@@ -120,7 +120,7 @@ TEST_P(NewFolderName, ThatCannotBeHadIsRefused) {
     ask();
     field()->setText(QString::fromStdString(GetParam().typed));
     QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_THAT(refusalOfName(), testing::HasSubstr(GetParam().refusal));
+    EXPECT_THAT(refusalOfName(), testing::HasSubstr(GetParam().rejectionReason));
     EXPECT_TRUE(sheet->isVisible());
     EXPECT_EQ(QDir(root.path()).entryList(), before);
 }

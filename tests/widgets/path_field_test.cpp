@@ -155,10 +155,10 @@ TEST_F(PathFieldTest, ADraggedTextIsInsertedAsAnywhereElse) {
 
 TEST_F(PathFieldTest, ASheetKeepsDropsOut) {
     find<QAction>("about")->trigger();
-    ASSERT_NE(stack.current(), nullptr);
+    ASSERT_NE(queue.current(), nullptr);
     EXPECT_FALSE(drop(field("rootDirectoryField"), *urls({QUrl("file:///a")})));
     EXPECT_EQ(form().rootDirectoryField.stringValue, "");
-    stack.current()->reject();
+    queue.current()->reject();
 }
 
 TEST_F(PathFieldTest, ShowsThatItWouldTakeWhatIsOverIt) {

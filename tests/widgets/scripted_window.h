@@ -4,8 +4,8 @@
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
-#include "widgets/own_sheets.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/qt_sheets.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include <stdexcept>
 #include <string>
@@ -23,7 +23,7 @@ class ScriptedWindow {
         platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
         platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
         window.connectTo(delegate);
-        stack.setAfterwards([this] { window.mirror(); });
+        queue.setAfterCompletion([this] { window.mirror(); });
     }
 
     void start() {
@@ -55,8 +55,8 @@ class ScriptedWindow {
 
     ScriptedPlatform platform;
     MainWindow window;
-    SheetStack stack{window};
-    OwnSheets sheets{stack, window};
+    SheetQueue queue{window};
+    QtSheets sheets{queue, window};
     AppDelegate delegate{services()};
 
   private:

@@ -1,7 +1,7 @@
 // A window with a toolbar, a queue of sheets on it, and a journal of what happened.
 #pragma once
 
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include <QDialog>
 #include <QMainWindow>
@@ -25,7 +25,7 @@ class SheetFixture : public testing::Test {
         window.setFixedSize(680, 472);
         window.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-        stack.setAfterwards([this] { journal.push_back("afterwards"); });
+        queue.setAfterCompletion([this] { journal.push_back("afterwards"); });
     }
 
     /// The one dialog of this name that is on the screen, or null.
@@ -62,7 +62,7 @@ class SheetFixture : public testing::Test {
 
     QMainWindow window;
     QToolBar* toolBar = window.addToolBar("Tools");
-    SheetStack stack{window};
+    SheetQueue queue{window};
     std::vector<std::string> journal;
 };
 

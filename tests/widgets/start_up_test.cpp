@@ -2,9 +2,9 @@
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
-#include "widgets/own_sheets.h"
 #include "widgets/panels/qt_file_panels.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/qt_sheets.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -36,7 +36,7 @@ class StartUp : public testing::Test {
     StartUp() {
         qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
         window.connectTo(delegate);
-        stack.setAfterwards([this] { window.mirror(); });
+        queue.setAfterCompletion([this] { window.mirror(); });
     }
     void start() {
         delegate.applicationDidFinishLaunching();
@@ -51,9 +51,9 @@ class StartUp : public testing::Test {
 
     test::ScriptedPlatform platform;
     MainWindow window{false};
-    SheetStack stack{window};
-    QtFilePanels panels{stack, window};
-    OwnSheets sheets{stack, window};
+    SheetQueue queue{window};
+    QtFilePanels panels{queue, window};
+    QtSheets sheets{queue, window};
     AppDelegate delegate{services()};
     Shown shown;
 

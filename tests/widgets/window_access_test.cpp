@@ -1,6 +1,6 @@
 // What assistive tools meet: every part named, described, reachable, and to be worked with.
 #include "tests/widgets/window_test.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -45,13 +45,13 @@ TEST_F(WindowAccessTest, ThePopOverIsAPartOfTheWindow) {
 }
 
 TEST_F(WindowAccessTest, AnAlertHasTheRoleOfOne) {
-    SheetAlerts alerts(stack, window);
+    QtAlerts alerts(queue, window);
     alerts.show({"It is broken", "It cannot be mended", {"Ok"}}, {});
-    QAccessibleInterface* alert = access(stack.current());
+    QAccessibleInterface* alert = access(queue.current());
     EXPECT_EQ(alert->role(), QAccessible::AlertMessage);
     EXPECT_EQ(alert->text(QAccessible::Name), "It is broken");
     EXPECT_EQ(alert->text(QAccessible::Description), "It cannot be mended");
-    stack.current()->reject();
+    queue.current()->reject();
 }
 
 TEST_F(WindowAccessTest, EveryPopUpHasALabel) {

@@ -171,12 +171,12 @@ TEST_F(WindowDropsTest, ThePathOfVolumesIsNotToBeChanged) {
 
 TEST_F(WindowDropsTest, ASheetKeepsThemOut) {
     find<QAction>("about")->trigger();
-    ASSERT_NE(stack.current(), nullptr);
+    ASSERT_NE(queue.current(), nullptr);
     const auto [hovered, taken] = dropFile("agentTargetImageWell", "run.sh");
     EXPECT_FALSE(hovered || taken);
     EXPECT_EQ(form().agentTargetImageWell.toolTip, "");
-    stack.current()->reject();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !stack.current(); }));
+    queue.current()->reject();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !queue.current(); }));
     EXPECT_TRUE(dropFile("agentTargetImageWell", "run.sh").taken);
 }
 

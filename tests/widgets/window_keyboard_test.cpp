@@ -145,7 +145,7 @@ TEST_F(WindowKeyboardTest, NoTwoLettersOfASheetAreTheSame) {
     for (const char* sheet : {"welcomeWindow", "preferencesWindow", "executeScriptWindow"})
         expectOwnLetters(find(sheet));
     find<QAction>("about")->trigger();
-    expectOwnLetters(stack.current());
+    expectOwnLetters(queue.current());
 }
 
 TEST_F(WindowKeyboardTest, EverySheetHasOneDefaultButtonAndTabReachesAllOfIt) {
@@ -163,9 +163,9 @@ TEST_F(WindowKeyboardTest, EverySheetHasOneDefaultButtonAndTabReachesAllOfIt) {
 TEST_F(WindowKeyboardTest, ReturnAndEscapeCloseTheWordsAboutTheProgram) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         find<QAction>("about")->trigger();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return stack.current() != nullptr; }));
-        QTest::keyClick(stack.current(), key);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !stack.current(); })) << key;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return queue.current() != nullptr; }));
+        QTest::keyClick(queue.current(), key);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !queue.current(); })) << key;
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include "widgets/controls/accessible_description.h"
 #include "widgets/controls/dragged_path.h"
+#include "widgets/controls/file_panel_rules.h"
 #include "widgets/controls/long_text.h"
-#include "widgets/controls/panel_rules.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/surfaces.h"
 
@@ -62,8 +62,8 @@ QString ImageWellButton::pathDropped(const QDropEvent& event) const {
     const QString path = panel_ ? draggedPath(event) : QString();
     if (path.isEmpty())
         return {};
-    const PanelChoice choice = tryToChoose(*panel_, path);
-    return choice.refusal.isEmpty() ? choice.path : QString();
+    const PanelSelection choice = validateSelection(*panel_, path);
+    return choice.rejectionReason.isEmpty() ? choice.path : QString();
 }
 
 void ImageWellButton::setHovered(bool hovered) {

@@ -2,9 +2,9 @@
 
 #include "widgets/controls/accessible_description.h"
 #include "widgets/controls/dragged_path.h"
+#include "widgets/controls/file_panel_rules.h"
 #include "widgets/controls/form_mirror.h"
 #include "widgets/controls/long_text.h"
-#include "widgets/controls/panel_rules.h"
 #include "widgets/controls/text.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"

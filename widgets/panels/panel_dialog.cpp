@@ -118,10 +118,10 @@ QWidget* PanelDialog::header(const std::string& message) {
 }
 
 void PanelDialog::addRefusal() {
-    refusal_ = new WrappedText({}, WrappedText::Tone::warning);
-    refusal_->setObjectName("panelRefusal");
-    look::setFont(refusal_, look::FontRole::hint);
-    refusal_->hide();
+    rejectionLabel_ = new WrappedText({}, WrappedText::Tone::warning);
+    rejectionLabel_->setObjectName("panelRejection");
+    look::setFont(rejectionLabel_, look::FontRole::hint);
+    rejectionLabel_->hide();
     connect(nameField_, &QLineEdit::textChanged, this, &PanelDialog::withdrawRefusal);
 }
 
@@ -138,7 +138,7 @@ void PanelDialog::setUpForm() {
     for (QWidget* moved : {static_cast<QWidget*>(nameField_), static_cast<QWidget*>(box)})
         grid->removeWidget(moved);
     grid->addWidget(nameField_, 2, 1, 1, 2);
-    grid->addWidget(refusal_, 3, 1, 1, 2);
+    grid->addWidget(rejectionLabel_, 3, 1, 1, 2);
     grid->addWidget(box, 4, 0, 1, 3);
     box->setOrientation(Qt::Horizontal);
     setSizeGripEnabled(false); // it would stand in the margin; the window's frame does the same
@@ -283,22 +283,23 @@ void PanelDialog::accept() {
 void PanelDialog::acceptOpen(const QString& path) {
     if (QFileInfo(path).isDir() && !isBundle(path) && !open_->canChooseDirectories)
         return enter(path);
-    const PanelChoice choice = tryToChoose(*open_, path);
-    choice.refusal.isEmpty() ? choose(choice.path) : refuse(choice.refusal);
+    const PanelSelection choice = validateSelection(*open_, path);
+    choice.rejectionReason.isEmpty() ? choose(choice.path) : showRejection(choice.rejectionReason);
 }
 
 void PanelDialog::acceptSave(const QString& path) {
     const QFileInfo item(path);
     if (isUnreadableName(path))
-        return refuse(tr("This name cannot be read as text. Give the item another name first."));
+        return showRejection(
+            tr("This name cannot be read as text. Give the item another name first."));
     if (nameField_->text().isEmpty())
         return;
     if (item.isDir())
         return enter(path);
     if (!item.dir().exists())
-        return refuse(tr("The folder “%1” does not exist.").arg(item.path()));
+        return showRejection(tr("The folder “%1” does not exist.").arg(item.path()));
     if (isTooLong(item.fileName()))
-        return refuse(tr("The name is too long."));
+        return showRejection(tr("The name is too long."));
     // A link that leads nowhere is there all the same.
     item.exists() || item.isSymLink() ? askToReplace(path) : choose(path);
 }
@@ -324,16 +325,16 @@ void PanelDialog::choose(const QString& path) {
     QDialog::accept();
 }
 
-void PanelDialog::refuse(const QString& reason) {
-    refusal_->setText(reason);
-    refusal_->show();
+void PanelDialog::showRejection(const QString& reason) {
+    rejectionLabel_->setText(reason);
+    rejectionLabel_->show();
     look::setFaulty(nameField_, true);
     describe(nameField_, reason);
     nameField_->setFocus();
 }
 
 void PanelDialog::withdrawRefusal() {
-    refusal_->hide();
+    rejectionLabel_->hide();
     look::setFaulty(nameField_, false);
     describe(nameField_, {});
 }

@@ -9,9 +9,9 @@
 // panel makes is the new folder, where it offers one.
 #pragma once
 
-#include "widgets/controls/panel_rules.h"
-#include "widgets/sheets/sheet_alerts.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/controls/file_panel_rules.h"
+#include "widgets/sheets/qt_alerts.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include <QFileDialog>
 #include <QUrl>
@@ -64,7 +64,7 @@ class PanelDialog : public QFileDialog {
     void acceptSave(const QString& path);
     void askToReplace(const QString& path);
     void choose(const QString& path);
-    void refuse(const QString& reason);
+    void showRejection(const QString& reason);
     void withdrawRefusal();
 
     QString pathAt(const QModelIndex& index) const;
@@ -73,14 +73,14 @@ class PanelDialog : public QFileDialog {
 
     std::optional<OpenPanel> open_; ///< the rules of an open panel; none in a save panel
     QLineEdit* nameField_;
-    WrappedText* refusal_ = nullptr;
+    WrappedText* rejectionLabel_ = nullptr;
     std::optional<QString> chosenPath_;
     QString chosenName_;
     /// What the toolkit shares among all programs that use its panels.
     QList<QUrl> sharedPlaces_;
     QByteArray sharedColumns_;
-    SheetStack sheets_{*this}; ///< what is shown on the panel itself
-    SheetAlerts alerts_{sheets_, *this};
+    SheetQueue sheets_{*this}; ///< what is shown on the panel itself
+    QtAlerts alerts_{sheets_, *this};
 };
 
 } // namespace frimbolate

@@ -1,21 +1,21 @@
 #include "widgets/panels/qt_file_panels.h"
 
 #include "widgets/panels/panel_dialog.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/sheet_queue.h"
 
 namespace frimbolate {
 namespace {
 
 /// Presents the panel and hands what `answer` makes of it to the completion.
 template <typename Completion, typename Answer>
-void present(SheetStack& stack, PanelDialog* panel, Completion completion, Answer answer) {
+void present(SheetQueue& queue, PanelDialog* panel, Completion completion, Answer answer) {
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(panel, &QDialog::finished, &stack,
-                     [&stack, panel, completion = std::move(completion), answer] {
-                         stack.complete(
+    QObject::connect(panel, &QDialog::finished, &queue,
+                     [&queue, panel, completion = std::move(completion), answer] {
+                         queue.complete(
                              [completion, given = answer(*panel)] { completion(given); });
                      });
-    stack.present(panel);
+    queue.present(panel);
 }
 
 std::optional<std::string> chosenPath(const PanelDialog& panel) {
@@ -33,11 +33,11 @@ std::optional<SaveLocation> chosenLocation(const PanelDialog& panel) {
 } // namespace
 
 void QtFilePanels::open(const OpenPanel& panel, OpenCompletion completion) {
-    present(stack_, new PanelDialog(panel, &mainWindow_), std::move(completion), chosenPath);
+    present(queue_, new PanelDialog(panel, &mainWindow_), std::move(completion), chosenPath);
 }
 
 void QtFilePanels::save(const SavePanel& panel, SaveCompletion completion) {
-    present(stack_, new PanelDialog(panel, &mainWindow_), std::move(completion), chosenLocation);
+    present(queue_, new PanelDialog(panel, &mainWindow_), std::move(completion), chosenLocation);
 }
 
 } // namespace frimbolate

@@ -11,17 +11,17 @@ class QWidget;
 
 namespace frimbolate {
 
-class SheetStack;
+class SheetQueue;
 
 class QtFilePanels : public FilePanels {
   public:
-    QtFilePanels(SheetStack& stack, QWidget& mainWindow) : stack_(stack), mainWindow_(mainWindow) {}
+    QtFilePanels(SheetQueue& queue, QWidget& mainWindow) : queue_(queue), mainWindow_(mainWindow) {}
 
     void open(const OpenPanel& panel, OpenCompletion completion) override;
     void save(const SavePanel& panel, SaveCompletion completion) override;
 
   private:
-    SheetStack& stack_;
+    SheetQueue& queue_;
     QWidget& mainWindow_;
 };
 

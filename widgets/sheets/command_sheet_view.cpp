@@ -31,7 +31,7 @@ constexpr int leastHeight = 64, greatestHeight = 120, greatestPanelHeight = 348;
 } // namespace
 
 CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
-    : OwnSheet("executeScriptWindow", panelWidth, mirror, mainWindow,
+    : AppSheet("executeScriptWindow", panelWidth, mirror, mainWindow,
                &AppDelegate::closeExecuteScriptWindow),
       title_(addTitle({})) {
     addWords();

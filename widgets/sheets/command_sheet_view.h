@@ -1,7 +1,7 @@
 // The sheet that shows a launchctl command to copy, and opens a terminal to paste it into.
 #pragma once
 
-#include "widgets/sheets/own_sheet.h"
+#include "widgets/sheets/app_sheet.h"
 
 class QToolButton;
 
@@ -12,7 +12,7 @@ class CommandText;
 class ElidedLabel;
 class WarningLabel;
 
-class CommandSheetView : public OwnSheet {
+class CommandSheetView : public AppSheet {
     Q_OBJECT
 
   public:

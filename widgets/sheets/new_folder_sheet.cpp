@@ -1,7 +1,7 @@
 #include "widgets/sheets/new_folder_sheet.h"
 
 #include "widgets/controls/accessible_description.h"
-#include "widgets/controls/panel_rules.h"
+#include "widgets/controls/file_panel_rules.h"
 #include "widgets/controls/wrapped_text.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/style.h"
@@ -42,15 +42,15 @@ void NewFolderSheet::addField(const QString& proposedName) {
     name_->setAccessibleName(tr("Name of the new folder"));
     name_->selectAll();
     name_->setFocus();
-    refusal_ = new WrappedText({}, WrappedText::Tone::warning, this);
-    refusal_->setObjectName("newFolderRefusal");
-    refusal_->hide();
-    look::setFont(refusal_, look::FontRole::hint);
+    rejectionLabel_ = new WrappedText({}, WrappedText::Tone::warning, this);
+    rejectionLabel_->setObjectName("newFolderRefusal");
+    rejectionLabel_->hide();
+    look::setFont(rejectionLabel_, look::FontRole::hint);
     body()->addWidget(name_);
     body()->addSpacing(look::scaled(4));
-    body()->addWidget(refusal_);
+    body()->addWidget(rejectionLabel_);
     connect(name_, &QLineEdit::textChanged, this, [this] {
-        refusal_->hide();
+        rejectionLabel_->hide();
         look::setFaulty(name_, false);
         describe(name_, {});
     });
@@ -77,8 +77,8 @@ void NewFolderSheet::accept() {
         return SheetDialog::accept();
     if (reason.isEmpty())
         reason = tr("No folder can be made here.");
-    refusal_->setText(reason);
-    refusal_->show();
+    rejectionLabel_->setText(reason);
+    rejectionLabel_->show();
     look::setFaulty(name_, true);
     describe(name_, reason);
     name_->setFocus();

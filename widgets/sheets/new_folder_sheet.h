@@ -32,7 +32,7 @@ class NewFolderSheet : public SheetDialog {
 
     QString folder_;
     QLineEdit* name_ = nullptr;
-    WrappedText* refusal_ = nullptr;
+    WrappedText* rejectionLabel_ = nullptr;
 };
 
 } // namespace frimbolate

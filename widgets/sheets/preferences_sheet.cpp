@@ -48,7 +48,7 @@ constexpr PopUpRow popUps[] = {
 } // namespace
 
 PreferencesSheet::PreferencesSheet(FormMirror& mirror, QWidget& mainWindow)
-    : OwnSheet("preferencesWindow", panelWidth, mirror, mainWindow,
+    : AppSheet("preferencesWindow", panelWidth, mirror, mainWindow,
                &AppDelegate::closeWithoutSavingPrefs),
       grid_(new QGridLayout) {
     addTitle(tr("Preferences"));

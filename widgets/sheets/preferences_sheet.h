@@ -1,7 +1,7 @@
 // The sheet of the person's settings. Its controls stand in the form model; it stores nothing.
 #pragma once
 
-#include "widgets/sheets/own_sheet.h"
+#include "widgets/sheets/app_sheet.h"
 
 #include <span>
 
@@ -11,7 +11,7 @@ namespace frimbolate {
 
 struct PopUpItem;
 
-class PreferencesSheet : public OwnSheet {
+class PreferencesSheet : public AppSheet {
     Q_OBJECT
 
   public:

@@ -27,9 +27,9 @@ bool desktopPlacesSheets() {
 }
 
 /// Shows the picture of a sheet on its way out from under the toolbar, before the sheet itself.
-class SheetCurtain : public QWidget {
+class SlideInOverlay : public QWidget {
   public:
-    explicit SheetCurtain(SheetDialog& sheet)
+    explicit SlideInOverlay(SheetDialog& sheet)
         : QWidget(&sheet), sheet_(sheet), content_(sheet.grab(sheet.panelRect())) {
         setObjectName("sheetCurtain");
         setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -147,22 +147,22 @@ void SheetDialog::showEvent(QShowEvent* event) {
 void SheetDialog::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     // Shown again, the sheet would be pictured with it.
-    delete curtain_;
+    delete overlay_;
 }
 
 void SheetDialog::slideOut() {
     // The sheet itself is in its place at once and takes clicks and keys; only its picture slides,
-    // on a curtain before it.
-    auto* curtain = new SheetCurtain(*this);
-    auto* slide = new QVariantAnimation(curtain);
+    // on a overlay before it.
+    auto* overlay = new SlideInOverlay(*this);
+    auto* slide = new QVariantAnimation(overlay);
     slide->setStartValue(0.0);
     slide->setEndValue(1.0);
     slide->setDuration(slideMilliseconds);
     slide->setEasingCurve(QEasingCurve::OutCubic);
-    connect(slide, &QVariantAnimation::valueChanged, curtain, qOverload<>(&QWidget::update));
-    connect(slide, &QVariantAnimation::finished, curtain, &QObject::deleteLater);
-    curtain_ = curtain;
-    curtain->showBy(*slide);
+    connect(slide, &QVariantAnimation::valueChanged, overlay, qOverload<>(&QWidget::update));
+    connect(slide, &QVariantAnimation::finished, overlay, &QObject::deleteLater);
+    overlay_ = overlay;
+    overlay->showBy(*slide);
     slide->start();
 }
 

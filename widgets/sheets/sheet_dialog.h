@@ -69,7 +69,7 @@ class SheetDialog : public QDialog {
     bool paintsFrame_; ///< whether the frame is ours, or the desktop's
     bool grabsSoon_ = false;
     QPixmap backdrop_;
-    QPointer<QWidget> curtain_; ///< only while the sheet slides out
+    QPointer<QWidget> overlay_; ///< only while the sheet slides out
 };
 
 } // namespace frimbolate

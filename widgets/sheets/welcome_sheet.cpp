@@ -37,7 +37,7 @@ class Badge : public QWidget {
 } // namespace
 
 WelcomeSheet::WelcomeSheet(FormMirror& mirror, QWidget& mainWindow)
-    : OwnSheet("welcomeWindow", panelWidth, mirror, mainWindow, &AppDelegate::closeWelcomeWindow) {
+    : AppSheet("welcomeWindow", panelWidth, mirror, mainWindow, &AppDelegate::closeWelcomeWindow) {
     setWindowTitle(tr("Welcome to Frimbolate"));
     setAccessibleName(tr("Welcome to Frimbolate"));
     setBodyPadding({scaled(32), scaled(28), scaled(32), scaled(24)});

@@ -1,13 +1,13 @@
 // The sheet that greets at start: what the program does, in three steps.
 #pragma once
 
-#include "widgets/sheets/own_sheet.h"
+#include "widgets/sheets/app_sheet.h"
 
 class QBoxLayout;
 
 namespace frimbolate {
 
-class WelcomeSheet : public OwnSheet {
+class WelcomeSheet : public AppSheet {
     Q_OBJECT
 
   public:

@@ -59,10 +59,10 @@ void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRectF& panel) {
     paintFrame(painter, sheet, backdrop, panel);
 }
 
-void paintSlidingSheet(QWidget& curtain, const QPixmap& backdrop, const QRectF& panel,
+void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRectF& panel,
                        const QPixmap& content) {
-    QPainter painter(&curtain);
-    paintFrame(painter, curtain, backdrop, panel);
+    QPainter painter(&overlay);
+    paintFrame(painter, overlay, backdrop, panel);
     painter.drawPixmap(panel.topLeft(), content);
 }
 

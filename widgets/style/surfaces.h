@@ -53,7 +53,7 @@ void paintPlainSheet(QWidget& sheet);
 /// it comes out from under the toolbar, and round below.
 void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRectF& panel);
 /// The same on its way out, with the picture of its content.
-void paintSlidingSheet(QWidget& curtain, const QPixmap& backdrop, const QRectF& panel,
+void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRectF& panel,
                        const QPixmap& content);
 
 } // namespace frimbolate::look

@@ -36,7 +36,7 @@ def drop(app, drag_source, files, box, taken):
         return lambda: home.log()[before:].splitlines()[-1:] == [words]
 
     if not taken:
-        # Any text field takes them, so that the refusal afterwards shows as a change.
+        # Any text field takes them, so that the rejectionReason afterwards shows as a change.
         driver.drag_to(field, last_said("would be taken"), "the field to take them")
     end = "taken" if taken else "refused"
     driver.drag_to(place, last_said(f"would be {end}"), f"the files to be about to be {end}")

@@ -9,13 +9,13 @@ class QLabel;
 
 namespace frimbolate {
 
-class OwnSheet : public SheetDialog {
+class AppSheet : public SheetDialog {
     Q_OBJECT
 
   public:
     /// \param panelWidth in pixels of the 1x layout
     /// \param close the action of its closing button, which Escape sends too
-    OwnSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
+    AppSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
              FormMirror::Send close);
 
   public slots:

@@ -1,7 +1,7 @@
 #include "tests/widgets/sheet_fixture.h"
 
 #include "widgets/controls/wrapped_text.h"
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 #include "widgets/style/tokens.h"
 #include "widgets/window_access.h"
 
@@ -15,10 +15,10 @@ namespace {
 
 using testing::ElementsAre;
 
-class Alert : public SheetFixture {
+class AlertSheetTest : public SheetFixture {
   protected:
     /// Shows the alert and writes its outcome into the journal.
-    AlertDialog* show(const SheetAlert& alert) {
+    AlertDialog* show(const Alert& alert) {
         alerts.show(alert, [this](AlertOutcome outcome) {
             journal.push_back(std::to_string(outcome.answer) + "/" +
                               std::to_string(outcome.suppressionState));
@@ -29,7 +29,7 @@ class Alert : public SheetFixture {
         return dialog->findChild<WrappedText*>(name)->text();
     }
 
-    SheetAlerts alerts{stack, window};
+    QtAlerts alerts{queue, window};
 };
 
 struct AnswerRow {
@@ -39,7 +39,7 @@ struct AnswerRow {
     const char* outcome;
 };
 
-class AlertAnswers : public Alert, public testing::WithParamInterface<AnswerRow> {};
+class AlertAnswers : public AlertSheetTest, public testing::WithParamInterface<AnswerRow> {};
 
 TEST_P(AlertAnswers, AreCountedFromTheFirstButton) {
     QDialog* dialog = show({"Message", "Text", GetParam().buttons});
@@ -59,7 +59,7 @@ const AnswerRow answerRows[] = {
 INSTANTIATE_TEST_SUITE_P(Table, AlertAnswers, testing::ValuesIn(answerRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(Alert, HasItsFirstButtonAsDefault) {
+TEST_F(AlertSheetTest, HasItsFirstButtonAsDefault) {
     QDialog* dialog = show({"Message", "Text", {"Continue", "Cancel"}});
     EXPECT_TRUE(button(dialog, "Continue")->isDefault());
     EXPECT_FALSE(button(dialog, "Cancel")->isDefault());
@@ -69,7 +69,7 @@ TEST_F(Alert, HasItsFirstButtonAsDefault) {
     EXPECT_EQ(journal.front(), "1000/0");
 }
 
-TEST_F(Alert, PutsTheDefaultInTheCorner) {
+TEST_F(AlertSheetTest, PutsTheDefaultInTheCorner) {
     QDialog* dialog = show({"Message", "Text", {"One", "Two"}});
     const auto left = [&](const char* title) {
         return button(dialog, title)->mapTo(dialog, QPoint()).x();
@@ -77,7 +77,7 @@ TEST_F(Alert, PutsTheDefaultInTheCorner) {
     EXPECT_LT(left("Two"), left("One"));
 }
 
-TEST_F(Alert, ShowsItsTextsAsTheyAre) {
+TEST_F(AlertSheetTest, ShowsItsTextsAsTheyAre) {
     QDialog* dialog = show({"A <b>bold</b> & plain title", "First\n\n<i>Second</i>"});
     EXPECT_EQ(text(dialog, "messageText"), "A <b>bold</b> & plain title");
     EXPECT_EQ(text(dialog, "informativeText"), "First\n\n<i>Second</i>");
@@ -89,16 +89,16 @@ TEST_F(Alert, ShowsItsTextsAsTheyAre) {
     }
 }
 
-TEST_F(Alert, HasNoEmptyLineAboveItsButtons) {
+TEST_F(AlertSheetTest, HasNoEmptyLineAboveItsButtons) {
     EXPECT_EQ(text(show({"Message", "One\n\nTwo\n"}), "informativeText"), "One\n\nTwo");
 }
 
-TEST_F(Alert, OffersSuppressionOnlyWhereAsked) {
+TEST_F(AlertSheetTest, OffersSuppressionOnlyWhereAsked) {
     QDialog* plain = show({"Message", "Text"});
     EXPECT_EQ(plain->findChild<QCheckBox*>("suppressionButton"), nullptr);
 }
 
-TEST_F(Alert, TellsWhetherItIsToBeSuppressed) {
+TEST_F(AlertSheetTest, TellsWhetherItIsToBeSuppressed) {
     QDialog* dialog = show({"Message", "Text", {"Continue", "Cancel"}, true});
     auto* box = dialog->findChild<QCheckBox*>("suppressionButton");
     ASSERT_NE(box, nullptr);
@@ -110,7 +110,7 @@ TEST_F(Alert, TellsWhetherItIsToBeSuppressed) {
     EXPECT_EQ(journal.front(), "1000/1");
 }
 
-TEST_F(Alert, BlocksTheWindowAndHangsUnderTheToolbar) {
+TEST_F(AlertSheetTest, BlocksTheWindowAndHangsUnderTheToolbar) {
     AlertDialog* dialog = show({"Message", "Text"});
     EXPECT_EQ(QApplication::activeModalWidget(), dialog);
     EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
@@ -121,7 +121,7 @@ TEST_F(Alert, BlocksTheWindowAndHangsUnderTheToolbar) {
     EXPECT_TRUE(window.findChild<QWidget*>("sheetScrim")->isVisible());
 }
 
-TEST_F(Alert, FollowsTheWindow) {
+TEST_F(AlertSheetTest, FollowsTheWindow) {
     AlertDialog* dialog = show({"Message", "Text"});
     const QPoint before = window.mapFromGlobal(dialog->pos());
     window.move(window.pos() + QPoint(120, 40));
@@ -135,7 +135,7 @@ std::string words(int number) {
     return result;
 }
 
-TEST_F(Alert, OfUsualLengthShowsAllOfItsText) {
+TEST_F(AlertSheetTest, OfUsualLengthShowsAllOfItsText) {
     AlertDialog* dialog = show({"Message", words(100), {"Continue", "Cancel"}, true});
     EXPECT_LE(dialog->panelRect().height(), 348);
     const auto* shown = dialog->findChild<WrappedText*>("informativeText");
@@ -145,11 +145,11 @@ TEST_F(Alert, OfUsualLengthShowsAllOfItsText) {
 
 struct LongRow {
     const char* name;
-    SheetAlert alert;
+    Alert alert;
     const char* scrolls; ///< which of its texts
 };
 
-class LongAlert : public Alert, public testing::WithParamInterface<LongRow> {};
+class LongAlert : public AlertSheetTest, public testing::WithParamInterface<LongRow> {};
 
 TEST_P(LongAlert, StaysInsideTheFormAndScrolls) {
     AlertDialog* dialog = show(GetParam().alert);
@@ -170,7 +170,7 @@ const LongRow longRows[] = {
 INSTANTIATE_TEST_SUITE_P(Table, LongAlert, testing::ValuesIn(longRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(Alert, BreaksAWordThatIsLongerThanItsLine) {
+TEST_F(AlertSheetTest, BreaksAWordThatIsLongerThanItsLine) {
     const std::string name(67, 'm');
     AlertDialog* dialog = show({name, "/Users/maya/" + name, {"Delete", "Cancel"}});
     for (auto* shown : dialog->findChildren<WrappedText*>()) {
@@ -182,7 +182,7 @@ TEST_F(Alert, BreaksAWordThatIsLongerThanItsLine) {
     }
 }
 
-TEST_F(Alert, CopiesAndTellsItsTextsAsTheyAre) {
+TEST_F(AlertSheetTest, CopiesAndTellsItsTextsAsTheyAre) {
     installWindowAccess();
     for (const char16_t* odd : {u"two\nlines", u"no\u00A0break", u"a\r\nb", u"a\u2028b\u2029c",
                                 u"an\uFFFCobject", u"of\u200Bno\u00ADwidth", u"🚀 rocket"}) {
@@ -201,7 +201,7 @@ TEST_F(Alert, CopiesAndTellsItsTextsAsTheyAre) {
     }
 }
 
-TEST_F(Alert, CopiesThePartThatIsSelected) {
+TEST_F(AlertSheetTest, CopiesThePartThatIsSelected) {
     AlertDialog* dialog = show({"Message", "/Users/maya/" + std::string(80, 'x') + "/a b.plist"});
     auto* shown = dialog->findChild<WrappedText*>("informativeText");
     QTextCursor part = shown->textCursor();
@@ -212,7 +212,7 @@ TEST_F(Alert, CopiesThePartThatIsSelected) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "/a b.");
 }
 
-TEST_F(Alert, KeepsItsColoursWithTheDesktops) {
+TEST_F(AlertSheetTest, KeepsItsColoursWithTheDesktops) {
     AlertDialog* dialog = show({"Message", "Text"});
     const auto* shown = dialog->findChild<WrappedText*>("informativeText");
     for (const bool isDark : {true, false}) {
@@ -221,7 +221,7 @@ TEST_F(Alert, KeepsItsColoursWithTheDesktops) {
     }
 }
 
-TEST_F(Alert, IsToldToAssistiveTechnology) {
+TEST_F(AlertSheetTest, IsToldToAssistiveTechnology) {
     QDialog* dialog = show({"Message", "Text"});
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(dialog);
     ASSERT_NE(interface, nullptr);
@@ -229,7 +229,7 @@ TEST_F(Alert, IsToldToAssistiveTechnology) {
     EXPECT_EQ(interface->text(QAccessible::Description), "Text");
 }
 
-TEST_F(Alert, AskedForInOneBreathAreShownOneAfterTheOther) {
+TEST_F(AlertSheetTest, AskedForInOneBreathAreShownOneAfterTheOther) {
     show({"First", "Text"});
     show({"Second", "Text"});
     EXPECT_EQ(text(shown("sheetAlert"), "messageText"), "First");
@@ -243,7 +243,7 @@ TEST_F(Alert, AskedForInOneBreathAreShownOneAfterTheOther) {
     EXPECT_EQ(journal.size(), 4U);
 }
 
-TEST_F(Alert, AskedForByACompletionWaitsForThoseBefore) {
+TEST_F(AlertSheetTest, AskedForByACompletionWaitsForThoseBefore) {
     alerts.show({"First", "Text"}, [this](AlertOutcome) {
         journal.push_back("first");
         alerts.show({"Third", "Text"}, [this](AlertOutcome) { journal.push_back("third"); });
@@ -259,7 +259,7 @@ TEST_F(Alert, AskedForByACompletionWaitsForThoseBefore) {
                 ElementsAre("first", "afterwards", "second", "afterwards", "third", "afterwards"));
 }
 
-TEST_F(Alert, CompletesOnlyWhenItHasLeftTheScreen) {
+TEST_F(AlertSheetTest, CompletesOnlyWhenItHasLeftTheScreen) {
     bool wasGone = false;
     alerts.show({"Message", "Text"}, [&](AlertOutcome) {
         wasGone = shown("sheetAlert") == nullptr;
@@ -271,7 +271,7 @@ TEST_F(Alert, CompletesOnlyWhenItHasLeftTheScreen) {
     EXPECT_TRUE(wasGone);
 }
 
-TEST_F(Alert, WithoutCompletionGoesAway) {
+TEST_F(AlertSheetTest, WithoutCompletionGoesAway) {
     alerts.show({"Message", "Text"});
     click(shown("sheetAlert"), "Ok");
     ASSERT_TRUE(journalReaches(1));

@@ -1,10 +1,10 @@
-#include "widgets/own_sheets.h"
+#include "widgets/qt_sheets.h"
 
 #include "widgets/controls/text.h"
 #include "widgets/main_window.h"
 #include "widgets/sheets/command_sheet_view.h"
 #include "widgets/sheets/preferences_sheet.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/sheet_queue.h"
 #include "widgets/sheets/welcome_sheet.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
@@ -18,30 +18,30 @@
 
 namespace frimbolate {
 
-OwnSheets::OwnSheets(SheetStack& stack, MainWindow& window)
-    : stack_(stack), window_(window), sheets_{new WelcomeSheet(window.formMirror(), window),
+QtSheets::QtSheets(SheetQueue& queue, MainWindow& window)
+    : queue_(queue), window_(window), sheets_{new WelcomeSheet(window.formMirror(), window),
                                               new PreferencesSheet(window.formMirror(), window),
                                               new CommandSheetView(window.formMirror(), window)} {
-    QObject::connect(window.aboutAction(), &QAction::triggered, &stack, [this] { showAbout(); });
+    QObject::connect(window.aboutAction(), &QAction::triggered, &queue, [this] { showAbout(); });
 }
 
-void OwnSheets::begin(Sheet which) {
+void QtSheets::begin(Sheet which) {
     // The sheet measures itself when it is shown, so it has to hold what it will show by then.
     window_.mirror();
     for (auto* button : sheet(which)->findChildren<QPushButton*>())
         if (button->isDefault())
             button->setFocus();
-    stack_.present(sheet(which));
+    queue_.present(sheet(which));
 }
 
-void OwnSheets::end(Sheet which) { stack_.dismiss(sheet(which)); }
+void QtSheets::end(Sheet which) { queue_.dismiss(sheet(which)); }
 
-void OwnSheets::makeFirstResponder(Sheet which, std::string_view outlet) {
+void QtSheets::makeFirstResponder(Sheet which, std::string_view outlet) {
     if (auto* control = sheet(which)->findChild<QWidget*>(text(outlet)))
         control->setFocus();
 }
 
-void OwnSheets::showAbout() {
+void QtSheets::showAbout() {
     auto* about = new SheetDialog("aboutWindow", 440, &window_);
     about->setAttribute(Qt::WA_DeleteOnClose);
     const QString title = QObject::tr("Frimbolate %1").arg(QCoreApplication::applicationVersion());
@@ -67,7 +67,7 @@ void OwnSheets::showAbout() {
     about->body()->addLayout(texts);
     about->body()->addSpacing(look::scaled(24));
     about->addButtonRow(nullptr, {close});
-    stack_.present(about);
+    queue_.present(about);
 }
 
 } // namespace frimbolate

@@ -15,13 +15,13 @@ class QCheckBox;
 
 namespace frimbolate {
 
-class SheetStack;
+class SheetQueue;
 
 class AlertDialog : public SheetDialog {
     Q_OBJECT
 
   public:
-    AlertDialog(const SheetAlert& alert, QWidget* mainWindow);
+    AlertDialog(const Alert& alert, QWidget* mainWindow);
 
     /// What was answered; meaningful once finished() was emitted.
     AlertOutcome outcome() const;
@@ -33,8 +33,8 @@ class AlertDialog : public SheetDialog {
     void showEvent(QShowEvent* event) override;
 
   private:
-    QWidget* texts(const SheetAlert& alert);
-    void addButtons(const SheetAlert& alert);
+    QWidget* texts(const Alert& alert);
+    void addButtons(const Alert& alert);
     /// How much higher than the form the sheet would be; pixels.
     int excessHeight() const;
     void makeTextScroll();
@@ -43,15 +43,15 @@ class AlertDialog : public SheetDialog {
     std::optional<int> escapeAnswer_;
 };
 
-class SheetAlerts : public Alerts {
+class QtAlerts : public Alerts {
   public:
-    SheetAlerts(SheetStack& stack, QWidget& mainWindow) : stack_(stack), mainWindow_(mainWindow) {}
+    QtAlerts(SheetQueue& queue, QWidget& mainWindow) : queue_(queue), mainWindow_(mainWindow) {}
 
     using Alerts::show;
-    void show(const SheetAlert& alert, Completion completion) override;
+    void show(const Alert& alert, Completion completion) override;
 
   private:
-    SheetStack& stack_;
+    SheetQueue& queue_;
     QWidget& mainWindow_;
 };
 

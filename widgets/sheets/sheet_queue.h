@@ -3,8 +3,8 @@
 // sheet asked for while the main window is hidden waits until that has reached the screen.
 //
 // What follows an answer runs from the event loop, when the dialog has left the screen: first the
-// completion, then `afterwards`, which lets the window mirror the model, then the next sheet is
-// shown. A sheet that a completion asks for stands behind those already waiting.
+// completion, then `afterCompletion`, which lets the window mirror the model, then the next sheet
+// is shown. A sheet that a completion asks for stands behind those already waiting.
 #pragma once
 
 #include <QDialog>
@@ -20,13 +20,13 @@ class QWidget;
 
 namespace frimbolate {
 
-class SheetStack : public QObject {
+class SheetQueue : public QObject {
     Q_OBJECT
 
   public:
-    /// The main window must outlive the stack, and the dialogs presented must be its children.
-    explicit SheetStack(QWidget& mainWindow);
-    ~SheetStack() override;
+    /// The main window must outlive the queue, and the dialogs presented must be its children.
+    explicit SheetQueue(QWidget& mainWindow);
+    ~SheetQueue() override;
 
     /// Shows the dialog with open(), now or after those before it. The dialog is not owned: it is
     /// the main window's child or deletes itself on close. Asking twice shows it once.
@@ -37,7 +37,7 @@ class SheetStack : public QObject {
     QDialog* current() const { return current_; }
 
     /// Runs after each completion.
-    void setAfterwards(std::function<void()> afterwards);
+    void setAfterCompletion(std::function<void()> afterCompletion);
     /// Runs the completion once, from the event loop.
     void complete(std::function<void()> completion);
 
@@ -45,8 +45,8 @@ class SheetStack : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void goOnSoon();
-    void goOn();
+    void scheduleDrain();
+    void drain();
     void showNext();
     void placeScrim();
     void followMainWindow(QEvent::Type event);
@@ -56,10 +56,10 @@ class SheetStack : public QObject {
     QPointer<QDialog> current_;
     QList<QPointer<QDialog>> waiting_;
     std::deque<std::function<void()>> completions_;
-    std::function<void()> afterwards_;
-    bool isOnScreen_;         ///< the main window has reached the screen since it was shown
-    bool goesOnSoon_ = false; ///< goOn() is on its way through the event loop
-    bool goesOn_ = false;     ///< completions are running
+    std::function<void()> afterCompletion_;
+    bool isOnScreen_;             ///< the main window has reached the screen since it was shown
+    bool drainScheduled_ = false; ///< drain() is on its way through the event loop
+    bool draining_ = false;       ///< completions are running
 };
 
 } // namespace frimbolate

@@ -1,8 +1,8 @@
-#include "widgets/sheets/sheet_alerts.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include "widgets/controls/scroll_keys.h"
 #include "widgets/controls/wrapped_text.h"
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/sheet_queue.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
 
@@ -67,7 +67,7 @@ QLabel* warningSign() {
 
 } // namespace
 
-AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
+AlertDialog::AlertDialog(const Alert& alert, QWidget* mainWindow)
     : SheetDialog("sheetAlert", usualWidth, mainWindow),
       escapeAnswer_(escapeAnswer(alert.buttons)) {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -88,7 +88,7 @@ AlertDialog::AlertDialog(const SheetAlert& alert, QWidget* mainWindow)
         makeTextScroll();
 }
 
-QWidget* AlertDialog::texts(const SheetAlert& alert) {
+QWidget* AlertDialog::texts(const Alert& alert) {
     auto* result = new QWidget;
     auto* layout = new QVBoxLayout(result);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -123,7 +123,7 @@ void AlertDialog::makeTextScroll() {
         button->installEventFilter(new ScrollKeys(longest));
 }
 
-void AlertDialog::addButtons(const SheetAlert& alert) {
+void AlertDialog::addButtons(const Alert& alert) {
     QList<QPushButton*> buttons;
     for (const std::string& title : alert.buttons) {
         auto* button = new QPushButton(toQString(title).replace('&', "&&"), this);
@@ -153,16 +153,16 @@ void AlertDialog::showEvent(QShowEvent* event) {
     QAccessible::updateAccessibility(&alert);
 }
 
-void SheetAlerts::show(const SheetAlert& alert, Completion completion) {
+void QtAlerts::show(const Alert& alert, Completion completion) {
     auto* dialog = new AlertDialog(alert, &mainWindow_);
-    QObject::connect(dialog, &QDialog::finished, &stack_,
-                     [&stack = stack_, dialog, completion = std::move(completion)] {
-                         stack.complete([completion, outcome = dialog->outcome()] {
+    QObject::connect(dialog, &QDialog::finished, &queue_,
+                     [&queue = queue_, dialog, completion = std::move(completion)] {
+                         queue.complete([completion, outcome = dialog->outcome()] {
                              if (completion)
                                  completion(outcome);
                          });
                      });
-    stack_.present(dialog);
+    queue_.present(dialog);
 }
 
 } // namespace frimbolate

@@ -22,22 +22,22 @@ class Stack : public SheetFixture {
 TEST_F(Stack, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
-    stack.present(first);
-    stack.present(second);
+    queue.present(first);
+    queue.present(second);
     EXPECT_TRUE(first->isVisible());
     EXPECT_FALSE(second->isVisible());
     first->accept();
     EXPECT_TRUE(QTest::qWaitFor([&] { return second->isVisible(); }));
-    EXPECT_EQ(stack.current(), second);
+    EXPECT_EQ(queue.current(), second);
 }
 
 TEST_F(Stack, ShowsTheWindowBeforeItsFirstSheet) {
     window.hide();
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
-    stack.present(first);
-    stack.present(second);
-    stack.complete([this] { journal.push_back("completed"); });
+    queue.present(first);
+    queue.present(second);
+    queue.complete([this] { journal.push_back("completed"); });
     ASSERT_TRUE(journalReaches(2));
     settle();
     EXPECT_FALSE(first->isVisible());
@@ -51,18 +51,18 @@ TEST_F(Stack, ShowsTheWindowBeforeItsFirstSheet) {
 
 TEST_F(Stack, ShowsASheetAskedForTwiceOnce) {
     SheetDialog* sheet = make("sheet");
-    stack.present(sheet);
-    stack.present(sheet);
+    queue.present(sheet);
+    queue.present(sheet);
     sheet->accept();
     settle();
     EXPECT_FALSE(sheet->isVisible());
-    EXPECT_EQ(stack.current(), nullptr);
+    EXPECT_EQ(queue.current(), nullptr);
 }
 
 TEST_F(Stack, ShowsASheetAgainAfterItWasClosed) {
     SheetDialog* sheet = make("sheet");
     for (int round = 0; round < 3; ++round) {
-        stack.present(sheet);
+        queue.present(sheet);
         ASSERT_TRUE(QTest::qWaitFor([&] { return sheet->isVisible(); }));
         sheet->reject();
         EXPECT_FALSE(sheet->isVisible());
@@ -75,15 +75,15 @@ TEST_F(Stack, DismissesTheCurrentAndTheWaiting) {
     SheetDialog* third = make("third");
     SheetDialog* stranger = make("stranger");
     for (SheetDialog* sheet : {first, second, third})
-        stack.present(sheet);
-    stack.dismiss(stranger);
-    stack.dismiss(second);
-    stack.dismiss(first);
+        queue.present(sheet);
+    queue.dismiss(stranger);
+    queue.dismiss(second);
+    queue.dismiss(first);
     EXPECT_FALSE(first->isVisible());
     ASSERT_TRUE(QTest::qWaitFor([&] { return third->isVisible(); }));
-    stack.dismiss(third);
+    queue.dismiss(third);
     settle();
-    EXPECT_EQ(stack.current(), nullptr);
+    EXPECT_EQ(queue.current(), nullptr);
     EXPECT_FALSE(second->isVisible());
 }
 
@@ -92,18 +92,18 @@ TEST_F(Stack, GoesOnWhenASheetIsDestroyed) {
     SheetDialog* waiting = make("waiting");
     SheetDialog* last = make("last");
     for (SheetDialog* sheet : {first, waiting, last})
-        stack.present(sheet);
+        queue.present(sheet);
     delete waiting;
     delete first;
     EXPECT_TRUE(QTest::qWaitFor([&] { return last->isVisible(); }));
 }
 
 TEST_F(Stack, RunsCompletionsInOrderEachFollowedByAfterwards) {
-    stack.complete([this] {
+    queue.complete([this] {
         journal.push_back("one");
-        stack.complete([this] { journal.push_back("three"); });
+        queue.complete([this] { journal.push_back("three"); });
     });
-    stack.complete([this] { journal.push_back("two"); });
+    queue.complete([this] { journal.push_back("two"); });
     EXPECT_THAT(journal, ElementsAre());
     ASSERT_TRUE(journalReaches(6));
     settle();
@@ -114,11 +114,11 @@ TEST_F(Stack, RunsCompletionsInOrderEachFollowedByAfterwards) {
 TEST_F(Stack, ShowsTheNextSheetAfterTheCompletionOfTheLast) {
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
-    stack.present(first);
-    stack.present(second);
+    queue.present(first);
+    queue.present(second);
     bool wasShown = true;
-    QObject::connect(first, &QDialog::finished, &stack, [&] {
-        stack.complete([&] {
+    QObject::connect(first, &QDialog::finished, &queue, [&] {
+        queue.complete([&] {
             wasShown = second->isVisible();
             journal.push_back("completed");
         });
@@ -133,7 +133,7 @@ TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
     auto* scrim = window.findChild<QWidget*>("sheetScrim");
     EXPECT_FALSE(scrim->isVisible());
     SheetDialog* sheet = make("sheet");
-    stack.present(sheet);
+    queue.present(sheet);
     EXPECT_TRUE(scrim->isVisible());
     EXPECT_EQ(scrim->geometry(), sheetArea(window));
     window.setFixedSize(1080, 472);
@@ -145,7 +145,7 @@ TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
 TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
     SheetDialog* sheet = make("sheet");
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
-    stack.present(sheet);
+    queue.present(sheet);
     const QRect place = sheet->geometry();
     QPointer<QWidget> curtain = sheet->findChild<QWidget*>("sheetCurtain");
     ASSERT_NE(curtain, nullptr);
@@ -157,7 +157,7 @@ TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
     settle();
 
     qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
-    stack.present(sheet);
+    queue.present(sheet);
     ASSERT_TRUE(QTest::qWaitFor([&] { return sheet->isVisible(); }));
     EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
 }
@@ -165,15 +165,15 @@ TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
 TEST_F(Stack, TakesTheCurtainAwayWithASheetThatIsClosedAtOnce) {
     SheetDialog* sheet = make("sheet");
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
-    stack.present(sheet);
+    queue.present(sheet);
     ASSERT_NE(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
-    stack.dismiss(sheet);
+    queue.dismiss(sheet);
     EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
 }
 
 TEST_F(Stack, MakesASheetAsHighAsItsContent) {
     SheetDialog* sheet = make("sheet");
-    stack.present(sheet);
+    queue.present(sheet);
     const int before = sheet->panelRect().height();
     auto* more = new QWidget;
     more->setFixedHeight(50);
@@ -187,7 +187,7 @@ TEST_F(Stack, CentresASheetOverTheFormWhenTheDrawerIsOpen) {
     form->setGeometry(0, 92, 680, 380);
     window.setFixedSize(1080, 472);
     SheetDialog* sheet = make("sheet");
-    stack.present(sheet);
+    queue.present(sheet);
     const QRect panel = sheet->panelRect().translated(window.mapFromGlobal(sheet->pos()));
     EXPECT_NEAR(panel.center().x(), form->geometry().center().x(), 1);
 }

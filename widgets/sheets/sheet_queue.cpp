@@ -1,4 +1,4 @@
-#include "widgets/sheets/sheet_stack.h"
+#include "widgets/sheets/sheet_queue.h"
 
 #include "widgets/sheets/sheet_dialog.h"
 #include "widgets/style/surfaces.h"
@@ -27,60 +27,60 @@ class Scrim : public QWidget {
 
 } // namespace
 
-SheetStack::SheetStack(QWidget& mainWindow)
+SheetQueue::SheetQueue(QWidget& mainWindow)
     : mainWindow_(mainWindow), scrim_(new Scrim(&mainWindow)), isOnScreen_(mainWindow.isVisible()) {
     mainWindow_.installEventFilter(this);
 }
 
-SheetStack::~SheetStack() { delete scrim_; }
+SheetQueue::~SheetQueue() { delete scrim_; }
 
-void SheetStack::setAfterwards(std::function<void()> afterwards) {
-    afterwards_ = std::move(afterwards);
+void SheetQueue::setAfterCompletion(std::function<void()> afterCompletion) {
+    afterCompletion_ = std::move(afterCompletion);
 }
 
-void SheetStack::present(QDialog* sheet) {
+void SheetQueue::present(QDialog* sheet) {
     if (sheet == current_ || waiting_.contains(sheet))
         return;
     waiting_.append(sheet);
     sheet->installEventFilter(this);
     // While an answer is still to be worked off, whatever it asks for comes first in the loop.
-    if (!current_ && !goesOnSoon_ && !goesOn_)
+    if (!current_ && !drainScheduled_ && !draining_)
         showNext();
 }
 
-void SheetStack::dismiss(QDialog* sheet) {
+void SheetQueue::dismiss(QDialog* sheet) {
     if (waiting_.removeAll(sheet) > 0)
         sheet->removeEventFilter(this);
     else if (sheet == current_)
         sheet->hide();
 }
 
-void SheetStack::complete(std::function<void()> completion) {
+void SheetQueue::complete(std::function<void()> completion) {
     completions_.push_back(std::move(completion));
-    goOnSoon();
+    scheduleDrain();
 }
 
-void SheetStack::goOnSoon() {
-    if (!std::exchange(goesOnSoon_, true))
-        QMetaObject::invokeMethod(this, &SheetStack::goOn, Qt::QueuedConnection);
+void SheetQueue::scheduleDrain() {
+    if (!std::exchange(drainScheduled_, true))
+        QMetaObject::invokeMethod(this, &SheetQueue::drain, Qt::QueuedConnection);
 }
 
-void SheetStack::goOn() {
-    goesOnSoon_ = false;
-    goesOn_ = true;
+void SheetQueue::drain() {
+    drainScheduled_ = false;
+    draining_ = true;
     while (!completions_.empty()) {
         const auto completion = std::move(completions_.front());
         completions_.pop_front();
         completion();
-        if (afterwards_)
-            afterwards_();
+        if (afterCompletion_)
+            afterCompletion_();
     }
-    goesOn_ = false;
+    draining_ = false;
     if (!current_)
         showNext();
 }
 
-void SheetStack::showNext() {
+void SheetQueue::showNext() {
     // It would stand behind the window, without the keyboard, or far from it: a window manager
     // places the window only now.
     if (!isOnScreen_)
@@ -96,13 +96,13 @@ void SheetStack::showNext() {
     current_->activateWindow();
 }
 
-void SheetStack::placeScrim() {
+void SheetQueue::placeScrim() {
     scrim_->setGeometry(sheetArea(mainWindow_));
     scrim_->setVisible(!current_.isNull());
     scrim_->raise();
 }
 
-void SheetStack::followMainWindow(QEvent::Type event) {
+void SheetQueue::followMainWindow(QEvent::Type event) {
     if (event == QEvent::Resize && scrim_->isVisible())
         placeScrim();
     if (event == QEvent::Show && mainWindow_.windowHandle())
@@ -111,7 +111,7 @@ void SheetStack::followMainWindow(QEvent::Type event) {
         isOnScreen_ = false;
 }
 
-bool SheetStack::eventFilter(QObject* watched, QEvent* event) {
+bool SheetQueue::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &mainWindow_) {
         if (!event->spontaneous() || event->type() == QEvent::Resize)
             followMainWindow(event->type());
@@ -119,12 +119,12 @@ bool SheetStack::eventFilter(QObject* watched, QEvent* event) {
         // From then on, for a window that others cover is on the screen all the same.
         if (event->type() == QEvent::Expose && mainWindow_.windowHandle()->isExposed() &&
             !std::exchange(isOnScreen_, true) && !waiting_.isEmpty())
-            goOnSoon();
+            scheduleDrain();
     } else if (event->type() == QEvent::Hide && !event->spontaneous()) {
         watched->removeEventFilter(this);
         if (watched == current_) {
             current_.clear();
-            goOnSoon();
+            scheduleDrain();
         }
     }
     return QObject::eventFilter(watched, event);

@@ -1,4 +1,4 @@
-#include "widgets/controls/panel_rules.h"
+#include "widgets/controls/file_panel_rules.h"
 
 #include "core/script_types.h"
 #include "widgets/controls/text.h"
@@ -38,7 +38,7 @@ bool isOfBundleType(const QString& path) {
            });
 }
 
-QString refusalOf(const OpenPanel& panel, const QFileInfo& item) {
+QString rejectionReasonFor(const OpenPanel& panel, const QFileInfo& item) {
     if (isUnreadableName(item.filePath()))
         return tr("This name cannot be read as text. Give the item another name first.");
     if (!item.exists())
@@ -78,13 +78,14 @@ bool isBundle(const OpenPanel& panel, const QString& path) {
            QFileInfo(path).isDir() && isOfAllowedType(panel, path);
 }
 
-PanelChoice tryToChoose(const OpenPanel& panel, const QString& path) {
+PanelSelection validateSelection(const OpenPanel& panel, const QString& path) {
     const QFileInfo item(path);
-    QString refusal = refusalOf(panel, item);
+    QString rejectionReason = rejectionReasonFor(panel, item);
     const QString chosen = panel.resolvesAliases ? item.canonicalFilePath() : path;
-    if (refusal.isEmpty() && isUnreadableName(chosen))
-        refusal = tr("“%1” points to a name that cannot be read as text.");
-    return {chosen, refusal.contains("%1") ? refusal.arg(item.fileName()) : refusal};
+    if (rejectionReason.isEmpty() && isUnreadableName(chosen))
+        rejectionReason = tr("“%1” points to a name that cannot be read as text.");
+    return {chosen, rejectionReason.contains("%1") ? rejectionReason.arg(item.fileName())
+                                                   : rejectionReason};
 }
 
 } // namespace frimbolate

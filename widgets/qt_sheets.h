@@ -7,26 +7,26 @@
 namespace frimbolate {
 
 class MainWindow;
-class OwnSheet;
+class AppSheet;
 class SheetDialog;
-class SheetStack;
+class SheetQueue;
 
-class OwnSheets : public Sheets {
+class QtSheets : public Sheets {
   public:
     /// Builds the sheets and binds their controls; both arguments must outlive it.
-    OwnSheets(SheetStack& stack, MainWindow& window);
+    QtSheets(SheetQueue& queue, MainWindow& window);
 
     void begin(Sheet sheet) override;
     void end(Sheet sheet) override;
     void makeFirstResponder(Sheet sheet, std::string_view outlet) override;
 
   private:
-    OwnSheet* sheet(Sheet which) const { return sheets_[static_cast<int>(which)]; }
+    AppSheet* sheet(Sheet which) const { return sheets_[static_cast<int>(which)]; }
     void showAbout();
 
-    SheetStack& stack_;
+    SheetQueue& queue_;
     MainWindow& window_;
-    OwnSheet* sheets_[3]; ///< in the order of Sheet
+    AppSheet* sheets_[3]; ///< in the order of Sheet
 };
 
 } // namespace frimbolate

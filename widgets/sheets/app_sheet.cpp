@@ -1,4 +1,4 @@
-#include "widgets/sheets/own_sheet.h"
+#include "widgets/sheets/app_sheet.h"
 
 #include "widgets/style/fonts.h"
 
@@ -8,11 +8,11 @@
 
 namespace frimbolate {
 
-OwnSheet::OwnSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
+AppSheet::AppSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
                    FormMirror::Send close)
     : SheetDialog(outlet, panelWidth, &mainWindow), mirror_(mirror), close_(std::move(close)) {}
 
-QLabel* OwnSheet::addTitle(const QString& title) {
+QLabel* AppSheet::addTitle(const QString& title) {
     auto* label = new QLabel(title, this);
     look::setFont(label, look::FontRole::sheetTitle);
     body()->addWidget(label);
@@ -21,7 +21,7 @@ QLabel* OwnSheet::addTitle(const QString& title) {
     return label;
 }
 
-QPushButton* OwnSheet::makeButton(const char* name, const QString& title,
+QPushButton* AppSheet::makeButton(const char* name, const QString& title,
                                   const FormMirror::Send& send) {
     auto* button = new QPushButton(title, this);
     button->setObjectName(name);

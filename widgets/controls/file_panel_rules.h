@@ -14,13 +14,13 @@ bool isUnreadableName(const QString& path);
 /// No other extension makes a folder a file.
 bool isBundle(const OpenPanel& panel, const QString& path);
 
-struct PanelChoice {
-    QString path;    ///< what the panel hands on, links resolved where it does so
-    QString refusal; ///< why it is not to be had; empty where it is
+struct PanelSelection {
+    QString path;            ///< what the panel hands on, links resolved where it does so
+    QString rejectionReason; ///< why it is not to be had; empty where it is
 };
 
 /// \param path absolute and clean; a folder that the panel would only enter is refused
-PanelChoice tryToChoose(const OpenPanel& panel, const QString& path);
+PanelSelection validateSelection(const OpenPanel& panel, const QString& path);
 
 /// Why a name cannot be had in a folder, for a new folder; empty where it can.
 QString newFolderRefusal(const QString& folder, const QString& name);
