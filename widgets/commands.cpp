@@ -1,7 +1,7 @@
 #include "widgets/commands.h"
 
 #include "ui/actions.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/text.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
@@ -66,12 +66,12 @@ void addSeparator(QToolBar* bar) {
 
 } // namespace
 
-Commands::Commands(FormMirror& mirror, QMainWindow& window)
-    : QObject(&window), mirror_(mirror), window_(window) {
+Commands::Commands(FormBinder& binder, QMainWindow& window)
+    : QObject(&window), binder_(binder), window_(window) {
     makeActions();
     addMenus();
     addToolbar();
-    mirror_.show([this](const FormModel& form) {
+    binder_.addUpdater([this](const FormModel& form) {
         const auto action = [this](const char* name) { return window_.findChild<QAction*>(name); };
         action("preferencesMenuItem")->setEnabled(form.preferencesMenuItem.enabled);
         action("showHideTips")->setChecked(!form.advancedDrawerTipButton.hidden);
@@ -95,7 +95,7 @@ void Commands::makeActions() {
                                                                   : QAction::NoRole);
         // Assistive tools check a button of the toolbar without triggering its command.
         connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this,
-                [this, send = row.send] { mirror_.send(send); });
+                [this, send = row.send] { binder_.send(send); });
     }
 }
 
@@ -179,7 +179,7 @@ void Commands::addToolbar() {
         button->setFocusPolicy(Qt::TabFocus);
         look::setFont(button, look::FontRole::toolbar);
     }
-    mirror_.show([bar](const FormModel& form) {
+    binder_.addUpdater([bar](const FormModel& form) {
         bar->setContextMenuPolicy(form.mainWindowToolbar.allowsUserCustomization
                                       ? Qt::DefaultContextMenu
                                       : Qt::PreventContextMenu);

@@ -9,13 +9,13 @@ class QMainWindow;
 
 namespace frimbolate {
 
-class FormMirror;
+class FormBinder;
 
 class Commands : public QObject {
     Q_OBJECT
 
   public:
-    Commands(FormMirror& mirror, QMainWindow& window);
+    Commands(FormBinder& binder, QMainWindow& window);
 
     /// The item of the Help menu that tells about the program.
     QAction* about() const { return about_; }
@@ -28,7 +28,7 @@ class Commands : public QObject {
     QAction* addCommand(QMenu* menu, const char* name, const QString& title,
                         const QString& shortcut = {});
 
-    FormMirror& mirror_;
+    FormBinder& binder_;
     QMainWindow& window_;
     QAction* about_ = nullptr;
 };

@@ -1,5 +1,6 @@
 #include "widgets/main_window.h"
 
+#include "widgets/accessibility.h"
 #include "widgets/commands.h"
 #include "widgets/controls/elided_label.h"
 #include "widgets/controls/text.h"
@@ -10,7 +11,6 @@
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
 #include "widgets/style/surfaces.h"
-#include "widgets/window_access.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -48,26 +48,26 @@ class Foot : public QWidget {
 
 } // namespace
 
-MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(mirror_, *this)) {
-    installWindowAccess();
+MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *this)) {
+    installAccessibility();
     setObjectName("mainWindow");
     setWindowTitle(tr("Frimbolate"));
     setWindowIcon(look::toolIcon("app"));
     setContextMenuPolicy(Qt::PreventContextMenu);
     auto* content = new QWidget(this);
     setCentralWidget(content);
-    auto* drawer = new DrawerPanel(mirror_, scaled(formWidth), content);
+    auto* drawer = new DrawerPanel(binder_, scaled(formWidth), content);
     // The form is made last and so lies above the drawer, which slides out from behind it.
     QWidget* form = makeForm(content);
-    new DrawerHost(mirror_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
+    new DrawerHost(binder_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
     auto* card = form->findChild<FormCard*>();
-    new ScriptPopOver(mirror_, card->scriptButton(), blendsWindows, this);
+    new ScriptPopOver(binder_, card->scriptButton(), blendsWindows, this);
     setTabOrder(form, drawer);
     card->firstField()->setFocus();
     connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
             [card] { card->firstField()->setFocus(); });
     leadToFirstFault(*card);
-    mirror_.show([this](const FormModel& model) {
+    binder_.addUpdater([this](const FormModel& model) {
         if (model.mainWindow.visible && !isVisible())
             bringToFront();
         else if (!model.mainWindow.visible && isVisible())
@@ -80,7 +80,7 @@ void MainWindow::leadToFirstFault(FormCard& card) {
     // action itself has mirrored the model by now, so the next time is when the alert was answered.
     connect(findChild<QAction*>("validateAgentConfig"), &QAction::triggered, this,
             [this] { leadsToFault_ = true; });
-    mirror_.show([this, &card](const FormModel&) {
+    binder_.addUpdater([this, &card](const FormModel&) {
         QWidget* fault = std::exchange(leadsToFault_, false) ? card.firstFault() : nullptr;
         if (fault)
             fault->setFocus();
@@ -97,7 +97,7 @@ QWidget* MainWindow::makeForm(QWidget* parent) {
     auto* column = new QVBoxLayout(form);
     column->setContentsMargins(0, scaled(cardMargin), 0, 0);
     column->setSpacing(0);
-    column->addWidget(new FormCard(mirror_, form), 0, Qt::AlignHCenter);
+    column->addWidget(new FormCard(binder_, form), 0, Qt::AlignHCenter);
     column->addStretch();
     column->addWidget(makeFoot(form));
     return form;
@@ -112,7 +112,7 @@ QWidget* MainWindow::makeFoot(QWidget* parent) {
     auto* plan = new ElidedLabel(Qt::ElideRight, foot);
     plan->setObjectName("summary");
     line->addWidget(plan);
-    mirror_.show([plan, foot](const FormModel&, const FormPresentation& presentation) {
+    binder_.addUpdater([plan, foot](const FormModel&, const FormPresentation& presentation) {
         plan->setWholeText(text(presentation.summary.sentence));
         foot->setComplete(presentation.summary.isComplete);
     });
@@ -129,8 +129,8 @@ void MainWindow::bringToFront() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    mirror_.finishTyping();
-    mirror_.change([](FormModel& form) {
+    binder_.finishTyping();
+    binder_.edit([](FormModel& form) {
         form.mainWindow.visible = false;
         form.popoverScriptObject.shown = false;
     });

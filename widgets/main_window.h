@@ -4,7 +4,7 @@
 // built before everything that needs a window to stand on, and connected last.
 #pragma once
 
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 
 #include <QMainWindow>
 
@@ -24,13 +24,13 @@ class MainWindow : public QMainWindow {
     explicit MainWindow(bool blendsWindows = false);
 
     /// Where further controls, those of the sheets, are bound.
-    FormMirror& formMirror() { return mirror_; }
+    FormBinder& formBinder() { return binder_; }
     QAction* aboutAction() const;
 
     /// The delegate must outlive the window's last event.
-    void connectTo(AppDelegate& delegate) { mirror_.connectTo(delegate); }
+    void connectTo(AppDelegate& delegate) { binder_.connectTo(delegate); }
     /// Shows the model as it is now; to be called after whatever changed it.
-    void mirror() { mirror_.mirror(); }
+    void mirror() { binder_.mirror(); }
     /// Shows the window, above the others and with the keyboard.
     void bringToFront();
 
@@ -43,7 +43,7 @@ class MainWindow : public QMainWindow {
 
     void leadToFirstFault(FormCard& card);
 
-    FormMirror mirror_;
+    FormBinder binder_;
     Commands* commands_;
     bool leadsToFault_ = false; ///< as soon as what validation told was answered
 };

@@ -19,9 +19,9 @@
 namespace frimbolate {
 
 QtSheets::QtSheets(SheetQueue& queue, MainWindow& window)
-    : queue_(queue), window_(window), sheets_{new WelcomeSheet(window.formMirror(), window),
-                                              new PreferencesSheet(window.formMirror(), window),
-                                              new CommandSheetView(window.formMirror(), window)} {
+    : queue_(queue), window_(window), sheets_{new WelcomeSheet(window.formBinder(), window),
+                                              new PreferencesSheet(window.formBinder(), window),
+                                              new CommandSheetView(window.formBinder(), window)} {
     QObject::connect(window.aboutAction(), &QAction::triggered, &queue, [this] { showAbout(); });
 }
 

@@ -1,9 +1,9 @@
 #include "tests/widgets/sheet_fixture.h"
 
+#include "widgets/accessibility.h"
 #include "widgets/controls/wrapped_text.h"
 #include "widgets/sheets/qt_alerts.h"
 #include "widgets/style/tokens.h"
-#include "widgets/window_access.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -183,7 +183,7 @@ TEST_F(AlertSheetTest, BreaksAWordThatIsLongerThanItsLine) {
 }
 
 TEST_F(AlertSheetTest, CopiesAndTellsItsTextsAsTheyAre) {
-    installWindowAccess();
+    installAccessibility();
     for (const char16_t* odd : {u"two\nlines", u"no\u00A0break", u"a\r\nb", u"a\u2028b\u2029c",
                                 u"an\uFFFCobject", u"of\u200Bno\u00ADwidth", u"🚀 rocket"}) {
         const QString path = "/Users/maya/" + QString(60, 'x') + QString::fromUtf16(odd) + "/end";

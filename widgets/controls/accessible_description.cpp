@@ -6,7 +6,7 @@
 
 namespace frimbolate {
 
-void describe(QWidget* control, const QString& description) {
+void updateAccessibleDescription(QWidget* control, const QString& description) {
     const QString shown = labelText(description);
     if (shown != control->accessibleDescription())
         control->setAccessibleDescription(shown);

@@ -8,6 +8,6 @@ namespace frimbolate {
 
 /// Sets the accessible description, as a label would show it. An unchanged one is not set again:
 /// screen readers announce each setting.
-void describe(QWidget* control, const QString& description);
+void updateAccessibleDescription(QWidget* control, const QString& description);
 
 } // namespace frimbolate

@@ -45,7 +45,7 @@ void ImageWellButton::showImage() {
 void ImageWellButton::setPath(const QString& path) {
     path_ = path;
     setToolTip(path.isEmpty() ? emptyToolTip_ : labelText(path));
-    describe(this, path.isEmpty() ? tr("Nothing chosen") : path);
+    updateAccessibleDescription(this, path.isEmpty() ? tr("Nothing chosen") : path);
 }
 
 void ImageWellButton::setEmptyToolTip(const QString& toolTip) {

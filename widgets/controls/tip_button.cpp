@@ -1,6 +1,6 @@
 #include "widgets/controls/tip_button.h"
 
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/surfaces.h"
 
@@ -29,13 +29,13 @@ class TipButton : public QToolButton {
 
 } // namespace
 
-QToolButton* makeTipButton(FormMirror& mirror, std::string_view outlet, Button FormModel::*member,
+QToolButton* makeTipButton(FormBinder& binder, std::string_view outlet, Button FormModel::*member,
                            const QString& section) {
     auto* button = new TipButton;
     const QString title = QCoreApplication::translate("tips", "Tip: %1").arg(section);
     button->setAccessibleName(title);
     button->setToolTip(title);
-    mirror.bind(outlet, button, member, [outlet = std::string(outlet)](AppDelegate& delegate) {
+    binder.bind(outlet, button, member, [outlet = std::string(outlet)](AppDelegate& delegate) {
         delegate.showTip(outlet);
     });
     return button;

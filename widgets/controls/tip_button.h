@@ -10,11 +10,11 @@ class QToolButton;
 
 namespace frimbolate {
 
-class FormMirror;
+class FormBinder;
 
 /// A button with this outlet's name, which shows the tip of that name when pressed.
 /// \param section what the tip is about, for tool tip and assistive tools
-QToolButton* makeTipButton(FormMirror& mirror, std::string_view outlet, Button FormModel::*member,
+QToolButton* makeTipButton(FormBinder& binder, std::string_view outlet, Button FormModel::*member,
                            const QString& section);
 
 } // namespace frimbolate

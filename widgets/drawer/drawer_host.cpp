@@ -1,6 +1,6 @@
 #include "widgets/drawer/drawer_host.h"
 
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/drawer/drawer_panel.h"
 #include "widgets/drawer/drawer_placement.h"
 
@@ -12,15 +12,15 @@
 
 namespace frimbolate {
 
-DrawerHost::DrawerHost(FormMirror& mirror, QWidget& window, QWidget* form, DrawerPanel* drawer,
+DrawerHost::DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, DrawerPanel* drawer,
                        const QSize& closedSize)
-    : QObject(&window), mirror_(mirror), window_(window), form_(form), drawer_(drawer),
+    : QObject(&window), binder_(binder), window_(window), form_(form), drawer_(drawer),
       escape_(new QShortcut(Qt::Key_Escape, &window)), closedSize_(closedSize) {
     window_.setFixedSize(closedSize_);
     window_.installEventFilter(this);
     escape_->setEnabled(false);
     connect(escape_, &QShortcut::activated, this,
-            [this] { mirror_.send(&AppDelegate::closeAdvancedDrawer); });
+            [this] { binder_.send(&AppDelegate::closeAdvancedDrawer); });
     connect(drawer_, &DrawerPanel::needsRoom, this, &DrawerHost::setRoom);
     connect(drawer_, &DrawerPanel::openChanged, this, &DrawerHost::openChanged);
     // Queued, for the mirror may move the focus, and sends nothing while it mirrors.
@@ -104,7 +104,7 @@ void DrawerHost::keepFocusInSight() {
 
 void DrawerHost::closeIfFocusIsHidden() {
     if (isOverForm() && form_->isAncestorOf(window_.focusWidget()))
-        mirror_.send(&AppDelegate::closeAdvancedDrawer);
+        binder_.send(&AppDelegate::closeAdvancedDrawer);
 }
 
 } // namespace frimbolate

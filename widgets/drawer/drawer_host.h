@@ -17,7 +17,7 @@ class QShortcut;
 namespace frimbolate {
 
 class DrawerPanel;
-class FormMirror;
+class FormBinder;
 
 class DrawerHost : public QObject {
     Q_OBJECT
@@ -25,7 +25,7 @@ class DrawerHost : public QObject {
   public:
     /// \param window which owns the host; `form` and `drawer` are parts of its content
     /// \param closedSize of the window without the drawer
-    DrawerHost(FormMirror& mirror, QWidget& window, QWidget* form, DrawerPanel* drawer,
+    DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, DrawerPanel* drawer,
                const QSize& closedSize);
 
   protected:
@@ -43,7 +43,7 @@ class DrawerHost : public QObject {
     void closeIfFocusIsHidden();
     bool isOverForm() const;
 
-    FormMirror& mirror_;
+    FormBinder& binder_;
     QWidget& window_;
     QWidget* form_;
     DrawerPanel* drawer_;

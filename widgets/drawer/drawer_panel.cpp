@@ -2,7 +2,7 @@
 
 #include "core/path_hint.h"
 #include "widgets/controls/elided_label.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/image_well_button.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/controls/text.h"
@@ -71,8 +71,8 @@ class Shadow : public QWidget {
 
 } // namespace
 
-DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
-    : QWidget(parent), mirror_(mirror), edge_(edge),
+DrawerPanel::DrawerPanel(FormBinder& binder, int edge, QWidget* parent)
+    : QWidget(parent), binder_(binder), edge_(edge),
       slide_(new QPropertyAnimation(this, "pos", this)), shadow_(new Shadow(parent)) {
     setObjectName("advancedDrawer");
     setAccessibleName(tr("Advanced settings"));
@@ -88,7 +88,7 @@ DrawerPanel::DrawerPanel(FormMirror& mirror, int edge, QWidget* parent)
     addPathHint();
     addOptions();
     hide();
-    mirror_.show([this](const FormModel& form) { setOpen(form.advancedDrawer.open); });
+    binder_.addUpdater([this](const FormModel& form) { setOpen(form.advancedDrawer.open); });
 }
 
 void DrawerPanel::setOpen(bool open) {
@@ -174,14 +174,14 @@ void DrawerPanel::addTitle() {
     auto* title = new QLabel(tr("Advanced"), this);
     look::setFont(title, look::FontRole::defaultButton);
     place(title, captionX, titleY, 200, fieldHeight);
-    auto* tip = makeTipButton(mirror_, "advancedDrawerTipButton",
+    auto* tip = makeTipButton(binder_, "advancedDrawerTipButton",
                               &FormModel::advancedDrawerTipButton, tr("Advanced"));
     place(tip, controlX + controlWidth - 20, titleY + 2, 20, 20);
 }
 
 void DrawerPanel::addPriority() {
     auto* priority = new PopUpButton(priorityLevelItems(), this);
-    mirror_.bind("priorityLevelButton", priority, &FormModel::priorityLevelButton);
+    binder_.bind("priorityLevelButton", priority, &FormModel::priorityLevelButton);
     addCaption(priorityY, tr("&Priority"), priority);
     place(priority, controlX, priorityY, controlWidth, fieldHeight);
     firstControl_ = priority;
@@ -192,7 +192,7 @@ void DrawerPanel::addNiceLevel() {
     auto* slider = new QSlider(Qt::Horizontal, this);
     slider->setRange(least, most);
     slider->setPageStep(5);
-    mirror_.bind("niceLevelSlider", slider, &FormModel::niceLevelSlider,
+    binder_.bind("niceLevelSlider", slider, &FormModel::niceLevelSlider,
                  &AppDelegate::niceLevelSliderValueChanged);
     addCaption(niceY, tr("N&ice level"), slider);
     place(slider, controlX - 2, niceY, controlWidth - valueWidth - gap + 2, fieldHeight);
@@ -202,7 +202,7 @@ void DrawerPanel::addNiceLevel() {
     value->setFocusPolicy(Qt::ClickFocus);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     value->setAccessibleName(tr("Nice level"));
-    mirror_.bind("niceLevelTextField", value, &FormModel::niceLevelTextField);
+    binder_.bind("niceLevelTextField", value, &FormModel::niceLevelTextField);
     place(value, controlX + controlWidth - valueWidth, niceY, valueWidth, fieldHeight);
 }
 
@@ -210,12 +210,12 @@ void DrawerPanel::addPathFields() {
     int y = pathsY;
     for (const PathRow& row : pathFields) {
         auto* field = new PathField(this);
-        mirror_.bind(row.outlet, field, row.member);
+        binder_.bind(row.outlet, field, row.member);
         addCaption(y, tr(row.caption), field);
         place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
-        QWidget* chooser = makeChooseButton(mirror_, row.outlet, field->accessibleName(), this);
+        QWidget* chooser = makeChooseButton(binder_, row.outlet, field->accessibleName(), this);
         place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
-        mirror_.show([field, member = row.member](const FormModel& form) {
+        binder_.addUpdater([field, member = row.member](const FormModel& form) {
             field->setHint(hintOf((form.*member).stringValue));
         });
         y += pitch;
@@ -227,7 +227,7 @@ void DrawerPanel::addPathHint() {
     hint->setObjectName("pathHint");
     hint->setWarning(true);
     place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
-    mirror_.show([hint](const FormModel& form) {
+    binder_.addUpdater([hint](const FormModel& form) {
         const auto* row = std::ranges::find_if(pathFields, [&form](const PathRow& each) {
             return !hintOf((form.*each.member).stringValue).isEmpty();
         });
@@ -247,30 +247,30 @@ QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
 }
 
 void DrawerPanel::addOptions() {
-    mirror_.bind("enableGlobbingCheckbox",
+    binder_.bind("enableGlobbingCheckbox",
                  addCheckBox(controlX, globbingY, tr("E&xpand wildcards in arguments")),
                  &FormModel::enableGlobbingCheckbox);
-    mirror_.bind("allowSuccessfulExitCheckbox",
+    binder_.bind("allowSuccessfulExitCheckbox",
                  addCheckBox(controlX, exitY, tr("All&ow successful exit")),
                  &FormModel::allowSuccessfulExitCheckbox);
     addCaption(alsoRunY - 2, tr("Also run when"), nullptr);
-    mirror_.bind("alsoRunAtLoadCheckbox", addCheckBox(controlX, alsoRunY, tr("A&gent loads")),
+    binder_.bind("alsoRunAtLoadCheckbox", addCheckBox(controlX, alsoRunY, tr("A&gent loads")),
                  &FormModel::alsoRunAtLoadCheckbox);
-    mirror_.bind("alsoRunVolumeCheckbox", addCheckBox(secondX, alsoRunY, tr("Volu&me mounts")),
+    binder_.bind("alsoRunVolumeCheckbox", addCheckBox(secondX, alsoRunY, tr("Volu&me mounts")),
                  &FormModel::alsoRunVolumeCheckbox);
-    mirror_.bind("alsoRunPathChangeCheckbox",
+    binder_.bind("alsoRunPathChangeCheckbox",
                  addCheckBox(controlX, alsoRunSecondY, tr("Path &changes")),
                  &FormModel::alsoRunPathChangeCheckbox, &AppDelegate::chooseAdditionalWathPath);
 
     auto* well = new ImageWellButton(24, look::Plane::drawer, this);
     well->setAccessibleName(tr("Additional watched path"));
     well->setHiddenWhenEmpty(true);
-    mirror_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);
+    binder_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);
     connect(well, &QToolButton::clicked, this,
-            [this] { mirror_.send(&AppDelegate::chooseAdditionalWathPath); });
+            [this] { binder_.send(&AppDelegate::chooseAdditionalWathPath); });
     well->acceptDropsFor(AppDelegate::watchPathPanel());
     connect(well, &ImageWellButton::dropped, this, [this](const QString& path) {
-        mirror_.send([&](AppDelegate& delegate) {
+        binder_.send([&](AppDelegate& delegate) {
             delegate.additionalWatchPathDropped(path.toStdString());
         });
     });

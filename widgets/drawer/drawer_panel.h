@@ -15,7 +15,7 @@ class QPropertyAnimation;
 
 namespace frimbolate {
 
-class FormMirror;
+class FormBinder;
 class ImageWellButton;
 
 class DrawerPanel : public QWidget {
@@ -23,7 +23,7 @@ class DrawerPanel : public QWidget {
 
   public:
     /// \param edge where the form ends and the open drawer begins, in pixels of the parent
-    DrawerPanel(FormMirror& mirror, int edge, QWidget* parent);
+    DrawerPanel(FormBinder& binder, int edge, QWidget* parent);
 
     void setOpen(bool open);
     bool isOpen() const { return open_; }
@@ -61,7 +61,7 @@ class DrawerPanel : public QWidget {
     void slideEnded();
     void placeShadow();
 
-    FormMirror& mirror_;
+    FormBinder& binder_;
     int edge_;
     bool open_ = false;
     bool besideForm_ = true;

@@ -3,7 +3,7 @@
 #include "widgets/controls/accessible_description.h"
 #include "widgets/controls/dragged_path.h"
 #include "widgets/controls/file_panel_rules.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/long_text.h"
 #include "widgets/controls/text.h"
 #include "widgets/style/fonts.h"
@@ -30,7 +30,7 @@ QString pathIn(const QDropEvent& event) {
 void PathField::setHint(const QString& hint) {
     look::setFaulty(this, !hint.isEmpty());
     setToolTip(labelText(hint));
-    describe(this, hint);
+    updateAccessibleDescription(this, hint);
 }
 
 void PathField::setHovered(bool hovered) {
@@ -77,7 +77,7 @@ void PathField::paintEvent(QPaintEvent* event) {
         look::paintDropPlace(*this);
 }
 
-QToolButton* makeChooseButton(FormMirror& mirror, std::string_view outlet, const QString& caption,
+QToolButton* makeChooseButton(FormBinder& binder, std::string_view outlet, const QString& caption,
                               QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setObjectName(text(outlet) + "Chooser");
@@ -87,8 +87,8 @@ QToolButton* makeChooseButton(FormMirror& mirror, std::string_view outlet, const
     button->setAccessibleName(PathField::tr("Choose: %1").arg(caption));
     button->setToolTip(button->accessibleName());
     QObject::connect(button, &QToolButton::clicked, button,
-                     [&mirror, outlet = std::string(outlet)] {
-                         mirror.send([&](AppDelegate& delegate) { delegate.choosePath(outlet); });
+                     [&binder, outlet = std::string(outlet)] {
+                         binder.send([&](AppDelegate& delegate) { delegate.choosePath(outlet); });
                      });
     return button;
 }

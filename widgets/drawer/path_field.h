@@ -7,7 +7,7 @@ class QToolButton;
 
 namespace frimbolate {
 
-class FormMirror;
+class FormBinder;
 
 class PathField : public QLineEdit {
     Q_OBJECT
@@ -33,7 +33,7 @@ class PathField : public QLineEdit {
 
 /// The button beside the field of that outlet, which asks for its path in a panel.
 /// \param caption of the field
-QToolButton* makeChooseButton(FormMirror& mirror, std::string_view outlet, const QString& caption,
+QToolButton* makeChooseButton(FormBinder& binder, std::string_view outlet, const QString& caption,
                               QWidget* parent);
 
 } // namespace frimbolate

@@ -6,7 +6,7 @@
 #include "widgets/controls/accessible_description.h"
 #include "widgets/controls/clock_format.h"
 #include "widgets/controls/elided_label.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/image_well_button.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/controls/text.h"
@@ -57,8 +57,8 @@ void sendTarget(AppDelegate& delegate) {
 
 } // namespace
 
-FormCard::FormCard(FormMirror& mirror, QWidget* parent)
-    : QWidget(parent), mirror_(mirror), grid_(new QGridLayout(this)) {
+FormCard::FormCard(FormBinder& binder, QWidget* parent)
+    : QWidget(parent), binder_(binder), grid_(new QGridLayout(this)) {
     setFixedSize(scaled(632), scaled(288));
     grid_->setContentsMargins(scaled(look::cardMargin), 0, scaled(look::cardMargin), 0);
     grid_->setSpacing(0);
@@ -70,8 +70,8 @@ FormCard::FormCard(FormMirror& mirror, QWidget* parent)
     addTargetRow();
     addActionRow();
     addScheduleRow();
-    mirror_.show([this](const FormModel& form) { showTarget(form); });
-    mirror_.show([this](const FormModel&, const FormPresentation& presentation) {
+    binder_.addUpdater([this](const FormModel& form) { showTarget(form); });
+    binder_.addUpdater([this](const FormModel&, const FormPresentation& presentation) {
         showHints(presentation);
     });
 }
@@ -113,19 +113,19 @@ void FormCard::addMarker(int row, std::string_view outlet, Marker FormModel::*me
     marker->setPixmap(look::toolIcon("warning").pixmap(scaled(20), scaled(20)));
     marker->setAccessibleName(tr("Fault in this row"));
     setRetainsSize(marker);
-    mirror_.bind(outlet, static_cast<QWidget*>(marker), member);
+    binder_.bind(outlet, static_cast<QWidget*>(marker), member);
     addToRow(row, MarkerColumn, marker);
 }
 
 void FormCard::addTip(int row, std::string_view outlet, Button FormModel::*member) {
     addToRow(row, Tip,
-             makeTipButton(mirror_, outlet, member, rows_[row].control->accessibleName()));
+             makeTipButton(binder_, outlet, member, rows_[row].control->accessibleName()));
 }
 
 void FormCard::addNameRow() {
     auto* field = new QLineEdit(this);
     field->setPlaceholderText(tr("For example, backup_photos"));
-    mirror_.bind("agentNameTextField", field, &FormModel::agentNameTextField);
+    binder_.bind("agentNameTextField", field, &FormModel::agentNameTextField);
     firstField_ = field;
     addRow(NameRow, tr("&Name"), field, {field});
     addToRow(NameRow, Control, field);
@@ -135,7 +135,7 @@ void FormCard::addNameRow() {
 
 void FormCard::addTargetRow() {
     targetButton_ = new PopUpButton(agentTargetItems(), this);
-    mirror_.bind("agentTargetButton", targetButton_, &FormModel::agentTargetButton, sendTarget);
+    binder_.bind("agentTargetButton", targetButton_, &FormModel::agentTargetButton, sendTarget);
     addRow(TargetRow, tr("&What to launch"), targetButton_, {targetButton_});
     addToRow(TargetRow, Control, targetButton_);
 
@@ -145,9 +145,9 @@ void FormCard::addTargetRow() {
     connect(targetWell_, &QToolButton::clicked, this, &FormCard::pressTargetWell);
     targetWell_->acceptDropsFor(AppDelegate::targetPanel());
     connect(targetWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
-        mirror_.send([&](AppDelegate& delegate) { delegate.targetDropped(path.toStdString()); });
+        binder_.send([&](AppDelegate& delegate) { delegate.targetDropped(path.toStdString()); });
     });
-    mirror_.bind("agentTargetImageWell", targetWell_, &FormModel::agentTargetImageWell);
+    binder_.bind("agentTargetImageWell", targetWell_, &FormModel::agentTargetImageWell);
     addToRow(TargetRow, Well, targetWell_);
 
     auto* script = new QToolButton(this);
@@ -157,9 +157,9 @@ void FormCard::addTargetRow() {
     script->setFocusPolicy(Qt::StrongFocus);
     script->setAccessibleName(tr("Edit script"));
     setRetainsSize(script);
-    mirror_.bind("showPopOverScriptButton", script, &FormModel::showPopOverScriptButton,
+    binder_.bind("showPopOverScriptButton", script, &FormModel::showPopOverScriptButton,
                  &AppDelegate::showPopOverScript);
-    mirror_.show(
+    binder_.addUpdater(
         [script](const FormModel& form) { script->setDown(form.popoverScriptObject.shown); });
     scriptButton_ = script;
     addToRow(TargetRow, Script, script);
@@ -169,7 +169,7 @@ void FormCard::addTargetRow() {
 
 void FormCard::addActionRow() {
     auto* button = new PopUpButton(agentActionItems(), this);
-    mirror_.bind("agentActionButton", button, &FormModel::agentActionButton,
+    binder_.bind("agentActionButton", button, &FormModel::agentActionButton,
                  &AppDelegate::chooseAgentAction);
     addRow(ActionRow, tr("When &to launch"), button, {button});
     addToRow(ActionRow, Control, button);
@@ -180,10 +180,10 @@ void FormCard::addActionRow() {
     connect(watchPathWell_, &QToolButton::clicked, this, &FormCard::pressWatchPathWell);
     watchPathWell_->acceptDropsFor(AppDelegate::watchPathPanel());
     connect(watchPathWell_, &ImageWellButton::dropped, this, [this](const QString& path) {
-        mirror_.send([&](AppDelegate& delegate) { delegate.watchPathDropped(path.toStdString()); });
+        binder_.send([&](AppDelegate& delegate) { delegate.watchPathDropped(path.toStdString()); });
     });
-    mirror_.bind("agentWatchPathImageWell", watchPathWell_, &FormModel::agentWatchPathImageWell);
-    mirror_.show([this](const FormModel& form) {
+    binder_.bind("agentWatchPathImageWell", watchPathWell_, &FormModel::agentWatchPathImageWell);
+    binder_.addUpdater([this](const FormModel& form) {
         const bool isPath = form.agentActionButton.selectedItem == AgentAction::PathModified;
         watchPathWell_->setFocusPolicy(isPath ? Qt::StrongFocus : Qt::NoFocus);
         watchPathWell_->setAcceptDrops(isPath);
@@ -196,15 +196,15 @@ void FormCard::addActionRow() {
 void FormCard::pressTargetWell() {
     // A typed script has no file to choose anew; its text is what there is to change.
     if (targetButton_->currentIndex() == TargetType::Script)
-        mirror_.send(&AppDelegate::showPopOverScript);
+        binder_.send(&AppDelegate::showPopOverScript);
     else
-        mirror_.change(
+        binder_.edit(
             [](FormModel& form) { form.agentTargetButton.selectedItem = TargetType::File; },
             sendTarget);
 }
 
 void FormCard::pressWatchPathWell() {
-    mirror_.send([](AppDelegate& delegate) {
+    binder_.send([](AppDelegate& delegate) {
         if (delegate.form().agentActionButton.selectedItem == AgentAction::PathModified)
             delegate.chooseAgentAction();
     });
@@ -220,16 +220,16 @@ void FormCard::showTarget(const FormModel& form) {
 }
 
 void FormCard::showHints(const FormPresentation& presentation) {
-    describe(timePicker_, text(presentation.unreadableTime));
+    updateAccessibleDescription(timePicker_, text(presentation.unreadableTime));
     for (int i = 0; i < RowCount; ++i) {
         const Row& row = rows_[i];
         const RowPresentation& shown = presentation.row(formRows[static_cast<std::size_t>(i)]);
         row.hint->setWholeText(text(shown.hint));
         row.hint->setWarning(shown.warns);
-        describe(row.control, row.hint->text());
+        updateAccessibleDescription(row.control, row.hint->text());
         for (QWidget* control : row.marked) {
             look::setFaulty(control, shown.isFaulty);
-            describe(control, row.hint->text());
+            updateAccessibleDescription(control, row.hint->text());
         }
     }
 }

@@ -12,7 +12,7 @@ class QLayout;
 namespace frimbolate {
 
 class ElidedLabel;
-class FormMirror;
+class FormBinder;
 struct FormPresentation;
 class ImageWellButton;
 class PopUpButton;
@@ -22,7 +22,7 @@ class FormCard : public QWidget {
     Q_OBJECT
 
   public:
-    explicit FormCard(FormMirror& mirror, QWidget* parent = nullptr);
+    explicit FormCard(FormBinder& binder, QWidget* parent = nullptr);
 
     /// Where a person begins to type.
     QWidget* firstField() const { return firstField_; }
@@ -63,7 +63,7 @@ class FormCard : public QWidget {
     void showTarget(const FormModel& form);
     void showHints(const FormPresentation& presentation);
 
-    FormMirror& mirror_;
+    FormBinder& binder_;
     QGridLayout* grid_;
     QWidget* firstField_ = nullptr;
     Row rows_[RowCount];

@@ -2,7 +2,7 @@
 #include "widgets/form/form_card.h"
 
 #include "widgets/controls/clock_format.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/controls/text.h"
 #include "widgets/controls/time_field.h"
@@ -29,7 +29,7 @@ void FormCard::addScheduleRow() {
 
     auto* schedule = new PopUpButton(agentScheduleTypeItems(), this);
     schedule->setPlaceholderText(tr("No schedule"));
-    mirror_.bind("agentScheduleTypeButton", schedule, &FormModel::agentScheduleTypeButton,
+    binder_.bind("agentScheduleTypeButton", schedule, &FormModel::agentScheduleTypeButton,
                  &AppDelegate::chooseAgentSchedule);
 
     auto* dayBox = new QWidget(this);
@@ -41,8 +41,8 @@ void FormCard::addScheduleRow() {
     day->setPlaceholderText(tr("Day"));
     day->setAccessibleName(tr("Day of the month"));
     dayLine->addWidget(day);
-    mirror_.bind("onMonthTextBox", dayBox, &FormModel::onMonthTextBox);
-    mirror_.bind("onMonthTextField", day, &FormModel::onMonthTextField);
+    binder_.bind("onMonthTextBox", dayBox, &FormModel::onMonthTextBox);
+    binder_.bind("onMonthTextField", day, &FormModel::onMonthTextField);
 
     timePicker_ = new TimeField(this);
     setUpTimePicker();
@@ -50,11 +50,11 @@ void FormCard::addScheduleRow() {
     auto* interval = new QLineEdit(this);
     interval->setFixedWidth(scaled(52));
     interval->setAccessibleName(tr("Interval"));
-    mirror_.bind("agentIntervalField", interval, &FormModel::agentIntervalField);
+    binder_.bind("agentIntervalField", interval, &FormModel::agentIntervalField);
     auto* unit = new PopUpButton(agentIntervalTypeItems(), this);
     unit->setFixedWidth(scaled(89));
     unit->setUnlabelledName(tr("Unit of the interval"));
-    mirror_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
+    binder_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
 
     for (QWidget* part : QList<QWidget*>{schedule, dayBox, timePicker_, interval, unit}) {
         part->setFixedHeight(scaled(controlHeight));
@@ -72,8 +72,8 @@ void FormCard::addScheduleRow() {
 
 void FormCard::setUpTimePicker() {
     timePicker_->setAccessibleName(tr("Time of day"));
-    mirror_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
-    mirror_.show([this](const FormModel& form) {
+    binder_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
+    binder_.addUpdater([this](const FormModel& form) {
         // "07:30 AM" and the steppers do not both fit into the narrow picker.
         const bool isFull = localeClockFormat() == ClockFormat::TwelveHours &&
                             form.agentScheduleDatePicker.width <= narrowDatePickerWidth;

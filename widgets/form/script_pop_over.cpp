@@ -1,7 +1,7 @@
 #include "widgets/form/script_pop_over.h"
 
 #include "core/script_types.h"
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/controls/pop_over_placement.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/controls/script_editor.h"
@@ -34,10 +34,10 @@ QSize scaledSize(const Size& size) { return {scaled(size.width), scaled(size.hei
 
 } // namespace
 
-ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWindows,
+ScriptPopOver::ScriptPopOver(FormBinder& binder, QWidget* anchor, bool blendsWindows,
                              QWidget* parent)
     : QWidget(parent, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      mirror_(mirror), anchor_(anchor), frame_(blendsWindows), larger_(new QToolButton(this)),
+      binder_(binder), anchor_(anchor), frame_(blendsWindows), larger_(new QToolButton(this)),
       language_(new PopUpButton(scriptLanguageItems(), this)), script_(new ScriptEditor(this)),
       grid_(new QGridLayout(this)) {
     setObjectName("popoverScriptObject");
@@ -45,9 +45,10 @@ ScriptPopOver::ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWin
     setAccessibleName(tr("Script"));
     setAttribute(Qt::WA_TranslucentBackground, frame_.isTranslucent());
     layOut();
-    mirror_.bind("scriptPopOverLanguageButton", language_, &FormModel::scriptPopOverLanguageButton);
-    mirror_.bind("scriptPopOverScriptField", script_, &FormModel::scriptPopOverScriptField);
-    mirror_.show([this](const FormModel& form) { setWanted(form.popoverScriptObject.shown); });
+    binder_.bind("scriptPopOverLanguageButton", language_, &FormModel::scriptPopOverLanguageButton);
+    binder_.bind("scriptPopOverScriptField", script_, &FormModel::scriptPopOverScriptField);
+    binder_.addUpdater(
+        [this](const FormModel& form) { setWanted(form.popoverScriptObject.shown); });
     language_->view()->installEventFilter(this);
     parent->installEventFilter(this);
 }
@@ -170,7 +171,7 @@ void ScriptPopOver::keyReleaseEvent(QKeyEvent* event) {
 void ScriptPopOver::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (wanted_ && !blocked_)
-        mirror_.change([](FormModel& form) { form.popoverScriptObject.shown = false; });
+        binder_.edit([](FormModel& form) { form.popoverScriptObject.shown = false; });
 }
 
 bool ScriptPopOver::eventFilter(QObject* watched, QEvent* event) {

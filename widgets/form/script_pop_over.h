@@ -15,7 +15,7 @@ class QToolButton;
 
 namespace frimbolate {
 
-class FormMirror;
+class FormBinder;
 class PopUpButton;
 class ScriptEditor;
 
@@ -25,7 +25,7 @@ class ScriptPopOver : public QWidget {
   public:
     /// \param anchor what it points at, a part of the window `parent`
     /// \param blendsWindows whether the desktop shows what lies behind a translucent window
-    ScriptPopOver(FormMirror& mirror, QWidget* anchor, bool blendsWindows, QWidget* parent);
+    ScriptPopOver(FormBinder& binder, QWidget* anchor, bool blendsWindows, QWidget* parent);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -43,7 +43,7 @@ class ScriptPopOver : public QWidget {
     void placeBesideAnchor();
     QRect anchorOnScreen() const;
 
-    FormMirror& mirror_;
+    FormBinder& binder_;
     QWidget* anchor_;
     look::PopOverFrame frame_;
     // In the order in which Tab reaches them.

@@ -329,14 +329,14 @@ void PanelDialog::showRejection(const QString& reason) {
     rejectionLabel_->setText(reason);
     rejectionLabel_->show();
     look::setFaulty(nameField_, true);
-    describe(nameField_, reason);
+    updateAccessibleDescription(nameField_, reason);
     nameField_->setFocus();
 }
 
 void PanelDialog::withdrawRefusal() {
     rejectionLabel_->hide();
     look::setFaulty(nameField_, false);
-    describe(nameField_, {});
+    updateAccessibleDescription(nameField_, {});
 }
 
 } // namespace frimbolate

@@ -8,9 +8,9 @@
 
 namespace frimbolate {
 
-AppSheet::AppSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
-                   FormMirror::Send close)
-    : SheetDialog(outlet, panelWidth, &mainWindow), mirror_(mirror), close_(std::move(close)) {}
+AppSheet::AppSheet(const QString& outlet, int panelWidth, FormBinder& binder, QWidget& mainWindow,
+                   FormBinder::Send close)
+    : SheetDialog(outlet, panelWidth, &mainWindow), binder_(binder), close_(std::move(close)) {}
 
 QLabel* AppSheet::addTitle(const QString& title) {
     auto* label = new QLabel(title, this);
@@ -22,12 +22,12 @@ QLabel* AppSheet::addTitle(const QString& title) {
 }
 
 QPushButton* AppSheet::makeButton(const char* name, const QString& title,
-                                  const FormMirror::Send& send) {
+                                  const FormBinder::Send& send) {
     auto* button = new QPushButton(title, this);
     button->setObjectName(name);
     button->setAccessibleName(title);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, [this, send] { mirror_.send(send); });
+    connect(button, &QPushButton::clicked, this, [this, send] { binder_.send(send); });
     return button;
 }
 

@@ -2,7 +2,7 @@
 // action that closes them. Only the action takes the sheet off the screen.
 #pragma once
 
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 #include "widgets/sheets/sheet_dialog.h"
 
 class QLabel;
@@ -15,22 +15,22 @@ class AppSheet : public SheetDialog {
   public:
     /// \param panelWidth in pixels of the 1x layout
     /// \param close the action of its closing button, which Escape sends too
-    AppSheet(const QString& outlet, int panelWidth, FormMirror& mirror, QWidget& mainWindow,
-             FormMirror::Send close);
+    AppSheet(const QString& outlet, int panelWidth, FormBinder& binder, QWidget& mainWindow,
+             FormBinder::Send close);
 
   public slots:
-    void reject() override { mirror_.send(close_); }
+    void reject() override { binder_.send(close_); }
 
   protected:
     /// Adds the sheet's title to the body.
     QLabel* addTitle(const QString& title);
     /// A button that is named by the action it sends.
-    QPushButton* makeButton(const char* name, const QString& title, const FormMirror::Send& send);
-    FormMirror& formMirror() { return mirror_; }
+    QPushButton* makeButton(const char* name, const QString& title, const FormBinder::Send& send);
+    FormBinder& formBinder() { return binder_; }
 
   private:
-    FormMirror& mirror_;
-    FormMirror::Send close_;
+    FormBinder& binder_;
+    FormBinder::Send close_;
 };
 
 } // namespace frimbolate

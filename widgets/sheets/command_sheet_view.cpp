@@ -30,8 +30,8 @@ constexpr int leastHeight = 64, greatestHeight = 120, greatestPanelHeight = 348;
 
 } // namespace
 
-CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
-    : AppSheet("executeScriptWindow", panelWidth, mirror, mainWindow,
+CommandSheetView::CommandSheetView(FormBinder& binder, QWidget& mainWindow)
+    : AppSheet("executeScriptWindow", panelWidth, binder, mainWindow,
                &AppDelegate::closeExecuteScriptWindow),
       title_(addTitle({})) {
     addWords();
@@ -39,11 +39,11 @@ CommandSheetView::CommandSheetView(FormMirror& mirror, QWidget& mainWindow)
     body()->addSpacing(scaled(16));
     auto* copies = new QCheckBox(tr("Copy c&ommands to the clipboard automatically"), this);
     copies->setAccessibleName(copies->text().remove('&'));
-    mirror.bind("autoCopyScriptsCheckbox2", copies, &FormModel::autoCopyScriptsCheckbox2);
+    binder.bind("autoCopyScriptsCheckbox2", copies, &FormModel::autoCopyScriptsCheckbox2);
     body()->addWidget(copies);
     body()->addSpacing(scaled(24));
     addButtons();
-    mirror.show([this](const FormModel& form, const FormPresentation& presentation) {
+    binder.addUpdater([this](const FormModel& form, const FormPresentation& presentation) {
         showCommand(form, presentation.command);
     });
 }
@@ -80,7 +80,7 @@ void CommandSheetView::addCommand() {
     copy_->setFocusPolicy(Qt::StrongFocus);
     copy_->setAccessibleName(tr("Copy the command"));
     connect(copy_, &QToolButton::clicked, this,
-            [this] { formMirror().send(&AppDelegate::copyCommand); });
+            [this] { formBinder().send(&AppDelegate::copyCommand); });
     auto* line = new QHBoxLayout(command_);
     line->setContentsMargins(0, 0, scaled(10), 0);
     line->addWidget(copy_, 0, Qt::AlignRight | Qt::AlignVCenter);
@@ -110,8 +110,9 @@ void CommandSheetView::showCommand(const FormModel& form, const CommandPresentat
     const QString warning = text(shownBeside.warning);
     warning_->setWarning(warning);
     showCopied(form.copyCommandButton.hasCopied, !warning.isEmpty());
-    describe(command_, warning.isEmpty() ? state_->text() : warning);
-    describe(this, QStringList{agent_->text(), command_->accessibleDescription()}.join(". "));
+    updateAccessibleDescription(command_, warning.isEmpty() ? state_->text() : warning);
+    updateAccessibleDescription(
+        this, QStringList{agent_->text(), command_->accessibleDescription()}.join(". "));
     const QString shown = text(command.string);
     command_->setCommand(shown);
     fitCommand(shown);
@@ -125,7 +126,7 @@ void CommandSheetView::showCopied(bool hasCopied, bool isUnsafe) {
                     : hasCopied ? tr("Copied. Paste it into Terminal.")
                                 : tr("Copy this command and paste it into Terminal."));
     state_->setVisible(!state_->text().isEmpty());
-    describe(copy_, hasCopied ? copied : QString());
+    updateAccessibleDescription(copy_, hasCopied ? copied : QString());
     if (copy_->toolTip() == title)
         return;
     copy_->setToolTip(title);

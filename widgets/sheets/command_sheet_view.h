@@ -16,7 +16,7 @@ class CommandSheetView : public AppSheet {
     Q_OBJECT
 
   public:
-    CommandSheetView(FormMirror& mirror, QWidget& mainWindow);
+    CommandSheetView(FormBinder& binder, QWidget& mainWindow);
 
   private:
     void addWords();

@@ -52,7 +52,7 @@ void NewFolderSheet::addField(const QString& proposedName) {
     connect(name_, &QLineEdit::textChanged, this, [this] {
         rejectionLabel_->hide();
         look::setFaulty(name_, false);
-        describe(name_, {});
+        updateAccessibleDescription(name_, {});
     });
 }
 
@@ -80,7 +80,7 @@ void NewFolderSheet::accept() {
     rejectionLabel_->setText(reason);
     rejectionLabel_->show();
     look::setFaulty(name_, true);
-    describe(name_, reason);
+    updateAccessibleDescription(name_, reason);
     name_->setFocus();
 }
 

@@ -47,8 +47,8 @@ constexpr PopUpRow popUps[] = {
 
 } // namespace
 
-PreferencesSheet::PreferencesSheet(FormMirror& mirror, QWidget& mainWindow)
-    : AppSheet("preferencesWindow", panelWidth, mirror, mainWindow,
+PreferencesSheet::PreferencesSheet(FormBinder& binder, QWidget& mainWindow)
+    : AppSheet("preferencesWindow", panelWidth, binder, mainWindow,
                &AppDelegate::closeWithoutSavingPrefs),
       grid_(new QGridLayout) {
     addTitle(tr("Preferences"));
@@ -83,7 +83,7 @@ void PreferencesSheet::addCheckBoxes() {
         const int line = grid_->rowCount() - (grid_->itemAtPosition(0, 1) ? 0 : 1);
         auto* box = new QCheckBox(tr(row.title), this);
         box->setAccessibleName(tr(row.title).remove('&'));
-        formMirror().bind(row.outlet, box, row.member);
+        formBinder().bind(row.outlet, box, row.member);
         grid_->setRowMinimumHeight(line, scaled(controlHeight));
         grid_->addWidget(box, line, 1);
     }
@@ -96,7 +96,7 @@ void PreferencesSheet::addPopUps() {
         auto* button = new PopUpButton(row.items(), this);
         button->setFixedHeight(scaled(controlHeight));
         button->setAccessibleName(tr(row.label).remove('&'));
-        formMirror().bind(row.outlet, button, row.member);
+        formBinder().bind(row.outlet, button, row.member);
         QLabel* label = makeLabel(tr(row.label));
         label->setBuddy(button);
         grid_->addWidget(label, line, 0);

@@ -15,7 +15,7 @@ class PreferencesSheet : public AppSheet {
     Q_OBJECT
 
   public:
-    PreferencesSheet(FormMirror& mirror, QWidget& mainWindow);
+    PreferencesSheet(FormBinder& binder, QWidget& mainWindow);
 
   private:
     QLabel* makeLabel(const QString& text);

@@ -36,8 +36,8 @@ class Badge : public QWidget {
 
 } // namespace
 
-WelcomeSheet::WelcomeSheet(FormMirror& mirror, QWidget& mainWindow)
-    : AppSheet("welcomeWindow", panelWidth, mirror, mainWindow, &AppDelegate::closeWelcomeWindow) {
+WelcomeSheet::WelcomeSheet(FormBinder& binder, QWidget& mainWindow)
+    : AppSheet("welcomeWindow", panelWidth, binder, mainWindow, &AppDelegate::closeWelcomeWindow) {
     setWindowTitle(tr("Welcome to Frimbolate"));
     setAccessibleName(tr("Welcome to Frimbolate"));
     setBodyPadding({scaled(32), scaled(28), scaled(32), scaled(24)});
@@ -67,7 +67,7 @@ WelcomeSheet::WelcomeSheet(FormMirror& mirror, QWidget& mainWindow)
 
     auto* show = new QCheckBox(tr("&Show this window at start"), this);
     show->setAccessibleName(tr("Show this window at start"));
-    mirror.bind("showWelcomeCheckbox", show, &FormModel::showWelcomeCheckbox);
+    binder.bind("showWelcomeCheckbox", show, &FormModel::showWelcomeCheckbox);
     QPushButton* start =
         makeButton("closeWelcomeWindow", tr("Get Started"), &AppDelegate::closeWelcomeWindow);
     start->setDefault(true);

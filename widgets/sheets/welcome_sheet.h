@@ -11,7 +11,7 @@ class WelcomeSheet : public AppSheet {
     Q_OBJECT
 
   public:
-    WelcomeSheet(FormMirror& mirror, QWidget& mainWindow);
+    WelcomeSheet(FormBinder& binder, QWidget& mainWindow);
 
   private:
     QLabel* addText(QBoxLayout* column, const QString& text);

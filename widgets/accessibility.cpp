@@ -1,4 +1,4 @@
-#include "widgets/window_access.h"
+#include "widgets/accessibility.h"
 
 #include "widgets/controls/warning_label.h"
 #include "widgets/controls/wrapped_text.h"
@@ -14,9 +14,10 @@ namespace frimbolate {
 namespace {
 
 /// The window's own parts, then the pop-over, hidden or not as with any other part.
-class MainWindowAccess : public QAccessibleWidget {
+class MainWindowAccessible : public QAccessibleWidget {
   public:
-    explicit MainWindowAccess(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+    explicit MainWindowAccessible(QWidget* window)
+        : QAccessibleWidget(window, QAccessible::Window) {}
 
     int childCount() const override {
         return QAccessibleWidget::childCount() + (popOver() ? 1 : 0);
@@ -45,9 +46,10 @@ class MainWindowAccess : public QAccessibleWidget {
     }
 };
 
-class PopOverAccess : public QAccessibleWidget {
+class PopOverAccessible : public QAccessibleWidget {
   public:
-    explicit PopOverAccess(QWidget* popOver) : QAccessibleWidget(popOver, QAccessible::Dialog) {}
+    explicit PopOverAccessible(QWidget* popOver)
+        : QAccessibleWidget(popOver, QAccessible::Dialog) {}
 
     QAccessibleInterface* parent() const override {
         return QAccessible::queryAccessibleInterface(widget()->parentWidget());
@@ -68,11 +70,11 @@ class TextAccess : public QAccessibleWidget {
     }
 };
 
-QAccessibleInterface* makeAccess(const QString&, QObject* object) {
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     if (auto* window = qobject_cast<MainWindow*>(object))
-        return new MainWindowAccess(window);
+        return new MainWindowAccessible(window);
     if (auto* popOver = qobject_cast<ScriptPopOver*>(object))
-        return new PopOverAccess(popOver);
+        return new PopOverAccessible(popOver);
     if (auto* alert = qobject_cast<AlertDialog*>(object))
         return new QAccessibleWidget(alert, QAccessible::AlertMessage);
     if (auto* text = qobject_cast<WrappedText*>(object))
@@ -84,6 +86,6 @@ QAccessibleInterface* makeAccess(const QString&, QObject* object) {
 
 } // namespace
 
-void installWindowAccess() { QAccessible::installFactory(makeAccess); }
+void installAccessibility() { QAccessible::installFactory(makeAccessible); }
 
 } // namespace frimbolate

@@ -27,14 +27,14 @@ class PopUpButton;
 class ScriptEditor;
 class TimeField;
 
-class FormMirror : public QObject {
+class FormBinder : public QObject {
     Q_OBJECT
 
   public:
     /// What a control sends; empty where it only changes the model.
     using Send = std::function<void(AppDelegate&)>;
 
-    /// From here on what a person does reaches the model. The delegate must outlive the mirror.
+    /// From here on what a person does reaches the model. The delegate must outlive the binder.
     void connectTo(AppDelegate& delegate);
 
     /// Makes everything that is bound show the model as it is now.
@@ -42,18 +42,18 @@ class FormMirror : public QObject {
     /// Does what a control does: changes the model, sends the action, mirrors. Nothing happens
     /// before connectTo(), nor while the mirror itself moves the controls. Before an action is sent
     /// finishTyping() is called.
-    void change(const std::function<void(FormModel&)>& change, const Send& send = {});
+    void edit(const std::function<void(FormModel&)>& change, const Send& send = {});
     void send(const Send& send) {
-        change([](FormModel&) {}, send);
+        edit([](FormModel&) {}, send);
     }
 
     /// Reads what was typed into a field that reads its text only when it is left.
     void finishTyping();
 
     /// Runs at each mirroring, in the order of the bindings.
-    void show(std::function<void(const FormModel&)> show);
+    void addUpdater(std::function<void(const FormModel&)> updater);
     /// The same for what shows more than the model holds. That is made once for each mirroring.
-    void show(std::function<void(const FormModel&, const FormPresentation&)> show);
+    void addUpdater(std::function<void(const FormModel&, const FormPresentation&)> updater);
 
     // Each gives the control its outlet's name. A text is only set where it differs, so that caret
     // and undo survive the mirroring.
@@ -75,7 +75,7 @@ class FormMirror : public QObject {
   private:
     AppDelegate* delegate_ = nullptr;
     bool mirroring_ = false;
-    std::vector<std::function<void(const FormModel&, const FormPresentation&)>> shows_;
+    std::vector<std::function<void(const FormModel&, const FormPresentation&)>> updaters_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window
 };
 

@@ -1,4 +1,4 @@
-#include "widgets/controls/form_mirror.h"
+#include "widgets/controls/form_binder.h"
 
 #include "widgets/controls/clock_format.h"
 #include "widgets/controls/image_well_button.h"
@@ -31,20 +31,20 @@ int sliderPosition(const QSlider& slider, double value) {
 
 } // namespace
 
-void FormMirror::connectTo(AppDelegate& delegate) { delegate_ = &delegate; }
+void FormBinder::connectTo(AppDelegate& delegate) { delegate_ = &delegate; }
 
-void FormMirror::mirror() {
+void FormBinder::mirror() {
     if (!delegate_ || mirroring_)
         return;
     const QScopedValueRollback guard(mirroring_, true);
     const FormModel& form = delegate_->form();
     const std::string home = QDir::homePath().toStdString();
     const FormPresentation presentation = present(form, {home, localeClockFormat()});
-    for (const auto& show : shows_)
-        show(form, presentation);
+    for (const auto& update : updaters_)
+        update(form, presentation);
 }
 
-void FormMirror::change(const std::function<void(FormModel&)>& change, const Send& send) {
+void FormBinder::edit(const std::function<void(FormModel&)>& change, const Send& send) {
     if (!delegate_ || mirroring_)
         return;
     if (send)
@@ -55,26 +55,27 @@ void FormMirror::change(const std::function<void(FormModel&)>& change, const Sen
     mirror();
 }
 
-void FormMirror::finishTyping() {
+void FormBinder::finishTyping() {
     for (TimeField* field : pendingFields_)
         field->commit();
 }
 
-void FormMirror::show(std::function<void(const FormModel&)> show) {
-    shows_.push_back(
-        [show = std::move(show)](const FormModel& form, const FormPresentation&) { show(form); });
+void FormBinder::addUpdater(std::function<void(const FormModel&)> updater) {
+    updaters_.push_back([update = std::move(updater)](const FormModel& form,
+                                                      const FormPresentation&) { update(form); });
 }
 
-void FormMirror::show(std::function<void(const FormModel&, const FormPresentation&)> show) {
-    shows_.push_back(std::move(show));
+void FormBinder::addUpdater(
+    std::function<void(const FormModel&, const FormPresentation&)> updater) {
+    updaters_.push_back(std::move(updater));
 }
 
-void FormMirror::bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member) {
+void FormBinder::bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member) {
     field->setObjectName(text(outlet));
     // The toolkit's own limit would cut what is held.
     field->setMaxLength(std::numeric_limits<int>::max());
     auto abbreviated = std::make_shared<AbbreviatedText>();
-    show([field, member, abbreviated](const FormModel& form) {
+    addUpdater([field, member, abbreviated](const FormModel& form) {
         field->setVisible(!(form.*member).hidden);
         const QString wanted = text((form.*member).stringValue);
         // What was typed stays as it stands, but for a pasted text that is much too long.
@@ -84,30 +85,30 @@ void FormMirror::bind(std::string_view outlet, QLineEdit* field, TextField FormM
     // textChanged, not textEdited: assistive tools set a text without typing it.
     connect(field, &QLineEdit::textChanged, this,
             [this, member, abbreviated](const QString& typed) {
-                change([&](FormModel& form) {
+                edit([&](FormModel& form) {
                     (form.*member).stringValue = abbreviated->expand(typed).toStdString();
                 });
             });
 }
 
-void FormMirror::bind(std::string_view outlet, ScriptEditor* field, TextField FormModel::*member) {
+void FormBinder::bind(std::string_view outlet, ScriptEditor* field, TextField FormModel::*member) {
     field->setObjectName(text(outlet));
-    show([field, member](const FormModel& form) {
+    addUpdater([field, member](const FormModel& form) {
         const QString wanted = text((form.*member).stringValue);
         if (ScriptEditor::withPlainLineBreaks(wanted) != field->wholeText())
             field->setWholeText(wanted);
     });
     connect(field, &QPlainTextEdit::textChanged, this, [this, field, member] {
-        change([&](FormModel& form) {
+        edit([&](FormModel& form) {
             (form.*member).stringValue = field->wholeText().toStdString();
         });
     });
 }
 
-void FormMirror::bind(std::string_view outlet, PopUpButton* button, PopUp FormModel::*member,
+void FormBinder::bind(std::string_view outlet, PopUpButton* button, PopUp FormModel::*member,
                       const Send& send) {
     button->setObjectName(text(outlet));
-    show([button, member](const FormModel& form) {
+    addUpdater([button, member](const FormModel& form) {
         const PopUp& popUp = form.*member;
         button->setDisabledItems(popUp.disabledItems);
         button->setCurrentIndex(popUp.selectedItem);
@@ -118,14 +119,14 @@ void FormMirror::bind(std::string_view outlet, PopUpButton* button, PopUp FormMo
     });
     // activated, not currentIndexChanged: choosing the same item once more asks once more.
     connect(button, &QComboBox::activated, this, [this, member, send](int index) {
-        change([&](FormModel& form) { (form.*member).selectedItem = index; }, send);
+        edit([&](FormModel& form) { (form.*member).selectedItem = index; }, send);
     });
 }
 
-void FormMirror::bind(std::string_view outlet, QCheckBox* box, CheckBox FormModel::*member,
+void FormBinder::bind(std::string_view outlet, QCheckBox* box, CheckBox FormModel::*member,
                       const Send& send) {
     box->setObjectName(text(outlet));
-    show([box, member](const FormModel& form) {
+    addUpdater([box, member](const FormModel& form) {
         const int state = (form.*member).state;
         box->setCheckState(state == CheckState::Off  ? Qt::Unchecked
                            : state == CheckState::On ? Qt::Checked
@@ -139,13 +140,13 @@ void FormMirror::bind(std::string_view outlet, QCheckBox* box, CheckBox FormMode
         const int value = state == Qt::Unchecked ? CheckState::Off
                           : state == Qt::Checked ? CheckState::On
                                                  : CheckState::Mixed;
-        change([&](FormModel& form) { (form.*member).state = value; }, send);
+        edit([&](FormModel& form) { (form.*member).state = value; }, send);
     });
 }
 
-void FormMirror::bind(std::string_view outlet, TimeField* field, DatePicker FormModel::*member) {
+void FormBinder::bind(std::string_view outlet, TimeField* field, DatePicker FormModel::*member) {
     field->setObjectName(text(outlet));
-    show([field, member](const FormModel& form) {
+    addUpdater([field, member](const FormModel& form) {
         const DatePicker& picker = form.*member;
         field->setClock(localeClockFormat());
         const TimeOfDay time{picker.dateValue.hour, picker.dateValue.minute};
@@ -155,7 +156,7 @@ void FormMirror::bind(std::string_view outlet, TimeField* field, DatePicker Form
         field->setVisible(!picker.hidden);
     });
     connect(field, &TimeField::timeRead, this, [this, member](TimeOfDay time) {
-        change([&](FormModel& form) {
+        edit([&](FormModel& form) {
             LocalDateTime date = (form.*member).dateValue;
             date.hour = time.hour;
             date.minute = time.minute;
@@ -163,29 +164,29 @@ void FormMirror::bind(std::string_view outlet, TimeField* field, DatePicker Form
         });
     });
     connect(field, &TimeField::textRejected, this, [this, member](const QString& typed) {
-        change([&](FormModel& form) { (form.*member).unreadableText = typed.toStdString(); });
+        edit([&](FormModel& form) { (form.*member).unreadableText = typed.toStdString(); });
     });
     connect(field, &TimeField::textEdited, this, [this, member] {
-        change([&](FormModel& form) { (form.*member).unreadableText.reset(); });
+        edit([&](FormModel& form) { (form.*member).unreadableText.reset(); });
     });
     pendingFields_.push_back(field);
 }
 
-void FormMirror::bind(std::string_view outlet, QSlider* slider, Slider FormModel::*member,
+void FormBinder::bind(std::string_view outlet, QSlider* slider, Slider FormModel::*member,
                       const Send& send) {
     slider->setObjectName(text(outlet));
-    show([slider, member](const FormModel& form) {
+    addUpdater([slider, member](const FormModel& form) {
         slider->setValue(sliderPosition(*slider, (form.*member).value));
     });
     connect(slider, &QSlider::valueChanged, this, [this, member, send](int value) {
-        change([&](FormModel& form) { (form.*member).value = value; }, send);
+        edit([&](FormModel& form) { (form.*member).value = value; }, send);
     });
 }
 
-void FormMirror::bind(std::string_view outlet, QAbstractButton* button, Button FormModel::*member,
+void FormBinder::bind(std::string_view outlet, QAbstractButton* button, Button FormModel::*member,
                       const Send& send) {
     button->setObjectName(text(outlet));
-    show([button, member](const FormModel& form) {
+    addUpdater([button, member](const FormModel& form) {
         button->setVisible(!(form.*member).hidden);
         if (const std::string& tip = (form.*member).toolTip; !tip.empty())
             button->setToolTip(text(tip));
@@ -193,24 +194,25 @@ void FormMirror::bind(std::string_view outlet, QAbstractButton* button, Button F
     connect(button, &QAbstractButton::clicked, this, [this, send] { this->send(send); });
 }
 
-void FormMirror::bind(std::string_view outlet, ImageWellButton* well,
+void FormBinder::bind(std::string_view outlet, ImageWellButton* well,
                       ImageWell FormModel::*member) {
     well->setObjectName(text(outlet));
-    show([well, member](const FormModel& form) {
+    addUpdater([well, member](const FormModel& form) {
         well->setImage((form.*member).image);
         well->setPath(text((form.*member).toolTip));
         well->setVisible(!(form.*member).hidden && well->isOfUse());
     });
 }
 
-void FormMirror::bind(std::string_view outlet, QWidget* marker, Marker FormModel::*member) {
+void FormBinder::bind(std::string_view outlet, QWidget* marker, Marker FormModel::*member) {
     marker->setObjectName(text(outlet));
-    show([marker, member](const FormModel& form) { marker->setVisible(!(form.*member).hidden); });
+    addUpdater(
+        [marker, member](const FormModel& form) { marker->setVisible(!(form.*member).hidden); });
 }
 
-void FormMirror::bind(std::string_view outlet, QWidget* box, Box FormModel::*member) {
+void FormBinder::bind(std::string_view outlet, QWidget* box, Box FormModel::*member) {
     box->setObjectName(text(outlet));
-    show([box, member](const FormModel& form) { box->setVisible(!(form.*member).hidden); });
+    addUpdater([box, member](const FormModel& form) { box->setVisible(!(form.*member).hidden); });
 }
 
 } // namespace frimbolate

@@ -8,6 +8,6 @@ namespace frimbolate {
 /// never meet it: here it is listed as a part of the window that it belongs to. An alert has the
 /// role of one, by which screen readers know to read it aloud whole, and so has a warning inside a
 /// sheet; a text that wraps anywhere has that of a label. Calling it again does nothing more.
-void installWindowAccess();
+void installAccessibility();
 
 } // namespace frimbolate
