@@ -47,8 +47,8 @@ int main(int argc, char* argv[]) {
     }
 #endif
 
-    look::install(application);
-    QApplication::setWindowIcon(look::toolIcon("app"));
+    style::install(application);
+    QApplication::setWindowIcon(style::toolIcon("app"));
     Program program(preferencePath, process.environment);
 #ifdef __APPLE__
     // macOS itself starts a program once, and makes it active when its icon is clicked. An instance

@@ -16,7 +16,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -87,7 +87,7 @@ void Commands::makeActions() {
         action->setToolTip(text(row.toolTip));
         action->setCheckable(row.menu == Action::Menu::View);
         if (!row.icon.empty())
-            action->setIcon(look::toolIcon(row.icon));
+            action->setIcon(style::toolIcon(row.icon));
         if (!row.toolTitle.empty())
             action->setIconText(text(row.toolTitle));
         action->setIconVisibleInMenu(false);
@@ -111,7 +111,7 @@ QAction* Commands::addCommand(QMenu* menu, const char* name, const QString& titl
 void Commands::addMenus() {
     QMenuBar* bar = window_.menuBar();
     bar->setFixedHeight(scaled(menuBarHeight));
-    look::setFont(bar, look::FontRole::hint);
+    style::setFont(bar, style::FontRole::hint);
     QMenu* application = bar->addMenu(tr("Frim&bolate"));
     QFont bold = bar->font();
     bold.setWeight(QFont::DemiBold);
@@ -177,7 +177,7 @@ void Commands::addToolbar() {
         button->setAccessibleName(action->iconText());
         button->setFixedSize(scaled(itemWidth), scaled(itemHeight));
         button->setFocusPolicy(Qt::TabFocus);
-        look::setFont(button, look::FontRole::toolbar);
+        style::setFont(button, style::FontRole::toolbar);
     }
     binder_.addUpdater([bar](const FormModel& form) {
         bar->setContextMenuPolicy(form.mainWindowToolbar.allowsUserCustomization

@@ -20,17 +20,18 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
 // Pixels of the 1x layout.
 constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
-using look::cardMargin;
-constexpr int footHeight = 44, dotGap = 8;
+using style::cardMargin;
+constexpr int statusLineHeight = 44, dotGap = 8;
 
-/// The line at the foot, under a hairline, behind a dot that lights up when the line tells a plan.
-class Foot : public QWidget {
+/// The line at the statusLine, under a hairline, behind a dot that lights up when the line tells a
+/// plan.
+class StatusLine : public QWidget {
   public:
     using QWidget::QWidget;
 
@@ -40,7 +41,7 @@ class Foot : public QWidget {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override { look::paintFoot(*this, complete_); }
+    void paintEvent(QPaintEvent*) override { style::paintStatusLine(*this, complete_); }
 
   private:
     bool complete_ = false;
@@ -52,7 +53,7 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
     installAccessibility();
     setObjectName("mainWindow");
     setWindowTitle(tr("Frimbolate"));
-    setWindowIcon(look::toolIcon("app"));
+    setWindowIcon(style::toolIcon("app"));
     setContextMenuPolicy(Qt::PreventContextMenu);
     auto* content = new QWidget(this);
     setCentralWidget(content);
@@ -99,24 +100,24 @@ QWidget* MainWindow::makeForm(QWidget* parent) {
     column->setSpacing(0);
     column->addWidget(new FormCard(binder_, form), 0, Qt::AlignHCenter);
     column->addStretch();
-    column->addWidget(makeFoot(form));
+    column->addWidget(makeStatusLine(form));
     return form;
 }
 
-QWidget* MainWindow::makeFoot(QWidget* parent) {
-    auto* foot = new Foot(parent);
-    foot->setFixedHeight(scaled(footHeight));
-    auto* line = new QVBoxLayout(foot);
-    line->setContentsMargins(scaled(cardMargin + look::footDotSide + dotGap), 0, scaled(cardMargin),
-                             0);
-    auto* plan = new ElidedLabel(Qt::ElideRight, foot);
+QWidget* MainWindow::makeStatusLine(QWidget* parent) {
+    auto* statusLine = new StatusLine(parent);
+    statusLine->setFixedHeight(scaled(statusLineHeight));
+    auto* line = new QVBoxLayout(statusLine);
+    line->setContentsMargins(scaled(cardMargin + style::statusDotSide + dotGap), 0,
+                             scaled(cardMargin), 0);
+    auto* plan = new ElidedLabel(Qt::ElideRight, statusLine);
     plan->setObjectName("summary");
     line->addWidget(plan);
-    binder_.addUpdater([plan, foot](const FormModel&, const FormPresentation& presentation) {
+    binder_.addUpdater([plan, statusLine](const FormModel&, const FormPresentation& presentation) {
         plan->setWholeText(text(presentation.summary.sentence));
-        foot->setComplete(presentation.summary.isComplete);
+        statusLine->setComplete(presentation.summary.isComplete);
     });
-    return foot;
+    return statusLine;
 }
 
 void MainWindow::bringToFront() {

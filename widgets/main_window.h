@@ -39,7 +39,7 @@ class MainWindow : public QMainWindow {
 
   private:
     QWidget* makeForm(QWidget* parent);
-    QWidget* makeFoot(QWidget* parent);
+    QWidget* makeStatusLine(QWidget* parent);
 
     void leadToFirstFault(FormCard& card);
 

@@ -20,9 +20,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion("1.0.0");
     QApplication::setQuitOnLastWindowClosed(false);
     wearChosenFont();
-    frimbolate::look::install(application);
+    frimbolate::style::install(application);
     if (argc < 2 || !QDir().mkpath(argv[1])) {
-        std::cerr << "Usage: look_gallery <folder> [<face> ...]\n";
+        std::cerr << "Usage: style_gallery <folder> [<face> ...]\n";
         return 1;
     }
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // hovers nowhere

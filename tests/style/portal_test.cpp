@@ -1,7 +1,7 @@
 // The look follows the desktop's settings portal: at the start, and while the program runs.
 #include "tests/style/running_portal.h"
-#include "widgets/style/desktop_wishes.h"
 #include "widgets/style/install.h"
+#include "widgets/style/system_appearance.h"
 #include "widgets/style/tokens.h"
 
 #include <QApplication>
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 const QString appearance = "org.freedesktop.appearance", gnome = "org.gnome.desktop.interface";
@@ -27,7 +27,7 @@ class AtTheStart : public testing::TestWithParam<Row> {};
 
 TEST_P(AtTheStart, TheDesktopIsAsked) {
     RunningPortal portal(GetParam().settings);
-    const DesktopWishes wishes(nullptr);
+    const SystemAppearance wishes(nullptr);
     EXPECT_EQ(wishes.isDark(), GetParam().isDark);
     EXPECT_EQ(wishes.isMotionReduced(), GetParam().isMotionReduced);
 }
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(WhileRunning, WithoutAPortalThePlatformDecides) {
-    const DesktopWishes wishes(nullptr);
+    const SystemAppearance wishes(nullptr);
     EXPECT_FALSE(wishes.isDark());
     EXPECT_FALSE(wishes.isMotionReduced());
 }
@@ -57,7 +57,7 @@ TEST(WhileRunning, WithoutAPortalThePlatformDecides) {
 TEST(WhileRunning, TheEnvironmentHasTheLastWordOnColours) {
     qputenv("FRIMBOLATE_COLOR_SCHEME", "light");
     RunningPortal portal({{appearance + " color-scheme", 1u}});
-    EXPECT_FALSE(DesktopWishes(nullptr).isDark());
+    EXPECT_FALSE(SystemAppearance(nullptr).isDark());
     qunsetenv("FRIMBOLATE_COLOR_SCHEME");
 }
 
@@ -86,7 +86,7 @@ TEST(WhileRunning, TheWindowComesToRest) {
 }
 
 } // namespace
-} // namespace frimbolate::look
+} // namespace frimbolate::style
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

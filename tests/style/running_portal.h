@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 using Settings = QMap<QString, QVariant>; ///< by group and key, a blank between
 
@@ -86,4 +86,4 @@ class RunningPortal {
     Portal* portal_;
 };
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -75,7 +75,7 @@ TEST_F(DrawerOnScreens, NarrowItThrowsASoftShadowOnALiveForm) {
     EXPECT_EQ(pixel(279 - 24), plain);
     EXPECT_LT(pixel(279).lightness(), pixel(268).lightness());
     EXPECT_LT(pixel(268).lightness(), plain.lightness());
-    EXPECT_EQ(pixel(290), look::tokens(false).sunken);
+    EXPECT_EQ(pixel(290), style::tokens(false).sunken);
     const QWidget* under = window.centralWidget()->childAt(270, 6);
     EXPECT_TRUE(under == find("form") || find("form")->isAncestorOf(under)) << "no scrim";
     toggle();

@@ -40,6 +40,6 @@ int main(int argc, char** argv) {
     application.setApplicationName("frimbolate-widgets-test");
     application.setQuitOnLastWindowClosed(false);
     frimbolate::test::wearChosenFont();
-    frimbolate::look::install(application);
+    frimbolate::style::install(application);
     return RUN_ALL_TESTS();
 }

@@ -166,7 +166,7 @@ TEST_F(PathFieldTest, ShowsThatItWouldTakeWhatIsOverIt) {
     const auto edge = [target] {
         return target->grab().toImage().pixelColor(target->width() / 2, 0);
     };
-    const QColor accent = look::tokens(false).accent;
+    const QColor accent = style::tokens(false).accent;
     EXPECT_NE(edge(), accent);
     EXPECT_FALSE(enter(target, *urls({QUrl("https://example.org/a")}), Qt::CopyAction));
     EXPECT_NE(edge(), accent);

@@ -14,13 +14,13 @@ namespace {
 class PopUpPlaceholder : public testing::TestWithParam<bool> {
   protected:
     PopUpPlaceholder() { button.resize(311, 32); }
-    ~PopUpPlaceholder() override { QApplication::setPalette(look::palette(false)); }
+    ~PopUpPlaceholder() override { QApplication::setPalette(style::palette(false)); }
 
     void setScheme() {
-        QApplication::setPalette(look::palette(GetParam()));
+        QApplication::setPalette(style::palette(GetParam()));
         QCoreApplication::processEvents(); // the widgets are told later
     }
-    /// The strongest ink in a part of a picture: how far it is from the colour behind it.
+    /// The strongest foreground in a part of a picture: how far it is from the colour behind it.
     static int strength(const QImage& picture, const QRect& part) {
         const int behind = picture.pixelColor(part.topLeft()).lightness();
         int strongest = 0;
@@ -42,18 +42,18 @@ class PopUpPlaceholder : public testing::TestWithParam<bool> {
                         QRect(32, 2, row.width() - 48, row.height() - 4));
     }
     /// How much the colours of a text and of what is behind it differ.
-    static int contrast(const QColor& ink, const QColor& behind) {
-        return std::abs(ink.lightness() - behind.lightness());
+    static int contrast(const QColor& foreground, const QColor& behind) {
+        return std::abs(foreground.lightness() - behind.lightness());
     }
 
     PopUpButton button{agentTargetItems()};
-    const look::Tokens& t = look::tokens(GetParam());
+    const style::Tokens& t = style::tokens(GetParam());
 };
 
 TEST_P(PopUpPlaceholder, IsQuietOnTheButtonUntilSomethingIsChosen) {
     // After the button was made: the scheme may change while the program runs.
     setScheme();
-    const int quiet = contrast(t.text2, t.button);
+    const int quiet = contrast(t.secondaryText, t.button);
     EXPECT_LE(strengthOnButton(0), quiet);
     EXPECT_GT(strengthOnButton(0), quiet / 2) << "the other scheme's would hardly show";
     EXPECT_GT(strengthOnButton(2), quiet);
@@ -67,7 +67,7 @@ TEST_P(PopUpPlaceholder, IsQuietInTheList) {
     button.setCurrentIndex(3); // which is the one that is lit
     button.show();
     button.showPopup();
-    const int quiet = contrast(t.text2, t.surface);
+    const int quiet = contrast(t.secondaryText, t.surface);
     EXPECT_LE(strengthInList(0), quiet);
     EXPECT_GT(strengthInList(0), quiet / 2) << "the other scheme's would hardly show";
     EXPECT_GT(strengthInList(2), quiet);

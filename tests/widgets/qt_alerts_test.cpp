@@ -216,8 +216,8 @@ TEST_F(AlertSheetTest, KeepsItsColoursWithTheDesktops) {
     AlertDialog* dialog = show({"Message", "Text"});
     const auto* shown = dialog->findChild<WrappedText*>("informativeText");
     for (const bool isDark : {true, false}) {
-        dialog->setPalette(look::palette(isDark));
-        EXPECT_EQ(shown->palette().color(QPalette::Text), look::tokens(isDark).text2);
+        dialog->setPalette(style::palette(isDark));
+        EXPECT_EQ(shown->palette().color(QPalette::Text), style::tokens(isDark).secondaryText);
     }
 }
 

@@ -204,7 +204,7 @@ TEST_F(ScriptEditorTest, APlateStandsForTheRestOfALine) {
     QCoreApplication::processEvents();
     const QImage image = editor.viewport()->grab().toImage();
     const QRect caret = editor.cursorRect();
-    EXPECT_EQ(image.pixelColor(caret.left() - 8, caret.top() + 2), look::tokens(false).hover);
+    EXPECT_EQ(image.pixelColor(caret.left() - 8, caret.top() + 2), style::tokens(false).hover);
 }
 
 using ScriptField = WindowTest;

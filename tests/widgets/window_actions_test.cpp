@@ -246,9 +246,9 @@ TEST_F(WindowTest, APopUpForgetsAMouseThatWentAwayBehindItsList) {
         return button->grab().toImage().pixelColor(button->width() - 40, 5);
     };
     QCursor::setPos(button->mapToGlobal(button->rect().center()));
-    EXPECT_EQ(plate(), look::tokens(false).hover);
+    EXPECT_EQ(plate(), style::tokens(false).hover);
     QCursor::setPos(window.mapToGlobal(QPoint(1, 1)));
-    EXPECT_EQ(plate(), look::tokens(false).button);
+    EXPECT_EQ(plate(), style::tokens(false).button);
 }
 
 TEST_F(WindowTest, NothingIsChosenByTheWheelOrByAnArrowAlone) {

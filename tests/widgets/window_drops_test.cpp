@@ -195,7 +195,7 @@ TEST_F(WindowDropsTest, AWellShowsThatItWouldTakeWhatIsOverIt) {
         QDragLeaveEvent event;
         QCoreApplication::sendEvent(well, &event);
     };
-    const QRgb accent = look::tokens(well->palette()).accent.rgb();
+    const QRgb accent = style::tokens(well->palette()).accent.rgb();
     EXPECT_NE(edge(), accent);
     enter("notes.txt");
     EXPECT_NE(edge(), accent) << "it would not be taken";

@@ -336,8 +336,8 @@ TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
 TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
     const auto isLit = [this] {
         auto* foot = find("summary")->parentWidget();
-        const QPoint dot(look::cardMargin + look::footDotSide / 2, foot->height() / 2);
-        return foot->grab().toImage().pixelColor(dot) == look::tokens(false).accent;
+        const QPoint dot(style::cardMargin + style::statusDotSide / 2, foot->height() / 2);
+        return foot->grab().toImage().pixelColor(dot) == style::tokens(false).accent;
     };
     EXPECT_FALSE(isLit());
     show([](FormModel& model) {

@@ -8,7 +8,7 @@
 namespace frimbolate {
 
 CommandText::CommandText(int buttonWidth, QWidget* parent) : QPlainTextEdit(parent) {
-    const int margin = look::scaled(8);
+    const int margin = style::scaled(8);
     setViewportMargins(margin, margin, buttonWidth, margin);
 }
 

@@ -10,7 +10,7 @@ ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent) : QLabel(paren
     // A path may hold anything, so nothing in it is taken for markup.
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    look::setFont(this, look::FontRole::hint);
+    style::setFont(this, style::FontRole::hint);
 }
 
 void ElidedLabel::setWholeText(const QString& text) {
@@ -24,6 +24,6 @@ void ElidedLabel::setWarning(bool warning) {
     update();
 }
 
-void ElidedLabel::paintEvent(QPaintEvent*) { look::paintHint(*this, mode_, warning_); }
+void ElidedLabel::paintEvent(QPaintEvent*) { style::paintHint(*this, mode_, warning_); }
 
 } // namespace frimbolate

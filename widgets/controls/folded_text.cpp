@@ -43,12 +43,12 @@ QString FoldedText::text(const QTextFormat& format) {
 }
 
 QSizeF FoldedText::intrinsicSize(QTextDocument*, int, const QTextFormat& format) {
-    return look::foldedTextSize(editor_, words(format));
+    return style::foldedTextSize(editor_, words(format));
 }
 
 void FoldedText::drawObject(QPainter* painter, const QRectF& rect, QTextDocument*, int,
                             const QTextFormat& format) {
-    look::paintFoldedText(*painter, rect, editor_, words(format));
+    style::paintFoldedText(*painter, rect, editor_, words(format));
 }
 
 } // namespace frimbolate

@@ -114,7 +114,7 @@ void FormBinder::bind(std::string_view outlet, PopUpButton* button, PopUp FormMo
         button->setCurrentIndex(popUp.selectedItem);
         button->setEnabled(popUp.enabled);
         if (popUp.width > 0)
-            button->setFixedWidth(look::scaled(popUp.width));
+            button->setFixedWidth(style::scaled(popUp.width));
         button->setVisible(!popUp.hidden);
     });
     // activated, not currentIndexChanged: choosing the same item once more asks once more.
@@ -152,7 +152,7 @@ void FormBinder::bind(std::string_view outlet, TimeField* field, DatePicker Form
         const TimeOfDay time{picker.dateValue.hour, picker.dateValue.minute};
         if (time != field->time())
             field->setTime(time);
-        field->setFixedWidth(look::scaled(picker.width));
+        field->setFixedWidth(style::scaled(picker.width));
         field->setVisible(!picker.hidden);
     });
     connect(field, &TimeField::timeRead, this, [this, member](TimeOfDay time) {

@@ -11,9 +11,9 @@
 
 namespace frimbolate {
 
-ImageWellButton::ImageWellButton(int side, look::Plane plane, QWidget* parent)
-    : QToolButton(parent), plane_(plane) {
-    setFixedSize(look::scaled(side), look::scaled(side));
+ImageWellButton::ImageWellButton(int side, style::Surface surface, QWidget* parent)
+    : QToolButton(parent), surface_(surface) {
+    setFixedSize(style::scaled(side), style::scaled(side));
     setIconSize(size());
     setFocusPolicy(Qt::StrongFocus);
     setProperty("plain", true);
@@ -38,7 +38,7 @@ void ImageWellButton::setPlaceholder(const Image& placeholder) {
 
 void ImageWellButton::showImage() {
     const bool isEmpty = image_.kind == Image::Kind::None;
-    setIcon(look::imageIcon(isEmpty ? placeholder_ : image_, plane_));
+    setIcon(style::imageIcon(isEmpty ? placeholder_ : image_, surface_));
     update();
 }
 
@@ -89,9 +89,9 @@ void ImageWellButton::dropEvent(QDropEvent* event) {
 void ImageWellButton::paintEvent(QPaintEvent* event) {
     QToolButton::paintEvent(event);
     if (icon().isNull())
-        look::paintEmptyWell(*this);
+        style::paintEmptyWell(*this);
     if (isHovered_)
-        look::paintDropPlace(*this);
+        style::paintDropPlace(*this);
 }
 
 } // namespace frimbolate

@@ -17,7 +17,7 @@ class ImageWellButton : public QToolButton {
 
   public:
     /// \param side of the square, in pixels of the 1x layout
-    ImageWellButton(int side, look::Plane plane, QWidget* parent = nullptr);
+    ImageWellButton(int side, style::Surface surface, QWidget* parent = nullptr);
 
     void setImage(const Image& image);
     const Image& image() const { return image_; }
@@ -51,7 +51,7 @@ class ImageWellButton : public QToolButton {
     /// Empty where nothing of it is to be had.
     QString pathDropped(const QDropEvent& event) const;
 
-    look::Plane plane_;
+    style::Surface surface_;
     Image image_;
     Image placeholder_;
     QString path_;

@@ -130,7 +130,7 @@ void ScriptEditor::paintEvent(QPaintEvent* event) {
         for (int line = 0; line + 1 < block.layout()->lineCount(); ++line)
             wrapped.append(block.layout()->lineAt(line).rect().translated(place.topLeft()));
     }
-    look::paintWrapMarks(*viewport(), wrapped, document()->documentMargin());
+    style::paintWrapMarks(*viewport(), wrapped, document()->documentMargin());
 }
 
 } // namespace frimbolate

@@ -16,7 +16,7 @@ namespace {
 class TipButton : public QToolButton {
   public:
     TipButton() {
-        setFixedSize(look::scaled(20), look::scaled(20));
+        setFixedSize(style::scaled(20), style::scaled(20));
         setFocusPolicy(Qt::StrongFocus);
         QSizePolicy policy = sizePolicy();
         policy.setRetainSizeWhenHidden(true);
@@ -24,7 +24,7 @@ class TipButton : public QToolButton {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override { look::paintTip(*this); }
+    void paintEvent(QPaintEvent*) override { style::paintTip(*this); }
 };
 
 } // namespace

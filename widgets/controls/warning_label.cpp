@@ -9,8 +9,8 @@ WarningLabel::WarningLabel(int gapBelow, QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setContentsMargins(look::scaled(look::warningSignSide + look::warningSignGap), 0, 0,
-                       look::scaled(gapBelow));
+    setContentsMargins(style::scaled(style::warningSignSide + style::warningSignGap), 0, 0,
+                       style::scaled(gapBelow));
     hide();
 }
 
@@ -20,6 +20,6 @@ void WarningLabel::setWarning(const QString& warning) {
     setVisible(!warning.isEmpty());
 }
 
-void WarningLabel::paintEvent(QPaintEvent*) { look::paintWarning(*this); }
+void WarningLabel::paintEvent(QPaintEvent*) { style::paintWarning(*this); }
 
 } // namespace frimbolate

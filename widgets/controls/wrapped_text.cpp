@@ -14,10 +14,10 @@ namespace {
 
 constexpr int gapToScrollBar = 12; // pixels
 
-QColor colourOf(WrappedText::Tone tone, const look::Tokens& tokens) {
+QColor colourOf(WrappedText::Tone tone, const style::Tokens& tokens) {
     switch (tone) {
     case WrappedText::Tone::hint:
-        return tokens.text2;
+        return tokens.secondaryText;
     case WrappedText::Tone::warning:
         return tokens.warnText;
     case WrappedText::Tone::plain:
@@ -101,7 +101,7 @@ void WrappedText::changeEvent(QEvent* event) {
 }
 
 void WrappedText::applyTone() {
-    const QColor colour = colourOf(tone_, look::tokens(palette()));
+    const QColor colour = colourOf(tone_, style::tokens(palette()));
     if (palette().color(QPalette::Text) == colour)
         return;
     QPalette own; // of this one colour; all others follow the desktop

@@ -25,7 +25,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -61,12 +61,12 @@ class Shadow : public QWidget {
   public:
     explicit Shadow(QWidget* parent) : QWidget(parent) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
-        setFixedSize(scaled(look::drawerShadowReach), scaled(panelSize.height));
+        setFixedSize(scaled(style::drawerShadowReach), scaled(panelSize.height));
         hide();
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override { look::paintDrawerShadow(*this); }
+    void paintEvent(QPaintEvent*) override { style::paintDrawerShadow(*this); }
 };
 
 } // namespace
@@ -77,7 +77,7 @@ DrawerPanel::DrawerPanel(FormBinder& binder, int edge, QWidget* parent)
     setObjectName("advancedDrawer");
     setAccessibleName(tr("Advanced settings"));
     setFixedSize(scaled(panelSize.width), scaled(panelSize.height));
-    look::setFont(this, look::FontRole::hint);
+    style::setFont(this, style::FontRole::hint);
     slide_->setDuration(slideMilliseconds);
     slide_->setEasingCurve(QEasingCurve::OutCubic);
     connect(slide_, &QPropertyAnimation::finished, this, &DrawerPanel::slideEnded);
@@ -106,7 +106,7 @@ void DrawerPanel::setOpen(bool open) {
     slide_->stop();
     slide_->setStartValue(pos());
     slide_->setEndValue(open ? openPosition() : closedPosition());
-    if (look::isMotionWanted(*this) && window()->isVisible()) {
+    if (style::animationsEnabled(*this) && window()->isVisible()) {
         slide_->start();
     } else {
         move(slide_->endValue().toPoint());
@@ -154,7 +154,7 @@ void DrawerPanel::slideEnded() {
     emit needsRoom(false);
 }
 
-void DrawerPanel::paintEvent(QPaintEvent*) { look::paintDrawer(*this, besideForm_); }
+void DrawerPanel::paintEvent(QPaintEvent*) { style::paintDrawer(*this, besideForm_); }
 
 void DrawerPanel::place(QWidget* control, int x, int y, int width, int height) {
     control->setParent(this);
@@ -172,7 +172,7 @@ void DrawerPanel::addCaption(int y, const QString& caption, QWidget* buddy) {
 
 void DrawerPanel::addTitle() {
     auto* title = new QLabel(tr("Advanced"), this);
-    look::setFont(title, look::FontRole::defaultButton);
+    style::setFont(title, style::FontRole::defaultButton);
     place(title, captionX, titleY, 200, fieldHeight);
     auto* tip = makeTipButton(binder_, "advancedDrawerTipButton",
                               &FormModel::advancedDrawerTipButton, tr("Advanced"));
@@ -262,7 +262,7 @@ void DrawerPanel::addOptions() {
                  addCheckBox(controlX, alsoRunSecondY, tr("Path &changes")),
                  &FormModel::alsoRunPathChangeCheckbox, &AppDelegate::chooseAdditionalWathPath);
 
-    auto* well = new ImageWellButton(24, look::Plane::drawer, this);
+    auto* well = new ImageWellButton(24, style::Surface::drawer, this);
     well->setAccessibleName(tr("Additional watched path"));
     well->setHiddenWhenEmpty(true);
     binder_.bind("alsoRunPathChangeImageWell", well, &FormModel::alsoRunPathChangeImageWell);

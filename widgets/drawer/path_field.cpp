@@ -28,7 +28,7 @@ QString pathIn(const QDropEvent& event) {
 } // namespace
 
 void PathField::setHint(const QString& hint) {
-    look::setFaulty(this, !hint.isEmpty());
+    style::setFaulty(this, !hint.isEmpty());
     setToolTip(labelText(hint));
     updateAccessibleDescription(this, hint);
 }
@@ -74,15 +74,15 @@ void PathField::dropEvent(QDropEvent* event) {
 void PathField::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     if (isHovered_)
-        look::paintDropPlace(*this);
+        style::paintDropPlace(*this);
 }
 
 QToolButton* makeChooseButton(FormBinder& binder, std::string_view outlet, const QString& caption,
                               QWidget* parent) {
     auto* button = new QToolButton(parent);
     button->setObjectName(text(outlet) + "Chooser");
-    button->setIcon(look::toolIcon("choose"));
-    button->setIconSize({look::scaled(16), look::scaled(16)});
+    button->setIcon(style::toolIcon("choose"));
+    button->setIconSize({style::scaled(16), style::scaled(16)});
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAccessibleName(PathField::tr("Choose: %1").arg(caption));
     button->setToolTip(button->accessibleName());

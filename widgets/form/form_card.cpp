@@ -23,7 +23,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -60,7 +60,7 @@ void sendTarget(AppDelegate& delegate) {
 FormCard::FormCard(FormBinder& binder, QWidget* parent)
     : QWidget(parent), binder_(binder), grid_(new QGridLayout(this)) {
     setFixedSize(scaled(632), scaled(288));
-    grid_->setContentsMargins(scaled(look::cardMargin), 0, scaled(look::cardMargin), 0);
+    grid_->setContentsMargins(scaled(style::cardMargin), 0, scaled(style::cardMargin), 0);
     grid_->setSpacing(0);
     for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column)
         grid_->setColumnMinimumWidth(column, scaled(columnWidths[column]));
@@ -76,12 +76,12 @@ FormCard::FormCard(FormBinder& binder, QWidget* parent)
     });
 }
 
-void FormCard::paintEvent(QPaintEvent*) { look::paintCard(*this, RowCount); }
+void FormCard::paintEvent(QPaintEvent*) { style::paintCard(*this, RowCount); }
 
 QWidget* FormCard::firstFault() const {
     for (const Row& row : rows_)
         for (QWidget* control : row.marked)
-            if (look::isFaulty(*control) && control->isVisibleTo(this))
+            if (style::isFaulty(*control) && control->isVisibleTo(this))
                 return control;
     return nullptr;
 }
@@ -89,7 +89,7 @@ QWidget* FormCard::firstFault() const {
 void FormCard::addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked) {
     const QString name = QString(label).remove('&');
     auto* caption = new QLabel(label, this);
-    look::setFont(caption, look::FontRole::rowLabel);
+    style::setFont(caption, style::FontRole::rowLabel);
     caption->setBuddy(control);
     control->setAccessibleName(name);
     control->setFixedHeight(scaled(lineHeights[controlsLine]));
@@ -110,7 +110,7 @@ void FormCard::addToRow(int row, int column, QLayout* line) {
 
 void FormCard::addMarker(int row, std::string_view outlet, Marker FormModel::*member) {
     auto* marker = new QLabel(this);
-    marker->setPixmap(look::toolIcon("warning").pixmap(scaled(20), scaled(20)));
+    marker->setPixmap(style::toolIcon("warning").pixmap(scaled(20), scaled(20)));
     marker->setAccessibleName(tr("Fault in this row"));
     setRetainsSize(marker);
     binder_.bind(outlet, static_cast<QWidget*>(marker), member);
@@ -139,7 +139,7 @@ void FormCard::addTargetRow() {
     addRow(TargetRow, tr("&What to launch"), targetButton_, {targetButton_});
     addToRow(TargetRow, Control, targetButton_);
 
-    targetWell_ = new ImageWellButton(32, look::Plane::card, this);
+    targetWell_ = new ImageWellButton(32, style::Surface::card, this);
     targetWell_->setAccessibleName(tr("Application or script to launch"));
     targetWell_->setEmptyToolTip(tr("Choose an application or a script"));
     connect(targetWell_, &QToolButton::clicked, this, &FormCard::pressTargetWell);
@@ -151,7 +151,7 @@ void FormCard::addTargetRow() {
     addToRow(TargetRow, Well, targetWell_);
 
     auto* script = new QToolButton(this);
-    script->setIcon(look::toolIcon("script-edit"));
+    script->setIcon(style::toolIcon("script-edit"));
     script->setIconSize({scaled(20), scaled(20)});
     script->setFixedSize(scaled(32), scaled(32));
     script->setFocusPolicy(Qt::StrongFocus);
@@ -174,7 +174,7 @@ void FormCard::addActionRow() {
     addRow(ActionRow, tr("When &to launch"), button, {button});
     addToRow(ActionRow, Control, button);
 
-    watchPathWell_ = new ImageWellButton(32, look::Plane::card, this);
+    watchPathWell_ = new ImageWellButton(32, style::Surface::card, this);
     watchPathWell_->setAccessibleName(tr("Watched path"));
     watchPathWell_->setHiddenWhenEmpty(true);
     connect(watchPathWell_, &QToolButton::clicked, this, &FormCard::pressWatchPathWell);
@@ -228,7 +228,7 @@ void FormCard::showHints(const FormPresentation& presentation) {
         row.hint->setWarning(shown.warns);
         updateAccessibleDescription(row.control, row.hint->text());
         for (QWidget* control : row.marked) {
-            look::setFaulty(control, shown.isFaulty);
+            style::setFaulty(control, shown.isFaulty);
             updateAccessibleDescription(control, row.hint->text());
         }
     }

@@ -13,7 +13,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 

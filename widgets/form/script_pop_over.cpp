@@ -19,7 +19,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -55,15 +55,15 @@ ScriptPopOver::ScriptPopOver(FormBinder& binder, QWidget* anchor, bool blendsWin
 
 void ScriptPopOver::layOut() {
     auto* title = new QLabel(tr("Script"), this);
-    look::setFont(title, look::FontRole::defaultButton);
+    style::setFont(title, style::FontRole::defaultButton);
     language_->setUnlabelledName(tr("Language"));
     language_->setFixedSize(scaled(160), scaled(32));
     language_->setItemIcon(ScriptLanguage::Shell,
-                           look::imageIcon(Image::resource(std::string(shellScript.image))));
-    look::setFont(script_, look::FontRole::mono);
+                           style::imageIcon(Image::resource(std::string(shellScript.image))));
+    style::setFont(script_, style::FontRole::mono);
     script_->setAccessibleName(tr("Script"));
     script_->document()->setDocumentMargin(scaled(8));
-    larger_->setIcon(look::toolIcon("expand"));
+    larger_->setIcon(style::toolIcon("expand"));
     larger_->setIconSize({scaled(20), scaled(20)});
     larger_->setFixedSize(scaled(32), scaled(32));
     larger_->setCheckable(true);
@@ -125,7 +125,7 @@ void ScriptPopOver::placeBesideAnchor() {
         placePopOver(anchor, (screen ? screen : anchor_->screen())->availableGeometry(),
                      {.wanted = scaledSize(larger_->isChecked() ? largePanelSize : panelSize),
                       .least = scaledSize(leastPanelSize),
-                      .distance = scaled(anchorGap + look::PopOverFrame::arrow),
+                      .distance = scaled(anchorGap + style::PopOverFrame::arrow),
                       .corner = scaled(besideCorner),
                       .tipBelowTop = scaled(aboveArrow)});
     const QMargins around = frame_.around(placement.arrow);

@@ -45,14 +45,14 @@ class ScriptPopOver : public QWidget {
 
     FormBinder& binder_;
     QWidget* anchor_;
-    look::PopOverFrame frame_;
+    style::PopOverFrame frame_;
     // In the order in which Tab reaches them.
     QToolButton* larger_;
     PopUpButton* language_;
     ScriptEditor* script_;
     QGridLayout* grid_;
     QRegion shape_; ///< the panel and its arrow
-    look::PopOverArrow arrow_{Qt::LeftEdge, 0};
+    style::PopOverArrow arrow_{Qt::LeftEdge, 0};
     bool wanted_ = false;       ///< what the model says
     bool blocked_ = false;      ///< by a sheet
     bool escapeIsUsed_ = false; ///< by the list of languages, which it closes

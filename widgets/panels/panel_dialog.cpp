@@ -68,7 +68,7 @@ PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& m
     setUpPanelViews(*this);
     setUpNavigation();
     setSidebarUrls(panelPlaces(this->directory().absolutePath()));
-    resize(look::scaled(panelWidth), look::scaled(panelHeight));
+    resize(style::scaled(panelWidth), style::scaled(panelHeight));
 }
 
 PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
@@ -120,7 +120,7 @@ QWidget* PanelDialog::header(const std::string& message) {
 void PanelDialog::addRefusal() {
     rejectionLabel_ = new WrappedText({}, WrappedText::Tone::warning);
     rejectionLabel_->setObjectName("panelRejection");
-    look::setFont(rejectionLabel_, look::FontRole::hint);
+    style::setFont(rejectionLabel_, style::FontRole::hint);
     rejectionLabel_->hide();
     connect(nameField_, &QLineEdit::textChanged, this, &PanelDialog::withdrawRefusal);
 }
@@ -160,7 +160,7 @@ void PanelDialog::setUpNavigation() {
     // The dialog's pop-up stands beside a label that does not say so.
     findChild<QLabel*>("lookInLabel")->setBuddy(findChild<QComboBox*>("lookInCombo"));
     findChild<QSplitter*>("splitter")
-        ->setSizes({look::scaled(placesWidth), look::scaled(panelWidth - placesWidth)});
+        ->setSizes({style::scaled(placesWidth), style::scaled(panelWidth - placesWidth)});
 }
 
 void PanelDialog::setTitle(const QString& title) {
@@ -328,14 +328,14 @@ void PanelDialog::choose(const QString& path) {
 void PanelDialog::showRejection(const QString& reason) {
     rejectionLabel_->setText(reason);
     rejectionLabel_->show();
-    look::setFaulty(nameField_, true);
+    style::setFaulty(nameField_, true);
     updateAccessibleDescription(nameField_, reason);
     nameField_->setFocus();
 }
 
 void PanelDialog::withdrawRefusal() {
     rejectionLabel_->hide();
-    look::setFaulty(nameField_, false);
+    style::setFaulty(nameField_, false);
     updateAccessibleDescription(nameField_, {});
 }
 

@@ -48,13 +48,13 @@ void setUpColumns(QTreeView& table) {
     columns->hideSection(1);
     columns->hideSection(2);
     columns->setHighlightSections(false);
-    look::setFont(columns, look::FontRole::hint);
+    style::setFont(columns, style::FontRole::hint);
 }
 
 } // namespace
 
 void setUpPanelViews(QFileDialog& dialog) {
-    auto* rows = new look::RowDelegate(&dialog);
+    auto* rows = new style::RowDelegate(&dialog);
     for (const char* name : {"listView", "treeView", "sidebar"}) {
         auto* view = dialog.findChild<QAbstractItemView*>(name);
         makeHarmless(*view);

@@ -14,7 +14,7 @@ AppSheet::AppSheet(const QString& outlet, int panelWidth, FormBinder& binder, QW
 
 QLabel* AppSheet::addTitle(const QString& title) {
     auto* label = new QLabel(title, this);
-    look::setFont(label, look::FontRole::sheetTitle);
+    style::setFont(label, style::FontRole::sheetTitle);
     body()->addWidget(label);
     setWindowTitle(title);
     setAccessibleName(title);

@@ -20,7 +20,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -71,7 +71,7 @@ void CommandSheetView::addCommand() {
     command_->setAccessibleName(tr("Command"));
     command_->setTabChangesFocus(true);
     command_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    look::setFont(command_, look::FontRole::mono);
+    style::setFont(command_, style::FontRole::mono);
     copy_ = new QToolButton(command_);
     copy_->setObjectName("copyCommandButton");
     copy_->setProperty("plain", true);
@@ -90,7 +90,7 @@ void CommandSheetView::addCommand() {
 void CommandSheetView::addButtons() {
     QPushButton* terminal =
         makeButton("launchTerminalButton", tr("Open Terminal"), &AppDelegate::launchTerminal);
-    terminal->setIcon(look::toolIcon("terminal"));
+    terminal->setIcon(style::toolIcon("terminal"));
     terminal->setIconSize({scaled(20), scaled(20)});
     QPushButton* close =
         makeButton("closeExecuteScriptWindow", tr("Close"), &AppDelegate::closeExecuteScriptWindow);
@@ -130,7 +130,7 @@ void CommandSheetView::showCopied(bool hasCopied, bool isUnsafe) {
     if (copy_->toolTip() == title)
         return;
     copy_->setToolTip(title);
-    copy_->setIcon(look::toolIcon(hasCopied ? "copied" : "copy"));
+    copy_->setIcon(style::toolIcon(hasCopied ? "copied" : "copy"));
 }
 
 void CommandSheetView::fitCommand(const QString& command) {

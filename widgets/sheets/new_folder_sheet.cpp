@@ -25,12 +25,12 @@ NewFolderSheet::NewFolderSheet(const QString& folder, const QString& proposedNam
     setWindowTitle(tr("New folder"));
     setAccessibleName(windowTitle());
     auto* title = new QLabel(windowTitle(), this);
-    look::setFont(title, look::FontRole::sheetTitle);
+    style::setFont(title, style::FontRole::sheetTitle);
     body()->addWidget(title);
-    body()->addSpacing(look::scaled(6));
+    body()->addSpacing(style::scaled(6));
     body()->addWidget(
         new WrappedText(tr("It is made in %1").arg(folder), WrappedText::Tone::hint, this));
-    body()->addSpacing(look::scaled(16));
+    body()->addSpacing(style::scaled(16));
     addField(proposedName);
     body()->addSpacing(padding);
     addButtons();
@@ -45,13 +45,13 @@ void NewFolderSheet::addField(const QString& proposedName) {
     rejectionLabel_ = new WrappedText({}, WrappedText::Tone::warning, this);
     rejectionLabel_->setObjectName("newFolderRefusal");
     rejectionLabel_->hide();
-    look::setFont(rejectionLabel_, look::FontRole::hint);
+    style::setFont(rejectionLabel_, style::FontRole::hint);
     body()->addWidget(name_);
-    body()->addSpacing(look::scaled(4));
+    body()->addSpacing(style::scaled(4));
     body()->addWidget(rejectionLabel_);
     connect(name_, &QLineEdit::textChanged, this, [this] {
         rejectionLabel_->hide();
-        look::setFaulty(name_, false);
+        style::setFaulty(name_, false);
         updateAccessibleDescription(name_, {});
     });
 }
@@ -79,7 +79,7 @@ void NewFolderSheet::accept() {
         reason = tr("No folder can be made here.");
     rejectionLabel_->setText(reason);
     rejectionLabel_->show();
-    look::setFaulty(name_, true);
+    style::setFaulty(name_, true);
     updateAccessibleDescription(name_, reason);
     name_->setFocus();
 }

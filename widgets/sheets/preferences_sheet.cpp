@@ -11,7 +11,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -73,7 +73,7 @@ PreferencesSheet::PreferencesSheet(FormBinder& binder, QWidget& mainWindow)
 
 QLabel* PreferencesSheet::makeLabel(const QString& text) {
     auto* label = new QLabel(text, this);
-    look::setFont(label, look::FontRole::rowLabel);
+    style::setFont(label, style::FontRole::rowLabel);
     return label;
 }
 

@@ -39,10 +39,10 @@ QString withoutLastBreak(const std::string& text) {
 }
 
 WrappedText* makeText(const char* name, const std::string& text, WrappedText::Tone tone,
-                      look::FontRole role) {
+                      style::FontRole role) {
     auto* result = new WrappedText(withoutLastBreak(text), tone);
     result->setObjectName(name);
-    look::setFont(result, role);
+    style::setFont(result, role);
     if (text.empty())
         result->hide();
     return result;
@@ -59,7 +59,7 @@ std::optional<int> escapeAnswer(const std::vector<std::string>& buttons) {
 QLabel* warningSign() {
     auto* result = new QLabel;
     result->setPixmap(
-        look::toolIcon("warning").pixmap(QSize(iconSide, iconSide), qApp->devicePixelRatio()));
+        style::toolIcon("warning").pixmap(QSize(iconSide, iconSide), qApp->devicePixelRatio()));
     result->setFixedSize(iconSide, iconSide);
     result->setAccessibleName(QLabel::tr("Warning"));
     return result;
@@ -94,9 +94,9 @@ QWidget* AlertDialog::texts(const Alert& alert) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(titleGap);
     layout->addWidget(makeText("messageText", alert.messageText, WrappedText::Tone::plain,
-                               look::FontRole::sheetTitle));
+                               style::FontRole::sheetTitle));
     layout->addWidget(makeText("informativeText", alert.informativeText, WrappedText::Tone::hint,
-                               look::FontRole::control));
+                               style::FontRole::control));
     if (alert.showsSuppressionButton) {
         suppressionButton_ = new QCheckBox(tr("Do not show this message again"));
         suppressionButton_->setObjectName("suppressionButton");
@@ -109,7 +109,7 @@ QWidget* AlertDialog::texts(const Alert& alert) {
 
 int AlertDialog::excessHeight() const {
     const int margins = height() - panelRect().height();
-    return layout()->totalHeightForWidth(width()) - margins - look::scaled(greatestHeight);
+    return layout()->totalHeightForWidth(width()) - margins - style::scaled(greatestHeight);
 }
 
 void AlertDialog::makeTextScroll() {

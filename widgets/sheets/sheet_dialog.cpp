@@ -46,8 +46,8 @@ class SlideInOverlay : public QWidget {
     void paintEvent(QPaintEvent*) override {
         const QRect panel = sheet_.panelRect();
         const double hidden = (1 - slide_->currentValue().toDouble()) * panel.height();
-        look::paintSlidingSheet(*this, sheet_.backdrop(), QRectF(panel).translated(0, -hidden),
-                                content_);
+        style::paintSlidingSheet(*this, sheet_.backdrop(), QRectF(panel).translated(0, -hidden),
+                                 content_);
     }
 
   private:
@@ -85,7 +85,7 @@ SheetDialog::SheetDialog(const QString& objectName, int panelWidth, QWidget* mai
 }
 
 void SheetDialog::setPanelWidth(int width) {
-    setFixedWidth(look::scaled(width) + (paintsFrame_ ? 2 * shadowWidth : 0));
+    setFixedWidth(style::scaled(width) + (paintsFrame_ ? 2 * shadowWidth : 0));
 }
 
 void SheetDialog::setBodyPadding(const QMargins& margins) { body_->setContentsMargins(margins); }
@@ -140,7 +140,7 @@ void SheetDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     placeOverMainWindow();
     grabBackdrop();
-    if (paintsFrame_ && !event->spontaneous() && look::isMotionWanted(*this))
+    if (paintsFrame_ && !event->spontaneous() && style::animationsEnabled(*this))
         slideOut();
 }
 
@@ -191,9 +191,9 @@ bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
 
 void SheetDialog::paintEvent(QPaintEvent*) {
     if (paintsFrame_)
-        look::paintSheet(*this, backdrop_, panelRect());
+        style::paintSheet(*this, backdrop_, panelRect());
     else
-        look::paintPlainSheet(*this);
+        style::paintPlainSheet(*this);
 }
 
 } // namespace frimbolate

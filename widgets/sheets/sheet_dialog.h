@@ -30,7 +30,7 @@ class SheetDialog : public QDialog {
 
   public:
     /// Left, right and below the panel; pixels.
-    static constexpr int shadowWidth = look::sheetShadowReach + look::sheetShadowDrop;
+    static constexpr int shadowWidth = style::sheetShadowReach + style::sheetShadowDrop;
     static constexpr int padding = 24; ///< around the body; pixels
 
     /// \param panelWidth of the visible panel, in pixels of the 1x layout

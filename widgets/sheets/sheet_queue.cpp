@@ -22,7 +22,7 @@ class Scrim : public QWidget {
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override { look::paintScrim(*this); }
+    void paintEvent(QPaintEvent*) override { style::paintScrim(*this); }
 };
 
 } // namespace

@@ -12,7 +12,7 @@
 
 namespace frimbolate {
 
-using look::scaled;
+using style::scaled;
 
 namespace {
 
@@ -24,11 +24,11 @@ class Badge : public QWidget {
   public:
     Badge(int number, QWidget* parent) : QWidget(parent), number_(number) {
         setFixedSize(scaled(badgeSide), scaled(badgeSide));
-        look::setFont(this, look::FontRole::defaultButton);
+        style::setFont(this, style::FontRole::defaultButton);
     }
 
   protected:
-    void paintEvent(QPaintEvent*) override { look::paintBadge(*this, number_); }
+    void paintEvent(QPaintEvent*) override { style::paintBadge(*this, number_); }
 
   private:
     int number_;
@@ -44,8 +44,8 @@ WelcomeSheet::WelcomeSheet(FormBinder& binder, QWidget& mainWindow)
     auto* columns = new QHBoxLayout;
     columns->setSpacing(scaled(24));
     auto* icon = new QLabel(this);
-    icon->setPixmap(look::toolIcon("app").pixmap(QSize(scaled(iconSide), scaled(iconSide)),
-                                                 devicePixelRatioF()));
+    icon->setPixmap(style::toolIcon("app").pixmap(QSize(scaled(iconSide), scaled(iconSide)),
+                                                  devicePixelRatioF()));
     columns->addWidget(icon, 0, Qt::AlignTop);
     auto* column = new QVBoxLayout;
     column->setSpacing(0);
@@ -53,7 +53,7 @@ WelcomeSheet::WelcomeSheet(FormBinder& binder, QWidget& mainWindow)
     body()->addLayout(columns);
 
     auto* title = new QLabel(tr("Welcome to Frimbolate"), this);
-    look::setFont(title, look::FontRole::welcomeTitle);
+    style::setFont(title, style::FontRole::welcomeTitle);
     column->addWidget(title);
     column->addSpacing(scaled(8));
     addText(column, tr("Let launchd start an application or a script for you: at a set time, when "
@@ -91,9 +91,9 @@ void WelcomeSheet::addStep(QBoxLayout* column, int number, const QString& title,
     auto* texts = new QVBoxLayout;
     texts->setSpacing(scaled(2));
     auto* heading = new QLabel(title, this);
-    look::setFont(heading, look::FontRole::rowLabel);
+    style::setFont(heading, style::FontRole::rowLabel);
     texts->addWidget(heading);
-    look::setFont(addText(texts, text), look::FontRole::hint);
+    style::setFont(addText(texts, text), style::FontRole::hint);
     line->addLayout(texts, 1);
     column->addLayout(line);
 }

@@ -8,7 +8,7 @@
 #include <QPainterPath>
 #include <QWidget>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 namespace {
 
@@ -24,8 +24,8 @@ void paintWrapMarks(QWidget& viewport, const QList<QRectF>& lines, double margin
     const double scale = fontScale();
     QPainter painter(&viewport);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(
-        QPen(tokens(viewport.palette()).text2, 1.25, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(tokens(viewport.palette()).secondaryText, 1.25, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
     const double right = viewport.width() - (margin - hookWidth * scale) / 2;
     const double left = right - hookWidth * scale, tip = hookTip * scale;
     for (const QRectF& line : lines) {
@@ -53,11 +53,11 @@ void paintFoldedText(QPainter& painter, const QRectF& rect, const QWidget& edito
     const QRectF whole = rect.adjusted(scaled(plateGap), 0, -scaled(plateGap), descent);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    plate(painter, whole, checkRadius, t.hover, t.hairline);
+    drawRoundedBox(painter, whole, checkRadius, t.hover, t.hairline);
     painter.setFont(editor.font());
-    painter.setPen(t.text2);
+    painter.setPen(t.secondaryText);
     painter.drawText(whole, Qt::AlignCenter, words);
     painter.restore();
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -8,7 +8,7 @@ class QPainter;
 class QString;
 class QWidget;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 /// A hook in the margin behind each line that goes on below.
 /// \param lines where the lines stand in the viewport
@@ -20,4 +20,4 @@ QSizeF foldedTextSize(const QWidget& editor, const QString& words);
 void paintFoldedText(QPainter& painter, const QRectF& rect, const QWidget& editor,
                      const QString& words);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

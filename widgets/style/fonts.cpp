@@ -10,7 +10,7 @@
 #include <cmath>
 #include <optional>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 struct Row {
@@ -68,7 +68,7 @@ QString familyFor(FontRole role) {
 
 } // namespace
 
-void adoptDesktopFont(const QFont& font) { desktopFont = font; }
+void setDesktopFont(const QFont& font) { desktopFont = font; }
 
 double fontScale() {
     if (!desktopFont)
@@ -92,4 +92,4 @@ QFont font(FontRole role) {
 
 void setFont(QWidget* widget, FontRole role) { widget->setFont(font(role)); }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -8,7 +8,7 @@
 
 class QWidget;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 enum class FontRole {
     control,       ///< 13, regular; the application's font
@@ -30,6 +30,6 @@ double fontScale();
 int scaled(int pixels);
 
 /// Remembers the desktop's font; the application's font is ours from then on.
-void adoptDesktopFont(const QFont& desktopFont);
+void setDesktopFont(const QFont& desktopFont);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

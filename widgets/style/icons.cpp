@@ -19,22 +19,22 @@
 /// Resources of a static library are not there until someone asks for them by name.
 static void loadResources() { Q_INIT_RESOURCE(resources); }
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
-constexpr char inkLiteral[] = "#3A4544";
+constexpr char foregroundLiteral[] = "#3A4544";
 constexpr char accentLiteral[] = "#0D6F6B";
 constexpr char tileLiteral[] = "#E3EAE8";
 
 struct Colours {
-    QColor ink, accent, tile;
+    QColor foreground, accent, tile;
 };
 
 class SvgIconEngine : public QIconEngine {
   public:
     /// \param name tells this source from every other
-    SvgIconEngine(QString name, QByteArray source, Plane plane)
-        : name_(std::move(name)), source_(std::move(source)), plane_(plane) {}
+    SvgIconEngine(QString name, QByteArray source, Surface surface)
+        : name_(std::move(name)), source_(std::move(source)), surface_(surface) {}
 
     QIconEngine* clone() const override { return new SvgIconEngine(*this); }
     bool isNull() override { return source_.isEmpty(); }
@@ -55,11 +55,12 @@ class SvgIconEngine : public QIconEngine {
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         const Colours used = colours(mode, state);
-        const QString entry = QString("%1:%2x%3:%4%5%6")
-                                  .arg(name_)
-                                  .arg(size.width())
-                                  .arg(size.height())
-                                  .arg(used.ink.name(), used.accent.name(), used.tile.name());
+        const QString entry =
+            QString("%1:%2x%3:%4%5%6")
+                .arg(name_)
+                .arg(size.width())
+                .arg(size.height())
+                .arg(used.foreground.name(), used.accent.name(), used.tile.name());
         QPixmap result;
         if (QPixmapCache::find(entry, &result))
             return result;
@@ -80,19 +81,19 @@ class SvgIconEngine : public QIconEngine {
         const QPalette palette = QGuiApplication::palette();
         const Tokens& t = tokens(palette);
         const bool isDark = &t == &tokens(true);
-        const QColor plate = plane_ == Plane::drawer ? (isDark ? t.button : t.surface)
-                                                     : QColor(isDark ? 0x2C3635 : 0xE3EAE8);
+        const QColor tile = surface_ == Surface::drawer ? (isDark ? t.button : t.surface)
+                                                        : QColor(isDark ? 0x2C3635 : 0xE3EAE8);
         if (mode == QIcon::Disabled)
-            return {t.disabledText, t.disabledText, plate};
+            return {t.disabledText, t.disabledText, tile};
         if (mode == QIcon::Selected && !source_.contains(tileLiteral))
-            return {t.onAccent, t.onAccent, plate};
-        const QColor ink = isDark ? 0xD3DBD9 : 0x3A4544;
-        return {state == QIcon::On ? t.accent : ink, t.accent, plate};
+            return {t.onAccent, t.onAccent, tile};
+        const QColor foreground = isDark ? 0xD3DBD9 : 0x3A4544;
+        return {state == QIcon::On ? t.accent : foreground, t.accent, tile};
     }
 
     QByteArray recoloured(const Colours& colours) const {
         QByteArray result = source_;
-        result.replace(inkLiteral, colours.ink.name().toLatin1());
+        result.replace(foregroundLiteral, colours.foreground.name().toLatin1());
         result.replace(accentLiteral, colours.accent.name().toLatin1());
         result.replace(tileLiteral, colours.tile.name().toLatin1());
         return result;
@@ -100,15 +101,15 @@ class SvgIconEngine : public QIconEngine {
 
     QString name_;
     QByteArray source_;
-    Plane plane_;
+    Surface surface_;
 };
 
-QIcon svgIcon(const QString& fileName, Plane plane) {
+QIcon svgIcon(const QString& fileName, Surface surface) {
     static const bool isLoaded = (loadResources(), true);
     Q_UNUSED(isLoaded)
     QFile file(fileName);
     return QIcon(new SvgIconEngine(
-        fileName, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), plane));
+        fileName, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), surface));
 }
 
 /// What file panels show, in the strokes of the tool icons: 20 x 20, 1.5 wide.
@@ -159,7 +160,7 @@ QString tileFor(const QFileInfo& file) {
     return file.isDir() ? ":/icons/folder.svg" : QString();
 }
 
-QIcon fileIcon(const QString& path, Plane plane) {
+QIcon fileIcon(const QString& path, Surface surface) {
     const QFileInfo file(path);
     QString tile = tileFor(file);
     if (tile.isEmpty()) {
@@ -168,14 +169,14 @@ QIcon fileIcon(const QString& path, Plane plane) {
             return ofDesktop;
         tile = ":/icons/file.svg";
     }
-    return svgIcon(tile, plane);
+    return svgIcon(tile, surface);
 }
 
 } // namespace
 
 QIcon toolIcon(std::string_view name) {
     return svgIcon(":/icons/" + QString::fromUtf8(name.data(), std::ssize(name)) + ".svg",
-                   Plane::card);
+                   Surface::card);
 }
 
 QIcon standardIcon(QStyle::StandardPixmap pixmap) {
@@ -186,20 +187,20 @@ QIcon standardIcon(QStyle::StandardPixmap pixmap) {
                               R"(<path fill="none" stroke="#3A4544" stroke-width="1.5" )"
                               R"(stroke-linecap="round" stroke-linejoin="round" d=")" +
                               QByteArray(glyph->path) + R"("/></svg>)";
-    return QIcon(new SvgIconEngine(glyph->path, source, Plane::card));
+    return QIcon(new SvgIconEngine(glyph->path, source, Surface::card));
 }
 
-QIcon imageIcon(const Image& image, Plane plane) {
+QIcon imageIcon(const Image& image, Surface surface) {
     const QString name = QString::fromStdString(image.name);
     switch (image.kind) {
     case Image::Kind::Resource:
-        return svgIcon(":/images/" + name, plane);
+        return svgIcon(":/images/" + name, surface);
     case Image::Kind::FileIcon:
-        return fileIcon(name, plane);
+        return fileIcon(name, surface);
     case Image::Kind::None:
         break;
     }
     return {};
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -11,10 +11,10 @@
 
 #include <string_view>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 /// What lies behind a tile: the drawer's own colour would swallow the ordinary tile.
-enum class Plane { card, drawer };
+enum class Surface { card, drawer };
 
 /// An icon from resources/icons, such as "save", "warning" or "app". Checked (QIcon::On) means the
 /// accent, Disabled the colour of disabled text, Selected the colour of text on the accent. "app"
@@ -28,6 +28,6 @@ QIcon standardIcon(QStyle::StandardPixmap pixmap);
 /// our tile for folders, for scripts that are recognised by their extension and for applications
 /// (macOS shows their own icons), the desktop's icon for all else, and a tile of a plain file where
 /// the desktop has none. It is never the program's own icon. None gives a null icon.
-QIcon imageIcon(const Image& image, Plane plane = Plane::card);
+QIcon imageIcon(const Image& image, Surface surface = Surface::card);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

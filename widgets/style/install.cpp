@@ -1,18 +1,18 @@
 #include "widgets/style/install.h"
 
-#include "widgets/style/desktop_wishes.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/style.h"
+#include "widgets/style/system_appearance.h"
 #include "widgets/style/tokens.h"
 
 #include <QApplication>
 #include <QToolTip>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 #ifndef Q_OS_MACOS
-void wear(bool dark) {
+void applyPalette(bool dark) {
     QApplication::setPalette(palette(dark));
     QToolTip::setPalette(palette(dark));
 }
@@ -21,20 +21,20 @@ void wear(bool dark) {
 } // namespace
 
 void install(QApplication& application) {
-    adoptDesktopFont(application.font());
+    setDesktopFont(application.font());
 #ifndef Q_OS_MACOS
-    auto* wishes = new DesktopWishes(&application);
+    auto* appearance = new SystemAppearance(&application);
     auto* style = new Style;
-    style->setMoves(!wishes->isMotionReduced());
+    style->setAnimationsEnabled(!appearance->isMotionReduced());
     QApplication::setStyle(style);
     QApplication::setFont(font(FontRole::control));
     QApplication::setFont(font(FontRole::hint), "QMenuBar");
     QToolTip::setFont(font(FontRole::hint));
-    wear(wishes->isDark());
-    QObject::connect(wishes, &DesktopWishes::darkChanged, &application, wear);
-    QObject::connect(wishes, &DesktopWishes::reducedMotionChanged, style,
-                     [style](bool reduced) { style->setMoves(!reduced); });
+    applyPalette(appearance->isDark());
+    QObject::connect(appearance, &SystemAppearance::darkChanged, &application, applyPalette);
+    QObject::connect(appearance, &SystemAppearance::reducedMotionChanged, style,
+                     [style](bool reduced) { style->setAnimationsEnabled(!reduced); });
 #endif
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

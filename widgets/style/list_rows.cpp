@@ -7,7 +7,7 @@
 #include <QListView>
 #include <QPainter>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 // Pixels of the 1x layout.
@@ -38,7 +38,7 @@ void paintPlate(QPainter& painter, const QStyleOptionViewItem& option, const QMo
     const QColor border = hasKeyboard(option, index) ? t.accent : QColor(Qt::transparent);
     painter.save();
     painter.setClipRect(option.rect, Qt::IntersectClip);
-    plate(painter, plateOf(option), controlRadius, fill, border, 2);
+    drawRoundedBox(painter, plateOf(option), controlRadius, fill, border, 2);
     painter.restore();
 }
 
@@ -63,7 +63,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
         content.setLeft(place.right() + 1 + iconGap);
     }
     painter->setFont(option.font);
-    painter->setPen(!isEnabled ? t.disabledText : isFirst ? t.text : t.text2);
+    painter->setPen(!isEnabled ? t.disabledText : isFirst ? t.text : t.secondaryText);
     painter->drawText(content, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(option.text, Qt::ElideMiddle, content.width()));
     painter->restore();
@@ -85,7 +85,7 @@ void paintHeaderSection(QPainter& painter, const QStyleOption& option) {
 
 void paintHeaderArrow(QPainter& painter, const QStyleOptionHeader& option) {
     const bool isUp = option.sortIndicator == QStyleOptionHeader::SortUp;
-    chevron(painter, QRectF(option.rect).center(), isUp, tokens(option.palette).text2);
+    chevron(painter, QRectF(option.rect).center(), isUp, tokens(option.palette).secondaryText);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -6,7 +6,7 @@
 
 class QStyleOptionHeader;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 /// Paints an item's icon and its text in one line: the first column in the colour of text, the
 /// others in that of hints. A name that is too long is elided in its middle.
@@ -24,4 +24,4 @@ void paintHeaderSection(QPainter& painter, const QStyleOption& option);
 /// Which way a column is sorted.
 void paintHeaderArrow(QPainter& painter, const QStyleOptionHeader& option);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

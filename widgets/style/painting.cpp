@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
@@ -24,8 +24,8 @@ void stroke(QPainter& painter, const QPainterPath& path, const QColor& colour, d
 
 } // namespace
 
-void plate(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
-           const QColor& border, double borderWidth) {
+void drawRoundedBox(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
+                    const QColor& border, double borderWidth) {
     const double inset = border.alpha() == 0 ? 0 : borderWidth / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -67,15 +67,15 @@ void softShadow(QPainter& painter, int reach, float strength,
     }
 }
 
-void controlPlate(QPainter& painter, const QStyleOption& option, const QWidget* widget,
-                  const QColor& fill) {
+void drawControlBox(QPainter& painter, const QStyleOption& option, const QWidget* widget,
+                    const QColor& fill) {
     const Tokens& t = tokens(option.palette);
     if (!has(option, QStyle::State_Enabled))
-        return plate(painter, option.rect, controlRadius, t.window, t.hairline);
+        return drawRoundedBox(painter, option.rect, controlRadius, t.window, t.hairline);
     const bool isFaulty = widget && widget->property("faulty").toBool();
     const bool isFocused = has(option, QStyle::State_HasFocus);
     const QColor border = isFaulty ? t.faultyBorder : isFocused ? t.accent : t.controlBorder;
-    plate(painter, option.rect, controlRadius, fill, border, isFocused ? 2 : 1);
+    drawRoundedBox(painter, option.rect, controlRadius, fill, border, isFocused ? 2 : 1);
 }
 
 int textInset(const QRect& control) {
@@ -91,14 +91,14 @@ void paintPushButton(QPainter& painter, const QStyleOptionButton& option, const 
     const bool isHovered = has(option, QStyle::State_MouseOver);
     if (!isDefault || !has(option, QStyle::State_Enabled)) {
         const QColor fill = isPressed ? t.pressed : isHovered ? t.hover : t.button;
-        return controlPlate(painter, option, widget, fill);
+        return drawControlBox(painter, option, widget, fill);
     }
     const QColor fill = isPressed || isHovered ? t.accentHover : t.accent;
-    plate(painter, option.rect, controlRadius, fill);
+    drawRoundedBox(painter, option.rect, controlRadius, fill);
     // The border of the focus would vanish on the accent: a line in the text's colour sets it off.
     if (has(option, QStyle::State_HasFocus))
-        plate(painter, QRectF(option.rect).adjusted(2, 2, -2, -2), controlRadius - 2, fill,
-              t.onAccent);
+        drawRoundedBox(painter, QRectF(option.rect).adjusted(2, 2, -2, -2), controlRadius - 2, fill,
+                       t.onAccent);
 }
 
 void paintPushButtonLabel(QPainter& painter, const QStyleOptionButton& option,
@@ -142,19 +142,20 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option) {
                             : has(option, QStyle::State_Sunken)    ? t.pressed
                             : has(option, QStyle::State_MouseOver) ? t.hover
                                                                    : t.field;
-        return plate(painter, box, checkRadius, fill, border, isFocused ? 2 : 1);
+        return drawRoundedBox(painter, box, checkRadius, fill, border, isFocused ? 2 : 1);
     }
     const QColor fill = !isEnabled                             ? t.hairline
                         : has(option, QStyle::State_MouseOver) ? t.accentHover
                                                                : t.accent;
-    const QColor ink = isEnabled ? t.onAccent : t.disabledText;
-    plate(painter, box, checkRadius, fill);
+    const QColor foreground = isEnabled ? t.onAccent : t.disabledText;
+    drawRoundedBox(painter, box, checkRadius, fill);
     if (isFocused)
-        plate(painter, box.adjusted(1.5, 1.5, -1.5, -1.5), checkRadius - 1.5, fill, ink);
+        drawRoundedBox(painter, box.adjusted(1.5, 1.5, -1.5, -1.5), checkRadius - 1.5, fill,
+                       foreground);
     if (isMixed)
-        painter.fillRect(QRectF(box.center() - QPointF(4, 1), QSizeF(8, 2)), ink);
+        painter.fillRect(QRectF(box.center() - QPointF(4, 1), QSizeF(8, 2)), foreground);
     else
-        checkMark(painter, isFocused ? box.adjusted(1, 1, -1, -1) : box, ink);
+        checkMark(painter, isFocused ? box.adjusted(1, 1, -1, -1) : box, foreground);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

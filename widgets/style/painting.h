@@ -10,7 +10,7 @@
 
 class QPainter;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 constexpr double controlRadius = 6;
 constexpr double itemRadius = 8;
@@ -23,8 +23,8 @@ constexpr int narrowFieldWidth = 60;
 constexpr int stepperWidth = 25;
 
 /// A rounded rectangle; the border lies wholly inside it, so nothing moves when it grows.
-void plate(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
-           const QColor& border = Qt::transparent, double borderWidth = 1);
+void drawRoundedBox(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
+                    const QColor& border = Qt::transparent, double borderWidth = 1);
 /// An open angle of 8 × 4 pixels that points up or down, centred.
 void chevron(QPainter& painter, const QPointF& centre, bool up, const QColor& colour);
 /// The pair that stands for "one of several": up above down.
@@ -36,8 +36,8 @@ void softShadow(QPainter& painter, int reach, float strength,
 void checkMark(QPainter& painter, const QRectF& box, const QColor& colour);
 
 /// Plate of a field or pop-up by its state: plain, focused, faulty or disabled.
-void controlPlate(QPainter& painter, const QStyleOption& option, const QWidget* widget,
-                  const QColor& fill);
+void drawControlBox(QPainter& painter, const QStyleOption& option, const QWidget* widget,
+                    const QColor& fill);
 /// Where the text of a field begins, from its left edge; pixels.
 int textInset(const QRect& control);
 
@@ -57,4 +57,4 @@ QSize menuItemSize(const QStyleOptionMenuItem& option, const QSize& contents);
 void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option, const QStyle& style);
 QSize menuBarItemSize(const QStyleOptionMenuItem& option);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
@@ -43,7 +43,7 @@ void paintToolbarLabel(QPainter& painter, const QStyleOptionToolButton& option,
     text.setHeight(textHeight);
     painter.setPen(!has(option, QStyle::State_Enabled) ? t.disabledText
                    : has(option, QStyle::State_On)     ? t.accent
-                                                       : t.text2);
+                                                       : t.secondaryText);
     style.drawItemText(&painter, text, Qt::AlignCenter | Qt::TextShowMnemonic, option.palette, true,
                        option.text);
 }
@@ -73,7 +73,7 @@ void paintToolButton(QPainter& painter, const QStyleOptionToolButton& option, co
     const QColor border = isFocused ? t.accent
                           : isRound ? t.controlBorder
                                     : QColor(Qt::transparent);
-    plate(painter, area, radius, fill, border, isFocused ? 2 : 1);
+    drawRoundedBox(painter, area, radius, fill, border, isFocused ? 2 : 1);
 
     if (isToolbarItem)
         return paintToolbarLabel(painter, option, style);
@@ -94,9 +94,9 @@ void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option, const 
                         : has(option, QStyle::State_Sunken)    ? t.pressed
                         : has(option, QStyle::State_MouseOver) ? t.hover
                                                                : t.button;
-    controlPlate(painter, option, widget, fill);
-    const QColor ink = has(option, QStyle::State_Enabled) ? t.text2 : t.disabledText;
-    chevrons(painter, chevronCentre(option.rect), ink, ink);
+    drawControlBox(painter, option, widget, fill);
+    const QColor foreground = has(option, QStyle::State_Enabled) ? t.secondaryText : t.disabledText;
+    chevrons(painter, chevronCentre(option.rect), foreground, foreground);
 }
 
 void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option,
@@ -123,21 +123,22 @@ void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option,
 
 void paintSpinBox(QPainter& painter, const QStyleOptionSpinBox& option, const QWidget* widget) {
     const Tokens& t = tokens(option.palette);
-    controlPlate(painter, option, widget, t.field);
+    drawControlBox(painter, option, widget, t.field);
     if (option.buttonSymbols == QAbstractSpinBox::NoButtons)
         return;
     const bool isEnabled = has(option, QStyle::State_Enabled);
-    const auto ink = [&](QAbstractSpinBox::StepEnabledFlag step, QStyle::SubControl control) {
+    const auto foreground = [&](QAbstractSpinBox::StepEnabledFlag step,
+                                QStyle::SubControl control) {
         if (!isEnabled || !option.stepEnabled.testFlag(step))
             return t.disabledText;
-        return option.activeSubControls == control ? t.text : t.text2;
+        return option.activeSubControls == control ? t.text : t.secondaryText;
     };
     const QRect line(option.rect.right() - stepperWidth, option.rect.top() + 6, 1,
                      option.rect.height() - 12);
     painter.fillRect(line, t.hairline);
     chevrons(painter, chevronCentre(option.rect),
-             ink(QAbstractSpinBox::StepUpEnabled, QStyle::SC_SpinBoxUp),
-             ink(QAbstractSpinBox::StepDownEnabled, QStyle::SC_SpinBoxDown));
+             foreground(QAbstractSpinBox::StepUpEnabled, QStyle::SC_SpinBoxUp),
+             foreground(QAbstractSpinBox::StepDownEnabled, QStyle::SC_SpinBoxDown));
 }
 
 void paintSlider(QPainter& painter, const QStyleOptionSlider& option, const QRect& handle) {
@@ -153,8 +154,8 @@ void paintSlider(QPainter& painter, const QStyleOptionSlider& option, const QRec
                                                                   zero, static_cast<int>(span));
     const double value = QRectF(handle).center().x();
 
-    plate(painter, QRectF(option.rect.left(), middle - 2, option.rect.width(), 4), 2,
-          isEnabled ? t.controlBorder : t.hairline);
+    drawRoundedBox(painter, QRectF(option.rect.left(), middle - 2, option.rect.width(), 4), 2,
+                   isEnabled ? t.controlBorder : t.hairline);
     if (option.minimum < 0 && option.maximum > 0)
         painter.fillRect(QRectF(origin - 0.5, middle - 6, 1, 12), t.controlBorder);
     if (isEnabled)
@@ -165,8 +166,8 @@ void paintSlider(QPainter& painter, const QStyleOptionSlider& option, const QRec
     const bool isHeld =
         option.activeSubControls == QStyle::SC_SliderHandle && has(option, QStyle::State_Sunken);
     const QColor knob = tokens(true).window == t.window ? t.text : t.surface;
-    plate(painter, handle, reach, isHeld ? t.pressed : knob, isFocused ? t.accent : t.controlBorder,
-          isFocused ? 2 : 1);
+    drawRoundedBox(painter, handle, reach, isHeld ? t.pressed : knob,
+                   isFocused ? t.accent : t.controlBorder, isFocused ? 2 : 1);
 }
 
 void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& handle) {
@@ -175,8 +176,8 @@ void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const Q
     const Tokens& t = tokens(option.palette);
     const bool isActive = has(option, QStyle::State_MouseOver) || has(option, QStyle::State_Sunken);
     const double inset = 2;
-    plate(painter, QRectF(handle).adjusted(inset, inset, -inset, -inset), 4,
-          isActive ? t.text2 : t.controlBorder);
+    drawRoundedBox(painter, QRectF(handle).adjusted(inset, inset, -inset, -inset), 4,
+                   isActive ? t.secondaryText : t.controlBorder);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

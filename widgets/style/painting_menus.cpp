@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 constexpr int itemHeight = 26;
@@ -42,16 +42,16 @@ QSize iconSize(const QStyleOptionMenuItem& option) {
 }
 
 void paintTexts(QPainter& painter, const QStyleOptionMenuItem& option, const QRect& rect,
-                const QColor& ink, const QColor& shortcutInk, const QStyle& style) {
+                const QColor& foreground, const QColor& shortcutForeground, const QStyle& style) {
     const QStringList parts = option.text.split('\t');
     const int alignment =
         Qt::AlignVCenter | Qt::TextSingleLine |
         (style.styleHint(QStyle::SH_UnderlineShortcut, &option) ? Qt::TextShowMnemonic
                                                                 : Qt::TextHideMnemonic);
-    painter.setPen(ink);
+    painter.setPen(foreground);
     painter.drawText(rect, alignment | Qt::AlignLeft, parts.first());
     if (parts.size() > 1) {
-        painter.setPen(shortcutInk);
+        painter.setPen(shortcutForeground);
         painter.drawText(rect, Qt::AlignVCenter | Qt::AlignRight, parts.last());
     }
 }
@@ -71,14 +71,14 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const 
     const bool isEnabled = has(option, QStyle::State_Enabled);
     const bool isSelected = isEnabled && has(option, QStyle::State_Selected);
     if (isSelected)
-        plate(painter, rect, controlRadius - 2, t.accent);
-    const QColor ink = isSelected  ? t.onAccent
-                       : isEnabled ? option.palette.color(QPalette::Text)
-                                   : t.disabledText;
+        drawRoundedBox(painter, rect, controlRadius - 2, t.accent);
+    const QColor foreground = isSelected  ? t.onAccent
+                              : isEnabled ? option.palette.color(QPalette::Text)
+                                          : t.disabledText;
     painter.save();
     painter.setFont(option.font);
     if (isChecked(option))
-        checkMark(painter, QRectF(rect.left() + 4.5, rect.center().y() - 7, 15, 15), ink);
+        checkMark(painter, QRectF(rect.left() + 4.5, rect.center().y() - 7, 15, 15), foreground);
     QRect text = rect.adjusted(textLeft, 0, -textRight, 0);
     if (const QSize size = iconSize(option); !size.isEmpty()) {
         const QRect place(QPoint(text.left(), rect.center().y() - size.height() / 2 + 1), size);
@@ -88,11 +88,12 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const 
                                       : QIcon::Disabled);
         text.setLeft(place.right() + 1 + iconGap);
     }
-    paintTexts(painter, option, text, ink, isSelected || !isEnabled ? ink : t.text2, style);
+    paintTexts(painter, option, text, foreground,
+               isSelected || !isEnabled ? foreground : t.secondaryText, style);
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu) {
         painter.translate(QRectF(rect).right() - 10, QRectF(rect).center().y());
         painter.rotate(-90);
-        chevron(painter, {0, 0}, false, ink);
+        chevron(painter, {0, 0}, false, foreground);
     }
     painter.restore();
 }
@@ -115,8 +116,8 @@ void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option, con
     painter.fillRect(option.rect, t.raised);
     const bool isEnabled = has(option, QStyle::State_Enabled);
     if (isEnabled && has(option, QStyle::State_Selected))
-        plate(painter, QRectF(option.rect).adjusted(0, 3, 0, -3), controlRadius,
-              has(option, QStyle::State_Sunken) ? t.pressed : t.hover);
+        drawRoundedBox(painter, QRectF(option.rect).adjusted(0, 3, 0, -3), controlRadius,
+                       has(option, QStyle::State_Sunken) ? t.pressed : t.hover);
     painter.save();
     painter.setFont(menuBarFont(option));
     painter.setPen(isEnabled ? t.text : t.disabledText);
@@ -133,4 +134,4 @@ QSize menuBarItemSize(const QStyleOptionMenuItem& option) {
     return {width + 18, std::max(28, metrics.height() + 10)};
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -7,7 +7,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 namespace {
 
@@ -66,4 +66,4 @@ void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRectF& 
     painter.drawPixmap(panel.topLeft(), content);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

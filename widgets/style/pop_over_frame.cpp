@@ -11,7 +11,7 @@
 
 #include <array>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 namespace {
 
@@ -46,11 +46,11 @@ QPolygonF arrowPolygon(const QRectF& panel, Qt::Edge edge, double tip) {
 }
 
 QPainterPath outline(const QRectF& panel, double radius, Qt::Edge edge, double tip) {
-    QPainterPath plate, arrow;
-    plate.addRoundedRect(panel, radius, radius);
+    QPainterPath body, arrow;
+    body.addRoundedRect(panel, radius, radius);
     arrow.addPolygon(arrowPolygon(panel, edge, tip));
     arrow.closeSubpath();
-    return plate.united(arrow);
+    return body.united(arrow);
 }
 
 } // namespace
@@ -113,4 +113,4 @@ void PopOverFrame::paint(QWidget& window, const PopOverArrow& at) const {
                              at.tip + .5));
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -11,7 +11,7 @@ class QPainter;
 class QPainterPath;
 class QWidget;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 /// Where the arrow stands.
 struct PopOverArrow {
@@ -45,4 +45,4 @@ class PopOverFrame {
     bool translucent_;
 };
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

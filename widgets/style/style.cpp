@@ -17,7 +17,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 constexpr int scrollBarWidth = 10;
@@ -74,17 +74,17 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     switch (element) {
     case PE_PanelLineEdit:
         if (hasFrame(*option))
-            controlPlate(*painter, *option, widget, t.field);
+            drawControlBox(*painter, *option, widget, t.field);
         return;
     case PE_Frame:
         // A pop-up has the corners of its window; without a compositor these are square.
         if (widget && widget->windowType() == Qt::Popup)
-            return plate(*painter, option->rect, 0, t.surface, t.controlBorder);
-        return controlPlate(*painter, *option, widget, t.field);
+            return drawRoundedBox(*painter, option->rect, 0, t.surface, t.controlBorder);
+        return drawControlBox(*painter, *option, widget, t.field);
     case PE_IndicatorCheckBox:
         return paintCheckBox(*painter, *option);
     case PE_FrameFocusRect:
-        return plate(*painter, option->rect, checkRadius, Qt::transparent, t.accent, 2);
+        return drawRoundedBox(*painter, option->rect, checkRadius, Qt::transparent, t.accent, 2);
     case PE_PanelMenu:
         return painter->fillRect(option->rect, t.surface);
     case PE_FrameMenu:
@@ -94,7 +94,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_PanelMenuBar:
         return painter->fillRect(option->rect, t.raised);
     case PE_PanelTipLabel:
-        return plate(*painter, option->rect, 0, t.surface, t.controlBorder);
+        return drawRoundedBox(*painter, option->rect, 0, t.surface, t.controlBorder);
     case PE_PanelItemViewRow: // the delegate paints the plate of the whole row
         return;
     case PE_IndicatorHeaderArrow:
@@ -132,7 +132,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         return paintHeaderSection(*painter, *option);
     case CE_HeaderLabel: {
         QStyleOptionHeader label = *qstyleoption_cast<const QStyleOptionHeader*>(option);
-        label.palette.setColor(QPalette::ButtonText, t.text2);
+        label.palette.setColor(QPalette::ButtonText, t.secondaryText);
         return QProxyStyle::drawControl(element, &label, painter, widget);
     }
     case CE_Splitter: // the frames of what it parts are enough to see
@@ -291,7 +291,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
     case SH_UnderlineShortcut:
         return underlinesMnemonics_ ? 1 : 0;
     case SH_Widget_Animate:
-        return moves_ && QProxyStyle::styleHint(hint, option, widget, result) ? 1 : 0;
+        return animationsEnabled_ && QProxyStyle::styleHint(hint, option, widget, result) ? 1 : 0;
     case SH_ScrollBar_ContextMenu:
         return 0; // its menu would run a nested event loop
     default:
@@ -301,7 +301,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 
 QIcon Style::standardIcon(StandardPixmap pixmap, const QStyleOption* option,
                           const QWidget* widget) const {
-    const QIcon icon = look::standardIcon(pixmap);
+    const QIcon icon = style::standardIcon(pixmap);
     return icon.isNull() ? QProxyStyle::standardIcon(pixmap, option, widget) : icon;
 }
 
@@ -352,7 +352,7 @@ void Style::setUnderlinesMnemonics(bool underlines) {
             widget->update();
 }
 
-bool isMotionWanted(const QWidget& widget) {
+bool animationsEnabled(const QWidget& widget) {
     return qEnvironmentVariableIsEmpty("FRIMBOLATE_REDUCED_MOTION") &&
            widget.style()->styleHint(QStyle::SH_Widget_Animate, nullptr, &widget) != 0;
 }
@@ -366,4 +366,4 @@ void setFaulty(QWidget* widget, bool faulty) {
     widget->update();
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -13,7 +13,7 @@
 
 class QApplication;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 class Style : public QProxyStyle {
     Q_OBJECT
@@ -22,7 +22,7 @@ class Style : public QProxyStyle {
     Style();
 
     /// Whether things slide and fade; they do at first.
-    void setMoves(bool moves) { moves_ = moves; }
+    void setAnimationsEnabled(bool enabled) { animationsEnabled_ = enabled; }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
@@ -54,7 +54,7 @@ class Style : public QProxyStyle {
   private:
     void setUnderlinesMnemonics(bool underlines);
 
-    bool moves_ = true;
+    bool animationsEnabled_ = true;
     bool underlinesMnemonics_ = false; ///< only while Alt is held, as long as they are of use
 };
 
@@ -63,6 +63,6 @@ bool isFaulty(const QWidget& widget);
 
 /// Whether a drawer or sheet may slide: not where the desktop asks for less motion, nor where
 /// FRIMBOLATE_REDUCED_MOTION is set.
-bool isMotionWanted(const QWidget& widget);
+bool animationsEnabled(const QWidget& widget);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -8,7 +8,7 @@
 #include <QLabel>
 #include <QPainter>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 void paintCard(QWidget& card, int rows) {
     const Tokens& t = tokens(card.palette());
@@ -47,15 +47,15 @@ void paintDrawerShadow(QWidget& shadow) {
     QPainter(&shadow).fillRect(shadow.rect(), fading);
 }
 
-void paintFoot(QWidget& foot, bool complete) {
-    const Tokens& t = tokens(foot.palette());
-    QPainter painter(&foot);
-    painter.fillRect(0, 0, foot.width(), 1, t.hairline);
+void paintStatusLine(QWidget& statusLine, bool complete) {
+    const Tokens& t = tokens(statusLine.palette());
+    QPainter painter(&statusLine);
+    painter.fillRect(0, 0, statusLine.width(), 1, t.hairline);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(complete ? t.accent : t.controlBorder);
-    const double side = scaled(footDotSide);
-    painter.drawEllipse(QRectF(scaled(cardMargin), (foot.height() - side) / 2, side, side));
+    const double side = scaled(statusDotSide);
+    painter.drawEllipse(QRectF(scaled(cardMargin), (statusLine.height() - side) / 2, side, side));
 }
 
 void paintScrim(QWidget& scrim) {
@@ -84,7 +84,7 @@ void paintTip(QAbstractButton& tip) {
                                         : QColor(Qt::transparent));
     const double inset = focused ? 1.5 : 1;
     painter.drawEllipse(QRectF(tip.rect()).adjusted(inset, inset, -inset, -inset));
-    painter.setPen(t.text2);
+    painter.setPen(t.secondaryText);
     painter.setFont(font(FontRole::toolbar));
     painter.drawText(tip.rect(), Qt::AlignCenter, "?");
 }
@@ -125,11 +125,11 @@ void paintWarning(QLabel& label) {
 void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {
     const Tokens& t = tokens(hint.palette());
     QPainter painter(&hint);
-    painter.setPen(warning ? t.warnText : t.text2);
+    painter.setPen(warning ? t.warnText : t.secondaryText);
     // A typed script may hold line breaks; a hint is one line.
     const QString shown =
         hint.fontMetrics().elidedText(hint.text().simplified(), mode, hint.width());
     painter.drawText(hint.rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), shown);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -10,12 +10,12 @@ class QPixmap;
 class QRectF;
 class QWidget;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 /// Where rows are parted, and how far their lines keep from the edges; pixels of the 1x layout.
 constexpr int cardRowHeight = 72, cardMargin = 24;
-/// How wide the dot at the foot is; pixels of the 1x layout.
-constexpr int footDotSide = 8;
+/// How wide the dot at the statusLine is; pixels of the 1x layout.
+constexpr int statusDotSide = 8;
 
 /// The plate of the form, with hairlines between its rows.
 void paintCard(QWidget& card, int rows);
@@ -25,8 +25,9 @@ void paintDrawer(QWidget& drawer, bool besideForm);
 constexpr int drawerShadowReach = 24;
 /// The shadow that a drawer throws on the form to its left.
 void paintDrawerShadow(QWidget& shadow);
-/// The strip at the foot: a hairline above, and a dot that lights up when the plan is complete.
-void paintFoot(QWidget& foot, bool complete);
+/// The strip at the statusLine: a hairline above, and a dot that lights up when the plan is
+/// complete.
+void paintStatusLine(QWidget& statusLine, bool complete);
 /// Dims what lies behind a sheet.
 void paintScrim(QWidget& scrim);
 /// The number of a step on a soft round plate.
@@ -56,4 +57,4 @@ void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRectF& panel);
 void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRectF& panel,
                        const QPixmap& content);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -1,6 +1,6 @@
 #include "widgets/style/tokens.h"
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 const Tokens& light() {
@@ -17,7 +17,7 @@ const Tokens& light() {
         .controlBorder = 0x7D8886,
         .popOverBorder = 0xAEB9B6,
         .text = 0x192120,
-        .text2 = 0x55605E,
+        .secondaryText = 0x55605E,
         .disabledText = 0x9BA4A2,
         .accent = 0x0D6F6B,
         .accentHover = 0x0A5C59,
@@ -44,7 +44,7 @@ const Tokens& dark() {
         .controlBorder = 0x717D7B,
         .popOverBorder = 0x3C4443,
         .text = 0xEBF0EF,
-        .text2 = 0xA5B0AE,
+        .secondaryText = 0xA5B0AE,
         .disabledText = 0x626C6A,
         .accent = 0x4CC2B5,
         .accentHover = 0x6AD2C6,
@@ -75,7 +75,7 @@ QPalette palette(bool isDark) {
         {Role::Base, t.field},
         {Role::AlternateBase, t.raised},
         {Role::Text, t.text},
-        {Role::PlaceholderText, t.text2},
+        {Role::PlaceholderText, t.secondaryText},
         {Role::Button, t.button},
         {Role::ButtonText, t.text},
         {Role::BrightText, t.onAccent},
@@ -98,4 +98,4 @@ QPalette palette(bool isDark) {
     return result;
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

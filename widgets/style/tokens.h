@@ -7,7 +7,7 @@
 #include <QColor>
 #include <QPalette>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
 struct Tokens {
     // Planes, from the ground up
@@ -26,7 +26,7 @@ struct Tokens {
     QColor popOverBorder;
     // Texts
     QColor text;
-    QColor text2; ///< hints and captions
+    QColor secondaryText; ///< hints and captions
     QColor disabledText;
     // Default button, focus, checked, toggled and slider fill, and nothing else
     QColor accent;
@@ -46,4 +46,4 @@ const Tokens& tokens(const QPalette& palette);
 
 QPalette palette(bool dark);
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -1,4 +1,4 @@
-#include "widgets/style/desktop_wishes.h"
+#include "widgets/style/system_appearance.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -9,7 +9,7 @@
 
 #include <utility>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 constexpr char service[] = "org.freedesktop.portal.Desktop";
@@ -65,7 +65,7 @@ std::optional<QVariant> askPortal(const Setting& setting) {
 
 } // namespace
 
-DesktopWishes::DesktopWishes(QObject* parent)
+SystemAppearance::SystemAppearance(QObject* parent)
     : QObject(parent), chosenDark_(chosenByEnvironment()),
       dark_(chosenDark_.value_or(isPlatformDark())) {
     for (const Setting& setting : {colourScheme, reducedMotion, animations}) {
@@ -80,8 +80,8 @@ DesktopWishes::DesktopWishes(QObject* parent)
         SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
 }
 
-void DesktopWishes::portalSettingChanged(const QString& group, const QString& key,
-                                         const QDBusVariant& value) {
+void SystemAppearance::portalSettingChanged(const QString& group, const QString& key,
+                                            const QDBusVariant& value) {
     const bool wasReduced = isMotionReduced();
     // A dark desktop that drops its preference is an ordinary, light one.
     if (group == colourScheme.group && key == colourScheme.key)
@@ -92,7 +92,7 @@ void DesktopWishes::portalSettingChanged(const QString& group, const QString& ke
         emit reducedMotionChanged(isMotionReduced());
 }
 
-void DesktopWishes::take(const QString& group, const QString& key, const QVariant& value) {
+void SystemAppearance::take(const QString& group, const QString& key, const QVariant& value) {
     const auto is = [&](const Setting& setting) {
         return group == setting.group && key == setting.key;
     };
@@ -105,11 +105,11 @@ void DesktopWishes::take(const QString& group, const QString& key, const QVarian
         stoppedAnimations_ = !value.toBool();
 }
 
-void DesktopWishes::setDark(bool dark) {
+void SystemAppearance::setDark(bool dark) {
     if (chosenDark_)
         return;
     if (std::exchange(dark_, dark) != dark)
         emit darkChanged(dark);
 }
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

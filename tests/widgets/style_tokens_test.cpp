@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 double linear(double channel) {
@@ -27,7 +27,7 @@ constexpr double graphic = 3.0; // and of what must be seen to use a control
 
 struct Row {
     const char* name;
-    QColor Tokens::*ink;
+    QColor Tokens::*foreground;
     QColor Tokens::*plane;
     double least;
 };
@@ -41,11 +41,11 @@ const Row rows[] = {
     {"text on button", &Tokens::text, &Tokens::button, text},
     {"text on hover", &Tokens::text, &Tokens::hover, text},
     {"text on pressed", &Tokens::text, &Tokens::pressed, text},
-    {"hint on window", &Tokens::text2, &Tokens::window, text},
-    {"hint on surface", &Tokens::text2, &Tokens::surface, text},
-    {"hint on raised", &Tokens::text2, &Tokens::raised, text},
-    {"hint on sunken", &Tokens::text2, &Tokens::sunken, text},
-    {"placeholder in field", &Tokens::text2, &Tokens::field, text},
+    {"hint on window", &Tokens::secondaryText, &Tokens::window, text},
+    {"hint on surface", &Tokens::secondaryText, &Tokens::surface, text},
+    {"hint on raised", &Tokens::secondaryText, &Tokens::raised, text},
+    {"hint on sunken", &Tokens::secondaryText, &Tokens::sunken, text},
+    {"placeholder in field", &Tokens::secondaryText, &Tokens::field, text},
     {"default button", &Tokens::onAccent, &Tokens::accent, text},
     {"default button under the pointer", &Tokens::onAccent, &Tokens::accentHover, text},
     {"toggled item", &Tokens::accent, &Tokens::accentSoft, text},
@@ -65,7 +65,7 @@ class Contrast : public testing::TestWithParam<std::tuple<bool, Row>> {};
 TEST_P(Contrast, IsEnoughToRead) {
     const auto& [dark, row] = GetParam();
     const Tokens& t = tokens(dark);
-    EXPECT_GE(contrast(t.*row.ink, t.*row.plane), row.least) << row.name;
+    EXPECT_GE(contrast(t.*row.foreground, t.*row.plane), row.least) << row.name;
 }
 
 std::string caseName(const testing::TestParamInfo<std::tuple<bool, Row>>& test) {
@@ -90,4 +90,4 @@ TEST(Tokens, ADisabledControlLooksDifferent) {
 }
 
 } // namespace
-} // namespace frimbolate::look
+} // namespace frimbolate::style

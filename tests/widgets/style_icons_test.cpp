@@ -7,7 +7,7 @@
 
 #include <gmock/gmock.h>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 using testing::Gt;
@@ -67,7 +67,7 @@ struct StateRow {
     const char* name;
     QIcon::Mode mode;
     QIcon::State state;
-    QColor Tokens::*ink;
+    QColor Tokens::*foreground;
 };
 const StateRow stateRows[] = {
     {"Disabled", QIcon::Disabled, QIcon::Off, &Tokens::disabledText},
@@ -79,17 +79,17 @@ TEST_F(Icons, TakeTheirInkFromTheState) {
     for (const bool dark : {false, true}) {
         QApplication::setPalette(palette(dark));
         for (const StateRow& row : stateRows)
-            EXPECT_THAT(
-                count(drawn(toolIcon("save"), 64, row.mode, row.state), tokens(dark).*row.ink),
-                Gt(0))
+            EXPECT_THAT(count(drawn(toolIcon("save"), 64, row.mode, row.state),
+                              tokens(dark).*row.foreground),
+                        Gt(0))
                 << row.name;
     }
 }
 
 TEST_F(Icons, HaveAWhiteTileOnTheDrawer) {
     const Image folder = Image::iconForFile(QDir::tempPath().toStdString());
-    EXPECT_THAT(count(drawn(imageIcon(folder, Plane::drawer), 32), Qt::white), Gt(100));
-    EXPECT_THAT(count(drawn(imageIcon(folder, Plane::card), 32), 0xE3EAE8), Gt(100));
+    EXPECT_THAT(count(drawn(imageIcon(folder, Surface::drawer), 32), Qt::white), Gt(100));
+    EXPECT_THAT(count(drawn(imageIcon(folder, Surface::card), 32), 0xE3EAE8), Gt(100));
 }
 
 TEST_F(Icons, ShowNothingForNoImageAndForUnknownNames) {
@@ -138,4 +138,4 @@ TEST_F(Icons, ShowANeutralTileForApplicationsAndForWhatIsNotThere) {
 }
 
 } // namespace
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -1,5 +1,5 @@
-// What the desktop wishes of the look of its programs, and when it changes its mind: dark windows
-// or light ones, and whether things may move.
+// What the desktop appearance of the look of its programs, and when it changes its mind: dark
+// windows or light ones, and whether things may move.
 //
 // The colours are asked for in this order: FRIMBOLATE_COLOR_SCHEME (light or dark), the desktop's
 // settings portal, the palette of the platform's theme as it is before the program puts on its own.
@@ -13,13 +13,13 @@
 
 class QDBusVariant;
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 
-class DesktopWishes : public QObject {
+class SystemAppearance : public QObject {
     Q_OBJECT
 
   public:
-    explicit DesktopWishes(QObject* parent);
+    explicit SystemAppearance(QObject* parent);
 
     bool isDark() const { return dark_; }
     bool isMotionReduced() const { return reducedMotion_ || stoppedAnimations_; }
@@ -41,4 +41,4 @@ class DesktopWishes : public QObject {
     bool stoppedAnimations_ = false;
 };
 
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 constexpr QSize panel(200, 100);
@@ -129,4 +129,4 @@ TEST(PopOverFrame, BlendedLeavesItsShadowOutOfItsShape) {
 }
 
 } // namespace
-} // namespace frimbolate::look
+} // namespace frimbolate::style

@@ -13,7 +13,7 @@
 
 #include <gmock/gmock.h>
 
-namespace frimbolate::look {
+namespace frimbolate::style {
 namespace {
 
 const Tokens& t() { return tokens(false); }
@@ -95,7 +95,7 @@ TEST(Style, ASliderIsFilledFromZero) {
 
 class Fonts : public testing::Test {
   protected:
-    ~Fonts() override { adoptDesktopFont(usual(9)); }
+    ~Fonts() override { setDesktopFont(usual(9)); }
     static QFont usual(double points) {
         QFont result = QApplication::font();
         result.setPointSizeF(points);
@@ -116,7 +116,7 @@ TEST(Style, MnemonicsAreUnderlinedWhileAltIsHeld) {
 }
 
 TEST_F(Fonts, HaveTheSizesOfThePicturesOnAnOrdinaryDesktop) {
-    adoptDesktopFont(usual(9));
+    setDesktopFont(usual(9));
     EXPECT_EQ(font(FontRole::control).pixelSize(), 13);
     EXPECT_EQ(font(FontRole::hint).pixelSize(), 12);
     EXPECT_EQ(font(FontRole::toolbar).pixelSize(), 11);
@@ -126,14 +126,14 @@ TEST_F(Fonts, HaveTheSizesOfThePicturesOnAnOrdinaryDesktop) {
 }
 
 TEST_F(Fonts, GrowWithTheDesktops) {
-    adoptDesktopFont(usual(9 * 1.2));
+    setDesktopFont(usual(9 * 1.2));
     EXPECT_NEAR(fontScale(), 1.2, 0.05);
     EXPECT_THAT(font(FontRole::control).pixelSize(), testing::AnyOf(15, 16));
     EXPECT_THAT(font(FontRole::welcomeTitle).pixelSize(), testing::AnyOf(26, 27));
 }
 
 TEST_F(Fonts, AreNeverSmallerThanThePictures) {
-    adoptDesktopFont(usual(6));
+    setDesktopFont(usual(6));
     EXPECT_EQ(font(FontRole::control).pixelSize(), 13);
 }
 
@@ -145,4 +145,4 @@ TEST_F(Fonts, TellWeightsApart) {
 }
 
 } // namespace
-} // namespace frimbolate::look
+} // namespace frimbolate::style
