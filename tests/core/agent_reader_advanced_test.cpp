@@ -21,7 +21,7 @@ TEST_P(AdvancedKeys, ReadAs) {
     expectReads(row);
 }
 
-const Picture drawerOpen = {{"advancedDrawer.open", "yes"}};
+const Snapshot drawerOpen = {{"advancedDrawer.open", "yes"}};
 
 std::vector<ReaderRow> globbing() {
     const auto row = [](const char* name, Value value, bool on) {
@@ -44,7 +44,7 @@ std::vector<ReaderRow> priorities() {
         const Lines lines = {"log: PriorityIO key: " + description(value)};
         return ReaderRow{name,
                          {{"LowPriorityIO", value}},
-                         drawerOpen + Picture{{"priorityLevelButton.selectedItem", "0"}},
+                         drawerOpen + Snapshot{{"priorityLevelButton.selectedItem", "0"}},
                          {},
                          lines + differs};
     };
@@ -65,8 +65,8 @@ std::vector<ReaderRow> niceLevels() {
     const auto row = [](const char* name, Value value, const std::string& level,
                         const std::string& slider) {
         const Lines lines = {"log: Nice key: " + description(value)};
-        const Picture sets = {{"niceLevelTextField.stringValue", '"' + description(value) + '"'},
-                              {"niceLevelSlider.value", slider}};
+        const Snapshot sets = {{"niceLevelTextField.stringValue", '"' + description(value) + '"'},
+                               {"niceLevelSlider.value", slider}};
         if (level == "0")
             return ReaderRow{name, {{"Nice", value}}, sets, {}, lines};
         return ReaderRow{name,
@@ -95,7 +95,7 @@ std::vector<ReaderRow> texts() {
         const Lines lines = {"log: " + key + " key: " + text, "drawer"};
         return ReaderRow{name,
                          {{key, text}},
-                         drawerOpen + Picture{{field + ".stringValue", '"' + text + '"'}},
+                         drawerOpen + Snapshot{{field + ".stringValue", '"' + text + '"'}},
                          {},
                          lines};
     };
@@ -110,7 +110,7 @@ std::vector<ReaderRow> texts() {
 INSTANTIATE_TEST_SUITE_P(Text, AdvancedKeys, testing::ValuesIn(texts()), NamedAfterRow());
 
 std::vector<ReaderRow> queues() {
-    const auto row = [](const char* name, Array folders, const Picture& sets,
+    const auto row = [](const char* name, Array folders, const Snapshot& sets,
                         const std::string& last, const std::string& effect) {
         const Value value(std::move(folders));
         const Lines lines = {
@@ -118,7 +118,7 @@ std::vector<ReaderRow> queues() {
         return ReaderRow{name, {{"QueueDirectories", value}}, sets, {}, lines};
     };
     const auto shown = [](const std::string& path) {
-        return drawerOpen + Picture{{"queueDirectoryField.stringValue", '"' + path + '"'}};
+        return drawerOpen + Snapshot{{"queueDirectoryField.stringValue", '"' + path + '"'}};
     };
     return {row("one_folder", {Value("/q")}, shown("/q"), "/q", "drawer"),
             row("last_of_two", {Value("/q"), Value("/r s")}, shown("/r s"), "/r s", "drawer"),
@@ -129,12 +129,12 @@ INSTANTIATE_TEST_SUITE_P(Queue, AdvancedKeys, testing::ValuesIn(queues()), Named
 
 std::vector<ReaderRow> additional() {
     const auto watched = [](const std::string& path) {
-        return drawerOpen + Picture{{"alsoRunPathChangeCheckbox.state", "1"},
-                                    {"alsoRunPathChangeImageWell.toolTip", '"' + path + '"'},
-                                    {"alsoRunPathChangeImageWell.image", "icon of " + path},
-                                    {"alsoRunPathChangeImageWell.hidden", "no"}};
+        return drawerOpen + Snapshot{{"alsoRunPathChangeCheckbox.state", "1"},
+                                     {"alsoRunPathChangeImageWell.toolTip", '"' + path + '"'},
+                                     {"alsoRunPathChangeImageWell.image", "icon of " + path},
+                                     {"alsoRunPathChangeImageWell.hidden", "no"}};
     };
-    const Picture mounted = drawerOpen + Picture{{"alsoRunVolumeCheckbox.state", "1"}};
+    const Snapshot mounted = drawerOpen + Snapshot{{"alsoRunVolumeCheckbox.state", "1"}};
     const Value paths = Array{Value("/a"), Value("/b")};
     return {{"mount", {{"StartOnMount", true}}, mounted, {}, {"drawer"}},
             {"mount_text", {{"StartOnMount", "y"}}, mounted, {}, {"drawer"}},
@@ -218,8 +218,8 @@ TEST(AdvancedKeysTogether, EndAtTheFirstThatFails) {
         EXPECT_EQ(editor.journal,
                   (Lines{"log: Evaluating keys for advanced drawer...", "log: Globbing key: 1",
                          keysAlert, "log: Completed evaluating keys for advanced drawer"}));
-        const auto expected = with(picture(start.form), {{"enableGlobbingCheckbox.state", "1"}});
-        EXPECT_THAT(differences(expected, picture(editor.form())), testing::IsEmpty());
+        const auto expected = with(snapshot(start.form), {{"enableGlobbingCheckbox.state", "1"}});
+        EXPECT_THAT(differences(expected, snapshot(editor.form())), testing::IsEmpty());
     }
 }
 

@@ -22,18 +22,18 @@ Dictionary with(Dictionary keys, const char* key, Value value) {
 }
 
 /// What is set of any calendar, and of none.
-const Picture anyCalendar = {{"agentIntervalField.hidden", "yes"},
-                             {"agentScheduleDatePicker.width", "146"}};
+const Snapshot anyCalendar = {{"agentIntervalField.hidden", "yes"},
+                              {"agentScheduleDatePicker.width", "146"}};
 
-Picture at(const std::string& time) {
-    return anyCalendar + Picture{{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
+Snapshot at(const std::string& time) {
+    return anyCalendar + Snapshot{{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
 }
 
 /// What a calendar that can be read shows.
-const Picture shown = {{"agentScheduleDatePicker.hidden", "no"},
-                       {"agentScheduleTypeButton.width", "160"}};
+const Snapshot shown = {{"agentScheduleDatePicker.hidden", "no"},
+                        {"agentScheduleTypeButton.width", "160"}};
 
-Picture selected(int item) {
+Snapshot selected(int item) {
     return {{"agentScheduleTypeButton.selectedItem", std::to_string(item)}};
 }
 
@@ -46,24 +46,24 @@ const Lines asInterval = {"log: Agent runs on interval"};
 const Lines onDemand = hourAndMinute("(null)", "(null)") +
                        Lines{"log: Agent has no schedule and runs on demand instead."};
 
-Picture interval(const std::string& text) {
+Snapshot interval(const std::string& text) {
     return selected(ScheduleType::OnInterval) +
-           Picture{{"agentScheduleDatePicker.hidden", "yes"},
-                   {"agentIntervalTypeButton.hidden", "no"},
-                   {"agentIntervalField.hidden", "no"},
-                   {"agentIntervalField.stringValue", '"' + text + '"'},
-                   {"agentScheduleTypeButton.width", "160"},
-                   {"onMonthTextBox.hidden", "yes"}};
+           Snapshot{{"agentScheduleDatePicker.hidden", "yes"},
+                    {"agentIntervalTypeButton.hidden", "no"},
+                    {"agentIntervalField.hidden", "no"},
+                    {"agentIntervalField.stringValue", '"' + text + '"'},
+                    {"agentScheduleTypeButton.width", "160"},
+                    {"onMonthTextBox.hidden", "yes"}};
 }
 
-Picture wide(int schedule) {
-    return selected(schedule) + Picture{{"agentScheduleDatePicker.hidden", "yes"},
-                                        {"agentScheduleTypeButton.width", "311"}};
+Snapshot wide(int schedule) {
+    return selected(schedule) + Snapshot{{"agentScheduleDatePicker.hidden", "yes"},
+                                         {"agentScheduleTypeButton.width", "311"}};
 }
 
-const Picture atLoad =
+const Snapshot atLoad =
     wide(ScheduleType::AtLoad) +
-    Picture{{"alsoRunAtLoadCheckbox.state", "0"}, {"alsoRunAtLoadCheckbox.enabled", "no"}};
+    Snapshot{{"alsoRunAtLoadCheckbox.state", "0"}, {"alsoRunAtLoadCheckbox.enabled", "no"}};
 
 // Two entries
 
@@ -71,7 +71,7 @@ std::vector<ReaderRow> days() {
     const Lines everyDay = {"log: Agent runs on every day on a schedule"};
     const auto daily = [](const std::string& time) {
         return at(time) + shown + selected(ScheduleType::EveryDay) +
-               Picture{{"onMonthTextBox.hidden", "yes"}};
+               Snapshot{{"onMonthTextBox.hidden", "yes"}};
     };
     const auto row = [&](const char* name, Value hour, Value minute, const std::string& time) {
         const auto lines = hourAndMinute(description(hour), description(minute)) + everyDay;
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(Calendar, ScheduleKeys, testing::ValuesIn(days()), Name
 
 // Three entries
 
-ReaderRow weekly(const char* name, Value weekday, const Picture& selection) {
+ReaderRow weekly(const char* name, Value weekday, const Snapshot& selection) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a week on day : " + description(weekday)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Weekday", weekday}}),
@@ -107,14 +107,14 @@ ReaderRow monthly(const char* name, Value day, const std::string& text) {
                        Lines{"log: Agent runs once a month " + description(day)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", day}}),
             at("7:5") + shown + selected(ScheduleType::OnceAMonth) +
-                Picture{{"onMonthTextField.stringValue", '"' + text + '"'},
-                        {"onMonthTextBox.hidden", "no"},
-                        {"agentScheduleDatePicker.width", "90"}},
+                Snapshot{{"onMonthTextField.stringValue", '"' + text + '"'},
+                         {"onMonthTextBox.hidden", "no"},
+                         {"agentScheduleDatePicker.width", "90"}},
             lines};
 }
 
 std::vector<ReaderRow> weekdays() {
-    const Picture nothing; // the selection stays as it was
+    const Snapshot nothing; // the selection stays as it was
     return {weekly("sunday", 0, selected(ScheduleType::EverySunday)),
             weekly("monday", 1, selected(ScheduleType::EveryMonday)),
             weekly("tuesday", 2, selected(ScheduleType::EveryTuesday)),
@@ -147,7 +147,7 @@ std::vector<ReaderRow> monthDays() {
             monthly("day_fraction", 2.5, "2.5"),
             {"day_and_weekday", calendar(Dictionary{{"Hour", 7}, {"Weekday", 2}, {"Day", 9}}),
              monthly("", 9, "9").sets +
-                 Picture{{"agentScheduleDatePicker.dateValue", "2000-1-1 7:0:0"}},
+                 Snapshot{{"agentScheduleDatePicker.dateValue", "2000-1-1 7:0:0"}},
              hourAndMinute("7", "(null)") + specificDay + Lines{"log: Agent runs once a month 9"}}};
 }
 INSTANTIATE_TEST_SUITE_P(MonthDay, ScheduleKeys, testing::ValuesIn(monthDays()), NamedAfterRow());
@@ -213,18 +213,18 @@ INSTANTIATE_TEST_SUITE_P(Interval, ScheduleKeys, testing::ValuesIn(intervals()),
 
 // Neither
 
-Picture watched(const std::string& path) {
+Snapshot watched(const std::string& path) {
     return wide(ScheduleType::NoSelection) + at("0:0") +
-           Picture{{"agentScheduleTypeButton.enabled", "no"},
-                   {"agentActionButton.selectedItem", "4"},
-                   {"agentWatchPathImageWell.toolTip", '"' + path + '"'},
-                   {"agentWatchPathImageWell.image", "icon of " + path},
-                   {"agentWatchPathImageWell.hidden", "no"}};
+           Snapshot{{"agentScheduleTypeButton.enabled", "no"},
+                    {"agentActionButton.selectedItem", "4"},
+                    {"agentWatchPathImageWell.toolTip", '"' + path + '"'},
+                    {"agentWatchPathImageWell.image", "icon of " + path},
+                    {"agentWatchPathImageWell.hidden", "no"}};
 }
 
-const Picture mounted =
+const Snapshot mounted =
     wide(ScheduleType::NoSelection) + at("0:0") +
-    Picture{{"agentScheduleTypeButton.enabled", "no"}, {"agentActionButton.selectedItem", "5"}};
+    Snapshot{{"agentScheduleTypeButton.enabled", "no"}, {"agentActionButton.selectedItem", "5"}};
 
 Lines watchLines(const std::string& path) {
     return onDemand + Lines{"log: Agent contains a WatchPath key: " + path};
@@ -236,15 +236,15 @@ Lines mountLines(const std::string& value) {
 
 std::vector<ReaderRow> triggers() {
     const Value paths = Array{Value("/a"), Value("/b")};
-    const Picture alsoWatched = {{"alsoRunPathChangeCheckbox.state", "1"},
-                                 {"alsoRunPathChangeImageWell.toolTip", "\"/b\""},
-                                 {"alsoRunPathChangeImageWell.image", "icon of /b"},
-                                 {"alsoRunPathChangeImageWell.hidden", "no"},
-                                 {"advancedDrawer.open", "yes"}};
-    const Picture alsoMounted = {{"alsoRunVolumeCheckbox.state", "1"},
-                                 {"advancedDrawer.open", "yes"}};
-    const Picture keptAlive = {{"allowSuccessfulExitCheckbox.enabled", "yes"},
-                               {"allowSuccessfulExitCheckbox.state", "0"}};
+    const Snapshot alsoWatched = {{"alsoRunPathChangeCheckbox.state", "1"},
+                                  {"alsoRunPathChangeImageWell.toolTip", "\"/b\""},
+                                  {"alsoRunPathChangeImageWell.image", "icon of /b"},
+                                  {"alsoRunPathChangeImageWell.hidden", "no"},
+                                  {"advancedDrawer.open", "yes"}};
+    const Snapshot alsoMounted = {{"alsoRunVolumeCheckbox.state", "1"},
+                                  {"advancedDrawer.open", "yes"}};
+    const Snapshot keptAlive = {{"allowSuccessfulExitCheckbox.enabled", "yes"},
+                                {"allowSuccessfulExitCheckbox.state", "0"}};
     const Lines kept = {
         "log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines noCalendar = hourAndMinute("(null)", "(null)");
@@ -287,17 +287,17 @@ std::vector<ReaderRow> triggers() {
             {"watching_a_number",
              {{"WatchPaths", Array{Value(5)}}},
              at("0:0") + interval("") +
-                 Picture{{"agentActionButton.selectedItem", "4"},
-                         {"agentScheduleTypeButton.enabled", "no"}},
+                 Snapshot{{"agentActionButton.selectedItem", "4"},
+                          {"agentScheduleTypeButton.enabled", "no"}},
              watchLines("5") + asInterval}};
 }
 INSTANTIATE_TEST_SUITE_P(Trigger, ScheduleKeys, testing::ValuesIn(triggers()), NamedAfterRow());
 
 /// Run at load is read first, and whatever schedule there is takes its place.
 std::vector<ReaderRow> afterRunAtLoad() {
-    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"},
-                          {"alsoRunAtLoadCheckbox.enabled", "yes"},
-                          {"advancedDrawer.open", "yes"}};
+    const Snapshot also = {{"alsoRunAtLoadCheckbox.state", "1"},
+                           {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                           {"advancedDrawer.open", "yes"}};
     auto weekday = weekly("weekly", 3, selected(ScheduleType::EveryWednesday));
     auto monthDay = monthly("monthly", 3, "3");
     ReaderRow seconds{"interval", {{"StartInterval", 60}}, interval("60"), asInterval};

@@ -91,7 +91,7 @@ TEST(AgentReader, HasNoNameWithoutALabel) {
             EXPECT_EQ(failure.reason(), "The agent has no label");
         }
         EXPECT_THAT(editor.journal, testing::IsEmpty());
-        EXPECT_THAT(differences(picture(start.form), picture(editor.form())), testing::IsEmpty());
+        EXPECT_THAT(differences(snapshot(start.form), snapshot(editor.form())), testing::IsEmpty());
     }
 }
 
@@ -109,12 +109,12 @@ TEST_P(PrimaryKeys, ReadAs) {
 
 Dictionary arguments(Value value) { return {{"ProgramArguments", std::move(value)}}; }
 
-Picture file(const std::string& path) {
+Snapshot file(const std::string& path) {
     return {{"agentTargetButton.selectedItem", "2"},
             {"agentTargetImageWell.toolTip", '"' + path + '"'}};
 }
 
-Picture script(const std::string& text) {
+Snapshot script(const std::string& text) {
     return {{"agentTargetButton.selectedItem", "3"},
             {"scriptPopOverScriptField.stringValue", '"' + text + '"'},
             {"showPopOverScriptButton.hidden", "no"},
@@ -125,7 +125,7 @@ Picture script(const std::string& text) {
 const Lines unreadableTarget = {
     "log: ProgramArguments key could not be read or key contained unexpected content.", keysAlert,
     "reset"};
-const Picture noTarget = {{"agentNameTextField.stringValue", "\"\""}};
+const Snapshot noTarget = {{"agentNameTextField.stringValue", "\"\""}};
 
 std::vector<ReaderRow> targets() {
     const Value sh("/bin/sh");
@@ -166,13 +166,13 @@ INSTANTIATE_TEST_SUITE_P(Target, PrimaryKeys, testing::ValuesIn(targets()), Name
 Dictionary keepAlive(Value value) { return {{"KeepAlive", std::move(value)}}; }
 
 std::vector<ReaderRow> actions() {
-    const Picture kept = {{"agentActionButton.selectedItem", "3"},
-                          {"allowSuccessfulExitCheckbox.enabled", "yes"}};
-    const Picture running = kept + Picture{{"allowSuccessfulExitCheckbox.state", "0"}};
-    const Picture odd = {{"agentActionButton.selectedItem", "3"},
-                         {"allowSuccessfulExitCheckbox.enabled", "no"}};
-    const Picture allowed =
-        kept + Picture{{"allowSuccessfulExitCheckbox.state", "1"}, {"advancedDrawer.open", "yes"}};
+    const Snapshot kept = {{"agentActionButton.selectedItem", "3"},
+                           {"allowSuccessfulExitCheckbox.enabled", "yes"}};
+    const Snapshot running = kept + Snapshot{{"allowSuccessfulExitCheckbox.state", "0"}};
+    const Snapshot odd = {{"agentActionButton.selectedItem", "3"},
+                          {"allowSuccessfulExitCheckbox.enabled", "no"}};
+    const Snapshot allowed =
+        kept + Snapshot{{"allowSuccessfulExitCheckbox.state", "1"}, {"advancedDrawer.open", "yes"}};
     const auto exit = [](Value value) {
         return keepAlive(Dictionary{{"AfterInitialDemand", true}, {"SuccessfulExit", value}});
     };
@@ -221,11 +221,11 @@ TEST(AgentReader, LeavesTheStepOfTheActionWhenAConditionHasNoTruth) {
 /// Beside a daily schedule, which takes the selection of run at load away again.
 std::vector<ReaderRow> runAtLoad() {
     const auto key = [](Value value) { return Dictionary{{"RunAtLoad", std::move(value)}}; };
-    const Picture also = {{"alsoRunAtLoadCheckbox.state", "1"},
-                          {"alsoRunAtLoadCheckbox.enabled", "yes"},
-                          {"advancedDrawer.open", "yes"}};
-    const Picture off = {{"alsoRunAtLoadCheckbox.state", "0"},
-                         {"alsoRunAtLoadCheckbox.enabled", "no"}};
+    const Snapshot also = {{"alsoRunAtLoadCheckbox.state", "1"},
+                           {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                           {"advancedDrawer.open", "yes"}};
+    const Snapshot off = {{"alsoRunAtLoadCheckbox.state", "0"},
+                          {"alsoRunAtLoadCheckbox.enabled", "no"}};
     return {{"run_at_load_true", key(true), also, {}, {"drawer"}},
             {"run_at_load_number", key(2), also, {}, {"drawer"}},
             {"run_at_load_text", key("TRUE"), also, {}, {"drawer"}},

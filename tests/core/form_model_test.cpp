@@ -1,6 +1,6 @@
 #include "core/form_model.h"
 
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>
@@ -44,7 +44,7 @@ class RecordField : public testing::TestWithParam<FieldRow> {};
 
 TEST_P(RecordField, isReadFromItsControlAlone) {
     for (const bool flag : {false, true}) {
-        auto model = test::dirtyForm(flag);
+        auto model = test::nonDefaultForm(flag);
         model.enableGlobbingCheckbox.state = CheckState::Off;
         auto expected = agentForm(model);
         GetParam().changeControl(model);
@@ -54,7 +54,7 @@ TEST_P(RecordField, isReadFromItsControlAlone) {
 }
 
 TEST_P(RecordField, followsItsControl) {
-    auto model = test::dirtyForm(false);
+    auto model = test::nonDefaultForm(false);
     model.enableGlobbingCheckbox.state = CheckState::Off;
     const auto before = agentForm(model);
     GetParam().changeControl(model);

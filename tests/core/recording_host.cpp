@@ -22,13 +22,13 @@ FormModel newAgentForm() {
 
 std::vector<StartForm> startForms() {
     return {{"from a new agent", newAgentForm()},
-            {"from other values, flags not set", dirtyForm(false)},
-            {"from other values, flags set", dirtyForm(true)}};
+            {"from other values, flags not set", nonDefaultForm(false)},
+            {"from other values, flags set", nonDefaultForm(true)}};
 }
 
 Value daily() { return Dictionary{{"Hour", 7}, {"Minute", 5}}; }
 
-Picture dailyPicture() {
+Snapshot dailyPicture() {
     return {{"agentIntervalField.hidden", "yes"},
             {"agentScheduleDatePicker.dateValue", "2000-1-1 7:5:0"},
             {"agentScheduleDatePicker.hidden", "no"},
@@ -48,7 +48,7 @@ Lines operator+(Lines lines, const Lines& more) {
     return lines;
 }
 
-Picture operator+(Picture picture, const Picture& more) {
+Snapshot operator+(Snapshot picture, const Snapshot& more) {
     for (const auto& [name, value] : more)
         picture[name] = value;
     return picture;
@@ -60,10 +60,11 @@ void expectReads(const ReaderRow& row) {
         {"ProgramArguments", Array{Value("/bin/sh"), Value("/Users/maya/backup.sh")}}};
     for (const auto& [key, value] : row.keys)
         file.insert_or_assign(key, value);
-    Picture sets = {{"agentNameTextField.stringValue", "\"Backup\""},
-                    {"agentActionButton.selectedItem", "2"},
-                    // Every reading sets the time or hides its field, and so ends an old complaint.
-                    {"agentScheduleDatePicker.unreadableText", "none"}};
+    Snapshot sets = {
+        {"agentNameTextField.stringValue", "\"Backup\""},
+        {"agentActionButton.selectedItem", "2"},
+        // Every reading sets the time or hides its field, and so ends an old complaint.
+        {"agentScheduleDatePicker.unreadableText", "none"}};
     Lines effects;
     if (!row.keys.contains("ProgramArguments")) {
         sets["agentTargetButton.selectedItem"] = "2";
@@ -79,8 +80,8 @@ void expectReads(const ReaderRow& row) {
         SCOPED_TRACE(start.name);
         RecordingHost editor(start.form);
         AgentReader(editor).read(file);
-        const auto expected = with(picture(resets ? newAgentForm() : start.form), sets + row.sets);
-        EXPECT_THAT(differences(expected, picture(editor.form())), testing::IsEmpty());
+        const auto expected = with(snapshot(resets ? newAgentForm() : start.form), sets + row.sets);
+        EXPECT_THAT(differences(expected, snapshot(editor.form())), testing::IsEmpty());
         EXPECT_EQ(editor.journal, effects);
     }
 }

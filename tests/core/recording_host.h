@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/agent_reader.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 
 #include <string>
 #include <vector>
@@ -56,7 +56,7 @@ class RecordingHost : public AgentReaderHost {
 struct ReaderRow {
     const char* name;
     Dictionary keys; ///< beside a label and a target, or in their place
-    Picture sets;    ///< every property that is set, beside those of a label and no keep-alive, and
+    Snapshot sets;   ///< every property that is set, beside those of a label and no keep-alive, and
                      ///< of the target where it is the usual one
     Lines primary = {};  ///< effects before the advanced keys, after the target's
     Lines advanced = {}; ///< effects of the advanced keys
@@ -64,10 +64,10 @@ struct ReaderRow {
 
 /// The calendar of an agent that runs each day at 07:05, and what it reads as.
 Value daily();
-Picture dailyPicture();
+Snapshot dailyPicture();
 Lines dailyLines();
 Lines operator+(Lines lines, const Lines& more);
-Picture operator+(Picture picture, const Picture& more);
+Snapshot operator+(Snapshot picture, const Snapshot& more);
 
 inline constexpr const char* keysAlert = "alert: This launch agent could not be read. | An error "
                                          "occurred while reading some key values.";

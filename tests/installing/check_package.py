@@ -5,7 +5,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from soundness import faults_below, lintian_faults
+from validators import faults_below, lintian_faults
 
 
 def faults(package, optimised):

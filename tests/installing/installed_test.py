@@ -10,7 +10,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from soundness import ID, desktop_entry_faults, faults_below, manual_faults, metainfo_faults
+from validators import ID, desktop_entry_faults, faults_below, manual_faults, metainfo_faults
 
 PREFIX, VERSION = Path(sys.argv[1]), sys.argv[2]
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)

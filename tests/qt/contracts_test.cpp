@@ -33,13 +33,13 @@ const Dictionary agent = {{"Label", "com.frimbolate.Backup"},
 
 // The worlds that the cases run in. Each has a folder, in which the test puts things.
 
-class RealWorld {
+class RealBackend {
   public:
     std::string path(const std::string& name) const { return folder_ / name; }
     std::string folder() const { return folder_.path(); }
     void putFolder(const std::string& name) { std::filesystem::create_directory(path(name)); }
     void removeFolder(const std::string& name) { std::filesystem::remove_all(path(name)); }
-    void putRubbish(const std::string& name) { writeBytes(path(name), "rubbish"); }
+    void putGarbage(const std::string& name) { writeBytes(path(name), "rubbish"); }
     void forbidWriting(const std::string& path) { TemporaryFolder::forbidWriting(path); }
     template <typename Call>
     bool onFullDisk(Call call) {
@@ -63,15 +63,15 @@ class RealWorld {
     QtPasteboard pasteboard_;
 };
 
-class ScriptedWorld {
+class FakeBackend {
   public:
-    ScriptedWorld() { platform_.files.folders.insert(folder()); }
+    FakeBackend() { platform_.files.folders.insert(folder()); }
 
     std::string path(const std::string& name) const { return folder() + "/" + name; }
     std::string folder() const { return "/Users/maya"; }
     void putFolder(const std::string& name) { platform_.files.folders.insert(path(name)); }
     void removeFolder(const std::string&) { platform_.folderAccess.resolutionFails = true; }
-    void putRubbish(const std::string& name) { platform_.files.contents[path(name)] = {}; }
+    void putGarbage(const std::string& name) { platform_.files.contents[path(name)] = {}; }
     void forbidWriting(const std::string& path) { platform_.files.readOnly.insert(path); }
     template <typename Call>
     bool onFullDisk(Call call) {
@@ -116,7 +116,7 @@ class PasteboardContract : public testing::Test {
     Pasteboard& pasteboard = world.pasteboard();
 };
 
-using Worlds = testing::Types<RealWorld, ScriptedWorld>;
+using Worlds = testing::Types<RealBackend, FakeBackend>;
 TYPED_TEST_SUITE(FilesContract, Worlds);
 TYPED_TEST_SUITE(DefaultsContract, Worlds);
 TYPED_TEST_SUITE(FolderAccessContract, Worlds);
@@ -144,7 +144,7 @@ TYPED_TEST(FilesContract, readsWhatWasWritten) {
 
 TYPED_TEST(FilesContract, writesOverAnotherFile) {
     const auto path = this->world.path("a.plist");
-    this->world.putRubbish("a.plist");
+    this->world.putGarbage("a.plist");
     EXPECT_TRUE(this->files.exists(path));
     EXPECT_EQ(this->files.readDictionary(path), std::nullopt);
     EXPECT_TRUE(this->files.writeDictionary(path, agent));

@@ -1,6 +1,6 @@
-// Nothing on any face of the window is cut off; and what is cut off is found.
+// Nothing on any state of the window is cut off; and what is cut off is found.
 #include "tests/style/cut_off.h"
-#include "tests/style/stage.h"
+#include "tests/style/window_fixture.h"
 #include "widgets/controls/time_field.h"
 #include "widgets/controls/wrapped_text.h"
 
@@ -15,34 +15,34 @@
 
 namespace frimbolate::test {
 
-void PrintTo(const Face& face, std::ostream* out) { *out << face.name; }
+void PrintTo(const UiState& state, std::ostream* out) { *out << state.name; }
 
 namespace {
 
-class FaceTest : public testing::TestWithParam<Face> {};
+class FaceTest : public testing::TestWithParam<UiState> {};
 
 TEST_P(FaceTest, ShowsEverythingWhole) {
-    Stage stage;
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&stage.window));
-    GetParam().bringAbout(stage);
-    stage.window.mirror();
+    WindowFixture fixture;
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&fixture.window));
+    GetParam().setUp(fixture);
+    fixture.window.mirror();
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
-    EXPECT_EQ(cutOff(stage.window).join("\n").toStdString(), "");
+    EXPECT_EQ(cutOff(fixture.window).join("\n").toStdString(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Look, FaceTest, testing::ValuesIn(faces().begin(), faces().end()),
-                         [](const auto& face) { return std::string(face.param.name); });
+INSTANTIATE_TEST_SUITE_P(Look, FaceTest, testing::ValuesIn(uiStates().begin(), uiStates().end()),
+                         [](const auto& state) { return std::string(state.param.name); });
 
 TEST(TimesOfDay, FitWhereTheyStand) {
-    Stage stage;
-    auto* time = stage.find<TimeField>("agentScheduleDatePicker");
+    WindowFixture fixture;
+    auto* time = fixture.find<TimeField>("agentScheduleDatePicker");
     for (const char* schedule : {"Every Day", "Once a Month"}) {
-        stage.schedule(schedule);
+        fixture.schedule(schedule);
         for (int minutes = 0; minutes < 24 * 60; ++minutes) {
-            stage.form().agentScheduleDatePicker.dateValue.hour = minutes / 60;
-            stage.form().agentScheduleDatePicker.dateValue.minute = minutes % 60;
-            stage.window.mirror();
+            fixture.form().agentScheduleDatePicker.dateValue.hour = minutes / 60;
+            fixture.form().agentScheduleDatePicker.dateValue.minute = minutes % 60;
+            fixture.window.mirror();
             QCoreApplication::sendPostedEvents();
             EXPECT_EQ(cutOff(*time).join("\n").toStdString(), "") << minutes << schedule;
         }

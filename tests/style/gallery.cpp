@@ -1,5 +1,5 @@
-// Keeps a picture of every face of the window, as it stands on the screen.
-#include "tests/style/stage.h"
+// Keeps a picture of every state of the window, as it stands on the screen.
+#include "tests/style/window_fixture.h"
 #include "tests/widgets/chosen_font.h"
 #include "widgets/style/install.h"
 
@@ -22,24 +22,24 @@ int main(int argc, char** argv) {
     wearChosenFont();
     frimbolate::style::install(application);
     if (argc < 2 || !QDir().mkpath(argv[1])) {
-        std::cerr << "Usage: style_gallery <folder> [<face> ...]\n";
+        std::cerr << "Usage: style_gallery <folder> [<state> ...]\n";
         return 1;
     }
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // hovers nowhere
     const QStringList wanted = QApplication::arguments().mid(2);
-    for (const Face& face : faces()) {
-        if (!wanted.isEmpty() && !wanted.contains(face.name))
+    for (const UiState& state : uiStates()) {
+        if (!wanted.isEmpty() && !wanted.contains(state.name))
             continue;
-        Stage stage;
-        stage.window.move(40, 40);
-        if (!QTest::qWaitForWindowActive(&stage.window))
-            std::cerr << face.name << ": the window did not become active\n";
-        face.bringAbout(stage);
-        stage.window.mirror();
+        WindowFixture fixture;
+        fixture.window.move(40, 40);
+        if (!QTest::qWaitForWindowActive(&fixture.window))
+            std::cerr << state.name << ": the window did not become active\n";
+        state.setUp(fixture);
+        fixture.window.mirror();
         // For eyes only: whatever slides, fades or loads has come to rest by then.
         QTest::qWait(400);
         const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(0);
-        picture.save(QDir(argv[1]).filePath(QString(face.name) + ".png"));
+        picture.save(QDir(argv[1]).filePath(QString(state.name) + ".png"));
     }
     return 0;
 }

@@ -1,7 +1,7 @@
 // The controller over the scripted desktop, as every scenario starts from it.
 #pragma once
 
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
 
@@ -28,8 +28,8 @@ class EditorTest : public testing::Test {
         platform.defaults.contents = preferences;
         platform.journal.clear();
         return {{"from a new agent", fresh.form()},
-                {"from other values, flags not set", dirtyForm(false)},
-                {"from other values, flags set", dirtyForm(true)}};
+                {"from other values, flags not set", nonDefaultForm(false)},
+                {"from other values, flags set", nonDefaultForm(true)}};
     }
 
     std::vector<std::string> log() const { return platform.journal.texts("log"); }

@@ -1,14 +1,14 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 
 namespace frimbolate {
 
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
-using test::picture;
+using test::nonDefaultForm;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -30,24 +30,24 @@ class DrawerTest : public EditorTest {
 };
 
 TEST_F(DrawerTest, opensOnTheRightAndCanThenBeClosed) {
-    form = dirtyForm(false);
+    form = nonDefaultForm(false);
     form.advancedToolbarItem.action = Action::openAdvancedDrawer;
     const auto expected =
-        with(picture(form), {{"advancedDrawer.open", "yes"},
-                             {"advancedDrawer.edge", "2"},
-                             {"advancedToolbarItem.action", "closeAdvancedDrawer"}});
+        with(snapshot(form), {{"advancedDrawer.open", "yes"},
+                              {"advancedDrawer.edge", "2"},
+                              {"advancedToolbarItem.action", "closeAdvancedDrawer"}});
     editor.openAdvancedDrawer();
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
 
 TEST_F(DrawerTest, closesAndCanThenBeOpened) {
-    form = dirtyForm(true);
+    form = nonDefaultForm(true);
     const auto expected =
-        with(picture(form),
+        with(snapshot(form),
              {{"advancedDrawer.open", "no"}, {"advancedToolbarItem.action", "openAdvancedDrawer"}});
     editor.closeAdvancedDrawer();
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
 
@@ -165,10 +165,10 @@ TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
         SCOPED_TRACE(start.name);
         form = start.form;
         const auto expected =
-            with(picture(form), {{"advancedToolbarItem.action", "closeAdvancedDrawer"},
-                                 {"mainWindowToolbar.sizeMode", "1"}});
+            with(snapshot(form), {{"advancedToolbarItem.action", "closeAdvancedDrawer"},
+                                  {"mainWindowToolbar.sizeMode", "1"}});
         editor.advancedDrawerWillOpen();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
 }
 
@@ -177,9 +177,9 @@ TEST_F(DrawerTest, theClosingHandlerSetsTheItemAlone) {
         SCOPED_TRACE(start.name);
         form = start.form;
         const auto expected =
-            with(picture(form), {{"advancedToolbarItem.action", "openAdvancedDrawer"}});
+            with(snapshot(form), {{"advancedToolbarItem.action", "openAdvancedDrawer"}});
         editor.advancedDrawerDidClose();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
 }
 

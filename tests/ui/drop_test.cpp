@@ -1,6 +1,6 @@
 // What is dropped on a well does exactly what choosing it in the well's panel does.
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <functional>
@@ -10,11 +10,11 @@ namespace frimbolate {
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::Picture;
-using test::picture;
+using test::nonDefaultForm;
+using test::Snapshot;
+using test::snapshot;
 using testing::IsEmpty;
 
 using Act = std::function<void(AppDelegate&)>;
@@ -38,7 +38,7 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
 
     /// The form and the journal after each step.
     struct Story {
-        std::vector<Picture> pictures;
+        std::vector<Snapshot> pictures;
         std::vector<std::string> lines;
     };
     Story live(const FormModel& start, const std::function<void()>& act) {
@@ -46,10 +46,10 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
         form = start;
         form.allowSuccessfulExitCheckbox.state = CheckState::On;
         act();
-        Story story{{picture(form)}, {}};
+        Story story{{snapshot(form)}, {}};
         for (int i = 0; i < GetParam().alerts; ++i) {
             platform.press("Ok");
-            story.pictures.push_back(picture(form));
+            story.pictures.push_back(snapshot(form));
         }
         for (const std::string& line : platform.journal.lines())
             if (!line.starts_with("open panel: "))
@@ -133,20 +133,20 @@ using DropRefusal = EditorTest;
 TEST_F(DropRefusal, aWatchPathNeedsTheActionThatWatchesOne) {
     for (const int action : {AgentAction::None, AgentAction::OnSchedule, AgentAction::KeepRunning,
                              AgentAction::VolumeMounted}) {
-        form = dirtyForm(true);
+        form = nonDefaultForm(true);
         form.agentActionButton.selectedItem = action;
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         editor.watchPathDropped("/Users/maya/Pictures");
-        EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     }
 }
 
 TEST_F(DropRefusal, anAdditionalPathNeedsItsBox) {
-    form = dirtyForm(true);
+    form = nonDefaultForm(true);
     form.alsoRunPathChangeCheckbox.state = CheckState::Off;
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     editor.additionalWatchPathDropped("/Users/maya/Pictures");
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
 }
 
 TEST_F(DropRefusal, aDroppedScriptClosesTheTypedOne) {

@@ -1,7 +1,7 @@
 // Opening an existing agent, from the toolbar to the filled form.
 #include "tests/support/agent_key_table.h"
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 namespace frimbolate::test {
@@ -22,7 +22,7 @@ class Editing : public EditorTest {
   protected:
     Editing() {
         editor.createNewAgent();
-        newAgent = picture(form);
+        newAgent = snapshot(form);
         platform.journal.clear();
     }
 
@@ -35,7 +35,7 @@ class Editing : public EditorTest {
         platform.choose(path);
     }
 
-    Picture newAgent;
+    Snapshot newAgent;
 };
 
 // Unsaved work
@@ -59,20 +59,20 @@ TEST_F(Editing, StartsAnewAfterDiscarding) {
     form.rootDirectoryField.stringValue = "/root";
     editor.editLaunchAgent();
     platform.press("Continue");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.shownAlert().messageText, "Important message:");
     platform.abandonQuestions();
 }
 
 TEST_F(Editing, KeepsEverythingWhenDiscardingIsCancelled) {
     form.agentNameTextField.stringValue = "Backup";
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     editor.editLaunchAgent();
     platform.journal.clear();
     platform.press("Cancel");
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
     EXPECT_FALSE(platform.isAsking());
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
 }
 
 TEST_F(Editing, CountsABlankAsAName) {
@@ -178,7 +178,7 @@ TEST_F(Editing, ResetsTheFormBeforeThePanel) {
     form.rootDirectoryField.stringValue = "/root";
     form.advancedDrawer.open = true;
     editor.continueEditingAgent();
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     const auto panel = platform.shownOpenPanel();
     EXPECT_TRUE(panel.canChooseFiles);
     EXPECT_FALSE(panel.canChooseDirectories);
@@ -197,7 +197,7 @@ TEST_F(Editing, ResetsAgainAfterACancelledPanelAndLeavesAccessBegun) {
     editor.continueEditingAgent();
     form.agentNameTextField.stringValue = "meanwhile";
     platform.cancelPanel();
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.folderAccess.begun, 1);
     EXPECT_EQ(platform.journal.count("end"), 0U);
 }
@@ -307,7 +307,7 @@ TEST_P(UnreadableAgent, CostsAnAlertAndAReset) {
     EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
     form.agentNameTextField.stringValue = "typed meanwhile";
     platform.press("Ok");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
@@ -321,7 +321,7 @@ TEST_F(Editing, AsksToUpgradeAlsoWhatCannotBeRead) {
     EXPECT_EQ(platform.folderAccess.begun, 0);
     platform.press("Cancel");
     platform.press("Ok");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
 }
 
 TEST_F(Editing, KeepsThePrimaryKeysUntilTheAdvancedAlertIsClosed) {
@@ -335,7 +335,7 @@ TEST_F(Editing, KeepsThePrimaryKeysUntilTheAdvancedAlertIsClosed) {
     EXPECT_THAT(platform.shownAlert().buttons, ElementsAre("Ok"));
     EXPECT_EQ(platform.folderAccess.begun, 0);
     platform.press("Ok");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
 }
 
 TEST_F(Editing, ResetsAtOnceAndOnClosingWhenTheTargetIsUnreadable) {
@@ -348,7 +348,7 @@ TEST_F(Editing, ResetsAtOnceAndOnClosingWhenTheTargetIsUnreadable) {
     EXPECT_EQ(platform.shownAlert().informativeText,
               "An error occurred while reading some key values.");
     platform.press("Ok");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
 }
 
 // Values of every type
@@ -371,7 +371,7 @@ TEST_P(EditingEveryType, CostsAnAlertAtMost) {
         EXPECT_EQ(platform.folderAccess.begun, 0);
         if (!alerts.empty()) {
             platform.press("Ok");
-            EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+            EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
         }
         editor.createNewAgent();
         form.popoverScriptObject.shown = false; // which a reset leaves as it is

@@ -9,8 +9,8 @@ namespace {
 using test::differences;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::Picture;
-using test::picture;
+using test::Snapshot;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 class FormReset : public EditorTest {
   protected:
-    static Picture newAgent() {
+    static Snapshot newAgent() {
         return {{"advancedDrawer.open", "no"},
                 {"advancedToolbarItem.action", "openAdvancedDrawer"},
                 {"nameErrorImageWell.hidden", "yes"},
@@ -85,9 +85,9 @@ TEST_F(FormReset, setsNoMoreAndNoLess) {
         form = start.form;
         auto allowed = form;
         allowed.agentScheduleTypeButton.disabledItems.erase(ScheduleType::OnInterval);
-        const auto expected = with(picture(allowed), newAgent());
+        const auto expected = with(snapshot(allowed), newAgent());
         editor.createNewAgent();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
 }
 
@@ -157,9 +157,9 @@ TEST_P(NiceLevel, isMirroredAsText) {
         form = start.form;
         form.niceLevelSlider.value = GetParam().value;
         const auto expected =
-            with(picture(form), {{"niceLevelTextField.stringValue", '"' + GetParam().text + '"'}});
+            with(snapshot(form), {{"niceLevelTextField.stringValue", '"' + GetParam().text + '"'}});
         editor.niceLevelSliderValueChanged();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
 }
 

@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <optional>
@@ -11,8 +11,8 @@ namespace {
 using test::differences;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::Picture;
-using test::picture;
+using test::Snapshot;
+using test::snapshot;
 using test::with;
 using testing::IsEmpty;
 
@@ -20,24 +20,24 @@ using testing::IsEmpty;
 struct RuleRow {
     std::string_view name;
     int selectedItem;
-    Picture sets;
+    Snapshot sets;
     std::optional<bool> offersInterval = {}; ///< whether the item "On Interval" can be chosen
 };
 
-Picture joined(Picture one, const Picture& other) {
+Snapshot joined(Snapshot one, const Snapshot& other) {
     one.insert(other.begin(), other.end());
     return one;
 }
 
 /// The items of the schedule that cannot be chosen: those of the form, with "On Interval" or not.
-Picture disabledItems(FormModel form, bool offersInterval) {
+Snapshot disabledItems(FormModel form, bool offersInterval) {
     auto& items = form.agentScheduleTypeButton.disabledItems;
     if (offersInterval)
         items.erase(ScheduleType::OnInterval);
     else
         items.insert(ScheduleType::OnInterval);
     constexpr auto name = "agentScheduleTypeButton.disabledItems";
-    return {{name, picture(form).at(name)}};
+    return {{name, snapshot(form).at(name)}};
 }
 
 class RuleTest : public EditorTest, public testing::WithParamInterface<RuleRow> {
@@ -48,18 +48,18 @@ class RuleTest : public EditorTest, public testing::WithParamInterface<RuleRow> 
             SCOPED_TRACE(start.name);
             form = start.form;
             (form.*chosen).selectedItem = GetParam().selectedItem;
-            auto expected = with(picture(form), GetParam().sets);
+            auto expected = with(snapshot(form), GetParam().sets);
             if (GetParam().offersInterval)
                 expected = with(expected, disabledItems(form, *GetParam().offersInterval));
             (editor.*action)();
-            EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+            EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         }
     }
 };
 
 // The action
 
-const Picture neutral = {
+const Snapshot neutral = {
     {"popoverScriptObject.shown", "no"},          {"alsoRunVolumeCheckbox.enabled", "yes"},
     {"alsoRunPathChangeCheckbox.enabled", "yes"}, {"agentIntervalTypeButton.selectedItem", "0"},
     {"agentIntervalTypeButton.hidden", "yes"},    {"agentIntervalField.stringValue", "\"\""},
@@ -68,27 +68,27 @@ const Picture neutral = {
     {"agentWatchPathImageWell.image", "none"},    {"agentWatchPathImageWell.toolTip", "\"\""},
     {"allowSuccessfulExitCheckbox.state", "0"},   {"allowSuccessfulExitCheckbox.enabled", "no"}};
 
-const Picture scheduled = joined({{"agentScheduleTypeButton.enabled", "yes"},
-                                  {"agentScheduleTypeButton.selectedItem", "0"},
-                                  {"agentScheduleTypeButton.width", "160"},
-                                  {"agentScheduleDatePicker.hidden", "no"}},
-                                 neutral);
+const Snapshot scheduled = joined({{"agentScheduleTypeButton.enabled", "yes"},
+                                   {"agentScheduleTypeButton.selectedItem", "0"},
+                                   {"agentScheduleTypeButton.width", "160"},
+                                   {"agentScheduleDatePicker.hidden", "no"}},
+                                  neutral);
 
-const Picture keptRunning = joined({{"allowSuccessfulExitCheckbox.enabled", "yes"}}, scheduled);
+const Snapshot keptRunning = joined({{"allowSuccessfulExitCheckbox.enabled", "yes"}}, scheduled);
 
-const Picture triggered = joined({{"agentScheduleTypeButton.enabled", "no"},
-                                  {"agentScheduleTypeButton.selectedItem", "-1"},
-                                  {"agentScheduleTypeButton.width", "311"},
-                                  {"agentScheduleDatePicker.hidden", "yes"},
-                                  {"agentScheduleDatePicker.unreadableText", "none"},
-                                  {"alsoRunAtLoadCheckbox.enabled", "yes"}},
-                                 neutral);
+const Snapshot triggered = joined({{"agentScheduleTypeButton.enabled", "no"},
+                                   {"agentScheduleTypeButton.selectedItem", "-1"},
+                                   {"agentScheduleTypeButton.width", "311"},
+                                   {"agentScheduleDatePicker.hidden", "yes"},
+                                   {"agentScheduleDatePicker.unreadableText", "none"},
+                                   {"alsoRunAtLoadCheckbox.enabled", "yes"}},
+                                  neutral);
 
-const Picture onMount = joined({{"alsoRunVolumeCheckbox.state", "0"},
-                                {"alsoRunVolumeCheckbox.enabled", "no"},
-                                {"agentWatchPathImageWell.image", "resource iconVolumes.png"},
-                                {"agentWatchPathImageWell.toolTip", "\"/Volumes\""}},
-                               triggered);
+const Snapshot onMount = joined({{"alsoRunVolumeCheckbox.state", "0"},
+                                 {"alsoRunVolumeCheckbox.enabled", "no"},
+                                 {"agentWatchPathImageWell.image", "resource iconVolumes.png"},
+                                 {"agentWatchPathImageWell.toolTip", "\"/Volumes\""}},
+                                triggered);
 
 const RuleRow actions[] = {
     {"NoSelection", -1, scheduled, true},       {"None", 0, scheduled, true},
@@ -108,31 +108,31 @@ INSTANTIATE_TEST_SUITE_P(Actions, ActionRule, testing::ValuesIn(actions), NamedA
 
 // The schedule
 
-const Picture anySchedule = {
+const Snapshot anySchedule = {
     {"popoverScriptObject.shown", "no"},       {"alsoRunAtLoadCheckbox.enabled", "yes"},
     {"onMonthTextBox.hidden", "yes"},          {"agentScheduleDatePicker.hidden", "no"},
     {"agentScheduleDatePicker.width", "146"},  {"agentIntervalField.hidden", "yes"},
     {"agentIntervalTypeButton.hidden", "yes"}, {"agentScheduleTypeButton.width", "160"}};
 
-const Picture onInterval = joined({{"agentScheduleDatePicker.hidden", "yes"},
-                                   {"agentScheduleDatePicker.unreadableText", "none"},
-                                   {"agentIntervalField.hidden", "no"},
-                                   {"agentIntervalField.stringValue", "\"\""},
-                                   {"agentIntervalTypeButton.hidden", "no"}},
-                                  anySchedule);
+const Snapshot onInterval = joined({{"agentScheduleDatePicker.hidden", "yes"},
+                                    {"agentScheduleDatePicker.unreadableText", "none"},
+                                    {"agentIntervalField.hidden", "no"},
+                                    {"agentIntervalField.stringValue", "\"\""},
+                                    {"agentIntervalTypeButton.hidden", "no"}},
+                                   anySchedule);
 
-const Picture atLoad = joined({{"agentScheduleDatePicker.hidden", "yes"},
-                               {"agentScheduleDatePicker.unreadableText", "none"},
-                               {"alsoRunAtLoadCheckbox.state", "0"},
-                               {"alsoRunAtLoadCheckbox.enabled", "no"},
-                               {"agentScheduleTypeButton.width", "311"}},
-                              anySchedule);
+const Snapshot atLoad = joined({{"agentScheduleDatePicker.hidden", "yes"},
+                                {"agentScheduleDatePicker.unreadableText", "none"},
+                                {"alsoRunAtLoadCheckbox.state", "0"},
+                                {"alsoRunAtLoadCheckbox.enabled", "no"},
+                                {"agentScheduleTypeButton.width", "311"}},
+                               anySchedule);
 
-const Picture onceAMonth = joined({{"onMonthTextBox.hidden", "no"},
-                                   {"onMonthTextField.stringValue", "\"\""},
-                                   {"alsoRunAtLoadCheckbox.state", "0"},
-                                   {"agentScheduleDatePicker.width", "90"}},
-                                  anySchedule);
+const Snapshot onceAMonth = joined({{"onMonthTextBox.hidden", "no"},
+                                    {"onMonthTextField.stringValue", "\"\""},
+                                    {"alsoRunAtLoadCheckbox.state", "0"},
+                                    {"agentScheduleDatePicker.width", "90"}},
+                                   anySchedule);
 
 const RuleRow schedules[] = {
     {"FarBelow", -100, anySchedule},     {"NoSelection", -1, anySchedule},

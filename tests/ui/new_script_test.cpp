@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 
 namespace frimbolate {
 
@@ -7,7 +7,7 @@ namespace {
 
 using test::differences;
 using test::EditorTest;
-using test::picture;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -18,12 +18,12 @@ TEST_F(NewScript, takesTheTargetAwayAndShowsThePopOver) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
-        const auto expected = with(picture(form), {{"agentTargetImageWell.image", "none"},
-                                                   {"agentTargetImageWell.toolTip", "\"\""},
-                                                   {"showPopOverScriptButton.hidden", "no"},
-                                                   {"popoverScriptObject.shown", "yes"}});
+        const auto expected = with(snapshot(form), {{"agentTargetImageWell.image", "none"},
+                                                    {"agentTargetImageWell.toolTip", "\"\""},
+                                                    {"showPopOverScriptButton.hidden", "no"},
+                                                    {"popoverScriptObject.shown", "yes"}});
         editor.createNewScript();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_THAT(platform.journal.lines(), IsEmpty());
     }
 }
@@ -47,9 +47,9 @@ TEST_F(NewScript, popOverIsAllThatShowingItChanges) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
-        const auto expected = with(picture(form), {{"popoverScriptObject.shown", "yes"}});
+        const auto expected = with(snapshot(form), {{"popoverScriptObject.shown", "yes"}});
         editor.showPopOverScript();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
 }
 

@@ -1,6 +1,6 @@
 // The paths of the drawer, chosen in a panel.
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 namespace frimbolate {
@@ -8,10 +8,10 @@ namespace frimbolate {
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::picture;
+using test::nonDefaultForm;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -38,22 +38,22 @@ TEST_P(PathChoice, asksForAFileOrFolder) {
 }
 
 TEST_P(PathChoice, setsThatFieldAlone) {
-    form = dirtyForm(true);
+    form = nonDefaultForm(true);
     const auto expected = with(
-        picture(form), {{std::string(GetParam().name) + ".stringValue", "\"/var/log/a b.log\""}});
+        snapshot(form), {{std::string(GetParam().name) + ".stringValue", "\"/var/log/a b.log\""}});
     editor.choosePath(GetParam().name);
     platform.choose("/var/log/a b.log");
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.journal.count("open panel"), 1u);
     EXPECT_EQ(platform.journal.lines().size(), 1u) << "nothing else happens";
 }
 
 TEST_P(PathChoice, changesNothingWhenCancelled) {
-    form = dirtyForm(true);
-    const auto before = picture(form);
+    form = nonDefaultForm(true);
+    const auto before = snapshot(form);
     editor.choosePath(GetParam().name);
     platform.cancelPanel();
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
 }
 
 const PathRow pathRows[] = {

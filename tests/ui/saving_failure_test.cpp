@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <functional>
@@ -12,8 +12,8 @@ namespace {
 using test::differences;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::picture;
 using test::ScriptedFiles;
+using test::snapshot;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -52,7 +52,7 @@ std::vector<std::string> savingLines(const std::string& path) {
 class SaveFails : public SaveFault {};
 
 TEST_P(SaveFails, andIsReported) {
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     const auto& path = GetParam().path;
     platform.saveAs(path, "x.plist");
 
@@ -76,7 +76,7 @@ TEST_P(SaveFails, andIsReported) {
     EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
     platform.press("Ok");
     EXPECT_EQ(platform.journal.lines(), expected) << "closing it does nothing";
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.files.contents, filesBefore);
     EXPECT_EQ(platform.pasteboard, "earlier content");
 }

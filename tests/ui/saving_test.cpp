@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 namespace frimbolate {
@@ -9,7 +9,7 @@ namespace {
 using test::differences;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::picture;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -75,16 +75,16 @@ TEST_F(SavingTest, aSoundFormGoesStraightToThePanel) {
 }
 
 TEST_F(SavingTest, aFaultyFormIsReportedAndMarked) {
-    form = test::dirtyForm(false);
+    form = test::nonDefaultForm(false);
     form.agentNameTextField.stringValue = "my agent";
     form.agentActionButton.selectedItem = 0;
     form.agentScheduleTypeButton.selectedItem = ScheduleType::OnInterval;
     form.agentIntervalField.stringValue = "9";
     form.agentIntervalTypeButton.selectedItem = 0;
-    const auto expected = with(picture(form), {{"nameErrorImageWell.hidden", "no"},
-                                               {"actionErrorImageWell.hidden", "no"},
-                                               {"targetErrorImageWell.hidden", "yes"},
-                                               {"scheduleErrorImageWell.hidden", "no"}});
+    const auto expected = with(snapshot(form), {{"nameErrorImageWell.hidden", "no"},
+                                                {"actionErrorImageWell.hidden", "no"},
+                                                {"targetErrorImageWell.hidden", "yes"},
+                                                {"scheduleErrorImageWell.hidden", "no"}});
     const std::string report = "\u2022 Name can only contain alphanumeric characters\n"
                                "\u2022 Condition for launch not selected\n"
                                "\u2022 Minimum launch on interval is 10 seconds\n";
@@ -96,20 +96,20 @@ TEST_F(SavingTest, aFaultyFormIsReportedAndMarked) {
     EXPECT_EQ(platform.shownAlert().informativeText, report);
     EXPECT_THAT(platform.shownAlert().buttons, ElementsAre("Ok"));
     platform.press("Ok");
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty()) << "the marks stay";
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty()) << "the marks stay";
     EXPECT_EQ(platform.journal.lines().size(), 2U);
 }
 
 TEST_F(SavingTest, theNextValidationTakesOldMarksAway) {
     form.targetErrorImageWell.hidden = form.nameErrorImageWell.hidden = false;
     form.scheduleErrorImageWell.hidden = form.actionErrorImageWell.hidden = false;
-    const auto expected = with(picture(form), {{"nameErrorImageWell.hidden", "yes"},
-                                               {"actionErrorImageWell.hidden", "yes"},
-                                               {"targetErrorImageWell.hidden", "yes"},
-                                               {"scheduleErrorImageWell.hidden", "yes"}});
+    const auto expected = with(snapshot(form), {{"nameErrorImageWell.hidden", "yes"},
+                                                {"actionErrorImageWell.hidden", "yes"},
+                                                {"targetErrorImageWell.hidden", "yes"},
+                                                {"scheduleErrorImageWell.hidden", "yes"}});
     editor.validateAgentConfig();
     platform.cancelPanel();
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
 }
 
 TEST_F(SavingTest, thePanelProposesNameAndFolder) {
@@ -137,9 +137,9 @@ TEST_F(SavingTest, withoutAGrantThePanelChoosesItsOwnFolder) {
 
 TEST_F(SavingTest, cancellingThePanelDoesNothing) {
     openPanel();
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     platform.cancelPanel();
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
     EXPECT_THAT(platform.files.contents, IsEmpty());
 }
@@ -149,8 +149,8 @@ TEST_F(SavingTest, cancellingThePanelDoesNothing) {
 TEST_F(SavingTest, everyStepIsTakenInItsOrder) {
     openPanel();
     auto expected =
-        with(picture(form), {{"actionScriptTextView.string", std::string("\"") + command + '"'},
-                             {"preferencesMenuItem.enabled", "no"}});
+        with(snapshot(form), {{"actionScriptTextView.string", std::string("\"") + command + '"'},
+                              {"preferencesMenuItem.enabled", "no"}});
     platform.saveAs(file);
     EXPECT_THAT(
         platform.journal.lines(),
@@ -158,7 +158,7 @@ TEST_F(SavingTest, everyStepIsTakenInItsOrder) {
                     "log: Agent label key: com.frimbolate.Backup", "log: Agent target type is 2",
                     "log: Creating agent arguments, last path component is: sh",
                     std::string("log: Path: ") + file, std::string("write: ") + file, created));
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty())
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty())
         << "the form is kept until the alert is answered";
     EXPECT_EQ(platform.pasteboard, "earlier content");
     EXPECT_EQ(platform.files.contents.at(file), backup());

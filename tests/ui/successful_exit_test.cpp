@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace {
 using test::differences;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::picture;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -42,7 +42,7 @@ class ExitRisk : public SuccessfulExitTest, public testing::WithParamInterface<R
 
 TEST_P(ExitRisk, isWarnedOf) {
     GetParam().change(form, platform.defaults.contents);
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     editor.validateSuccessfulExit();
 
     std::vector<std::string> expected;
@@ -51,7 +51,7 @@ TEST_P(ExitRisk, isWarnedOf) {
     if (GetParam().warns)
         expected.emplace_back(alertLine);
     EXPECT_EQ(platform.journal.lines(), expected);
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     platform.abandonQuestions();
 }
 
@@ -152,11 +152,11 @@ TEST_P(Dismissal, goesOnWithAnEmptyScriptAlone) {
     form.agentTargetButton.selectedItem = GetParam().targetType;
     form.scriptPopOverScriptField.stringValue = GetParam().scriptText;
     form.popoverScriptObject.shown = false;
-    auto expected = picture(form);
+    auto expected = snapshot(form);
     if (GetParam().reopens)
         expected = with(expected, {{"popoverScriptObject.shown", "yes"}});
     platform.press("Ok");
-    EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     EXPECT_THAT(platform.journal.lines(), ElementsAre(flushLine, alertLine));
 }
 

@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <functional>
@@ -9,11 +9,11 @@ namespace frimbolate {
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::Picture;
-using test::picture;
+using test::nonDefaultForm;
+using test::Snapshot;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -27,10 +27,10 @@ constexpr auto panelLine =
 constexpr auto corrupted = "This application may be corrupted or may not conform to the bundle "
                            "structure programming standards.";
 
-const Picture noTarget = {{"agentTargetImageWell.image", "none"},
-                          {"agentTargetImageWell.toolTip", "\"\""}};
+const Snapshot noTarget = {{"agentTargetImageWell.image", "none"},
+                           {"agentTargetImageWell.toolTip", "\"\""}};
 
-Picture targetIs(const std::string& image, const std::string& path) {
+Snapshot targetIs(const std::string& image, const std::string& path) {
     return {{"agentTargetImageWell.image", image},
             {"agentTargetImageWell.toolTip", '"' + path + '"'}};
 }
@@ -39,8 +39,8 @@ class TargetTest : public EditorTest {
   protected:
     TargetTest() { platform.defaults.contents["WarnForSuccessfulExit"] = "True"; }
 
-    void expectChange(const Picture& before, const Picture& changes) {
-        EXPECT_THAT(differences(with(before, changes), picture(form)), IsEmpty());
+    void expectChange(const Snapshot& before, const Snapshot& changes) {
+        EXPECT_THAT(differences(with(before, changes), snapshot(form)), IsEmpty());
     }
 
     /// Shows the panel, and leaves nothing of that in the journal.
@@ -72,11 +72,11 @@ TEST_P(TargetChoice, setsNoMoreAndNoLess) {
         SCOPED_TRACE(start.name);
         form = start.form;
         form.agentTargetButton.selectedItem = GetParam().selectedItem;
-        auto expected = with(picture(form), {{"popoverScriptObject.shown", "no"}});
+        auto expected = with(snapshot(form), {{"popoverScriptObject.shown", "no"}});
         if (GetParam().clears)
             expected = with(with(expected, noTarget), {{"showPopOverScriptButton.hidden", "yes"}});
         editor.chooseAgentTarget();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_THAT(platform.journal.lines(), IsEmpty());
     }
 }
@@ -94,7 +94,7 @@ TEST_F(TargetTest, thePanelOffersApplicationsAndScripts) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         editor.chooseApplicationOrScript();
         expectChange(before, {{"showPopOverScriptButton.hidden", "yes"}});
         const auto panel = platform.shownOpenPanel();
@@ -119,11 +119,11 @@ TEST_F(TargetTest, cancellingThePanelTakesTargetAndScriptAway) {
         form = start.form;
         riskSuccessfulExit();
         openPanel();
-        auto expected = with(picture(form), noTarget);
+        auto expected = with(snapshot(form), noTarget);
         expected = with(expected, {{"agentTargetButton.selectedItem", "0"},
                                    {"scriptPopOverScriptField.stringValue", "\"\""}});
         platform.cancelPanel();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_THAT(platform.journal.lines(), IsEmpty()) << "no warning, and nothing logged";
     }
 }
@@ -146,10 +146,10 @@ TEST_P(ChosenFile, isShownByItsExtension) {
         riskSuccessfulExit();
         form.allowSuccessfulExitCheckbox.state = CheckState::Off;
         openPanel();
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         platform.choose(GetParam().path);
         expectChange(before, GetParam().image.empty()
-                                 ? Picture{}
+                                 ? Snapshot{}
                                  : targetIs("resource " + GetParam().image, GetParam().path));
         EXPECT_THAT(platform.journal.lines(),
                     ElementsAre("log: Last path component: " + GetParam().extension));
@@ -200,10 +200,10 @@ class Application : public TargetTest {
 
 TEST_F(Application, isRecordedByItsExecutable) {
     install();
-    form = dirtyForm(true);
+    form = nonDefaultForm(true);
     riskSuccessfulExit();
     openPanel();
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     platform.choose(bundle);
     expectChange(before, targetIs(std::string("icon of ") + bundle, executable));
     EXPECT_THAT(platform.journal.lines(),
@@ -241,7 +241,7 @@ TEST_P(BrokenApplication, isReportedAndThenCleared) {
         form.allowSuccessfulExitCheckbox.state = CheckState::Off;
         form.agentTargetImageWell.toolTip.clear();
         openPanel();
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         platform.choose(bundle);
         EXPECT_EQ(platform.journal.lines(), expectedLines());
         expectChange(before, targetIs(std::string("icon of ") + bundle, ""));
@@ -335,7 +335,7 @@ TEST_P(StoredTarget, isShown) {
         SCOPED_TRACE(start.name);
         form = start.form;
         platform.journal.clear();
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         editor.evaluateScriptExtension(GetParam().path);
         expectChange(before, targetIs(GetParam().image, GetParam().path));
         EXPECT_EQ(log(), GetParam().logged);

@@ -1,6 +1,6 @@
 // Agents of the earlier version, from the alert to the removal of the old file.
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 namespace frimbolate::test {
@@ -36,7 +36,7 @@ class Upgrading : public EditorTest {
     Upgrading() {
         platform.files.contents[oldPath] = oldAgent();
         editor.createNewAgent();
-        newAgent = picture(form);
+        newAgent = snapshot(form);
         editor.continueEditingAgent();
         platform.choose(oldPath);
         platform.journal.clear();
@@ -57,7 +57,7 @@ class Upgrading : public EditorTest {
         return platform.files.contents;
     }
 
-    Picture newAgent;
+    Snapshot newAgent;
 };
 
 TEST_F(Upgrading, IsOfferedInItsOwnWords) {
@@ -74,7 +74,7 @@ TEST_F(Upgrading, IsOfferedInItsOwnWords) {
 
 TEST_F(Upgrading, ResetsTheFormWhenDeclined) {
     platform.press("Cancel");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.journal.count("write"), 0U);
     EXPECT_FALSE(platform.isAsking());
     EXPECT_EQ(disk().at(oldPath), oldAgent());
@@ -130,10 +130,10 @@ TEST_F(Upgrading, EndsWithNoFileUnderTheOldName) {
 
 TEST_F(Upgrading, DoesNothingAfterACancelledPanel) {
     accept();
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     platform.cancelPanel();
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     expectStillRead();
     EXPECT_EQ(disk().at(oldPath), oldAgent());
     EXPECT_EQ(platform.folderAccess.begun, 1);
@@ -151,7 +151,7 @@ TEST_F(Upgrading, TellsWhenTheOldFileHasBecomeUnreadable) {
     EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
     expectStillRead();
     platform.press("Ok");
-    EXPECT_THAT(differences(newAgent, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
@@ -182,9 +182,9 @@ TEST_P(UpgradeFault, LeavesTheOldFile) {
     EXPECT_EQ(alert.informativeText, "An unknown error occurred. Please make sure the agent is "
                                      "located in a path accessible by Sandboxed applications.");
     EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
-    const auto before = picture(form);
+    const auto before = snapshot(form);
     platform.press("Ok");
-    EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+    EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
     EXPECT_EQ(disk().at(oldPath), oldAgent());
     EXPECT_EQ(disk().size(), 1U);
     EXPECT_EQ(platform.folderAccess.begun, 1);

@@ -1,5 +1,5 @@
 #include "tests/support/editor_test.h"
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
 #include <functional>
@@ -10,12 +10,12 @@ namespace frimbolate {
 namespace {
 
 using test::differences;
-using test::dirtyForm;
 using test::EditorTest;
 using test::NamedAfterRow;
-using test::Picture;
-using test::picture;
+using test::nonDefaultForm;
 using test::ScriptedPlatform;
+using test::Snapshot;
+using test::snapshot;
 using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -48,36 +48,36 @@ FormModel withInterval(FormModel form) {
     return form;
 }
 
-const Picture byPath = {{"popoverScriptObject.shown", "no"},
-                        {"alsoRunVolumeCheckbox.enabled", "yes"},
-                        {"alsoRunPathChangeCheckbox.state", "0"},
-                        {"alsoRunPathChangeCheckbox.enabled", "no"},
-                        {"alsoRunAtLoadCheckbox.enabled", "yes"},
-                        {"agentScheduleTypeButton.enabled", "no"},
-                        {"agentScheduleTypeButton.selectedItem", "-1"},
-                        {"agentScheduleTypeButton.width", "311"},
-                        {"agentScheduleDatePicker.hidden", "yes"},
-                        {"agentScheduleDatePicker.unreadableText", "none"},
-                        {"agentScheduleDatePicker.width", "146"},
-                        {"agentIntervalTypeButton.selectedItem", "0"},
-                        {"agentIntervalTypeButton.hidden", "yes"},
-                        {"agentIntervalField.stringValue", "\"\""},
-                        {"agentIntervalField.hidden", "yes"},
-                        {"onMonthTextBox.hidden", "yes"},
-                        {"onMonthTextField.stringValue", "\"\""},
-                        {"agentWatchPathImageWell.image", "none"},
-                        {"agentWatchPathImageWell.toolTip", "\"\""},
-                        {"allowSuccessfulExitCheckbox.state", "0"},
-                        {"allowSuccessfulExitCheckbox.enabled", "no"}};
+const Snapshot byPath = {{"popoverScriptObject.shown", "no"},
+                         {"alsoRunVolumeCheckbox.enabled", "yes"},
+                         {"alsoRunPathChangeCheckbox.state", "0"},
+                         {"alsoRunPathChangeCheckbox.enabled", "no"},
+                         {"alsoRunAtLoadCheckbox.enabled", "yes"},
+                         {"agentScheduleTypeButton.enabled", "no"},
+                         {"agentScheduleTypeButton.selectedItem", "-1"},
+                         {"agentScheduleTypeButton.width", "311"},
+                         {"agentScheduleDatePicker.hidden", "yes"},
+                         {"agentScheduleDatePicker.unreadableText", "none"},
+                         {"agentScheduleDatePicker.width", "146"},
+                         {"agentIntervalTypeButton.selectedItem", "0"},
+                         {"agentIntervalTypeButton.hidden", "yes"},
+                         {"agentIntervalField.stringValue", "\"\""},
+                         {"agentIntervalField.hidden", "yes"},
+                         {"onMonthTextBox.hidden", "yes"},
+                         {"onMonthTextField.stringValue", "\"\""},
+                         {"agentWatchPathImageWell.image", "none"},
+                         {"agentWatchPathImageWell.toolTip", "\"\""},
+                         {"allowSuccessfulExitCheckbox.state", "0"},
+                         {"allowSuccessfulExitCheckbox.enabled", "no"}};
 
 TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
         form.agentActionButton.selectedItem = AgentAction::PathModified;
-        auto expected = with(picture(withInterval(form)), byPath);
+        auto expected = with(snapshot(withInterval(form)), byPath);
         editor.chooseAgentAction();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         expectFolderPanel(platform.shownOpenPanel());
         EXPECT_EQ(platform.shownOpenPanel().directory, std::nullopt);
 
@@ -85,7 +85,7 @@ TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
         expected =
             with(expected, {{"agentWatchPathImageWell.image", "icon of /Users/maya/Pictures"},
                             {"agentWatchPathImageWell.toolTip", "\"/Users/maya/Pictures\""}});
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
@@ -95,7 +95,7 @@ TEST_F(WatchPath, cancelledReturnsToNoAction) {
         SCOPED_TRACE(start.name);
         form = start.form;
         form.agentActionButton.selectedItem = AgentAction::PathModified;
-        auto expected = with(picture(withInterval(form)), byPath);
+        auto expected = with(snapshot(withInterval(form)), byPath);
         editor.chooseAgentAction();
         platform.cancelPanel();
         expected = with(expected, {{"agentActionButton.selectedItem", "0"},
@@ -104,7 +104,7 @@ TEST_F(WatchPath, cancelledReturnsToNoAction) {
                                    {"agentScheduleTypeButton.width", "160"},
                                    {"agentScheduleDatePicker.hidden", "no"},
                                    {"alsoRunPathChangeCheckbox.enabled", "yes"}});
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_FALSE(platform.isAsking());
     }
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
@@ -159,11 +159,12 @@ TEST_P(AdditionalPathOff, goesAtOnce) {
         SCOPED_TRACE(start.name);
         form = start.form;
         form.alsoRunPathChangeCheckbox.state = GetParam().state;
-        const auto expected = with(picture(form), {{"alsoRunPathChangeCheckbox.state", "0"},
-                                                   {"alsoRunPathChangeImageWell.image", "none"},
-                                                   {"alsoRunPathChangeImageWell.toolTip", "\"\""}});
+        const auto expected =
+            with(snapshot(form), {{"alsoRunPathChangeCheckbox.state", "0"},
+                                  {"alsoRunPathChangeImageWell.image", "none"},
+                                  {"alsoRunPathChangeImageWell.toolTip", "\"\""}});
         editor.chooseAdditionalWathPath();
-        EXPECT_THAT(differences(expected, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_THAT(platform.journal.lines(), IsEmpty());
     }
 }
@@ -175,18 +176,18 @@ INSTANTIATE_TEST_SUITE_P(States, AdditionalPathOff, testing::ValuesIn(states), N
 class AdditionalPath : public EditorTest {
   protected:
     /// Ticks the box in a form.
-    Picture tick(const FormModel& start) {
+    Snapshot tick(const FormModel& start) {
         form = start;
         form.alsoRunPathChangeCheckbox.state = CheckState::On;
-        const auto before = picture(form);
+        const auto before = snapshot(form);
         editor.chooseAdditionalWathPath();
-        EXPECT_THAT(differences(before, picture(form)), IsEmpty());
+        EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
         return before;
     }
 };
 
 TEST_F(AdditionalPath, isAskedForInTheApplications) {
-    tick(dirtyForm(true));
+    tick(nonDefaultForm(true));
     expectFolderPanel(platform.shownOpenPanel());
     EXPECT_EQ(platform.shownOpenPanel().directory, "/Applications");
     platform.cancelPanel();
@@ -201,7 +202,7 @@ TEST_F(AdditionalPath, isShownWhenChosen) {
         EXPECT_THAT(
             differences(with(before, {{"alsoRunPathChangeImageWell.image", "icon of /a folder"},
                                       {"alsoRunPathChangeImageWell.toolTip", "\"/a folder\""}}),
-                        picture(form)),
+                        snapshot(form)),
             IsEmpty());
     }
 }
@@ -214,7 +215,7 @@ TEST_F(AdditionalPath, cancelledTurnsTheBoxOff) {
         EXPECT_THAT(differences(with(before, {{"alsoRunPathChangeCheckbox.state", "0"},
                                               {"alsoRunPathChangeImageWell.image", "none"},
                                               {"alsoRunPathChangeImageWell.toolTip", "\"\""}}),
-                                picture(form)),
+                                snapshot(form)),
                     IsEmpty());
     }
 }

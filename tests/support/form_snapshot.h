@@ -12,21 +12,21 @@ namespace frimbolate::test {
 
 /// "agentScheduleTypeButton.width" → "160", and so on. Booleans read "yes" and "no", texts stand
 /// in quotes, images read "none", "resource …" or "icon of …".
-using Picture = std::map<std::string, std::string>;
+using Snapshot = std::map<std::string, std::string>;
 
-Picture picture(const FormModel& model);
+Snapshot snapshot(const FormModel& model);
 
 /// A line "name: was → is" for each property in which two pictures differ.
-std::vector<std::string> differences(const Picture& was, const Picture& is);
+std::vector<std::string> differences(const Snapshot& was, const Snapshot& is);
 
 /// The picture with some properties replaced; a name that no control has fails the running test.
-Picture with(Picture picture, const Picture& changes);
+Snapshot with(Snapshot picture, const Snapshot& changes);
 
 /// A form in which no control is as a rule leaves it: texts and images are set, boxes are not off,
 /// widths and indexes are odd ones.
 /// \param flag what every "hidden", "enabled" … is; only a test that runs with both sees each
 ///             rule that sets one
-FormModel dirtyForm(bool flag);
+FormModel nonDefaultForm(bool flag);
 
 /// A form that a test starts from. Only one that holds other values than a new agent shows a rule
 /// that sets a control to what a new agent has.

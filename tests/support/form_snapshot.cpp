@@ -1,4 +1,4 @@
-#include "tests/support/form_picture.h"
+#include "tests/support/form_snapshot.h"
 
 #include <gtest/gtest.h>
 
@@ -118,7 +118,7 @@ std::string text(const Image& image) {
 
 class Painter {
   public:
-    explicit Painter(Picture& result) : picture_(result) {}
+    explicit Painter(Snapshot& result) : picture_(result) {}
 
     void operator()(const char* name, const TextField& field) {
         add(name, "stringValue", field.stringValue), add(name, "hidden", field.hidden);
@@ -177,12 +177,12 @@ class Painter {
         picture_[std::string(name) + '.' + property] = text(value);
     }
 
-    Picture& picture_;
+    Snapshot& picture_;
 };
 
-class Spoiler {
+class NonDefaultFiller {
   public:
-    explicit Spoiler(bool flag) : flag_(flag) {}
+    explicit NonDefaultFiller(bool flag) : flag_(flag) {}
 
     void operator()(const char* name, TextField& field) {
         field = {std::string("old ") + name, flag_};
@@ -220,13 +220,13 @@ class Spoiler {
 
 } // namespace
 
-Picture picture(const FormModel& model) {
-    Picture result;
+Snapshot snapshot(const FormModel& model) {
+    Snapshot result;
     visitControls(model, Painter(result));
     return result;
 }
 
-std::vector<std::string> differences(const Picture& was, const Picture& is) {
+std::vector<std::string> differences(const Snapshot& was, const Snapshot& is) {
     std::vector<std::string> lines;
     for (const auto& [name, value] : was)
         if (is.at(name) != value)
@@ -234,7 +234,7 @@ std::vector<std::string> differences(const Picture& was, const Picture& is) {
     return lines;
 }
 
-Picture with(Picture picture, const Picture& changes) {
+Snapshot with(Snapshot picture, const Snapshot& changes) {
     for (const auto& [name, value] : changes) {
         EXPECT_TRUE(picture.contains(name)) << "no control has " << name;
         picture[name] = value;
@@ -242,9 +242,9 @@ Picture with(Picture picture, const Picture& changes) {
     return picture;
 }
 
-FormModel dirtyForm(bool flag) {
+FormModel nonDefaultForm(bool flag) {
     FormModel form;
-    visitControls(form, Spoiler(flag));
+    visitControls(form, NonDefaultFiller(flag));
     return form;
 }
 

@@ -10,11 +10,11 @@
 namespace frimbolate::test {
 
 /// A window whose scripted alerts can be shown for real.
-class Stage : public ScriptedWindow {
+class WindowFixture : public ScriptedWindow {
   public:
-    Stage();
+    WindowFixture();
     /// What is still asked for stays unanswered: a face is only looked at.
-    ~Stage();
+    ~WindowFixture();
 
     /// The alert that the rules have asked for.
     void showAlert();
@@ -28,11 +28,11 @@ class Stage : public ScriptedWindow {
     QtFilePanels panels{queue, window};
 };
 
-struct Face {
+struct UiState {
     const char* name;
-    void (*bringAbout)(Stage& stage);
+    void (*setUp)(WindowFixture& fixture);
 };
 
-std::span<const Face> faces();
+std::span<const UiState> uiStates();
 
 } // namespace frimbolate::test

@@ -1,6 +1,6 @@
 """Whether Python's plistlib and xmllint see in our files what we do, and we in theirs.
 
-Usage: agreement_test.py PROPERTY_LIST_TOOL DTD. Nothing is skipped: without xmllint it fails.
+Usage: interop_test.py PROPERTY_LIST_TOOL DTD. Nothing is skipped: without xmllint it fails.
 """
 
 import datetime
