@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr std::size_t largeSize = std::size_t{2} << 20;
+constexpr std::size_t largeSize = std::size_t{1} << 19;
 
 /// A text repeated up to a size.
 std::string filled(std::string_view text, std::size_t size = largeSize) {
@@ -191,6 +191,25 @@ const BoundsRow boundsRows[] = {
                           "\x5f\x12" + bigEndian(100000, 4) + std::string(100000, 'a'), "\x09"});
      },
      false},
+    {"binarySharedDictionary",
+     [] {
+         // Short keys, so that the entries take most of the memory.
+         constexpr std::size_t keys = 200;
+         std::string references;
+         std::vector<std::string> names;
+         for (std::size_t i = 0; i < keys; ++i) {
+             references += static_cast<char>(i + 2);
+             names.push_back("\x52" + bigEndian(0x4141 + i / 20 * 256 + i % 20, 2));
+         }
+         std::vector<std::string> objects = {"\xaf\x11" + bigEndian(300, 2) +
+                                                 std::string(300, '\x01'),
+                                             "\xdf\x11" + bigEndian(keys, 2) + references +
+                                                 std::string(keys, static_cast<char>(keys + 2))};
+         objects.insert(objects.end(), names.begin(), names.end());
+         objects.emplace_back("\x09");
+         return binaryOf(std::move(objects));
+     },
+     false},
     {"binarySharedData",
      [] {
          return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'),
@@ -218,7 +237,9 @@ const BoundsRow boundsRows[] = {
      false},
     {"binarySharedBooleans",
      [] {
-         return binaryOf({"\xaf\x12" + bigEndian(1000000, 4) + filled("\x01"), "\x09"});
+         return binaryOf(
+             {"\xaf\x12" + bigEndian(1000000, 4) + std::string(std::size_t{2} << 20, '\x01'),
+              "\x09"});
      },
      true},
     {"binaryCycle",

@@ -120,6 +120,7 @@ const RefusedRow refusedRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, RefusedHere, testing::ValuesIn(refusedRows), NamedAfterRow());
 
 TEST(RefusedHere, butNotJustBelowTheBounds) {
+    ASSERT_EQ(maximumPlistBytes, 16U << 20);
     EXPECT_EQ(rejectionReasonFor("<string>" + sixteenMiB + "</string>"),
               "read as S\"" + sixteenMiB + "\"");
     for (const auto& file : {repeated("(", 512) + repeated(")", 512), nestedBinary(512),
