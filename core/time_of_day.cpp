@@ -137,12 +137,14 @@ std::optional<TimeOfDay> parseTimeOfDay(std::string_view text) {
 }
 
 std::string formatTimeOfDay(TimeOfDay time, ClockFormat clock) {
-    const auto minutes = ":" + twoDigits(time.minute);
-    if (clock == ClockFormat::TwentyFourHours)
-        return twoDigits(time.hour) + minutes;
-    const int hour = time.hour % hoursPerHalf;
-    return twoDigits(hour == 0 ? hoursPerHalf : hour) + minutes +
-           (time.hour < hoursPerHalf ? " AM" : " PM");
+    const bool isHalf = clock == ClockFormat::TwelveHours;
+    const int hour = isHalf ? time.hour % hoursPerHalf : time.hour;
+    std::string text = twoDigits(isHalf && hour == 0 ? hoursPerHalf : hour);
+    text += ':';
+    text += twoDigits(time.minute);
+    if (isHalf)
+        text += time.hour < hoursPerHalf ? " AM" : " PM";
+    return text;
 }
 
 TimePart timePartAt(std::size_t position, ClockFormat clock) {
