@@ -28,7 +28,10 @@ void TextCursor::failAt(std::size_t position, const std::string& reason) const {
 void TextCursor::failUnexpected(const std::string& wanted) const {
     if (atEnd())
         fail("it ends where " + wanted + " is expected");
-    fail("\"" + excerpt(text_.substr(position_, 1)) + "\" stands where " + wanted + " is expected");
+    std::string reason = "\"";
+    reason += excerpt(text_.substr(position_, 1));
+    reason += "\" stands where " + wanted + " is expected";
+    fail(reason);
 }
 
 std::string excerpt(std::string_view text) {

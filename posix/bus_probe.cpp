@@ -158,7 +158,7 @@ std::string socketOf(std::string_view entry) {
             if (pair.starts_with(path))
                 socket = unescaped(pair.substr(path.size()));
             else if (pair.starts_with(abstract))
-                socket = std::string(1, '\0') + unescaped(pair.substr(abstract.size()));
+                socket.assign(1, '\0').append(unescaped(pair.substr(abstract.size())));
         });
     return socket;
 }
