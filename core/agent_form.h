@@ -1,4 +1,4 @@
-// The record of the one agent in the editor, and what the indexes of its pop-ups mean.
+// The record of the agent in the editor, and the meaning of its pop-up indexes.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@ inline constexpr std::string_view labelPrefix = "com.frimbolate.";
 /// The prefix of the earlier version: a dotless i (U+0131) in place of the first i.
 inline constexpr std::string_view earlierLabelPrefix = "com.fr\u0131mbolate.";
 
-// Pop-up selections are signed item indexes: -1 is no selection, and a reserved item keeps the
-// numbers of the items behind it. The enumerators name the indexes that mean something.
+// Pop-up selections are signed item indexes; -1 is no selection. The enumerators name the indexes
+// that carry a meaning. The gaps are separators and inert items (see pop_up_items.h).
 
 namespace AgentAction {
 enum : int { None = 0, OnSchedule = 2, KeepRunning = 3, PathModified = 4, VolumeMounted = 5 };
@@ -54,7 +54,7 @@ namespace ScriptLanguage {
 enum : int { Shell = 0 };
 }
 
-/// A date and time of day in the person's own calendar and time zone.
+/// A date and time of day in the user's calendar and time zone.
 struct LocalDateTime {
     int year = 2000;
     int month = 1; ///< 1 to 12
@@ -65,8 +65,8 @@ struct LocalDateTime {
     friend bool operator==(const LocalDateTime&, const LocalDateTime&) = default;
 };
 
-/// One launch agent as the form holds it, read from the controls at the moment it is needed.
-/// Paths are UTF-8 bytes as the person chose or typed them; empty means none.
+/// One launch agent as the form holds it. Built from the controls on demand, never stored.
+/// Paths are UTF-8 bytes as the user chose or typed them; empty means none.
 struct AgentForm {
     std::string name;
     int targetType = TargetType::None;
@@ -76,14 +76,14 @@ struct AgentForm {
     int action = AgentAction::None;
     std::string watchPath;
     int scheduleType = ScheduleType::EveryDay;
-    LocalDateTime scheduleTime; ///< only hour and minute are used
+    LocalDateTime scheduleTime; ///< only hour and minute matter
     std::string intervalText;   ///< as typed; digits expected
     int intervalUnit = IntervalUnit::Seconds;
     std::string dayOfMonthText; ///< as typed; digits expected
     bool allowSuccessfulExit = false;
     bool enableGlobbing = false;
     int priorityLevel = PriorityLevel::Normal;
-    std::int64_t niceLevel = 0; ///< -20 (most favoured) to 20, as the slider gives it
+    std::int64_t niceLevel = 0; ///< -20 (highest priority) to 20 (lowest), as on the slider
     std::string standardInPath;
     std::string standardOutPath;
     std::string standardErrorPath;

@@ -17,7 +17,7 @@ Array programArguments(const AgentForm& form) {
     return {Value(form.targetPath)};
 }
 
-/// The integer that a field's text begins with, times a factor, in the 32 bits that launchd gets.
+/// The leading integer of a field's text times a factor, truncated to the 32 bits of launchd.
 std::int32_t scaledInteger(std::string_view text, std::uint64_t factor) {
     const auto number = static_cast<std::uint64_t>(leadingInteger(text));
     return truncatedTo32Bits(static_cast<std::int64_t>(number * factor));
@@ -88,7 +88,7 @@ void writeAdvancedKeys(AgentPlist& file, const AgentForm& form) {
         file["QueueDirectories"] = Array{Value(form.queueDirectory)};
 }
 
-/// Written last, so that an additional condition replaces a main one of the same key.
+/// Must run last: an additional condition replaces a main one of the same key.
 void writeAdditionalConditions(AgentPlist& file, const AgentForm& form) {
     if (form.alsoRunAtLoad)
         file["RunAtLoad"] = true;

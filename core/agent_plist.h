@@ -1,4 +1,4 @@
-// The launch agent as launchd reads it: which keys the form turns into, and with what values.
+// The launch agent as launchd reads it: the keys and values that a form produces.
 #pragma once
 
 #include "core/agent_form.h"
@@ -13,24 +13,25 @@ namespace frimbolate {
 /// One dictionary of launchd keys, stored as an XML property list.
 using AgentPlist = Dictionary;
 
-/// The agent file for a form that passed validation. It starts from nothing, so a key of an agent
-/// that was read before survives only when the form writes it again.
+/// The agent file for a form that passed validation. Built from an empty dictionary: a key of an
+/// agent that was read before survives only if the form writes it again.
 AgentPlist buildAgentPlist(const AgentForm& form, std::string_view label);
 
-/// The seconds of an interval schedule, in the 32 bits that launchd gets: the number that the text
-/// begins with times its unit, truncated. What is not positive launchd ignores.
+/// The interval of an interval schedule, in seconds: the leading number of the text times its
+/// unit, truncated to 32 bits. launchd ignores an interval that is not positive.
 std::int32_t startInterval(const AgentForm& form);
 
-/// The day of a monthly schedule, truncated to 32 bits.
+/// The day of a monthly schedule: the leading number of the text, truncated to 32 bits.
 std::int32_t dayOfMonth(const AgentForm& form);
 
 /// The file name that the program proposes for an agent: prefix, name as typed, ".plist".
 std::string proposedFileName(std::string_view agentName);
 
-/// The label of a file name: the name without its last ".plist", wherever that stands in it.
+/// The label of a file name: the name without its last ".plist", at whatever position.
 std::string labelForFileName(std::string_view fileName);
 
-/// What decides the interpreter of a chosen file: all that follows the last "." of the whole path.
+/// The extension that decides the interpreter of a chosen file: everything after the last "." of
+/// the whole path; the whole path where it contains none.
 std::string_view targetExtension(std::string_view path);
 
 } // namespace frimbolate

@@ -12,7 +12,7 @@ namespace {
 
 std::int64_t integerOrZero(const Value* value) { return value ? toInteger(*value) : 0; }
 
-/// The time of day that hours and minutes make, also beyond their usual bounds.
+/// The time of day of hours and minutes; both wrap around outside their usual bounds.
 LocalDateTime timeOfDay(std::int64_t hour, std::int64_t minute) {
     constexpr std::int64_t minutesPerDay = 1440;
     const auto minutes = (hour % 24) * 60 + minute % minutesPerDay;
@@ -23,7 +23,8 @@ LocalDateTime timeOfDay(std::int64_t hour, std::int64_t minute) {
     return time;
 }
 
-/// The last element of an array, nullptr when it is empty; raises when it is no array.
+/// The last element of an array, nullptr when it is empty.
+/// \throws NamedError when the value is no array
 const Value* lastElement(const Value& array) {
     const auto& elements = array.asArray();
     return elements.empty() ? nullptr : &elements.back();
@@ -124,7 +125,7 @@ void AgentReader::readAction(const AgentPlist& file) {
 }
 
 void AgentReader::readRunAtLoad(const AgentPlist& file) {
-    if (find(file, "RunAtLoad")) // whatever its value
+    if (find(file, "RunAtLoad")) // presence counts, not the value
         selectAtLoad();
 }
 
@@ -137,7 +138,7 @@ void AgentReader::readSchedule(const AgentPlist& file) {
     try {
         readCalendar(file);
     } catch (const NamedError&) {
-        // Never told: what cannot be read as a calendar is read as an interval.
+        // No message: a value that is no calendar is read as an interval.
         readInterval(file);
     }
 }
@@ -188,7 +189,7 @@ void AgentReader::readDayOfMonth(const Value& day) {
 void AgentReader::readWeekday(const Value* weekday) {
     auto& form = host_.form();
     host_.log("Agent runs once a week on day : " + description(weekday));
-    // launchd counts Sunday as 0 or 7.
+    // launchd numbers Sunday both 0 and 7.
     constexpr auto sundayAgain = static_cast<std::int64_t>(weekdays.size());
     const auto number = integerOrZero(weekday);
     if (number >= 0 && number <= sundayAgain)

@@ -1,4 +1,4 @@
-// Turns an agent file back into the form: the lenient inverse of the writer.
+// Reads an agent file into the form. The inverse of the writer, and more lenient.
 #pragma once
 
 #include "core/agent_plist.h"
@@ -11,7 +11,7 @@
 
 namespace frimbolate {
 
-/// What the reader asks of the editor, so that it stays free of any window.
+/// What the reader needs of the editor. Keeps the reader independent of the controller.
 class AgentReaderHost {
   public:
     virtual ~AgentReaderHost() = default;
@@ -19,37 +19,42 @@ class AgentReaderHost {
     virtual void log(const std::string& line) = 0;
     /// Resets the form to a new agent.
     virtual void createNewAgent() = 0;
-    /// Has the keys of the advanced drawer read, which is an action of its own.
+    /// Runs the action that reads the keys of the advanced drawer.
     virtual void lookForAdvancedKeys(const AgentPlist& file) = 0;
     virtual void openAdvancedDrawer() = 0;
     virtual void showPopOverScript() = 0;
-    /// Shows the icon of a stored target and records its path.
+    /// Shows the icon of the target at a path and records the path.
     virtual void evaluateScriptExtension(const std::string& path) = 0;
-    /// Shows an alert with one button, whose closing resets the form.
+    /// Shows an alert with one button; the form is reset when it closes.
     virtual void showAlertThatResets(const std::string& message, const std::string& text) = 0;
     virtual std::optional<Value> preference(std::string_view key) = 0;
 };
 
-/// Where an agent file comes from, told by its path alone.
+/// The program that an agent file comes from, judged by its path alone.
 enum class AgentOrigin { Foreign, Own, EarlierVersion };
 AgentOrigin agentOrigin(std::string_view path);
 
-/// An agent's name: its label, or file name, without either prefix and without ".plist".
+/// An agent's name: its label or file name without the current and the earlier prefix, and without
+/// ".plist".
 std::string agentNameFromLabel(std::string_view labelOrFileName);
 
 class AgentReader {
   public:
+    /// \param host must outlive the reader
     explicit AgentReader(AgentReaderHost& host) : host_(host) {}
 
-    /// Fills the form from the file, group by group, the advanced keys through the editor; a group
-    /// that fails costs an alert or a fall-back, not the reading.
-    /// \throws NamedError when something outside the guarded groups fails.
+    /// Fills the form from the file, group by group; the host starts the reading of the advanced
+    /// keys. A failure in the target, the schedule or the advanced keys ends in an alert or a
+    /// fall-back, and reading continues.
+    /// \throws NamedError for a label that is missing or no text, and for a SuccessfulExit that is
+    ///         no boolean, number or text
     void read(const AgentPlist& file);
-    /// The keys of the advanced drawer alone; opens the drawer where they differ from a new agent.
+    /// Reads the keys of the advanced drawer alone; opens the drawer where they differ from those
+    /// of a new agent. Failures end in an alert.
     void lookForAdvancedKeys(const AgentPlist& file);
 
   private:
-    /// A key that holds one text, and the field that shows it.
+    /// A key whose value is one text, and the field that shows it.
     struct TextKey {
         const char* key;
         TextField FormModel::*field;

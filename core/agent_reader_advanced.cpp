@@ -1,4 +1,4 @@
-// The keys of the advanced drawer, in the order in which they are looked at.
+// Reads the keys of the advanced drawer. The order of the groups is the order of the log lines.
 #include "core/agent_reader.h"
 
 #include "core/conversions.h"
@@ -31,7 +31,7 @@ void AgentReader::lookForAdvancedKeys(const AgentPlist& file) {
 }
 
 void AgentReader::readGlobbing(const AgentPlist& file) {
-    // Globbing alone never opens the drawer, however it differs from the person's default.
+    // Globbing alone never opens the drawer, even where it differs from the user's default.
     if (const Value* globbing = find(file, "EnableGlobbing")) {
         host_.form().enableGlobbingCheckbox.state =
             toBool(*globbing) ? CheckState::On : CheckState::Off;

@@ -7,7 +7,7 @@
 namespace frimbolate {
 
 UpgradedNames upgradedNames(std::string_view oldPath) {
-    // Everywhere in the path, not only in the file name.
+    // Replaced in the whole path, not only in the file name.
     const auto path = replacedAll(oldPath, "fr\u0131mbolate", "frimbolate");
     const std::string fileName(afterLast(path, "/"));
     return {fileName, std::string(labelPrefix) + agentNameFromLabel(fileName)};

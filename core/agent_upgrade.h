@@ -1,4 +1,4 @@
-// An agent of the earlier version under its current name.
+// The current names of an agent of the earlier version.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@ namespace frimbolate {
 
 struct UpgradedNames {
     std::string fileName; ///< proposed for the new file
-    std::string label;    ///< built from the file name; the old label plays no part
+    std::string label;    ///< built from the file name; the old label is ignored
 };
 
-/// The new names for an agent file at this path of the earlier version.
+/// The new names for the agent file at a path of the earlier version.
 UpgradedNames upgradedNames(std::string_view oldPath);
 
 } // namespace frimbolate

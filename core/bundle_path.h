@@ -1,4 +1,4 @@
-// Where an application bundle keeps its executable.
+// The path of an application bundle, derived from that of its executable.
 #pragma once
 
 #include "core/conversions.h"
@@ -8,10 +8,11 @@
 
 namespace frimbolate {
 
-/// Between the path of a bundle and the name of its executable.
+/// Separates the path of a bundle from the name of its executable.
 inline constexpr std::string_view executableFolder = "/Contents/MacOS/";
 
-/// The path of the bundle that an executable lies in; any other path as it is.
+/// The path of the bundle that contains an executable; any other path unchanged. The view refers
+/// to the argument's characters.
 inline std::string_view bundlePath(std::string_view executablePath) {
     return beforeFirst(executablePath, executableFolder);
 }

@@ -8,7 +8,8 @@ unsigned char byteAt(std::string_view text, std::size_t index) {
     return index < text.size() ? static_cast<unsigned char>(text[index]) : 0;
 }
 
-/// Whether a control character begins here. In UTF-8 no other character contains these bytes.
+/// Whether a control character starts at this index. In UTF-8 no other character contains these
+/// byte sequences.
 bool isControl(std::string_view text, std::size_t index) {
     const auto byte = byteAt(text, index);
     const auto next = byteAt(text, index + 1);

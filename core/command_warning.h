@@ -1,4 +1,4 @@
-// Whether a command that holds a path in single quotes does what it shows.
+// The warning about a shell command that may do more than it shows.
 #pragma once
 
 #include <string>
@@ -6,11 +6,12 @@
 
 namespace frimbolate {
 
-/// A warning for the user where it may do more, in whole sentences; empty where it does not.
+/// A warning for the user about a command that contains this path, unescaped, in single quotes.
+/// Whole sentences; empty where the command is safe.
 ///
-/// The path stands in the command as it is. An apostrophe in it ends the quotes, so that the shell
-/// runs what follows. A terminal may obey a control character that is pasted into it: C0 (a line
-/// break among them), DEL, C1, and the line and paragraph separators U+2028 and U+2029.
+/// An apostrophe in the path ends the quotes, so the shell runs what follows. A terminal may act on
+/// a pasted control character: C0 (line breaks included), DEL, C1, and the line and paragraph
+/// separators U+2028 and U+2029.
 /// \param path UTF-8
 std::string commandWarning(std::string_view path);
 

@@ -12,7 +12,8 @@ namespace {
 constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Skips what the platform lets stand before a number; tells whether a minus was among it.
+/// Skips the blanks and the sign that the platform accepts before a number.
+/// \return whether the sign was a minus
 bool skipBlanksAndSign(std::string_view& text) {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);
@@ -47,7 +48,7 @@ std::int64_t leadingInteger(std::string_view text) {
     std::int64_t result = 0;
     for (; !text.empty() && isDigit(text.front()); text.remove_prefix(1)) {
         const std::int64_t digit = text.front() - '0';
-        // Counted downwards, because the negative range is the larger one.
+        // Accumulates downwards: the negative range is the larger one.
         if (result < (least + digit) / 10)
             return negative ? least : most;
         result = result * 10 - digit;

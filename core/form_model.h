@@ -1,7 +1,7 @@
 // Every control of the window, the drawer, the pop-over and the sheets, as plain data.
 //
-// This is the only state of the editor: rules change it, the window mirrors it, and nothing else
-// remembers anything. A member is a control and bears its outlet's name.
+// This is the only state of the editor: rules change it, and the window shows it. Each member is a
+// control and bears the name of its outlet.
 #pragma once
 
 #include "core/agent_form.h"
@@ -13,7 +13,7 @@
 
 namespace frimbolate {
 
-/// The platform's check-box states. "On" is exactly 1; only the globbing box counts Mixed as on.
+/// The platform's check-box states. Only the globbing box counts Mixed as on.
 namespace CheckState {
 enum : int { Mixed = -1, Off = 0, On = 1 };
 }
@@ -40,8 +40,8 @@ struct DatePicker {
     LocalDateTime dateValue;
     bool hidden = false;
     int width = normalDatePickerWidth; ///< points
-    /// What was typed last and means no time, for the row to tell; the date value is the one from
-    /// before. None once another time is set, or the picker hidden.
+    /// The text typed last, where it is no time; dateValue then keeps the last valid time. set()
+    /// and hide() reset it.
     std::optional<std::string> unreadableText;
 
     void set(const LocalDateTime& date) { dateValue = date, unreadableText.reset(); }
@@ -61,8 +61,8 @@ struct Slider {
     double value = 0.0;
 };
 
-/// A picture by what it is, so that the rules need no pixels: a named resource of the program, or
-/// the icon that the desktop shows for a path.
+/// An image by reference, so that the rules need no pixels: a named resource of the program, or the
+/// icon that the desktop shows for a path.
 struct Image {
     enum class Kind { None, Resource, FileIcon };
     Kind kind = Kind::None;
@@ -76,13 +76,13 @@ struct Image {
 
 struct ImageWell {
     Image image;
-    std::string toolTip; ///< the chosen path itself lives here; empty = nothing chosen
+    std::string toolTip; ///< the only copy of the chosen path; empty = nothing chosen
     bool hidden = false;
 
     void clear() { image = Image::none(), toolTip.clear(); }
 };
 
-/// An error marker beside a row: shown by validation alone.
+/// An error marker beside a row. Only validation shows it.
 struct Marker {
     bool hidden = true;
 };
@@ -106,7 +106,7 @@ struct Drawer {
 };
 
 struct ToolbarItem {
-    /// What a click on the item does next.
+    /// The action that the next click sends.
     enum class Action { openAdvancedDrawer, closeAdvancedDrawer } action = {};
 };
 
@@ -124,9 +124,9 @@ struct TextView {
     bool editable = false;
 };
 
-/// Copies the command that its sheet shows.
+/// The button that copies the command of the command sheet.
 struct CopyButton {
-    bool hasCopied = false; ///< whether this very command was put on the pasteboard
+    bool hasCopied = false; ///< whether the command shown now was put on the pasteboard
 };
 
 struct Window {
@@ -188,7 +188,7 @@ struct FormModel {
     CheckBox autoCopyScriptsCheckbox2;
 };
 
-/// The record of the agent that the controls show now.
+/// The record of the agent that the controls show.
 AgentForm agentForm(const FormModel& model);
 
 } // namespace frimbolate

@@ -44,7 +44,7 @@ FormPresentation present(const FormModel& model, const TextStyle& style) {
     for (const auto row : formRows) {
         const auto index = static_cast<std::size_t>(row);
         auto& shown = result.rows[index];
-        // A marker stays until the next validation; the row itself looks sound once it is mended.
+        // A marker stays until the next validation; the row stops looking faulty once corrected.
         shown.isFaulty = marked[index] && faultOfRow(result.faults, row);
         shown.warns = shown.isFaulty;
         shown.hint = std::move(*lines[index]);

@@ -1,4 +1,4 @@
-// What the window shows beyond the form model itself, made once for each refresh.
+// What the window shows beyond the form model itself, computed once per refresh.
 #pragma once
 
 #include "core/form_model.h"
@@ -10,26 +10,26 @@
 
 namespace frimbolate {
 
-/// What is shown for one row of the form beside its controls.
+/// What one row of the form shows beside its controls.
 struct RowPresentation {
     std::string hint;      ///< the line below the row
-    bool isFaulty = false; ///< the row's marker is shown and the fault not mended yet
-    bool warns = false;    ///< the hint tells of something wrong
+    bool isFaulty = false; ///< the row's marker is shown and its fault still present
+    bool warns = false;    ///< the hint reports an error
 };
 
-/// What is shown on the command sheet beside the command.
+/// What the command sheet shows beside the command.
 struct CommandPresentation {
     bool unloads = false;      ///< the command unloads the agent rather than loads it
     std::string agentFileName; ///< last component of the agent file's path
     std::string warning;       ///< why the command is not safe to paste; empty where it is
 };
 
-/// Every text, mark and flag that follows from the model. Views show it and derive nothing.
+/// Every text and flag derived from the model. Views show it and derive nothing themselves.
 struct FormPresentation {
     AgentForm record;
     Faults faults;
     std::array<RowPresentation, formRows.size()> rows; ///< by FormRow
-    /// That a typed time was not understood, for the time field itself; empty where it was.
+    /// The message of the time field about a typed text that is no time; empty where there is none.
     std::string unreadableTime;
     Summary summary;
     CommandPresentation command;
@@ -37,7 +37,7 @@ struct FormPresentation {
     const RowPresentation& row(FormRow row) const { return rows[static_cast<std::size_t>(row)]; }
 };
 
-/// Validates the form once, and renders all else from that one list of faults.
+/// Validates the form once and derives everything else from that list of faults.
 FormPresentation present(const FormModel& model, const TextStyle& style = {});
 
 } // namespace frimbolate

@@ -45,7 +45,8 @@ std::string shownPath(std::string_view path, std::string_view home) {
     return std::string(path);
 }
 
-/// What a person calls the target: an application by its name, any other file by its file name.
+/// The name of the target in a sentence: that of an application without ".app", the file name of
+/// any other file.
 std::string targetName(const AgentForm& form) {
     if (form.targetType != TargetType::File)
         return form.scriptText.empty() ? "an empty script" : "a script";
@@ -60,7 +61,7 @@ std::string targetName(const AgentForm& form) {
 
 bool usesSchedule(const AgentForm& form) { return form.action <= AgentAction::KeepRunning; }
 
-/// The additional path replaces the main one in the file, so it does here.
+/// The additional path replaces the main one, as it does in the agent file.
 const std::string& watchedPath(const AgentForm& form) {
     return form.alsoRunOnPathChange ? form.alsoRunPath : form.watchPath;
 }
@@ -87,7 +88,7 @@ Words launchConditions(const AgentForm& form, const Faults& faults, const TextSt
     return words;
 }
 
-/// A path that no rule insists on but the row cannot do without; empty where there is none.
+/// The path that a row needs although validation does not require it; empty where none is missing.
 std::string_view missingPath(const AgentForm& form, FormRow row) {
     if (row == FormRow::Target && form.targetType == TargetType::File && form.targetPath.empty())
         return "something to launch";
@@ -97,7 +98,7 @@ std::string_view missingPath(const AgentForm& form, FormRow row) {
     return "";
 }
 
-/// What the form lacks, in the order of its rows.
+/// What the form lacks, in the order of the rows.
 Words missingParts(const AgentForm& form, const Faults& faults) {
     Words words;
     for (const auto row : formRows) {
@@ -106,13 +107,13 @@ Words missingParts(const AgentForm& form, const Faults& faults) {
         if (const auto path = missingPath(form, row); !path.empty())
             words.emplace_back(path);
     }
-    // The additional path belongs to the drawer, which stands after all rows.
+    // The additional path belongs to the drawer, which comes after all rows.
     if (form.action != AgentAction::PathModified && watchesPath(form) && watchedPath(form).empty())
         words.emplace_back("a path to watch");
     return words;
 }
 
-/// What is missing, then what is wrong; empty for a form that can be told.
+/// What is missing, then what is wrong; empty for a complete form.
 std::string missingOrInvalid(const AgentForm& form, const Faults& faults) {
     const Words missing = missingParts(form, faults);
     Words parts;

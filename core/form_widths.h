@@ -1,4 +1,4 @@
-// The two widths that rules change, in points. All other geometry belongs to the window.
+// The widths that rules change, in points. The window decides all other geometry.
 #pragma once
 
 namespace frimbolate {

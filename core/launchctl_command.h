@@ -6,13 +6,15 @@
 
 namespace frimbolate {
 
-/// Prefix, path and one closing single quote: a quote inside the path is not escaped.
+/// Prefix, path and one closing single quote. A quote inside the path is not escaped; see
+/// commandWarning().
 std::string loadCommand(std::string_view path);
 std::string unloadCommand(std::string_view path);
 
-/// Whether a text is a command that unloads.
+/// Whether a text starts like a command of unloadCommand().
 bool isUnloadCommand(std::string_view command);
-/// The path that such a command holds; empty for any other text.
+/// The path in a command of loadCommand() or unloadCommand(), as a view into it; empty for any
+/// other text.
 std::string_view pathOfCommand(std::string_view command);
 
 } // namespace frimbolate

@@ -1,4 +1,5 @@
-// The one exception type of the program: a guarded step raises it, the end of that step catches it.
+// The only exception type of the program. A step throws it and the guard around the step catches
+// it.
 #pragma once
 
 #include <exception>
@@ -8,14 +9,14 @@ namespace frimbolate {
 
 class NamedError : public std::exception {
   public:
-    /// \param name   what kind of failure it is, such as "Path not writable"
-    /// \param reason one sentence with the path or value filled in
+    /// \param name   the kind of error, such as "Path not writable"
+    /// \param reason one sentence that contains the path or value
     NamedError(std::string name, std::string reason)
         : name_(std::move(name)), reason_(std::move(reason)) {}
 
     const std::string& name() const { return name_; }
     const std::string& reason() const { return reason_; }
-    /// The reason, as the log shows a failure.
+    /// The reason; the log shows an error by it.
     const char* what() const noexcept override { return reason_.c_str(); }
 
   private:

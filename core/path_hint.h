@@ -1,4 +1,4 @@
-// What is to be said of a path as it is typed, before launchd takes it as it stands.
+// The hint about a typed path that launchd would not find.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace frimbolate {
 
-/// Why launchd would not find the file or folder, with the path to write instead where that is
-/// known; empty where nothing is to be said.
+/// Why launchd would not find the file or folder, with the path to write instead where it is known;
+/// empty where the path needs no hint.
 /// \param home the user's home folder; may be empty
 std::string pathHint(std::string_view path, std::string_view home);
 

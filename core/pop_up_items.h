@@ -1,7 +1,7 @@
 // The items of the form's pop-ups, in the order of their indexes.
 //
-// Some indexes carry no meaning: they are separators, or inert items where a separator may not
-// stand, so that the indexes behind them keep their numbers.
+// Some indexes carry no meaning: a separator, or an inert item where a separator is not allowed.
+// They keep the numbers of the indexes after them.
 #pragma once
 
 #include <span>
@@ -11,9 +11,9 @@ namespace frimbolate {
 
 struct PopUpItem {
     enum class Kind { Choice, Separator };
-    std::string_view title; ///< shown to the person; the schedule's are also looked up by it
+    std::string_view title; ///< shown to the user; schedule items are also looked up by it
     Kind kind = Kind::Choice;
-    bool isPlaceholder = false; ///< stands for nothing chosen yet
+    bool isPlaceholder = false; ///< means that nothing is chosen yet
 };
 
 std::span<const PopUpItem> agentTargetItems();

@@ -31,7 +31,7 @@ std::string onceAMonth(const AgentForm& form, const Faults& faults, ClockFormat 
            (day > everyMonthHas ? ", skipping shorter months" : "");
 }
 
-/// Empty for the intervals that launchd ignores, zero among them.
+/// Empty for an interval that launchd ignores: zero or negative.
 std::string onInterval(const AgentForm& form, const Faults& faults) {
     if (faultOfRow(faults, FormRow::Schedule))
         return "at an interval";
@@ -49,7 +49,7 @@ std::string onInterval(const AgentForm& form, const Faults& faults) {
     return "";
 }
 
-/// The text on one line, without the white space around it, and not too long for a hint.
+/// The text on one line, without surrounding white space, shortened to the length of a hint.
 std::string excerpt(std::string_view text) {
     constexpr int most = 20; // characters
     constexpr std::string_view whiteSpace = " \t\n\v\f\r";

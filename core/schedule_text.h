@@ -1,4 +1,5 @@
-// A form's schedule in plain English: "every Wednesday at 07:05", and what is wrong with a time.
+// The schedule of a form in plain English, such as "every Wednesday at 07:05", and the message
+// about an unreadable time.
 #pragma once
 
 #include "core/agent_form.h"
@@ -12,15 +13,15 @@ namespace frimbolate {
 
 /// When the schedule alone launches the agent, without a capital letter or a full stop; empty where
 /// it never does. A faulty day or interval is left out: "once a month at 07:05", "at an interval".
-/// An interval is told in the largest whole unit up to hours. Whether the chosen action uses the
-/// schedule at all is not asked.
+/// An interval is given in the largest whole unit up to hours. Ignores whether the chosen action
+/// uses the schedule.
 /// \param faults those of this form
 /// \param clock how times are shown
 std::string scheduleText(const AgentForm& form, const Faults& faults,
                          ClockFormat clock = ClockFormat::TwentyFourHours);
 
-/// That a typed text is no time of day, and which time stands instead. A long text is cut short,
-/// and one of blanks alone is told without quotes.
+/// The message that a typed text is no time of day, and which time the form keeps. A long text is
+/// shortened; one of blanks alone is not quoted.
 std::string unreadableTimeWords(std::string_view typed, TimeOfDay kept, ClockFormat clock);
 
 } // namespace frimbolate

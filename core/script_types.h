@@ -1,4 +1,5 @@
-// The types of script file that the program knows: one table for writer, form, panel and icons.
+// The types of script file that the program knows. Writer, form, file panel and icons share this
+// table.
 #pragma once
 
 #include <array>
@@ -9,11 +10,11 @@ namespace frimbolate {
 struct ScriptType {
     std::string_view extension;   ///< without the dot; compared exactly, case included
     std::string_view interpreter; ///< absolute path of the program that runs it
-    std::string_view image;       ///< name of the image resource that stands for it
+    std::string_view image;       ///< name of its image resource
     bool isFolder = false;        ///< a folder that desktops show as one file
 };
 
-/// In the order in which the extensions are offered.
+/// The file panel offers the extensions in this order.
 inline constexpr std::array<ScriptType, 6> scriptTypes = {
     {{"sh", "/bin/sh", "iconScriptBash.png"},
      {"py", "/usr/bin/python", "iconScriptPython.png"},
@@ -22,7 +23,7 @@ inline constexpr std::array<ScriptType, 6> scriptTypes = {
      {"scpt", "/usr/bin/osascript", "iconScriptAppleScript.png"},
      {"workflow", "/usr/bin/automator", "iconScriptWorkflow.png", true}}};
 
-/// What a script typed in place is.
+/// The type of a script that is typed in the window.
 inline constexpr const ScriptType& shellScript = scriptTypes.front();
 
 /// The type with this extension, or nullptr.

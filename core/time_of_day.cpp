@@ -13,13 +13,13 @@ constexpr int hoursPerDay = 24, hoursPerHalf = 12, minutesPerHour = 60;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
-/// ASCII only: no locale takes part.
+/// ASCII only, independent of the locale.
 char lowerCase(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
 
-/// Locales put a no-break (U+00A0) or narrow no-break space (U+202F) before "am"; texts that are
-/// pasted hold the rest.
+/// Locales put a no-break (U+00A0) or narrow no-break space (U+202F) before "am"; pasted texts
+/// contain the other blanks.
 std::string withPlainBlanks(std::string_view text) {
     constexpr std::array<std::string_view, 10> blanks = {
         "\t", "\n", "\v", "\f", "\r", "\u00a0", "\u2007", "\u2009", "\u202f", "\u3000"};
@@ -29,7 +29,7 @@ std::string withPlainBlanks(std::string_view text) {
     return result;
 }
 
-/// What is still to be read of a text; each step takes from its front.
+/// The unread rest of a text. Each take...() consumes from its front.
 class Rest {
   public:
     explicit Rest(std::string_view text) : text_(text) {}
@@ -45,7 +45,8 @@ class Rest {
         return text_.size() != size;
     }
 
-    /// \return whether the letter or sign was there; letters are given in lower case
+    /// \param wanted a sign, or a letter in lower case
+    /// \return whether it was next, in either case
     bool take(char wanted) {
         if (text_.empty() || lowerCase(text_.front()) != wanted)
             return false;
@@ -66,14 +67,14 @@ class Rest {
     std::string_view text_;
 };
 
-/// Of at most two digits.
+/// \param digits at most two
 int number(std::string_view digits) {
     int value = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), value);
     return value;
 }
 
-/// Hours and minutes, within no bounds yet.
+/// Hours and minutes, without a check of their bounds.
 std::optional<TimeOfDay> takeNumbers(Rest& rest) {
     const auto first = rest.takeDigits();
     const bool blank = rest.takeBlanks();
@@ -96,7 +97,7 @@ std::optional<TimeOfDay> takeNumbers(Rest& rest) {
 
 enum class Half { None, Morning, Afternoon };
 
-/// "a", "am", "a.m.", "a. m." and their like.
+/// Accepts "a", "am", "a.m.", "a. m." and the same for "p".
 Half takeHalf(Rest& rest) {
     rest.takeBlanks();
     const Half half = rest.take('a')   ? Half::Morning

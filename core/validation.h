@@ -1,4 +1,4 @@
-// What is wrong with a form, all at once, before anything is written.
+// Finds every fault of a form before anything is written.
 #pragma once
 
 #include "core/agent_form.h"
@@ -10,12 +10,12 @@
 
 namespace frimbolate {
 
-/// The rows of the form, in the order in which they stand from top to bottom.
+/// The rows of the form, from top to bottom.
 enum class FormRow { Name, Target, Action, Schedule };
 inline constexpr std::array<FormRow, 4> formRows = {FormRow::Name, FormRow::Target, FormRow::Action,
                                                     FormRow::Schedule};
 
-/// What can be wrong, in the order in which the rules are checked.
+/// The faults, in the order of the rules.
 enum class Fault {
     NameCharacters,
     NameBlank,
@@ -29,24 +29,24 @@ enum class Fault {
     IntervalTooShort
 };
 
-/// At most one fault per row, in the order of the rules; empty when the form is sound.
+/// At most one fault per row, in the order of the rules; empty when the form is valid.
 using Faults = std::vector<Fault>;
 
-/// Checks the form; never fails itself. Whether a target path or a script holds anything is not
-/// checked, and the least interval binds the typed number of seconds alone.
+/// Checks the form; never throws. Does not check that a target path or a script is not empty. The
+/// minimum interval applies to seconds alone, not to minutes and hours.
 Faults validate(const AgentForm& form);
 
-/// How a fault is told. Every place that tells one reads it from the one table of these.
+/// The texts of a fault, for every place that reports it.
 struct FaultText {
     Fault fault;
     FormRow row;
-    std::string_view report;  ///< the line of the report, without its bullet
-    std::string_view hint;    ///< below the row
-    std::string_view missing; ///< what the form lacks; empty where something is wrong instead
+    std::string_view report;  ///< its line of errorReport(), without the bullet
+    std::string_view hint;    ///< the line below the row
+    std::string_view missing; ///< what the form lacks; empty where a value is wrong instead
 };
 const FaultText& faultText(Fault fault);
 
-/// The fault of a row, or nullptr where the row is sound.
+/// The texts of a row's fault, or nullptr where the row has none.
 const FaultText* faultOfRow(const Faults& faults, FormRow row);
 
 /// A line "• …\n" for each fault, as the log and the alert show them; empty when there is none.

@@ -1,8 +1,8 @@
-// The value type of property lists: what a key of an agent file or of the preferences can hold.
+// The value type of property lists: the value of a key in an agent file or in the preferences.
 //
-// A Value is a regular type: it copies, compares and prints like an int. Accessors that return a
-// pointer say "not that kind" with nullptr; those named as...() raise a NamedError instead, for the
-// places where a wrong type must fail the step it is met in.
+// A Value is a regular type: it copies and compares like an int. Accessors that return a pointer
+// return nullptr for another kind; those named as...() throw a NamedError instead, for callers
+// where a wrong type must fail the step.
 #pragma once
 
 #include <compare>
@@ -19,7 +19,7 @@ namespace frimbolate {
 
 class Value;
 using Array = std::vector<Value>;
-/// Sorted by key, so that equal content is written as equal bytes. Keys are UTF-8.
+/// Sorted by key, so that equal content produces equal bytes. Keys are UTF-8.
 using Dictionary = std::map<std::string, Value, std::less<>>;
 
 struct Data {
@@ -27,7 +27,7 @@ struct Data {
     friend bool operator==(const Data&, const Data&) = default;
 };
 
-/// A moment in whole seconds since 1970-01-01T00:00:00Z; XML property lists know nothing finer.
+/// A moment in whole seconds since 1970-01-01T00:00:00Z, the resolution of XML property lists.
 struct Date {
     std::int64_t secondsSinceEpoch = 0;
     friend bool operator==(const Date&, const Date&) = default;
@@ -39,9 +39,9 @@ class Value {
     Value(std::string text) : content_(std::move(text)) {}
     Value(const char* text) : content_(std::string(text)) {}
     Value(std::string_view text) : content_(std::string(text)) {}
-    /// Exactly bool, so that neither a pointer nor a number turns into a boolean by accident.
+    /// Exactly bool, so that no pointer or number converts to a boolean by accident.
     Value(std::same_as<bool> auto truth) : content_(truth) {}
-    /// Any integer. One above INT64_MAX is kept unsigned, every other as a signed 64-bit number.
+    /// Any integer. Stored unsigned above INT64_MAX, as a signed 64-bit number otherwise.
     template <std::integral T>
     requires(!std::same_as<T, bool> && !std::same_as<T, char>) Value(T number) {
         if (std::in_range<std::int64_t>(number))
@@ -69,10 +69,10 @@ class Value {
     /// Booleans count as numbers, as they do on the platform.
     bool isNumber() const { return boolean() || integer() || bigInteger() || real(); }
 
-    /// The plain name of the kind held, for messages: "string", "boolean", "array" …
+    /// The name of the kind, for messages: "string", "boolean", "array" …
     std::string_view kind() const;
 
-    /// \throws NamedError "Unexpected value" when the value is of another kind.
+    /// \throws NamedError "Unexpected value" when the value is of another kind
     const std::string& asString() const;
     const Array& asArray() const;
     const Dictionary& asDictionary() const;
@@ -85,13 +85,13 @@ class Value {
         content_;
 };
 
-/// The value under a key, or nullptr where the key is missing.
+/// The value of a key, or nullptr where the key is missing. Valid as long as the entry.
 const Value* find(const Dictionary& dictionary, std::string_view key);
 
-/// How the log shows a value: strings bare at the top, numbers in decimal, booleans as 1 and 0,
-/// arrays as "( … )" and dictionaries as "{ … }" over several lines.
+/// The text of a value in the log: a string at the top level without quotes, numbers in decimal,
+/// booleans as 1 and 0, arrays as "( … )" and dictionaries as "{ … }" over several lines.
 std::string description(const Value& value);
-/// The same for what may be missing, which reads "(null)".
+/// The same for an optional value; nullptr gives "(null)".
 std::string description(const Value* value);
 
 } // namespace frimbolate

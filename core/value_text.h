@@ -1,4 +1,4 @@
-// Reals and moments as text, for the log and for property lists alike. None asks the locale.
+// Reals and dates as text, for the log and for property lists. Independent of the locale.
 #pragma once
 
 #include "core/value.h"
@@ -7,11 +7,11 @@
 
 namespace frimbolate {
 
-/// The shortest decimal text that reads as the same number again; "nan", "inf" and "-inf" too.
+/// The shortest decimal text that parses to the same number; also "nan", "inf" and "-inf".
 std::string shortestReal(double number);
 
-/// A moment in UTC: "YYYY-MM-DD", a separator, "HH:MM:SS" and a suffix; a year has at least four
-/// digits.
+/// A date in UTC: "YYYY-MM-DD", the separator, "HH:MM:SS" and the suffix. The year has at least
+/// four digits.
 std::string utcText(Date date, char separator, const char* suffix);
 
 } // namespace frimbolate

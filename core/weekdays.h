@@ -1,4 +1,4 @@
-// The days of the week, Sunday first, as launchd counts them.
+// The days of the week. The index is launchd's number of the day; Sunday is 0.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@ namespace frimbolate {
 
 struct Weekday {
     std::string_view name;          ///< "Sunday"
-    std::string_view scheduleTitle; ///< the title of its item in the schedule pop-up
+    std::string_view scheduleTitle; ///< title of its item in the schedule pop-up
 };
 
 inline constexpr std::array<Weekday, 7> weekdays = {{{"Sunday", "Every Sunday"},
