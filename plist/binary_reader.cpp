@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view magic = "bplist0";
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
-/// A node of the sorted map around one entry, and what the allocator adds to an allocation.
+/// Bytes of a map node around one entry, and of the allocator per allocation.
 constexpr std::size_t nodeOverhead = 48;
 
 [[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
@@ -38,7 +38,7 @@ Trailer::Trailer(std::string_view file) {
     tableStart = bigEndianNumber(bytes.substr(24, 8));
 }
 
-/// Whether numbers of so many bytes reach a limit.
+/// Whether unsigned numbers of a size in bytes can represent every number below a limit.
 bool reaches(std::size_t size, std::uint64_t limit) {
     return size >= 8 || limit < std::uint64_t{1} << (8 * size);
 }
@@ -48,7 +48,7 @@ class Reader {
     explicit Reader(std::string_view file)
         : file_(file), trailer_(file), objects_(file.substr(0, trailer_.tableStart)),
           isOpen_(objects_.size()), budget_(maximumPlistMemory(file.size())) {
-        constexpr std::size_t ownMemory = 131072; // the stacks of open containers
+        constexpr std::size_t ownMemory = 131072; // for the stacks of open containers
         account(isOpen_.size() / 8 + ownMemory);
         constexpr std::size_t usualDepth = 8;
         containers_.reserve(usualDepth);
@@ -59,8 +59,8 @@ class Reader {
   private:
     struct Container {
         std::size_t offset;
-        std::string_view keys;   ///< references; empty for an array
-        std::string_view values; ///< references
+        std::string_view keys;   ///< references, in the file; empty for an array
+        std::string_view values; ///< references, in the file
         std::size_t next = 0;
     };
 
@@ -78,7 +78,7 @@ class Reader {
     Trailer trailer_;
     std::string_view objects_; ///< the file up to the table of offsets
     std::vector<Container> containers_;
-    std::vector<bool> isOpen_; ///< by offset: the containers being read, to detect cycles
+    std::vector<bool> isOpen_; ///< by offset: a container being read; detects cycles
     ValueBuilder builder_{DuplicateKeys::first};
     std::size_t budget_;
 };
@@ -109,7 +109,7 @@ std::string_view Reader::reference(std::string_view references, std::size_t inde
     return references.substr(index * trailer_.referenceSize, trailer_.referenceSize);
 }
 
-/// One element or entry of the innermost container, or its end.
+/// Reads one element or entry of the innermost container, or ends it.
 void Reader::step() {
     Container& container = containers_.back();
     if (container.next * trailer_.referenceSize == container.values.size()) {
@@ -150,7 +150,7 @@ BinaryCursor Reader::at(std::size_t offset) const {
 
 std::string Reader::text(BinaryObject object, BinaryCursor in) {
     const std::string_view bytes = in.content(object);
-    // Two bytes of UTF-16 may become three of UTF-8.
+    // Two bytes of UTF-16 become up to three of UTF-8.
     account(bytes.size() * 3 / 2 + 1);
     return decodeBinaryText(object.kind, bytes);
 }

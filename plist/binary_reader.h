@@ -1,8 +1,8 @@
-// Reads binary property lists ("bplist0?"), into which other tools convert agent files.
+// Reads binary property lists ("bplist0?"), to which other tools convert agent files.
 //
 // Such a file is a table of objects that refer to each other by number. References can be shared
-// and can form cycles, so a few hundred bytes can ask for endless memory: everything that is
-// produced is accounted against maximumPlistMemory().
+// and can form cycles, so a few hundred bytes could demand unlimited memory. Everything produced is
+// accounted against maximumPlistMemory().
 #pragma once
 
 #include "core/value.h"
@@ -13,18 +13,18 @@
 
 namespace frimbolate {
 
-/// Whether a file begins like a binary property list.
+/// Whether a file starts like a binary property list.
 bool hasBinaryPlistMagic(std::string_view bytes);
 
 /// Why a file is no binary property list, judged by its magic, its trailer and its table of
-/// offsets, which have to fill the file exactly; nothing where it is one.
+/// offsets, which must end where the trailer starts; nothing where it is one.
 std::optional<std::string> binaryPlistFault(std::string_view bytes);
 
-/// The value of a binary property list without such a fault. Every offset, count and reference is
-/// checked against the file. Dates are rounded down to whole seconds; of a key that occurs twice
-/// the first one holds; a UID is read as {"CF$UID": number}. Refused are the kinds that Value
-/// cannot hold: null, sets, integers outside of INT64_MIN to UINT64_MAX, texts with half a
-/// surrogate pair, and dates that are no number.
+/// The value of a binary property list. Every offset, count and reference is checked against the
+/// file. Dates are rounded down to whole seconds; the first of duplicate keys wins; a UID is read
+/// as {"CF$UID": number}. Rejected is what Value cannot represent: null, sets, integers outside
+/// INT64_MIN to UINT64_MAX, texts with an unpaired surrogate, and dates that are no number.
+/// \param bytes a file for which binaryPlistFault() returns nothing
 /// \throws NamedError "Unreadable property list" with the reason
 Value readBinaryPlist(std::string_view bytes);
 

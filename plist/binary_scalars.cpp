@@ -11,12 +11,12 @@ namespace frimbolate {
 
 namespace {
 
-/// Dates count from 2001-01-01T00:00:00Z.
+/// The origin of dates, 2001-01-01T00:00:00Z, in seconds since 1970.
 constexpr double referenceDate = 978307200;
 
 [[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
 
-/// Whether nothing stands before the last eight bytes.
+/// Whether all bytes before the last eight are zero.
 bool fits64Bits(std::string_view bytes) {
     return bytes.size() <= 8 ||
            bytes.substr(0, bytes.size() - 8).find_first_not_of('\0') == std::string_view::npos;
@@ -28,8 +28,8 @@ Value singleton(unsigned nibble) {
     return nibble == 9;
 }
 
-/// One, two and four bytes have no sign, eight have. Sixteen are written for what needs no sign
-/// and more than 63 bits; readers disagree on everything else in them.
+/// Integers of one, two and four bytes are unsigned, those of eight are signed. Sixteen bytes are
+/// written for unsigned numbers of 64 bits; readers disagree on all other content, so it fails.
 Value integer(unsigned exponent, BinaryCursor in) {
     if (exponent > 4)
         fail("an integer has an unknown size");

@@ -1,4 +1,4 @@
-// The single objects of a binary property list: what stands behind a marker byte.
+// Decodes single objects of a binary property list. Each starts with a marker byte.
 #pragma once
 
 #include "core/value.h"
@@ -10,7 +10,8 @@
 
 namespace frimbolate {
 
-/// So many bytes, most significant first; compilers make one instruction of it.
+/// An unsigned number of a fixed size in bytes, most significant first. Written so that compilers
+/// emit one load instruction.
 template <std::size_t size>
 std::uint64_t fixedBigEndian(const char* bytes) {
     std::uint64_t number = 0;
@@ -22,7 +23,7 @@ std::uint64_t fixedBigEndian(const char* bytes) {
     return number;
 }
 
-/// An unsigned number, most significant byte first. Only the last eight bytes count.
+/// An unsigned number, most significant byte first. Only the last eight bytes are used.
 inline std::uint64_t bigEndianNumber(std::string_view bytes) {
     switch (bytes.size()) {
     case 1:
@@ -41,7 +42,7 @@ inline std::uint64_t bigEndianNumber(std::string_view bytes) {
     }
 }
 
-/// The upper half of a marker.
+/// The upper four bits of a marker.
 enum class BinaryKind : unsigned char {
     singleton = 0x0,
     integer = 0x1,
@@ -58,13 +59,14 @@ enum class BinaryKind : unsigned char {
 
 struct BinaryObject {
     BinaryKind kind;
-    unsigned nibble; ///< the lower half of the marker: a size, a count, or which singleton
+    unsigned nibble; ///< the lower four bits: a size, a count, or the number of a singleton
 
     bool isText() const { return kind == BinaryKind::ascii || kind == BinaryKind::utf16; }
     bool isContainer() const { return kind == BinaryKind::array || kind == BinaryKind::dictionary; }
 };
 
-/// A position among the objects. Every step is checked against their end.
+/// A position among the objects, whose bytes must outlive it. Every step is checked against their
+/// end.
 /// \throws NamedError "Unreadable property list"
 class BinaryCursor {
   public:
@@ -76,8 +78,8 @@ class BinaryCursor {
         const auto marker = static_cast<unsigned char>(take(1).front());
         return {static_cast<BinaryKind>(marker >> 4), marker & 0x0fU};
     }
-    /// Advances past the count of an object, which stands in its marker or, from fifteen on, in
-    /// an integer behind it.
+    /// Advances past the count of an object. A count below 15 is in its marker, any other in an
+    /// integer after the marker.
     std::uint64_t count(BinaryObject object) {
         return object.nibble == 0x0f ? longCount() : object.nibble;
     }
@@ -86,7 +88,7 @@ class BinaryCursor {
         const std::uint64_t length = count(object);
         return take(length, object.kind == BinaryKind::utf16 ? 2 : 1);
     }
-    /// Advances past so many numbers of some bytes each.
+    /// Advances past a number of items of a size in bytes.
     std::string_view take(std::uint64_t count, std::size_t size = 1) {
         const std::size_t left = objects_.size() - position_;
         if (count > left || count * size > left)
@@ -104,12 +106,12 @@ class BinaryCursor {
     std::size_t position_;
 };
 
-/// The value of an object that is neither container, text nor data, with the cursor behind its
-/// marker.
+/// The value of an object that is neither container, text nor data.
+/// \param in positioned after the marker of the object
 /// \throws NamedError "Unreadable property list"
 Value readBinaryScalar(BinaryObject object, BinaryCursor in);
 
-/// The text of the bytes of a text object.
+/// The content of a text object as UTF-8.
 /// \throws NamedError "Unreadable property list"
 std::string decodeBinaryText(BinaryKind kind, std::string_view bytes);
 

@@ -8,7 +8,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The characters of the bytes 0x80 to 0xff of the NeXTSTEP encoding; zero where there is none.
+/// The characters of the bytes 0x80 to 0xff of the NeXTSTEP encoding; zero for an undefined byte.
 constexpr std::array<char16_t, 128> nextStepCharacters = {
     0x00a0, 0x00c0, 0x00c1, 0x00c2, 0x00c3, 0x00c4, 0x00c5, 0x00c7, 0x00c8, 0x00c9, 0x00ca, 0x00cb,
     0x00cc, 0x00cd, 0x00ce, 0x00cf, 0x00d0, 0x00d1, 0x00d2, 0x00d3, 0x00d4, 0x00d5, 0x00d6, 0x00d9,
@@ -22,7 +22,8 @@ constexpr std::array<char16_t, 128> nextStepCharacters = {
     0x00f2, 0x00f3, 0x00f4, 0x00f5, 0x00f6, 0x00e6, 0x00f9, 0x00fa, 0x00fb, 0x0131, 0x00fc, 0x00fd,
     0x0142, 0x00f8, 0x0153, 0x00df, 0x00fe, 0x00ff, 0,      0};
 
-/// The number at the front of a text, of up to so many digits, which are taken off.
+/// Removes a number from the front of the text.
+/// \param digits the most digits that are taken
 char32_t takeNumber(std::string_view& text, std::size_t digits, bool isOctal) {
     char32_t number = 0;
     for (; digits > 0 && !text.empty(); --digits) {
@@ -48,7 +49,7 @@ bool takeOctal(std::string_view& text, std::string& result) {
     return character != 0 && appendUtf8(result, character);
 }
 
-/// Behind "\U". A high surrogate needs a low one in the sequence behind it.
+/// Reads a sequence from after its "\U". A high surrogate needs a low one in the next sequence.
 bool takeUnit(std::string_view& text, std::string& result) {
     const char32_t unit = takeNumber(text, 4, false);
     if (unit < 0xd800 || unit > 0xdbff)
@@ -61,7 +62,7 @@ bool takeUnit(std::string_view& text, std::string& result) {
            appendUtf8(result, 0x10000 + ((unit - 0xd800) << 10) + (low - 0xdc00));
 }
 
-/// Behind a backslash.
+/// Reads a sequence from after its backslash.
 bool takeEscape(std::string_view& text, std::string& result) {
     constexpr std::string_view letters = "abfnrtv";
     constexpr std::string_view meanings = "\a\b\f\n\r\t\v";

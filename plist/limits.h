@@ -1,4 +1,4 @@
-// How much of a property list is taken in. An agent file has a few hundred bytes and three levels.
+// Limits of the property-list readers. A usual agent file has a few hundred bytes and three levels.
 #pragma once
 
 #include <algorithm>
@@ -12,11 +12,11 @@ inline constexpr const char* unreadablePlist = "Unreadable property list";
 /// The largest file that is read, in bytes.
 inline constexpr std::size_t maximumPlistBytes = std::size_t{16} * 1024 * 1024;
 
-/// Arrays and dictionaries inside each other, the outermost counted as one.
+/// The deepest nesting of arrays and dictionaries; the outermost one counts.
 inline constexpr std::size_t maximumPlistDepth = 512;
 
-/// The memory, in bytes, that reading a file of a given size may take. The text forms stay below
-/// by construction. References of a binary file can be shared, so its reader accounts each one.
+/// The memory that reading a file may take; both sizes in bytes. The text forms stay below by
+/// construction. References of a binary file can be shared, so its reader accounts each one.
 inline constexpr std::size_t maximumPlistMemory(std::size_t fileSize) {
     constexpr std::size_t allowance = std::size_t{1024} * 1024;
     return std::max(fileSize * 40, allowance);

@@ -14,7 +14,7 @@ namespace frimbolate {
 
 namespace {
 
-/// Line and paragraph separator, in UTF-8.
+/// Line and paragraph separator.
 constexpr std::string_view wideSeparators[] = {"\u2028", "\u2029"};
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
@@ -33,28 +33,32 @@ std::optional<std::uint8_t> hexadecimalDigit(char c) {
     return std::nullopt;
 }
 
-/// A text as it stands in the file, without its quotes.
+/// The position of a text in the file, without its quotes.
 struct Token {
     std::size_t start;
     std::size_t end;
-    bool isEscaped; ///< whether a backslash is in it
+    bool isEscaped; ///< contains a backslash
 };
 
-/// Reads a file twice: once to count the elements of each array, and once to build the value. Two
-/// bytes make an element, so that growing arrays would take many times the memory of the final.
+/// Makes one pass over a file. The first pass counts the elements of each array, the second builds
+/// the value: an element can be two bytes long, and an array that grows by reallocation would take
+/// many times the memory of the final one.
 class Reader {
   public:
+    /// All must outlive the reader.
+    /// \param counts  elements of each array, in the order of their starts
+    /// \param builder null in the first pass
     Reader(std::string_view text, std::vector<std::uint32_t>& counts, ValueBuilder* builder)
         : in_(text), counts_(counts), builder_(builder) {}
 
     void document();
 
   private:
-    /// .strings is a dictionary without braces, which the end of the file closes.
+    /// "strings" is a dictionary without braces. The end of the file closes it.
     enum class Kind { array, dictionary, strings };
     struct Level {
         Kind kind;
-        std::size_t countIndex; ///< of an array
+        std::size_t countIndex; ///< into counts_; for an array
     };
 
     bool skipSpace();
@@ -186,7 +190,7 @@ std::string Reader::content(const Token& token) const {
     return *std::move(unescaped);
 }
 
-/// One element, one entry, or the end of the innermost container.
+/// Reads one element, one entry, or the end of the innermost container.
 void Reader::step() {
     const Kind kind = levels_.back().kind;
     const bool isMore = skipSpace();
@@ -261,7 +265,7 @@ bool Reader::takeBlankInData() {
     return takeWideSeparator();
 }
 
-/// Pairs of hexadecimal digits up to ">"; blanks stand between the pairs only.
+/// Reads pairs of hexadecimal digits up to ">". Blanks are allowed between the pairs only.
 void Reader::data() {
     Data data;
     while (!in_.take('>')) {

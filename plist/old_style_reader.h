@@ -1,5 +1,5 @@
-// Reads the property lists that are older than XML: `{ key = value; }`, `(a, b)`, <0fbd77>, texts,
-// and .strings files, which are a dictionary without its braces.
+// Reads old-style property lists, the form before XML: `{ key = value; }`, `(a, b)`, <0fbd77>,
+// texts, and .strings files, which are a dictionary without its braces.
 #pragma once
 
 #include "core/value.h"
@@ -8,12 +8,12 @@
 
 namespace frimbolate {
 
-/// The value of a property list of the older form. Its grammar is the platform's:
-/// - every scalar is a text, but for data; a text without quotes holds letters, digits and _$/:.-
-/// - a comma may stand behind the last element; a semicolon stands behind every entry; "key;"
-///   alone stands for "key = key;"
-/// - C and C++ comments; a file of nothing but blanks and comments is an empty dictionary;
-/// - of a key that occurs twice the last one holds.
+/// The value of an old-style property list. The grammar is the platform's:
+/// - a scalar is a text or data; a text without quotes consists of letters, digits and _$/:.-
+/// - a comma may follow the last element; a semicolon follows every entry; "key;" alone means
+///   "key = key;"
+/// - C and C++ comments are skipped; a file of blanks and comments alone is an empty dictionary;
+/// - the last of duplicate keys wins.
 /// \param text UTF-8
 /// \throws NamedError "Unreadable property list" with the reason and the line
 Value readOldStylePlist(std::string_view text);

@@ -25,7 +25,7 @@ Value readTextForm(std::string_view bytes) {
         TextCursor in(text);
         return readXmlPlist(in);
     } catch (const NamedError& error) {
-        // "<0fbd77>" is data of the older form; every other file has been meant as XML.
+        // "<0fbd77>" is old-style data. For any other file the error of the XML reader is reported.
         try {
             return readOldStylePlist(text);
         } catch (const NamedError&) {
@@ -46,7 +46,7 @@ Value readPropertyList(std::string_view bytes) {
         return readBinaryPlist(bytes);
     if (!hasBinaryPlistMagic(bytes))
         return readTextForm(bytes);
-    // Without an intact trailer the magic may as well be a word of an older form.
+    // Without an intact trailer the magic can also be a text of the old style.
     try {
         return readTextForm(bytes);
     } catch (const NamedError&) {

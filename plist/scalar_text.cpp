@@ -18,7 +18,7 @@ constexpr std::string_view digits = "0123456789";
 
 constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Blanks of the C locale, which are more than those of XML.
+/// White space of the C locale: that of XML, vertical tab and form feed.
 constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 void skipSpaces(std::string_view& text) {
@@ -55,10 +55,10 @@ std::optional<double> namedReal(std::string_view text) {
     return isNegative ? -infinity : infinity;
 }
 
-/// An unsigned decimal number, cut into its parts.
+/// The parts of an unsigned decimal number.
 struct Decimal {
     std::string_view whole;    ///< digits before the point
-    std::string_view fraction; ///< digits behind the point
+    std::string_view fraction; ///< digits after the point
     std::string_view exponent; ///< with its sign; empty where there is none
 };
 
@@ -86,12 +86,12 @@ std::optional<Decimal> decimalOf(std::string_view text) {
     return parts;
 }
 
-/// What a number is rounded to that lies outside of all doubles: infinity or zero.
+/// The result for a number outside the range of doubles: infinity or zero.
 double limitOf(const Decimal& decimal) {
     const auto first = decimal.whole.find_first_not_of('0');
     if (first == std::string_view::npos && decimal.fraction.find_first_not_of('0') == first)
         return 0;
-    // The power of ten of the first digit that counts.
+    // The power of ten of the first significant digit.
     auto magnitude =
         static_cast<std::int64_t>(decimal.whole.size()) - static_cast<std::int64_t>(first);
     if (first == std::string_view::npos)
@@ -113,7 +113,7 @@ double convertedByStream(std::string_view number, const Decimal& decimal) {
     stream.imbue(std::locale::classic());
     double result = 0;
     stream >> result;
-    // Some libraries tell of a denormal number as of a error, and yet give it.
+    // Some libraries set failbit for a denormal number and still store it.
     const bool isDenormal = result > 0 && result < std::numeric_limits<double>::min();
     return stream.fail() && !isDenormal ? limitOf(decimal) : result;
 }
@@ -161,11 +161,11 @@ constexpr bool isLeapYear(std::int64_t year) {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-/// Days of a common year before a month, which may be one before or behind the calendar's.
+/// Days of a common year before each month, from month 0 to month 13.
 constexpr std::array<std::int16_t, 14> daysBeforeMonth = {0,   0,   31,  59,  90,  120, 151,
                                                           181, 212, 243, 273, 304, 334, 365};
 
-/// Two digits and the character behind them.
+/// Removes two digits and the character after them from the front of the text.
 std::optional<int> takeTwoDigits(std::string_view& text, char behind) {
     if (text.size() < 3 || !isDigit(text[0]) || !isDigit(text[1]) || text[2] != behind)
         return std::nullopt;
@@ -178,7 +178,7 @@ std::optional<std::int64_t> takeYear(std::string_view& text) {
     const bool isNegative = take(text, '-');
     std::int64_t year = 0;
     const char* const end = text.data() + text.size();
-    // The dash behind the year would be a second sign.
+    // from_chars would accept a second sign.
     if (text.empty() || !isDigit(text.front()))
         return std::nullopt;
     const auto result = std::from_chars(text.data(), end, year);
@@ -189,7 +189,7 @@ std::optional<std::int64_t> takeYear(std::string_view& text) {
     return isNegative ? -year : year;
 }
 
-/// The value of a character of base64, or nothing. The padding counts as zero bits.
+/// The value of a base64 character, or nothing. Padding counts as zero bits.
 constexpr std::optional<std::uint32_t> sextet(char c) {
     if (c >= 'A' && c <= 'Z')
         return c - 'A';
@@ -226,7 +226,7 @@ std::optional<Value> parsePlistInteger(std::string_view text) {
     constexpr auto lowest = std::uint64_t{1} << 63;
     if (magnitude > lowest)
         return std::nullopt;
-    // Unsigned arithmetic, for the lowest number has no positive counterpart.
+    // Unsigned arithmetic: the lowest number has no positive counterpart.
     return Value(static_cast<std::int64_t>(std::uint64_t{0} - magnitude));
 }
 

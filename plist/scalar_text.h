@@ -1,4 +1,4 @@
-// What the texts of numbers, dates and data in an XML property list mean. None asks the locale.
+// Parses the texts of numbers, dates and data in an XML property list. Independent of the locale.
 #pragma once
 
 #include "core/value.h"
@@ -8,26 +8,28 @@
 
 namespace frimbolate {
 
-/// A decimal or 0x hexadecimal number from INT64_MIN to UINT64_MAX. Blanks may stand before it
-/// and behind its sign, but not after it. A leading zero does not make it octal.
+/// A decimal or 0x hexadecimal number from INT64_MIN to UINT64_MAX; nothing for any other text.
+/// Blanks are allowed before the number and after its sign, not after the number. A leading zero
+/// does not mean octal.
 std::optional<Value> parsePlistInteger(std::string_view text);
 
-/// A decimal number with an optional sign, blanks before it only, or exactly one of "nan" and
-/// "inf", "infinity" with an optional sign, in any case. A number too large for a double is
-/// infinite, one too small is zero.
+/// A decimal number with an optional sign; blanks are allowed before it only. Or exactly "nan", or
+/// "inf" or "infinity" with an optional sign, in any case. Nothing for any other text. A number too
+/// large for a double becomes infinity, one too small becomes zero.
 std::optional<double> parsePlistReal(std::string_view text);
 
-/// The same by way of a stream of the standard library, for those that lack std::from_chars for
-/// reals. Always compiled, so that every platform tests it.
+/// The same with a stream of the standard library, for libraries without std::from_chars for reals.
+/// Compiled everywhere, so that every platform tests it.
 std::optional<double> parsePlistRealByStream(std::string_view text);
 
 /// A date of the form "YYYY-MM-DDTHH:MM:SSZ". The year may be negative and have any number of
-/// digits. Months 0 to 13 and all days and times of two digits are counted on from where they
-/// would begin, so "2001-13-03" is 2002-01-03; month 0 counts as January.
-/// Nothing for another form, and for more seconds than a double holds exactly.
+/// digits. Months 0 to 13 and all days and times of two digits are accepted and carried over:
+/// "2001-13-03" is 2002-01-03. Month 0 counts as January.
+/// Nothing for another form, and for more seconds than a double represents exactly.
 std::optional<Date> parsePlistDate(std::string_view text);
 
-/// The bytes of base64. What is no base64 is passed over, and so is an incomplete group of four.
+/// The bytes of a base64 text. Characters outside base64 and an incomplete last group of four are
+/// skipped.
 Data decodePlistData(std::string_view text);
 
 } // namespace frimbolate

@@ -7,7 +7,7 @@ namespace frimbolate {
 
 namespace {
 
-/// Line feeds, carriage returns and pairs of both end a line.
+/// The line of a position. A line feed, a carriage return or the pair of both ends a line.
 std::size_t lineOf(std::string_view text, std::size_t position) {
     std::size_t line = 1;
     for (std::size_t i = 0; i < position; ++i) {

@@ -1,4 +1,4 @@
-// A position in a text that is being read, which knows its line.
+// A read position in a text that can report its line.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@ class TextCursor {
     explicit TextCursor(std::string_view text) : text_(text) {}
 
     bool atEnd() const { return position_ == text_.size(); }
-    /// The next byte; NUL at the end, where atEnd() tells it from a NUL of the text.
+    /// The next byte; NUL at the end. atEnd() distinguishes it from a NUL in the text.
     char peek() const { return atEnd() ? '\0' : text_[position_]; }
     std::size_t position() const { return position_; }
     std::string_view rest() const { return text_.substr(position_); }
@@ -25,7 +25,7 @@ class TextCursor {
     void moveTo(std::size_t position) { position_ = position; }
     void advance(std::size_t bytes = 1) { position_ += bytes; }
 
-    /// Advances past an expected piece of text; false, without moving, where another stands.
+    /// Advances past an expected text. Returns false, without moving, where another follows.
     bool take(std::string_view expected) {
         if (text_.compare(position_, expected.size(), expected) != 0)
             return false;
@@ -38,31 +38,32 @@ class TextCursor {
         ++position_;
         return true;
     }
-    /// Advances past blanks as XML knows them.
+    /// Advances past the white space of XML.
     void skipBlanks() {
         while (!atEnd() && isBlank(text_[position_]))
             ++position_;
     }
-    /// The position of a piece of text from here on, or std::string_view::npos.
+    /// The position of the next occurrence of a text or character, or std::string_view::npos.
     template <typename Piece>
     std::size_t find(Piece piece) {
         return searched(text_.find(piece, position_), text_.size());
     }
-    /// The position of a character from here up to an end, or the end.
+    /// The position of the next occurrence of a character before an end, or the end.
     std::size_t find(char character, std::size_t end) {
         const std::size_t found = between(position_, end).find(character);
         return searched(found == std::string_view::npos ? end : position_ + found, end);
     }
-    /// How many bytes all searches have passed over. A reader that is linear searches none of
-    /// them more than a few times.
+    /// The number of bytes that all calls of find() searched. Tests use it to show that a reader
+    /// takes linear time.
     std::size_t bytesSearched() const { return bytesSearched_; }
 
     static bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-    /// \throws NamedError with the reason and the line of a position, counted from one.
+    /// \throws NamedError with the reason and the line of the position; the first line is 1
     [[noreturn]] void failAt(std::size_t position, const std::string& reason) const;
     [[noreturn]] void fail(const std::string& reason) const { failAt(position_, reason); }
-    /// "it ends too early" at the end of the text, else which character stands here.
+    /// \throws NamedError "it ends too early" at the end of the text, else with the next character
+    ///         and what was wanted
     [[noreturn]] void failUnexpected(const std::string& wanted) const;
 
   private:
@@ -76,7 +77,7 @@ class TextCursor {
     std::size_t bytesSearched_ = 0;
 };
 
-/// A piece of a file as it can be shown in a message: short, and without anything unprintable.
+/// A part of a file for a message: shortened, and printable characters only.
 std::string excerpt(std::string_view text);
 
 } // namespace frimbolate

@@ -30,13 +30,13 @@ constexpr bool isSurrogate(char32_t unit) { return unit >= 0xd800 && unit <= 0xd
 
 struct ByteOrderMark {
     std::string_view bytes;
-    std::size_t shortest; ///< the size of a file from which on the mark counts
+    std::size_t shortest; ///< size in bytes of the smallest file in which the mark is recognised
     Encoding encoding;
 };
 
 using namespace std::string_view_literals;
 
-// The marks of UTF-32 first, for one of them begins with a mark of UTF-16.
+// The marks of UTF-32 come first: one of them starts with a mark of UTF-16.
 constexpr ByteOrderMark byteOrderMarks[] = {
     {"\x00\x00\xfe\xff"sv, 5, Encoding::utf32Big}, {"\xff\xfe\x00\x00"sv, 5, Encoding::utf32Little},
     {"\xef\xbb\xbf"sv, 3, Encoding::utf8},         {"\xff\xfe"sv, 3, Encoding::utf16Little},
@@ -61,14 +61,14 @@ constexpr NamedEncoding namedEncodings[] = {
     {"cp1252", Encoding::windows1252},
 };
 
-/// The characters of the bytes 0x80 to 0x9f; zero where there is none.
+/// The characters of the bytes 0x80 to 0x9f; zero for an undefined byte.
 constexpr std::array<char16_t, 32> windows1252Characters = {
     0x20ac, 0,      0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017d, 0,      0,      0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0,      0x017e, 0x0178};
 
-/// The name in the XML header's encoding="…", where the platform looks for one: the file begins
-/// with "<?xml", and neither "?" nor ">" stands before it.
+/// The name in encoding="…" of the XML header. As on the platform, the file must start with
+/// "<?xml", without a "?" or ">" before the attribute.
 std::optional<std::string_view> declaredEncoding(std::string_view bytes) {
     constexpr std::string_view begin = "<?xml";
     constexpr std::string_view attribute = "encoding=";
@@ -160,7 +160,7 @@ DecodedText decoded(std::string_view bytes, Encoding encoding) {
     return DecodedText::reference(bytes);
 }
 
-/// How many bytes of ASCII a text begins with.
+/// The number of ASCII bytes at the start of a text.
 std::size_t asciiSize(std::string_view text) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
     std::size_t size = 0;
@@ -174,7 +174,7 @@ std::size_t asciiSize(std::string_view text) {
     return size;
 }
 
-/// The size of the character that a text begins with, or zero where it is no valid UTF-8.
+/// The size in bytes of the first character of a text, or zero where it is no valid UTF-8.
 std::size_t characterSize(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const auto lead = byte(0);
@@ -206,7 +206,7 @@ std::optional<std::string> decodeUtf16(std::string_view bytes, bool isBigEndian)
     if (bytes.size() % 2 != 0)
         return std::nullopt;
     std::string text;
-    // Two bytes may become three; a reader that accounts for its memory relies on no more.
+    // Two bytes become up to three. The binary reader accounts this amount and no more.
     text.reserve(bytes.size() / 2 * 3);
     for (std::size_t i = 0; i < bytes.size(); i += 2) {
         char32_t character = unitAt(bytes, i, 2, isBigEndian);

@@ -7,7 +7,7 @@
 
 namespace frimbolate {
 
-/// A text as UTF-8. A file that is in UTF-8 is referred to, not copied.
+/// A text as UTF-8. Refers to a file that is in UTF-8 already, and owns a converted copy otherwise.
 class DecodedText {
   public:
     /// \param text must outlive this object
@@ -25,19 +25,20 @@ class DecodedText {
     bool isCopy_;
 };
 
-/// The text of a file. A byte order mark decides on the encoding and is left out, else the XML
-/// header does, else the file is in UTF-8. A text in UTF-8 is not checked here: XML asks for
-/// valid characters only inside texts and keys.
-/// \throws NamedError where the declared encoding is not known or the bytes are not of it
+/// The text of a file, without its byte order mark. The encoding is that of the mark, else that of
+/// the XML header, else UTF-8. UTF-8 is not checked here: the XML grammar requires valid characters
+/// only inside texts and keys.
+/// \param bytes must outlive the result
+/// \throws NamedError where the declared encoding is unknown or does not fit the bytes
 DecodedText decodeText(std::string_view bytes);
 
-/// A text in UTF-16 as UTF-8; nothing where it holds half a character.
+/// A text in UTF-16 as UTF-8; nothing for an odd number of bytes or an unpaired surrogate.
 std::optional<std::string> decodeUtf16(std::string_view bytes, bool isBigEndian);
 
 bool isAscii(std::string_view text);
 bool isValidUtf8(std::string_view text);
 
-/// Appends a character. False, without appending, for a surrogate or beyond U+10FFFF.
+/// Appends a character. Returns false, without appending, for a surrogate or beyond U+10FFFF.
 bool appendUtf8(std::string& text, char32_t character);
 
 } // namespace frimbolate

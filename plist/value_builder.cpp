@@ -32,7 +32,7 @@ void ValueBuilder::value(Value&& value) {
         level.array.push_back(std::move(value));
         return;
     }
-    // Keys mostly come in order, and then the hint spares the search.
+    // Keys are mostly sorted in the file; the hint then avoids the search.
     Dictionary& entries = level.dictionary;
     if (duplicates_ == DuplicateKeys::first)
         entries.try_emplace(entries.end(), std::move(level.key), std::move(value));

@@ -1,6 +1,6 @@
-// Builds a Value from the parts of a property list in the order in which a reader meets them.
+// Builds a Value from the parts of a property list in the order of the file.
 //
-// An explicit stack of the open containers, so that a reader needs no recursion.
+// Keeps an explicit stack of the open containers, so that readers need no recursion.
 #pragma once
 
 #include "core/value.h"
@@ -11,25 +11,26 @@
 
 namespace frimbolate {
 
-/// Which entry of a dictionary holds where a key occurs more than once.
+/// Which of duplicate keys of a dictionary wins.
 enum class DuplicateKeys { first, last };
 
 class ValueBuilder {
   public:
     explicit ValueBuilder(DuplicateKeys duplicates);
 
-    /// \param elements how many elements are going to follow, where that is known
+    /// \param elements number of elements to reserve memory for; 0 where unknown
     void beginArray(std::size_t elements = 0);
     void beginDictionary();
     /// Ends the innermost container, which becomes an element, a value or the root.
     void end();
-    /// The key of the next value. Needs an open dictionary.
+    /// Sets the key of the next value. Needs an open dictionary.
     void key(std::string key) { levels_.back().key = std::move(key); }
+    /// Adds an element, the value of an entry, or the root.
     void value(Value&& value);
 
-    /// How many containers are open.
+    /// The number of open containers.
     std::size_t depth() const { return levels_.size(); }
-    /// The root. Needs every container to be ended.
+    /// Moves the root out. Needs every container to be ended.
     Value take() { return std::move(root_); }
 
   private:

@@ -19,7 +19,8 @@ using namespace std::chrono;
 constexpr seconds firstSecond = sys_days(year{1} / January / 1).time_since_epoch();
 constexpr seconds endOfTime = sys_days(year{10000} / January / 1).time_since_epoch();
 
-/// The number of a character that XML 1.0 cannot hold at a position of valid UTF-8, or nothing.
+/// The code of the character at a position of valid UTF-8 if XML 1.0 cannot represent it, else
+/// nothing.
 std::optional<unsigned> forbiddenCharacterAt(std::string_view text, std::size_t position) {
     const auto byte = static_cast<unsigned char>(text[position]);
     if (byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r')
@@ -32,7 +33,7 @@ std::optional<unsigned> forbiddenCharacterAt(std::string_view text, std::size_t 
     return std::nullopt;
 }
 
-/// Whether a byte needs a second look: a control character or the lead byte of U+FFFE.
+/// Whether forbiddenCharacterAt() has to look here: a control character or the lead byte of U+FFFE.
 constexpr bool isSuspect(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte < 0x20 || byte == 0xef;

@@ -40,7 +40,7 @@ constexpr ElementName elementNames[] = {
     {"date", Element::date},        {"plist", Element::plist},
 };
 
-/// An element that is open, and what may come next in it.
+/// An open element, and what is allowed next in it.
 enum class Level : unsigned char { emptyPlist, filledPlist, array, dictionaryKey, dictionaryValue };
 
 constexpr std::string_view nameOf(Level level) {
@@ -102,7 +102,7 @@ void Reader::skipPast(std::string_view terminator, const char* what) {
     in_.moveTo(found + terminator.size());
 }
 
-/// Advances behind the "<" of the first element.
+/// Advances past the "<" of the first element.
 void Reader::skipProlog() {
     for (;;) {
         in_.skipBlanks();
@@ -128,7 +128,7 @@ void Reader::skipDocumentType() {
         in_.failAt(start, "it declares a document type of its own");
 }
 
-/// Advances behind the "<" of the next tag inside an element.
+/// Advances past the "<" of the next tag inside an element.
 void Reader::skipToMarkup() {
     for (;;) {
         in_.skipBlanks();
@@ -142,7 +142,7 @@ void Reader::skipToMarkup() {
         } else if (in_.take('!')) {
             if (!in_.take("--"))
                 in_.fail("a declaration or section stands between the elements");
-            // The second dash may belong to the end already, as in "<!--->".
+            // The second dash can be part of the end, as in "<!--->".
             in_.moveTo(in_.position() - 1);
             skipPast("-->", "a comment");
         } else {
@@ -151,7 +151,7 @@ void Reader::skipToMarkup() {
     }
 }
 
-/// Reads a tag behind its "<". The name ends at the first blank.
+/// Reads a tag from after its "<". The name ends at the first blank.
 Tag Reader::openTag() {
     const std::size_t start = in_.position();
     const std::size_t end = in_.find('>');
@@ -227,7 +227,7 @@ void Reader::openContainer(Element element, bool isEmpty) {
     afterValue();
 }
 
-/// Closes the innermost element, behind the "</" of a tag.
+/// Closes the innermost element. Called after the "</" of its end tag.
 void Reader::closeElement() {
     const Level level = levels_.back();
     expectCloseTagBehind(nameOf(level));
@@ -257,7 +257,7 @@ void Reader::expectCloseTagBehind(std::string_view name) {
     in_.failAt(start, "a closing tag does not match <" + std::string(name) + ">");
 }
 
-/// The content of an element that holds neither references nor sections.
+/// The content of an element without references and sections, up to the next tag.
 std::string_view Reader::plainContent() {
     const std::size_t start = in_.position();
     in_.moveTo(in_.find('<', start + in_.rest().size()));

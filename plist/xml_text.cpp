@@ -43,7 +43,7 @@ std::optional<char32_t> digitValue(char c, bool isHexadecimal) {
     return std::nullopt;
 }
 
-/// Reads a reference to a character by its number, behind "&#". No digit at all means zero.
+/// Reads a numeric character reference from after its "&#". A reference without digits means zero.
 void readCharacter(TextCursor& in, std::string& text) {
     const bool isHexadecimal = in.take('x');
     char32_t character = 0;
@@ -80,7 +80,7 @@ std::string readXmlText(TextCursor& in) {
         const std::size_t tag = in.find('<');
         if (tag == std::string_view::npos)
             in.fail("a text does not end");
-        // Searched once for all references before it, or many of them would take quadratic time.
+        // The tag is searched once for all references before it: quadratic time otherwise.
         while (in.position() < tag) {
             const std::size_t start = in.position();
             in.moveTo(in.find('&', tag));

@@ -1,4 +1,4 @@
-// The text inside of an XML element.
+// Reads the text inside an XML element.
 #pragma once
 
 #include "plist/text_cursor.h"
@@ -7,8 +7,8 @@
 
 namespace frimbolate {
 
-/// Reads references to characters, CDATA sections and all else up to a tag, and leaves the cursor
-/// in front of it. The text is valid UTF-8, without a leading U+FEFF.
+/// Reads character references, CDATA sections and plain text up to a tag, and leaves the cursor
+/// before the tag. The result is valid UTF-8, without a leading U+FEFF.
 /// \throws NamedError with the reason and the line
 std::string readXmlText(TextCursor& in);
 
