@@ -1,4 +1,4 @@
-// Questions and messages, shown as sheets on the main window.
+// The interface for questions and messages, shown as sheets on the main window.
 #pragma once
 
 #include <functional>
@@ -30,9 +30,10 @@ class Alerts {
     using Completion = std::function<void(AlertOutcome)>;
 
     virtual ~Alerts() = default;
-    /// Returns at once. The completion runs exactly once, later, when the alert has left the
-    /// screen. An alert asked for while another sheet is up is shown after it.
+    /// Returns at once. The completion runs exactly once, later on the same thread, after the alert
+    /// has left the screen. While another sheet is shown, the alert waits for it to close.
     virtual void show(const Alert& alert, Completion completion) = 0;
+    /// The same where the answer does not matter.
     void show(const Alert& alert) {
         show(alert, [](AlertOutcome) {});
     }

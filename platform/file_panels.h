@@ -1,4 +1,5 @@
-// The panels in which a person points at a file or folder, shown as sheets on the main window.
+// The interface for the panels in which the user chooses a file or folder, shown as sheets on the
+// main window.
 #pragma once
 
 #include <functional>
@@ -16,11 +17,11 @@ struct OpenPanel {
     std::string prompt; ///< title of the button that accepts
     std::string message;
     /// File name extensions without the dot; empty allows every file. A bundle ("app", "workflow")
-    /// whose extension is among them counts as a file, no other folder does.
+    /// with one of the extensions counts as a file; no other folder does.
     std::vector<std::string> allowedFileTypes;
-    std::optional<std::string> directory; ///< where the panel starts; its own default if not set
-    /// The entry of the starting folder that is selected at first, where it is there, and the name
-    /// that a new folder is proposed.
+    std::optional<std::string> directory; ///< the first folder shown; the panel's default if unset
+    /// The entry of the first folder that is selected initially, if it exists, and the proposed
+    /// name of a new folder.
     std::string suggestedName;
 };
 
@@ -32,20 +33,20 @@ struct SavePanel {
     std::optional<std::string> directory;
 };
 
-/// Where a save panel was answered to save.
+/// The answer of a save panel.
 struct SaveLocation {
     std::string path;                 ///< absolute
-    std::string nameFieldStringValue; ///< the file name as it stands in the panel's name field
+    std::string nameFieldStringValue; ///< the file name as the panel's name field shows it
 };
 
 class FilePanels {
   public:
-    /// The absolute path chosen, or nothing when the panel was cancelled.
+    /// Receives the absolute path chosen, or nothing when the panel was cancelled.
     using OpenCompletion = std::function<void(std::optional<std::string>)>;
     using SaveCompletion = std::function<void(std::optional<SaveLocation>)>;
 
     virtual ~FilePanels() = default;
-    /// Both return at once; the completion runs exactly once, later.
+    /// Both return at once; the completion runs exactly once, later on the same thread.
     virtual void open(const OpenPanel& panel, OpenCompletion completion) = 0;
     virtual void save(const SavePanel& panel, SaveCompletion completion) = 0;
 };

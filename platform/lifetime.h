@@ -1,4 +1,4 @@
-// Answers to questions arrive later; a Lifetime makes sure that whoever asked still lives then.
+// A guard for completions, which run later: they do nothing once the object that asked is gone.
 #pragma once
 
 #include <memory>
@@ -6,13 +6,14 @@
 
 namespace frimbolate {
 
+/// A member of the object that the completions refer to. Objects and completions share one thread.
 class Lifetime {
   public:
     Lifetime() = default;
     Lifetime(const Lifetime&) = delete;
     Lifetime& operator=(const Lifetime&) = delete;
 
-    /// The function, made to do nothing once this Lifetime is gone.
+    /// Wraps a function so that it does nothing once this Lifetime is destroyed.
     template <typename Function>
     auto whileAlive(Function function) const {
         return [alive = std::weak_ptr<const char>(token_),

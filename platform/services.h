@@ -1,4 +1,5 @@
-// What the desktop gives, each as a small interface, and all of them in one struct of references.
+// The services of the desktop, each as a small interface, and a struct of references to all of
+// them.
 #pragma once
 
 #include "core/agent_form.h"
@@ -13,17 +14,17 @@
 
 namespace frimbolate {
 
-/// The program's own sheets; what they show stands in the form model.
+/// The program's own sheets. The form model holds their content.
 enum class Sheet { welcomeWindow, preferencesWindow, executeScriptWindow };
 
 class Sheets {
   public:
     virtual ~Sheets() = default;
-    /// Shows the sheet on the main window, after any sheet that is up already. Returns at once.
+    /// Shows the sheet on the main window, after any sheet that is shown already. Returns at once.
     virtual void begin(Sheet sheet) = 0;
-    /// Takes the sheet off the screen; harmless when it is not shown.
+    /// Closes the sheet; does nothing when it is not shown.
     virtual void end(Sheet sheet) = 0;
-    /// Gives a control of the sheet, named by its outlet, the keyboard.
+    /// Gives the keyboard focus to a control of the sheet, named by its outlet.
     virtual void makeFirstResponder(Sheet sheet, std::string_view outlet) = 0;
 };
 
@@ -32,45 +33,45 @@ class Files {
   public:
     virtual ~Files() = default;
     virtual bool exists(const std::string& path) = 0;
-    /// Whether the person may write to this file or folder; false where it does not exist.
+    /// Whether the user may write to this file or folder; false where it does not exist.
     virtual bool isWritable(const std::string& path) = 0;
-    /// Whether the item is gone; a failure leaves it in place.
+    /// Removes an item. Returns whether it is gone; a failure leaves it in place.
     virtual bool remove(const std::string& path) = 0;
     /// The dictionary of a property list of any form; nothing where the file cannot be read, is
-    /// over 16 MiB, damaged, nested too deeply or holds no dictionary. Who asked tells the user in
-    /// words of its own; why a content was refused, with its line, is logged.
+    /// over 16 MiB, damaged, nested too deeply or no dictionary. The caller informs the user; the
+    /// log gets the reason why the content was rejected, with its line.
     virtual std::optional<Dictionary> readDictionary(const std::string& path) = 0;
-    /// Writes an XML property list so that the file is either whole and new or, byte for byte, as
-    /// it was. Returns whether it was written.
-    /// \throws NamedError "Unwritable content" when a text or date has no form that every reader
-    /// reads back.
+    /// Writes an XML property list. Afterwards the file is either complete and new or unchanged to
+    /// the byte. Returns whether it was written.
+    /// \throws NamedError "Unwritable content" for a text or date that not every reader would
+    ///         return unchanged
     virtual bool writeDictionary(const std::string& path, const Dictionary& dictionary) = 0;
 };
 
-/// The desktop's trash, out of which the user can take a file back.
+/// The desktop's trash, from which the user can restore a file.
 class Trash {
   public:
     virtual ~Trash() = default;
     /// Moves one file, or one link but not its target; never a folder, since that could be a whole
-    /// bundle. Returns where it went, or nothing when it stays in place.
+    /// bundle. Returns the new path, or nothing when the item stays in place.
     virtual std::optional<std::string> moveToTrash(const std::string& path) = 0;
 };
 
-/// Scoped access to a folder that the person granted once.
+/// Scoped access to a folder that the user granted once.
 class FolderAccess {
   public:
     virtual ~FolderAccess() = default;
-    /// A bookmark that finds the folder again after a restart.
-    /// \throws NamedError when none can be made.
+    /// A bookmark that resolves to the folder also after a restart.
+    /// \throws NamedError when none can be created
     virtual Data createBookmark(const std::string& folder) = 0;
     /// The folder's path, or nothing when the bookmark cannot be resolved.
     virtual std::optional<std::string> resolve(const Data& bookmark) = 0;
-    /// Begin and end scoped access; on nothing they do nothing.
+    /// Begins or ends scoped access; without a folder both do nothing.
     virtual void begin(const std::optional<std::string>& folder) = 0;
     virtual void end(const std::optional<std::string>& folder) = 0;
 };
 
-/// The person's settings: a key/value store that outlives the process.
+/// The user's settings: a key/value store that outlives the process.
 class Defaults {
   public:
     virtual ~Defaults() = default;
@@ -78,7 +79,8 @@ class Defaults {
     virtual void set(std::string_view key, Value value) = 0;
     virtual void remove(std::string_view key) = 0;
     virtual std::vector<std::string> keys() = 0;
-    /// Reads what others wrote, and writes what is not on disk yet. Failures are logged only.
+    /// Reads what other processes wrote, and writes what is not on disk yet. Failures are logged
+    /// only.
     virtual void synchronize() = 0;
 };
 
@@ -92,17 +94,18 @@ class Pasteboard {
 class Workspace {
   public:
     virtual ~Workspace() = default;
-    /// Opens the desktop's terminal; a failure is not told.
+    /// Opens the desktop's terminal; a failure is not reported.
     virtual void openTerminal() = 0;
-    /// Starts the program once more, beside the running one; a failure is not told.
+    /// Starts another instance beside the running one; a failure is not reported.
     virtual void launchNewInstance() = 0;
-    /// The short (login) name of the person, such as "maya".
+    /// The short (login) name of the user, such as "maya".
     virtual std::string userName() = 0;
 };
 
 class Clock {
   public:
     virtual ~Clock() = default;
+    /// The current time in the user's time zone.
     virtual LocalDateTime now() = 0;
 };
 
@@ -116,12 +119,13 @@ class Log {
 class Application {
   public:
     virtual ~Application() = default;
-    /// Quits the program soon after the call returns.
+    /// Quits the program after the call has returned.
     virtual void terminate() = 0;
-    /// Shows an error the way the desktop shows any error.
+    /// Shows an error as the desktop shows errors.
     virtual void presentError(const std::string& text) = 0;
 };
 
+/// All services. Each must outlive every object that was given this struct or a reference to it.
 struct Services {
     Alerts& alerts;
     Sheets& sheets;
