@@ -14,7 +14,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The new file under its temporary name, which is gone with this object unless it was moved.
+/// The new file under its temporary name. Removed with this object unless it was moved.
 class TemporaryFile {
   public:
     TemporaryFile(int folder, mode_t mode)
@@ -48,7 +48,7 @@ class TemporaryFile {
     bool created_;
 };
 
-/// Never waits: another file may have come into its target meanwhile.
+/// O_NONBLOCK: another program may have put a pipe in its place meanwhile.
 int openOriginal(int folder, const std::string& name) {
     return ::openat(folder, name.c_str(),
                     O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -74,17 +74,17 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
         return errnoMessage();
     if (exists && !S_ISREG(status.st_mode))
         return "it is not a regular file";
-    // First, since they may fill the disk.
+    // First, since they may have filled the disk.
     removeAbandonedFiles(folder.number(), std::time(nullptr));
 
     const FileDescriptor original(exists ? openOriginal(folder.number(), target.name) : -1);
-    // Nobody else may look in before the rights of the original are set.
+    // Other users must not read the content before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
     if (!temporary.isOpen() ||
         (exists && !copyMetadata(original.number(), status, temporary.number())) ||
         !temporary.write(content) || !temporary.moveTo(target.name))
         return errnoMessage();
-    // The new file is in target. Should this fail, a power cut may bring the old one back, whole.
+    // The new file is in place. If this fails, a power cut may restore the old one, complete.
     static_cast<void>(::fsync(folder.number()));
     return std::nullopt;
 }

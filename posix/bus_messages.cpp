@@ -10,10 +10,10 @@ namespace {
 constexpr char byteOrder = std::endian::native == std::endian::little ? 'l' : 'B';
 constexpr char methodCall = 1, methodReturn = 2, error = 3;
 constexpr char noAutoStart = 2, version = 1;
-/// The codes of the header's fields.
+/// The codes of the header fields.
 constexpr char pathField = 1, interfaceField = 2, memberField = 3, answersField = 5,
                destinationField = 6, signatureField = 8;
-/// Before the header's fields: order, type, flags, version, and three numbers.
+/// Bytes before the header fields: order, type, flags, version, and three numbers.
 constexpr std::size_t fixedSize = 16;
 
 constexpr std::size_t aligned(std::size_t position, std::size_t size) {
@@ -39,12 +39,12 @@ std::uint32_t numberAt(std::string_view bytes, std::size_t position) {
     return number;
 }
 
-/// Reads one message from its first field on.
+/// Iterates over the header fields of one message.
 class Fields {
   public:
     Fields(std::string_view bytes, std::size_t end) : bytes_(bytes.substr(0, end)) {}
 
-    /// Whether there was another field, and it is of a kind that headers have.
+    /// Reads the next field. Returns whether there is one, of a type that occurs in headers.
     bool next() {
         position_ = aligned(position_, 8);
         if (position_ + 4 > bytes_.size() || bytes_[position_ + 1] != 1 || bytes_[position_ + 3])

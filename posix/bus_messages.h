@@ -1,5 +1,5 @@
-// As much of the wire format of D-Bus as it takes to call a method without arguments and to read a
-// text as its answer. Knows no Qt.
+// The part of the D-Bus wire format that a method call without arguments and an answer with one
+// text need.
 #pragma once
 
 #include <cstddef>
@@ -15,19 +15,20 @@ struct BusCall {
     std::string destination, path, interface, member;
 };
 
-/// The bytes of a call, in the machine's order. It starts no service that is not there.
+/// The bytes of a call, in the machine's byte order. The call never starts a service.
 std::string busCall(const BusCall& call);
 
 struct BusMessage {
-    std::uint32_t answers = 0; ///< serial of the call to which this is the return or the error
-    std::string text;          ///< what the call returned, where that is one text; else empty
+    std::uint32_t answers = 0; ///< serial of the call that this is the return or the error of
+    std::string text;          ///< the returned value if it is one text, else empty
 };
 
-/// The size in bytes of the message at the front, 0 where too little is there to tell; nothing
-/// where it is no message, or one of another byte order.
+/// The size in bytes of the first message; 0 where more bytes are needed to tell. Nothing where the
+/// bytes are no message, or one of another byte order.
 std::optional<std::size_t> busMessageSize(std::string_view bytes);
 
-/// \param bytes one whole message; what follows on damage in it is left out
+/// Parses a message up to the first damaged field.
+/// \param bytes one complete message
 BusMessage parsedBusMessage(std::string_view bytes);
 
 } // namespace frimbolate

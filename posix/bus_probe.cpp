@@ -13,12 +13,13 @@ namespace frimbolate {
 
 namespace {
 
-/// Thrown where the deadline passes.
+/// Thrown when the deadline passes.
 struct TimedOut {};
-/// Thrown where the other side hangs up or speaks another language; Qt finds out by itself.
+/// Thrown when the other side disconnects or breaks the protocol. Qt detects both without waiting.
 struct Disconnected {};
 
-/// A connection on which nothing is waited for beyond the deadline.
+/// A connection on which no call waits beyond the deadline.
+/// \throws TimedOut, Disconnected from send(), line() and message()
 class BusConnection {
   public:
     BusConnection(FileDescriptor socket, Deadline deadline)
@@ -93,7 +94,7 @@ void authenticate(BusConnection& bus) {
     bus.send("BEGIN\r\n");
 }
 
-/// The answer to the call of that number, past signals and other answers.
+/// The answer to the call of a serial number. Skips signals and other answers.
 BusMessage answerTo(BusConnection& bus, std::uint32_t serial) {
     while (true)
         if (BusMessage message = bus.message(); message.answers == serial)
@@ -101,7 +102,7 @@ BusMessage answerTo(BusConnection& bus, std::uint32_t serial) {
 }
 
 void exchangeGreeting(BusConnection& bus, Question question, BusStatus& answer) {
-    answer.isUnresponsive = true; // until it has answered
+    answer.isUnresponsive = true; // until the answer has arrived
     authenticate(bus);
     bus.send(busCall({.serial = 1,
                       .destination = "org.freedesktop.DBus",
@@ -122,7 +123,7 @@ void exchangeGreeting(BusConnection& bus, Question question, BusStatus& answer) 
     answer.isAccessibilityUnresponsive = false;
 }
 
-/// A byte that is written as % and two digits.
+/// Decodes bytes written as % and two hexadecimal digits.
 std::string unescaped(std::string_view text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -139,7 +140,7 @@ std::string unescaped(std::string_view text) {
     return plain;
 }
 
-/// Calls back with each piece between separators.
+/// Calls a function with each piece between separators.
 template <typename Use>
 void forEachPiece(std::string_view text, char separator, Use use) {
     while (!text.empty()) {
@@ -149,7 +150,7 @@ void forEachPiece(std::string_view text, char separator, Use use) {
     }
 }
 
-/// Empty for an entry of another kind.
+/// The socket of one entry of an address; empty for an entry of another kind.
 std::string socketOf(std::string_view entry) {
     constexpr std::string_view kind = "unix:", path = "path=", abstract = "abstract=";
     std::string socket;
@@ -194,7 +195,7 @@ BusStatus probeBus(const std::string& address, Question question, Deadline deadl
     for (const std::string& path : busSockets(address)) {
         LocalConnection connection = connectToLocalSocket(path);
         if (connection.outcome == ConnectOutcome::refused)
-            continue; // the next one is tried then
+            continue;
         answer.isUnresponsive = connection.outcome == ConnectOutcome::queueFull;
         if (answer.isUnresponsive)
             return answer;
@@ -214,15 +215,15 @@ UnresponsiveBuses unresponsiveBuses(const BusAddresses& addresses,
                                     std::chrono::milliseconds limit) {
     const auto start = std::chrono::steady_clock::now();
     const bool isNamed = !addresses.accessibility.empty();
-    // A mute session bus leaves the other half of the time to the accessibility bus.
+    // An unresponsive session bus leaves half of the time to the accessibility bus.
     const BusStatus session =
         probeBus(addresses.session, isNamed ? Question::greeting : Question::accessibilityBus,
                  start + limit / 2);
-    UnresponsiveBuses mute{session.isUnresponsive, session.isAccessibilityUnresponsive};
+    UnresponsiveBuses buses{session.isUnresponsive, session.isAccessibilityUnresponsive};
     for (const std::string& address : accessibilityAddresses(addresses, session))
-        mute.accessibility = mute.accessibility ||
-                             probeBus(address, Question::greeting, start + limit).isUnresponsive;
-    return mute;
+        buses.accessibility = buses.accessibility ||
+                              probeBus(address, Question::greeting, start + limit).isUnresponsive;
+    return buses;
 }
 
 } // namespace frimbolate

@@ -1,4 +1,4 @@
-// An open file that closes itself.
+// Owns an open file descriptor.
 #pragma once
 
 #include <cerrno>
@@ -12,7 +12,7 @@ namespace frimbolate {
 
 class FileDescriptor {
   public:
-    /// \param number as open() returns it; negative is none
+    /// \param number as open() returns it; negative means none
     explicit FileDescriptor(int number) : number_(number) {}
     FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     FileDescriptor& operator=(FileDescriptor&& other) noexcept {
@@ -23,14 +23,14 @@ class FileDescriptor {
 
     explicit operator bool() const { return number_ >= 0; }
     int number() const { return number_; }
-    /// Whether closing went well; some file systems tell a failed write only then.
+    /// Returns whether closing succeeded; some file systems report a failed write only here.
     bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
   private:
     int number_;
 };
 
-/// Whether all of the content went out; errno says why not.
+/// Writes all of the content. Returns whether that succeeded; sets errno otherwise.
 inline bool writeWholly(int file, std::string_view content) {
     while (!content.empty()) {
         const ssize_t written = ::write(file, content.data(), content.size());
@@ -43,7 +43,7 @@ inline bool writeWholly(int file, std::string_view content) {
     return true;
 }
 
-/// What the last failed call of the system said, such as "No space left on device".
+/// The message of errno, such as "No space left on device".
 inline std::string errnoMessage() { return std::strerror(errno); }
 
 } // namespace frimbolate

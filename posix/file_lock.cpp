@@ -11,8 +11,7 @@ FileLock::FileLock(const std::string& path, const Patience& patience) {
     for (int i = 0; i < patience.tries && state_ == State::busy; ++i) {
         if (i > 0)
             patience.pause();
-        // Opened at each try: the file may have been removed, and another program may hold a new
-        // one.
+        // Opened at each try: another process may have removed the file and may hold a new one.
         take(path);
     }
 }

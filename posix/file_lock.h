@@ -1,5 +1,4 @@
-// An advisory lock that one program has at a time, and that ends with it however it ends. Knows no
-// Qt.
+// An advisory lock that one process holds at a time. The system releases it when the process ends.
 #pragma once
 
 #include "posix/file_descriptor.h"
@@ -9,35 +8,35 @@
 
 namespace frimbolate {
 
-/// Held until release() or destruction; a program started meanwhile does not inherit it. The empty
-/// lock file stays: removed, it could be made twice.
+/// Held until release() or destruction; child processes do not inherit it. The empty lock file is
+/// never removed: two processes could then hold locks on different files of that name.
 class FileLock {
   public:
     enum class State {
         held,
-        busy,       ///< another program held it at every try
-        unavailable ///< the lock file cannot be made, or its file system has no locks
+        busy,       ///< another process held it at every try
+        unavailable ///< the lock file cannot be created, or its file system has no locks
     };
 
-    /// How long to wait for another program: a second, as it stands here.
+    /// How long to wait for another process; one second by default.
     struct Patience {
-        int tries = 101; ///< at least 1
+        int tries = 101; ///< at least 1; a pause between two of them
         std::function<void()> pause = sleepShortly;
     };
 
-    /// Holds nothing yet.
+    /// Does not hold a lock.
     FileLock() = default;
-    /// Tries to take the lock until it is held or patience ends.
+    /// Tries to take the lock until it is held, is unavailable, or the tries are used up.
     FileLock(const std::string& path, const Patience& patience);
 
-    /// Takes the lock unless another program holds it; does not wait.
-    /// \param path of the lock file, which is created where it is missing
+    /// Takes the lock unless another process holds it; does not wait.
+    /// \param path of the lock file, which is created if missing
     State take(const std::string& path);
     void release() { file_.close(), state_ = State::busy; }
 
     State state() const { return state_; }
     bool isHeld() const { return state_ == State::held; }
-    /// Why it is unavailable; a clause.
+    /// Why the lock is unavailable, as the system's message.
     const std::string& reason() const { return reason_; }
 
   private:

@@ -31,11 +31,11 @@ void copyAttributes(int original, int file) {
     static_cast<void>(::fcopyfile(original, file, nullptr, COPYFILE_XATTR));
 }
 
-/// The list stands beside the mode here, and names users and groups wherever the file belongs.
+/// On macOS the list is separate from the mode and names users and groups, independent of the owner.
 FileRights copyRights(int original, const FileRights& before, int file, bool sameOwner,
                       bool sameGroup) {
     AccessList list(::acl_get_fd_np(original, ACL_TYPE_EXTENDED));
-    // An empty one takes away what the folder handed down.
+    // An empty list removes the entries inherited from the folder.
     if (!list && errno == ENOENT)
         list.reset(::acl_init(0));
     if (list ? ::acl_set_fd_np(file, list.get(), ACL_TYPE_EXTENDED) != 0 : errno != ENOTSUP)
@@ -58,14 +58,14 @@ void copyAttributes(int original, int file) {
         if (!isAttributeCarriedOver(name))
             continue;
         const ssize_t length = ::fgetxattr(original, name, value.data(), value.size());
-        // The system may keep some to itself.
+        // Not every attribute is readable.
         if (length >= 0)
             static_cast<void>(
                 ::fsetxattr(file, name, value.data(), static_cast<std::size_t>(length), 0));
     }
 }
 
-/// The rights that an entry of a list speaks of; nothing for those of named users and groups.
+/// The rights of a class of users that an entry sets; nullptr for named users and groups.
 unsigned* rightsOfEntry(acl_entry_t entry, FileRights& rights) {
     acl_tag_t tag = ACL_UNDEFINED_TAG;
     ::acl_get_tag_type(entry, &tag);
@@ -86,7 +86,7 @@ unsigned* rightsOfEntry(acl_entry_t entry, FileRights& rights) {
 constexpr std::array<acl_perm_t, 3> permissions = {ACL_READ, ACL_WRITE, ACL_EXECUTE};
 static_assert(ACL_READ == 4 && ACL_WRITE == 2 && ACL_EXECUTE == 1);
 
-/// Calls with the permissions of each entry and the rights that they stand for.
+/// Calls a function with the permissions of each entry and the rights that the entry sets.
 template <typename Visit>
 void visitEntries(acl_t list, FileRights& rights, Visit visit) {
     acl_entry_t entry{};
@@ -99,8 +99,8 @@ void visitEntries(acl_t list, FileRights& rights, Visit visit) {
     }
 }
 
-/// Gives the new file the list of the original, narrowed where the owner or group is another. Also
-/// one without named users and groups, which takes away what the folder handed down.
+/// Gives the new file the list of the original, narrowed where owner or group differ. A list
+/// without named users and groups is set, too: it removes the entries inherited from the folder.
 FileRights copyRights(int original, const FileRights& before, int file, bool sameOwner,
                       bool sameGroup) {
     const AccessList list(::acl_get_fd(original));
@@ -129,7 +129,7 @@ FileRights copyRights(int original, const FileRights& before, int file, bool sam
 } // namespace
 
 bool copyMetadata(int original, const struct stat& status, int file) {
-    // The owner first: changing it takes bits of the mode away.
+    // The owner first: changing it clears bits of the mode.
     if (::fchown(file, status.st_uid, status.st_gid) != 0)
         static_cast<void>(!::fchown(file, uid_t(-1), status.st_gid));
     struct stat now {};
@@ -138,7 +138,7 @@ bool copyMetadata(int original, const struct stat& status, int file) {
     const FileRights before = rightsInMode(status.st_mode);
     FileRights after = rightsWithoutList(before);
     if (original >= 0) {
-        // Before the mode, which may not let the owner write.
+        // Before the mode, which may deny writing to the owner.
         copyAttributes(original, file);
         after = copyRights(original, before, file, now.st_uid == status.st_uid,
                            now.st_gid == status.st_gid);

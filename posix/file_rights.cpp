@@ -23,13 +23,13 @@ FileRights rightsOfReplacement(FileRights before, bool sameOwner, bool sameGroup
     if (!sameOwner || !sameGroup)
         after.special = 0;
     if (!sameGroup) {
-        // Members of the new group were others, or named by the list: with nothing, perhaps.
+        // Members of the new group were others, or named by the list, possibly without rights.
         after.group = before.mask ? 0 : before.group & before.other;
         // Members of the old group are others now.
         after.other &= before.group & before.mask.value_or(7U);
     }
     if (!sameOwner) {
-        // The old owner is now whatever else the list or the mode makes of that user.
+        // The old owner now belongs to any of the other classes.
         after.group &= before.owner;
         after.other &= before.owner;
         if (after.mask)

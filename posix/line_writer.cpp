@@ -17,8 +17,8 @@ constexpr int sendFlags = MSG_DONTWAIT | MSG_NOSIGNAL;
 constexpr int sendFlags = MSG_DONTWAIT;
 #endif
 
-/// A second open file description, which the shell does not share. Fails without /proc, and for a
-/// pipe that another user made.
+/// A second open file description, not shared with the shell. Fails without /proc, and for a pipe
+/// of another user.
 int reopen(int file) {
     return ::open(("/proc/self/fd/" + std::to_string(file)).c_str(),
                   O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -43,20 +43,20 @@ LineWriter::LineWriter(int file) : file_(file) {
         kind_ = Kind::socket;
     } else if (mayBlock(file, status.st_mode)) {
         kind_ = Kind::shared;
-        // A regular file keeps its descriptor: opened anew, it would begin at its first byte.
+        // Not for regular files: a second description would start at the first byte.
         reopened_ = FileDescriptor(reopen(file));
     }
 }
 
 LineWriter::~LineWriter() {
     if (finishLastLine())
-        tellDropped();
+        writeDroppedNotice();
 }
 
 void LineWriter::write(std::string_view text) {
     std::string line(text);
     line += '\n';
-    if (!finishLastLine() || !tellDropped() || !put(line))
+    if (!finishLastLine() || !writeDroppedNotice() || !writeOrKeep(line))
         ++dropped_;
 }
 
@@ -64,7 +64,7 @@ bool LineWriter::finishLastLine() {
     if (unfinished_.empty())
         return true;
     const std::string rest = std::exchange(unfinished_, {});
-    if (put(rest))
+    if (writeOrKeep(rest))
         return unfinished_.empty();
     if (errno == EAGAIN)
         unfinished_ = rest;
@@ -73,17 +73,18 @@ bool LineWriter::finishLastLine() {
     return unfinished_.empty();
 }
 
-bool LineWriter::tellDropped() {
+bool LineWriter::writeDroppedNotice() {
     if (dropped_ == 0)
         return true;
-    if (!put(droppedLinesNotice(dropped_) + "\n"))
+    if (!writeOrKeep(droppedLinesNotice(dropped_) + "\n"))
         return false;
     dropped_ = 0;
     return unfinished_.empty();
 }
 
-/// Whether the bytes are out, or some of them and the rest kept for later; errno says why not.
-bool LineWriter::put(std::string_view bytes) {
+/// Writes the bytes; keeps the rest in unfinished_ if only some fit. Returns false, with errno set,
+/// if none could be written.
+bool LineWriter::writeOrKeep(std::string_view bytes) {
     const std::size_t all = bytes.size();
     while (!bytes.empty()) {
         const ssize_t written = writeSome(bytes);
@@ -107,7 +108,7 @@ ssize_t LineWriter::writeSome(std::string_view bytes) const {
         return ::write(reopened_.number(), bytes.data(), bytes.size());
     if (kind_ == Kind::plain)
         return ::write(file_, bytes.data(), bytes.size());
-    // A pipe that can be written to has room for PIPE_BUF bytes.
+    // A writable pipe has room for PIPE_BUF bytes.
     pollfd state{file_, POLLOUT, 0};
     if (::poll(&state, 1, 0) == 0) {
         errno = EAGAIN;

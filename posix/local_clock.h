@@ -1,4 +1,4 @@
-// The clock of this computer, in the person's time zone.
+// The clock of this computer, in the user's time zone.
 #pragma once
 
 #include "platform/services.h"

@@ -10,7 +10,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The system would cut the path off at a NUL and find another file.
+/// The system cuts a path off at a NUL and would find another file.
 bool isPath(const std::string& path) { return path.find('\0') == std::string::npos; }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The files of this computer.
+// Implements Files with the file system of this computer.
 #pragma once
 
 #include "platform/services.h"
@@ -7,14 +7,14 @@ namespace frimbolate {
 
 class LocalFiles : public Files {
   public:
-    /// \param log hears why a property list could not be written
+    /// \param log gets the reason when a property list cannot be read or written; must outlive this
     explicit LocalFiles(Log& log) : log_(log) {}
 
-    /// Follows links: one that leads nowhere does not exist.
+    /// Follows links: a dangling link does not exist.
     bool exists(const std::string& path) override;
     bool isWritable(const std::string& path) override;
-    /// Takes away one file, or one link but not what it leads to; never a folder, since that
-    /// could be a whole bundle.
+    /// Removes one file, or one link but not its target; never a folder, since that could be a
+    /// whole bundle.
     bool remove(const std::string& path) override;
     std::optional<Dictionary> readDictionary(const std::string& path) override;
     bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;

@@ -12,7 +12,7 @@ LocalConnection connectToLocalSocket(const std::string& path) {
     if (path.empty() || path.size() >= sizeof address.sun_path)
         return {ConnectOutcome::refused, FileDescriptor(-1)};
     path.copy(address.sun_path, path.size());
-    // An abstract name ends where the address does, a path at its NUL.
+    // An abstract name ends with the address, a path with its NUL.
     const bool isAbstract = path.front() == '\0';
     const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() +
                                              (isAbstract ? 0 : 1));

@@ -1,4 +1,4 @@
-// A connection to a socket of this machine, made without waiting. Knows no Qt.
+// Connects to a local socket without waiting.
 #pragma once
 
 #include "posix/file_descriptor.h"
@@ -9,16 +9,16 @@ namespace frimbolate {
 
 enum class ConnectOutcome {
     done,
-    refused,   ///< there is no listener, or it may not be connected to
-    queueFull, ///< the listener accepts no more connections at the moment
+    refused,   ///< there is no listener, or connecting is not permitted
+    queueFull, ///< the listener accepts no further connection at the moment
 };
 
 struct LocalConnection {
     ConnectOutcome outcome;
-    FileDescriptor socket; ///< in non-blocking mode; none unless done
+    FileDescriptor socket; ///< in non-blocking mode; empty unless done
 };
 
-/// \param path of a stream socket; one that begins with NUL is an abstract name of Linux
+/// \param path of a stream socket; a leading NUL denotes an abstract name of Linux
 LocalConnection connectToLocalSocket(const std::string& path);
 
 } // namespace frimbolate

@@ -8,7 +8,7 @@ namespace frimbolate {
 
 namespace {
 
-/// Tells our bookmarks from those of a desktop with scoped grants, and from later forms.
+/// Distinguishes these bookmarks from those of a desktop with scoped grants and from later formats.
 constexpr std::string_view tag = "path1:";
 
 bool isFolder(const std::string& path) {

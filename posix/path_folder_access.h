@@ -1,4 +1,4 @@
-// Folder access where the desktop knows no scoped grants: the bookmark holds the folder's path.
+// Folder access on desktops without scoped grants: the bookmark contains the folder's path.
 #pragma once
 
 #include "platform/services.h"
@@ -7,11 +7,11 @@ namespace frimbolate {
 
 class PathFolderAccess : public FolderAccess {
   public:
-    /// \throws NamedError "Bookmark not created" when the path is not that of an existing folder.
+    /// \throws NamedError "Bookmark not created" when the path is not that of an existing folder
     Data createBookmark(const std::string& folder) override;
-    /// Nothing for a bookmark of another kind, and when the folder is gone.
+    /// Nothing for a bookmark of another kind, or when the folder does not exist.
     std::optional<std::string> resolve(const Data& bookmark) override;
-    // Whoever may read the folder may read it all the time.
+    // Without scoped grants, access needs no beginning and no end.
     void begin(const std::optional<std::string>&) override {}
     void end(const std::optional<std::string>&) override {}
 };

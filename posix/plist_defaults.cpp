@@ -16,15 +16,16 @@ namespace {
 
 constexpr std::string_view fileName = "com.qz.Frimbolate.plist";
 
-/// Creates the folder and those above it; whether that works shows when the file is written.
+/// Creates the folder and its parents. A failure shows when the file is written.
 void createFolderOf(const std::string& path) {
     for (auto slash = path.find('/', 1); slash != std::string::npos;
          slash = path.find('/', slash + 1))
         ::mkdir(path.substr(0, slash).c_str(), 0700);
 }
 
-/// Gives a file another name beside it without ever taking the place of a third one.
-std::optional<std::string> renamedAside(const std::string& path) {
+/// Renames a damaged file within its folder. Never replaces another file.
+/// \returns the new name, or nothing where it keeps its own
+std::optional<std::string> renamedDamagedFile(const std::string& path) {
     constexpr std::string_view extension = ".plist";
     const std::string stem =
         path.ends_with(extension) ? path.substr(0, path.size() - extension.size()) : path;
@@ -60,7 +61,7 @@ PlistDefaults::~PlistDefaults() {
 }
 
 std::string PlistDefaults::defaultPath() {
-    // Read by us, since QStandardPaths is redirected in test mode and differs between platforms.
+    // Not QStandardPaths, which test mode redirects and which differs between platforms.
     const char* configured = std::getenv("XDG_CONFIG_HOME");
     const char* home = std::getenv("HOME");
     const std::string folder = configured && *configured == '/'
@@ -104,7 +105,7 @@ std::vector<std::string> PlistDefaults::keys() {
 }
 
 void PlistDefaults::synchronize() {
-    if (takeIn(readPropertyListFile(path_)))
+    if (update(readPropertyListFile(path_)))
         change();
 }
 
@@ -119,21 +120,21 @@ Dictionary PlistDefaults::current() const {
     return result;
 }
 
-/// Takes in what the file holds, and says whether it must be changed.
-bool PlistDefaults::takeIn(PropertyListFile file) {
+/// Updates the known values from the file. Returns whether the file must be written.
+bool PlistDefaults::update(PropertyListFile file) {
     switch (file.condition) {
     case FileCondition::read: {
         stored_ = std::move(file.dictionary);
         const bool differs = current() != stored_;
         if (!differs)
-            settle();
+            clearPending();
         return differs;
     }
     case FileCondition::missing:
         if (!current().empty())
             return true;
-        stored_.clear(); // what was known is removed by now
-        settle();
+        stored_.clear(); // every known value is to be removed, and is
+        clearPending();
         return false;
     case FileCondition::damaged:
         return true;
@@ -144,7 +145,7 @@ bool PlistDefaults::takeIn(PropertyListFile file) {
     return false;
 }
 
-/// Changes the file under the lock, on which others may have worked since it was read.
+/// Writes the file under the lock. Reads it again first: another process may have changed it.
 void PlistDefaults::change() {
     createFolderOf(path_);
     const std::string lockPath = path_ + ".lock";
@@ -156,23 +157,23 @@ void PlistDefaults::change() {
     auto file = readPropertyListFile(path_);
     const bool isMissing = file.condition == FileCondition::missing && !stored_.empty();
     if (file.condition == FileCondition::damaged) {
-        if (!setAside(file.reason))
+        if (!renameDamagedFile(file.reason))
             return;
         file = {};
     }
-    if (!takeIn(std::move(file)) || !write())
+    if (!update(std::move(file)) || !write())
         return;
     if (isMissing)
         log_.line("The preferences " + path_ + " were missing and are written anew");
-    if (lock.state() == FileLock::State::unavailable && !toldNoLock_) {
+    if (lock.state() == FileLock::State::unavailable && !loggedNoLock_) {
         log_.line("The preferences " + path_ + " were written without a lock: " + lock.reason());
-        toldNoLock_ = true;
+        loggedNoLock_ = true;
     }
 }
 
-/// The values known so far are still good; they go into the next file.
-bool PlistDefaults::setAside(const std::string& reason) {
-    const auto name = renamedAside(path_);
+/// The values known so far stay valid; the next file contains them.
+bool PlistDefaults::renameDamagedFile(const std::string& reason) {
+    const auto name = renamedDamagedFile(path_);
     if (!name) {
         logOnce("Could not read the preferences " + path_ + " nor set them aside: " + reason);
         return false;
@@ -194,12 +195,12 @@ bool PlistDefaults::write() {
         return false;
     }
     stored_ = std::move(merged);
-    settle();
+    clearPending();
     return true;
 }
 
-/// What is on the disk by now is others' to change.
-void PlistDefaults::settle() {
+/// Called once all changes are on the disk. From then on, changes of other processes win.
+void PlistDefaults::clearPending() {
     pending_.clear();
     lastLoggedError_.clear();
 }

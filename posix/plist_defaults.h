@@ -1,8 +1,8 @@
 // The user's settings in one XML property list.
 //
-// Every change is written at once, so that a crash loses nothing. Several programs may share the
-// file: each takes a lock beside it, reads it again, changes its own keys and leaves the others'.
-// Reading needs no lock, since the file is only ever replaced in one piece.
+// Every change is written at once, so that a crash loses nothing. Several processes may share the
+// file: each takes a lock beside it, reads it again and writes back the keys it changed itself.
+// Reading needs no lock, since the file is only replaced atomically.
 #pragma once
 
 #include "platform/services.h"
@@ -15,35 +15,35 @@ namespace frimbolate {
 
 class PlistDefaults : public Defaults {
   public:
-    /// \param path of the property list; its folder is created when there is something to write
-    /// \param log  hears, once per problem, when the file cannot be read, locked or written. The
-    ///             values are then kept in memory, and written as soon as that works again.
-    /// \param patience with another program that holds the lock. After one call that waited in vain
-    ///             none waits until the lock could be had again.
+    /// \param path of the property list; its folder is created by the first write
+    /// \param log  gets one line per problem when the file cannot be read, locked or written; must
+    ///             outlive this. The values are then kept in memory and written once that works.
+    /// \param patience how long to wait for the lock. After a call that waited in vain, no call
+    ///             waits until the lock was free once.
     PlistDefaults(std::string path, Log& log, FileLock::Patience patience = {});
-    /// A last try to write what could not be written yet.
+    /// Tries a last time to write pending changes.
     ~PlistDefaults() override;
 
-    /// $XDG_CONFIG_HOME/com.qz.Frimbolate.plist, with ~/.config in place of a variable that is
-    /// missing or not absolute.
+    /// $XDG_CONFIG_HOME/com.qz.Frimbolate.plist; ~/.config replaces a variable that is missing or
+    /// not absolute.
     static std::string defaultPath();
 
     std::optional<Value> object(std::string_view key) override;
-    /// A value that no property list can hold is logged and not taken.
+    /// A value that no property list can represent is logged and not stored.
     void set(std::string_view key, Value value) override;
     void remove(std::string_view key) override;
-    /// Reads afresh, so that a reset removes what other programs wrote, too.
+    /// Reads the file again, so that a reset also removes what other processes wrote.
     std::vector<std::string> keys() override;
-    /// A file that is missing although values are known was not emptied: a reset leaves an empty
-    /// list. It has vanished, and is written anew from what is known.
+    /// A file that is missing although values are known was removed from outside, since a reset
+    /// leaves an empty list. It is written again from the known values.
     void synchronize() override;
 
   private:
-    bool takeIn(PropertyListFile file);
+    bool update(PropertyListFile file);
     void change();
-    bool setAside(const std::string& reason);
+    bool renameDamagedFile(const std::string& reason);
     bool write();
-    void settle();
+    void clearPending();
     void logOnce(const std::string& problem);
     Dictionary current() const;
 
@@ -51,9 +51,9 @@ class PlistDefaults : public Defaults {
     Log& log_;
     FileLock::Patience patience_;
     bool waits_ = true; ///< for the lock
-    bool toldNoLock_ = false;
-    Dictionary stored_; ///< as last seen on the disk
-    /// What is not on the disk yet; nothing stands for a key to be removed.
+    bool loggedNoLock_ = false;
+    Dictionary stored_; ///< as last read from or written to the disk
+    /// Changes that are not on the disk yet; nothing marks a key to be removed.
     std::map<std::string, std::optional<Value>, std::less<>> pending_;
     std::string lastLoggedError_;
 };

@@ -1,16 +1,16 @@
-// What has to be in order before a process opens its first file. Knows no Qt.
+// Prepares standard streams and signals before a process opens its first file.
 #pragma once
 
 namespace frimbolate {
 
-/// Opens each of the descriptors 0 to 2 that is closed on /dev/null. Otherwise the first socket or
-/// file that the program opens gets that number, and whatever is meant for standard error is
-/// written into it. Call it first in main().
+/// Opens each closed descriptor of 0 to 2 on /dev/null. Otherwise the first socket or file that the
+/// program opens gets that number and receives the output to standard error. Call it first in
+/// main().
 void openStandardStreams();
 
-/// Lets a write to a pipe or socket without a reader fail with EPIPE, and a write beyond
-/// the limit on the size of files with EFBIG, instead of ending the process. Programs that this
-/// one starts get the default disposition back.
+/// Makes a write to a pipe or socket without a reader fail with EPIPE, and a write beyond the limit
+/// on file sizes with EFBIG, instead of ending the process. Child processes get the default
+/// disposition.
 void surviveFailedWrites();
 
 } // namespace frimbolate

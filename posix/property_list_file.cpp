@@ -22,7 +22,7 @@ PropertyListFile refused(FileCondition condition, std::string reason) {
     return {condition, {}, std::move(reason)};
 }
 
-/// All bytes up to one more than are taken, whatever size the file claims; nothing on an error.
+/// Reads until the end or past the size limit, whatever size the file claims; nothing on an error.
 std::optional<std::string> readBytes(int file) {
     std::string bytes;
     std::array<char, 65536> buffer{};

@@ -1,4 +1,4 @@
-// A property list on the disk, and why it could not be read. Knows no Qt.
+// Reads and writes property lists on the disk, with the reason of a failure.
 #pragma once
 
 #include "core/value.h"
@@ -10,26 +10,25 @@
 namespace frimbolate {
 
 enum class FileCondition {
-    read,         ///< the dictionary is there
+    read,         ///< the dictionary was read
     missing,      ///< there is no file
-    inaccessible, ///< not a regular file, not permitted, or the disk failed
-    damaged       ///< its content is not a dictionary that can be read, or is too large
+    inaccessible, ///< not a regular file, no permission, or an error of the disk
+    damaged       ///< the content is no readable dictionary, or too large
 };
 
 struct PropertyListFile {
     FileCondition condition = FileCondition::missing;
     Dictionary dictionary; ///< empty unless read
-    std::string reason;    ///< a clause such as "it is not a regular file"; empty when read. Of a
+    std::string reason;    ///< a clause such as "it is not a regular file"; empty when read. For a
                            ///< damaged text it ends with the line, "… (line 12)"
 };
 
-/// Reads a property list of any form that plist/ knows. Never waits, not even for a pipe without a
-/// writer.
+/// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.
 PropertyListFile readPropertyListFile(const std::string& path);
 
 /// Writes an XML property list atomically (see atomic_file.h).
-/// \returns nothing, or why the file is as it was before
-/// \throws NamedError "Unwritable content" when a text holds what no XML file can hold
+/// \returns nothing, or why the file is unchanged
+/// \throws NamedError "Unwritable content" for content that XML cannot represent
 std::optional<std::string> writePropertyListFile(const std::string& path,
                                                  const Dictionary& dictionary,
                                                  mode_t newFileMode = 0644);

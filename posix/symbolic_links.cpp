@@ -18,12 +18,12 @@ struct Link {
     uid_t owner;
 };
 
-/// The link at the path, or nothing where there is none.
+/// The link at a path, or nothing where there is none.
 std::optional<Link> linkAt(const std::string& path) {
     struct stat status {};
     std::array<char, PATH_MAX> text{};
 #ifdef O_PATH
-    // Text and owner of one link, also where links are exchanged meanwhile.
+    // O_PATH: text and owner belong to the same link, even if it is replaced meanwhile.
     const FileDescriptor link(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     if (!link || ::fstat(link.number(), &status) != 0 || !S_ISLNK(status.st_mode))
         return std::nullopt;

@@ -1,4 +1,4 @@
-// Resolves the links at the end of a path by hand, no further than the kernel would go.
+// Resolves the links at the end of a path, with the limits of the kernel.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 namespace frimbolate {
 
 struct PathParts {
-    std::string folder; ///< with its slash at the end
+    std::string folder; ///< with a slash at the end; empty for a bare name
     std::string name;
 };
 
 PathParts splitPath(const std::string& path);
 
-/// Who meets whose link where.
+/// The owners that decide whether a link may be followed.
 struct LinkContext {
     uid_t follower = 0;
     uid_t linkOwner = 0;
@@ -21,15 +21,14 @@ struct LinkContext {
     mode_t folderMode = 0; ///< of the folder that holds the link
 };
 
-/// In a sticky folder that everybody may write to, such as /tmp, a link leads only its own owner
-/// and those who trust the folder's owner, who made it: as under Linux's fs.protected_symlinks,
-/// and here also where that is switched off.
+/// In a sticky world-writable folder, such as /tmp, only a link of the follower or of the folder's
+/// owner may be followed. The rule of fs.protected_symlinks in Linux, also where that is off.
 bool mayFollowLink(const LinkContext& context);
 
-/// Exactly one of the two says something.
+/// Exactly one of the two members is set.
 struct ResolvedPath {
-    PathParts place;             ///< no link, or nothing yet, when it was looked at
-    std::string rejectionReason; ///< why the path is not resolved; a clause
+    PathParts place;             ///< at the time of the check no link, or no item at all
+    std::string rejectionReason; ///< a clause that says why the path was not resolved
 };
 
 ResolvedPath resolveLinks(std::string path);

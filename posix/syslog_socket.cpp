@@ -37,7 +37,7 @@ bool SyslogSocket::send(const std::string& text) {
         return socket_ && ::send(socket_.number(), record.data(), record.size(),
                                  MSG_DONTWAIT | MSG_NOSIGNAL) >= 0;
     };
-    // A daemon that was started anew has put another socket in the place of the one known here.
+    // A restarted daemon has replaced the socket of this connection.
     return sent() || (connect() && sent());
 }
 

@@ -1,6 +1,6 @@
-// The system log over its socket. Knows no Qt.
+// Writes to the system log over its socket.
 //
-// syslog() of the C library waits for as long as the log's daemon does not read; this does not.
+// syslog() of the C library blocks while the log's daemon does not read; this never blocks.
 #pragma once
 
 #include "posix/file_descriptor.h"
@@ -11,17 +11,18 @@
 
 namespace frimbolate {
 
-/// "<13>Nov  1 14:05:09 Frimbolate: text": a notice of a user's program. The month is English
-/// whatever the locale, the time is the local one.
+/// "<13>Nov  1 14:05:09 Frimbolate: text": a notice of a user's program. The month is English in
+/// every locale.
+/// \param time local time
 std::string syslogRecord(const std::tm& time, const std::string& text);
 
 class SyslogSocket {
   public:
-    /// \param path of the datagram socket on which the log's daemon listens; need not exist
+    /// \param path of the datagram socket of the log's daemon; need not exist
     explicit SyslogSocket(std::string path) : path_(std::move(path)) {}
 
-    /// Sends the text up to its first NUL as one record, without waiting. One that cannot be sent
-    /// at once is dropped and counted; the count is sent as soon as sending works again.
+    /// Sends the text up to its first NUL as one record, without waiting. A record that cannot be
+    /// sent at once is dropped and counted; the count is sent as soon as sending works again.
     void line(const std::string& text);
 
   private:

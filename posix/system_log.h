@@ -1,5 +1,4 @@
-// The system log, and beside it the standard error, for a start from a terminal.
-// Knows no Qt, and never waits for either.
+// Logs to the system log and, for a start from a terminal, to standard error. Blocks on neither.
 #pragma once
 
 #include "platform/services.h"
@@ -13,8 +12,8 @@ namespace frimbolate {
 
 class SystemLog : public Log {
   public:
-    /// \param file descriptor that gets each entry as a line of its own
-    /// \param socket path of the one on which the system log's daemon listens
+    /// \param file descriptor that gets each entry as a line; must stay open as long as this exists
+    /// \param socket path of the socket of the system log's daemon
     explicit SystemLog(int file = STDERR_FILENO, std::string socket = _PATH_LOG)
         : terminal_(file), syslog_(std::move(socket)) {}
     void line(const std::string& text) override;

@@ -45,7 +45,7 @@ bool isTemporaryName(std::string_view name) {
 }
 
 void removeAbandonedFiles(int folder, std::time_t now) {
-    // Opened anew: reading moves a position that all copies of a descriptor share.
+    // Opened again: copies of a descriptor share the position that reading moves.
     const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const std::unique_ptr<DIR, CloseFolder> entries(copy < 0 ? nullptr : ::fdopendir(copy));
     if (!entries) {

@@ -1,4 +1,4 @@
-// The names under which a save writes beside its target, and what killed saves left behind.
+// The temporary files of a save: their names, and the removal of those left by killed saves.
 #pragma once
 
 #include <ctime>
@@ -7,15 +7,15 @@
 
 namespace frimbolate {
 
-/// A name of its own for each save. Short whatever the target is called, since that may fill all
-/// that the file system allows.
+/// A unique name for each save. Independent of the target's name, which may already have the
+/// longest length of the file system.
 std::string temporaryName();
 
-/// Whether temporaryName() makes such names.
+/// Whether a name has the form of temporaryName().
 bool isTemporaryName(std::string_view name);
 
-/// Removes what killed saves left: regular files of this user that bear such a name and have not
-/// changed for more than a day, which no save takes. Everything else stays; failures are not told.
+/// Removes what killed saves left: regular files of this user with such a name that are unchanged
+/// for more than a day, longer than any save takes. Failures are not reported.
 /// \param folder open for reading
 void removeAbandonedFiles(int folder, std::time_t now);
 

@@ -15,7 +15,7 @@ bool isOwnFolder(const std::string& path) {
            status.st_uid == ::geteuid();
 }
 
-/// Asked of the name itself, not of what a symbolic link points to.
+/// Does not follow a symbolic link.
 bool isPrivateFolder(const std::string& path) {
     struct stat status {};
     return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
@@ -31,7 +31,7 @@ bool makePrivateFolder(const std::string& path) {
 std::string userSocketFolder(const std::string& runtime, const std::string& temporary,
                              std::size_t longestName) {
     const auto isUsable = [&](const std::string& folder) {
-        // A socket's name has hardly a hundred bytes in all, a slash and the final NUL among them.
+        // The whole path of a socket has about a hundred bytes, its slash and final NUL included.
         return folder.starts_with('/') &&
                folder.size() + 1 + longestName < sizeof sockaddr_un::sun_path &&
                makePrivateFolder(folder);
@@ -40,7 +40,7 @@ std::string userSocketFolder(const std::string& runtime, const std::string& temp
         if (std::string folder = runtime + "/frimbolate"; isUsable(folder))
             return folder;
     if (temporary.empty())
-        return {}; // else it would be made beside the root's folders
+        return {}; // an empty path would place it in the root folder
     std::string folder = temporary + "/frimbolate-" + std::to_string(::geteuid());
     return isUsable(folder) ? folder : std::string();
 }

@@ -1,4 +1,4 @@
-// The folder in which the instances of one user find each other. Knows no Qt.
+// The folder for the sockets by which the instances of one user find each other.
 #pragma once
 
 #include <cstddef>
@@ -6,12 +6,12 @@
 
 namespace frimbolate {
 
-/// A folder that only this user can enter, made where it is missing: "frimbolate" in the runtime
-/// folder, or "frimbolate-<user id>" in the folder for temporary files where there is no runtime
-/// folder of this user's own. What is in the way, belongs to another user, is open to others or is
-/// a symbolic link is never used, nor changed. Empty where no folder can be had.
-/// \param runtime what XDG_RUNTIME_DIR says; may be empty or wrong
-/// \param longestName bytes in the longest name that a socket in the folder is to have
+/// A folder that only this user can enter, created if missing: "frimbolate" in the runtime folder,
+/// or "frimbolate-<user id>" in the folder for temporary files if the user has no runtime folder.
+/// An existing item that is no folder, belongs to another user, is open to others or is a symbolic
+/// link is neither used nor changed. Empty where no folder is available.
+/// \param runtime value of XDG_RUNTIME_DIR; may be empty or wrong
+/// \param longestName size in bytes of the longest socket name in the folder
 std::string userSocketFolder(const std::string& runtime, const std::string& temporary,
                              std::size_t longestName);
 
