@@ -13,7 +13,7 @@ std::optional<Data> storedBookmark(Services& services) {
     return value && value->data() ? std::optional(*value->data()) : std::nullopt;
 }
 
-/// The granted folder, or nothing when there is no bookmark or it leads nowhere.
+/// The granted folder, or nothing where there is no bookmark or it does not resolve.
 std::optional<std::string> grantedFolder(Services& services) {
     const auto bookmark = storedBookmark(services);
     return bookmark ? services.folderAccess.resolve(*bookmark) : std::nullopt;
@@ -64,7 +64,7 @@ void BookmarkClass::startAccessingBookmark() {
         const auto bookmark = storedBookmark(services_);
         if (!bookmark)
             throw NamedError("Bookmark not found", "Key Not Found in Plist");
-        // What the bookmark leads to is not examined: access to nothing is begun and logged too.
+        // The resolved folder is not checked: without one the log line is written all the same.
         services_.folderAccess.begin(services_.folderAccess.resolve(*bookmark));
         services_.log.line("Found bookmark: " + description(*bookmark));
     } catch (const NamedError&) {
@@ -86,7 +86,7 @@ void BookmarkClass::folderChosen(const std::optional<std::string>& folder) {
         askAgainAfterCancel();
         return;
     }
-    // Compared with the URL's text as it stands: a name that needs percent-encoding never matches.
+    // Compares the encoded URL: a user name that needs percent-encoding never matches.
     const auto url = fileUrl(*folder);
     const auto expected = libraryOf(services_.workspace.userName()) + launchAgents;
     if (url.find(expected) == std::string::npos) {

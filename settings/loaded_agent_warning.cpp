@@ -9,14 +9,15 @@ namespace frimbolate {
 bool LoadedAgentWarning::isSuppressed() {
     services_.defaults.synchronize();
     const auto warns = services_.defaults.object(PreferenceKey::warnForDelete);
-    // What can be neither true nor false was not stored to silence the warning.
+    // A value without a truth value was not stored by the check box.
     const bool hasTruth = warns && (warns->string() || warns->isNumber());
     return hasTruth && !toBool(*warns);
 }
 
-void LoadedAgentWarning::show(const std::function<void()>& goOn, const std::string& cancelLine) {
+void LoadedAgentWarning::show(const std::function<void()>& onContinue,
+                              const std::string& cancelLine) {
     if (isSuppressed()) {
-        goOn();
+        onContinue();
         return;
     }
     Alert alert;
@@ -29,18 +30,18 @@ void LoadedAgentWarning::show(const std::function<void()>& goOn, const std::stri
         "occurs.";
     alert.buttons = {"Continue", "Cancel"};
     alert.showsSuppressionButton = true;
-    services_.alerts.show(alert,
-                          lifetime_.whileAlive([this, goOn, cancelLine](AlertOutcome outcome) {
-                              if (outcome.answer != AlertAnswer::First) {
-                                  services_.log.line(cancelLine);
-                                  return;
-                              }
-                              if (outcome.suppressionState == CheckState::Off)
-                                  services_.defaults.set(PreferenceKey::warnForDelete, true);
-                              else if (outcome.suppressionState == CheckState::On)
-                                  services_.defaults.set(PreferenceKey::warnForDelete, false);
-                              goOn();
-                          }));
+    services_.alerts.show(
+        alert, lifetime_.whileAlive([this, onContinue, cancelLine](AlertOutcome outcome) {
+            if (outcome.answer != AlertAnswer::First) {
+                services_.log.line(cancelLine);
+                return;
+            }
+            if (outcome.suppressionState == CheckState::Off)
+                services_.defaults.set(PreferenceKey::warnForDelete, true);
+            else if (outcome.suppressionState == CheckState::On)
+                services_.defaults.set(PreferenceKey::warnForDelete, false);
+            onContinue();
+        }));
 }
 
 } // namespace frimbolate

@@ -1,4 +1,4 @@
-// The warning before an agent is edited or deleted, with the box that suppresses it for both.
+// The warning before an agent is edited or deleted. Its check box suppresses it for both.
 #pragma once
 
 #include "platform/lifetime.h"
@@ -11,11 +11,14 @@ namespace frimbolate {
 
 class LoadedAgentWarning {
   public:
+    /// \param services must outlive this
     explicit LoadedAgentWarning(Services& services) : services_(services) {}
 
-    /// Runs goOn at once when the warning is suppressed, else after the person's "Continue". On
-    /// "Cancel" it logs the line and goes no further.
-    void show(const std::function<void()>& goOn, const std::string& cancelLine);
+    /// Calls a function at once where the warning is suppressed, else after the user's "Continue".
+    /// "Continue" also stores the state of the check box.
+    /// \param onContinue not called once this is destroyed
+    /// \param cancelLine is logged on "Cancel"
+    void show(const std::function<void()>& onContinue, const std::string& cancelLine);
 
   private:
     bool isSuppressed();

@@ -20,7 +20,7 @@ std::string missingLine(std::string_view key, std::string_view standard) {
         .append(standard);
 }
 
-/// The globbing and priority keys write their default also when it stands there already.
+/// For the globbing and priority keys, which write their default also where it is stored already.
 std::string missingOrStandardLine(std::string_view key, std::string_view standard) {
     return std::string("No key found or key is ")
         .append(standard)
@@ -30,7 +30,7 @@ std::string missingOrStandardLine(std::string_view key, std::string_view standar
         .append(standard);
 }
 
-/// \param gap the blanks before the dashes, which differ from key to key
+/// \param gap the blanks before the dashes; their number differs between keys
 std::string improperLine(std::string_view key, std::string_view standard, std::string_view gap,
                          const Value& found) {
     return std::string("Improper key found for ")
@@ -76,8 +76,8 @@ void Preferences::setUpWelcome() {
         services_.log.line(foundLine(key, welcomeSuppressed));
         box.state = CheckState::Off;
     } else {
-        // Even the value that the welcome flow itself stores counts as improper here, and what
-        // takes its place is neither of the two proper forms: it reads as "show", like any other.
+        // welcomeShown, which the welcome flow itself stores, counts as improper, too. The stored
+        // replacement is neither of the two values and therefore shows the sheet.
         services_.log.line(improperLine(key, welcomeShown, "  ", *found));
         store(key, no);
         box.state = CheckState::On;

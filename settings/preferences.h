@@ -1,4 +1,4 @@
-// The person's settings: every key with its stored form and default, and the preferences sheet.
+// The user's settings: the keys with their stored values and defaults, and the preferences sheet.
 #pragma once
 
 #include "core/form_model.h"
@@ -8,7 +8,7 @@
 
 namespace frimbolate {
 
-/// The keys of the preference store. Their values are strings, but for the last two.
+/// The keys of the preference store. The values are strings, except for the last two.
 namespace PreferenceKey {
 inline constexpr std::string_view showWelcomeWindow = "ShowWelcomeWindow";
 inline constexpr std::string_view autoCopyScripts = "AutoCopyScriptsKey";
@@ -19,29 +19,32 @@ inline constexpr std::string_view warnForDelete = "WarnForDelete"; ///< a boolea
 inline constexpr std::string_view bookmark = "Bookmark";           ///< data
 } // namespace PreferenceKey
 
-/// The two stored forms that decide whether the welcome sheet comes up; only the second, exactly,
-/// keeps it away.
+/// The two stored values that decide whether the welcome sheet is shown. Only exactly the second
+/// one suppresses it.
 inline constexpr std::string_view welcomeShown = "True - 3.0";
 inline constexpr std::string_view welcomeSuppressed = "False - 3.0";
 
-/// Whether the store holds exactly this string under the key.
+/// Whether the value of the key is exactly this string.
 bool holdsString(Defaults& defaults, std::string_view key, std::string_view text);
 
 class Preferences {
   public:
+    /// Both must outlive this.
     Preferences(FormModel& form, Services& services) : form_(form), services_(services) {}
 
     /// Normalises the first five keys, logs what it found, and sets the preferences controls and
     /// the form's globbing and priority controls from them.
     void setUpDefaults();
 
+    /// Shows the preferences sheet.
     void openPreferencesWindow();
-    /// Stores the sheet's controls and closes it; the form takes the new defaults at its next
-    /// reset.
+    /// Stores the controls of the sheet and closes it. The form uses the new defaults from its next
+    /// reset on.
     void savePreferences();
-    /// Closes the sheet; the controls keep what the person left in them.
+    /// Closes the sheet without storing. The controls keep their unsaved state.
     void closeWithoutSavingPrefs();
-    /// Empties the store, starts the program anew and quits this one. Asks nothing.
+    /// Closes the sheet, removes every stored value, starts a new instance and quits this one,
+    /// without confirmation.
     void resetPreferences();
 
   private:
