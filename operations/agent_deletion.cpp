@@ -25,7 +25,7 @@ void AgentDeletion::confirm(const std::string& path, const Folder& folder) {
         {"Are you sure you want to delete the following launch agent?", path, {"Delete", "Cancel"}},
         lifetime_.whileAlive([this, path, folder](AlertOutcome outcome) {
             if (outcome.answer != AlertAnswer::First)
-                return; // access deliberately stays begun
+                return; // access stays begun, see FolderGrant
             remove(path);
             FolderGrant(services_).close(folder);
         }));

@@ -12,8 +12,11 @@ namespace frimbolate {
 
 class AgentDeletion {
   public:
+    /// \param services must outlive this
     explicit AgentDeletion(Services& services) : services_(services), warning_(services) {}
 
+    /// Warns about loaded agents, asks for the file and for a confirmation, and deletes the file.
+    /// An error is shown.
     void deleteLaunchAgent();
     /// The same without the warning.
     void deleteLaunchAgentContinue();

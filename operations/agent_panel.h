@@ -1,11 +1,11 @@
-// The open panel that every operation on an existing agent file shows.
+// The open panel of every operation on an existing agent file.
 #pragma once
 
 #include "platform/file_panels.h"
 
 namespace frimbolate {
 
-/// One property list, chosen in the granted folder.
+/// A panel for one property list, which starts in the granted folder.
 inline OpenPanel agentPanel(std::string message, std::optional<std::string> folder) {
     OpenPanel panel;
     panel.prompt = "Select";

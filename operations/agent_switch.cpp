@@ -27,7 +27,7 @@ Alert question(bool enable) {
     return alert;
 }
 
-/// A missing key counts as enabled, and what has no truth value as disabled.
+/// A missing key counts as enabled, a value without a truth value as disabled.
 bool isEnabled(const AgentPlist& agent) {
     const Value* enabled = find(agent, enabledKey);
     return !enabled || toBoolOrFalse(*enabled);
@@ -66,7 +66,7 @@ void AgentSwitch::confirm(const std::string& path, const Folder& folder, AgentPl
         question(enable),
         lifetime_.whileAlive([=, this, agent = std::move(agent)](AlertOutcome outcome) mutable {
             if (outcome.answer != AlertAnswer::First)
-                return; // access deliberately stays begun
+                return; // access stays begun, see FolderGrant
             agent.insert_or_assign(std::string(enabledKey), Value(enable));
             write(path, agent, enable);
             FolderGrant(services_).close(folder);

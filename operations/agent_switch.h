@@ -12,8 +12,11 @@ namespace frimbolate {
 
 class AgentSwitch {
   public:
+    /// \param services must outlive this
     explicit AgentSwitch(Services& services) : services_(services) {}
 
+    /// Asks for an agent file and for a confirmation, and writes the opposite of its present state
+    /// to "Enabled". An error is logged and shown.
     void onOffLaunchAgent();
 
   private:

@@ -20,7 +20,7 @@ void CommandSheet::chooseAgent(std::string message, std::string (*compose)(std::
         agentPanel(std::move(message), folder),
         lifetime_.whileAlive([this, folder, compose](const std::optional<std::string>& path) {
             if (!path)
-                return; // access deliberately stays begun
+                return; // access stays begun, see FolderGrant
             setCommand(compose(*path));
             show();
             FolderGrant(services_).close(folder);

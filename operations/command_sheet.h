@@ -1,7 +1,7 @@
-// The sheet that shows the launchctl command which loads or unloads an agent.
+// The sheet with the launchctl command that loads or unloads an agent.
 //
-// The program never runs launchctl. It composes the command, copies it when the person asked for
-// that, and opens a terminal.
+// The program never runs launchctl. It composes the command, copies it if the user wants that, and
+// opens a terminal.
 #pragma once
 
 #include "core/form_model.h"
@@ -16,19 +16,26 @@ namespace frimbolate {
 
 class CommandSheet {
   public:
+    /// Both must outlive this.
     CommandSheet(FormModel& form, Services& services) : form_(form), services_(services) {}
 
+    /// Asks for an agent file and shows the command that loads it.
     void loadLaunchAgent();
+    /// Asks for an agent file and shows the command that unloads it.
     void unloadLaunchAgent();
 
-    /// Puts a command on the sheet. From here until the sheet is closed it counts as pending, and
-    /// the preferences are out of reach.
+    /// Sets the command of the sheet, then calls evaluateAutoCopyScripts().
     void setCommand(const std::string& command);
+    /// Disables the preferences item until the sheet is closed, sets the sheet's check box from the
+    /// preference, and copies the command if the preference asks for it.
     void evaluateAutoCopyScripts(const std::string& command);
-    /// Copies the command that the sheet shows, byte for byte.
+    /// Copies the command of the sheet unchanged to the pasteboard.
     void copyCommand();
+    /// Shows the sheet with the keyboard focus on the terminal button.
     void show();
+    /// Closes the sheet, enables the preferences item and stores the state of the check box.
     void closeExecuteScriptWindow();
+    /// Opens a terminal. The sheet stays open.
     void launchTerminal();
 
   private:

@@ -1,4 +1,4 @@
-// The failures of a path that several operations meet, in the words that the person is shown.
+// The errors of a chosen path that several operations share. The user sees the reason.
 #pragma once
 
 #include "core/named_error.h"
@@ -7,6 +7,7 @@
 
 namespace frimbolate {
 
+/// The error of a given name about a path that is not accessible.
 inline NamedError pathFailure(std::string name, const std::string& path) {
     return {std::move(name), "The chosen path " + path + " is not accessible"};
 }
