@@ -19,8 +19,9 @@ void AppDelegate::applicationDidFinishLaunching() {
     form_.advancedDrawer.contentSize = drawerSize;
     form_.advancedDrawer.maxContentSize = drawerSize;
     form_.advancedDrawer.minContentSize = drawerSize;
-    // Both go to the closing handler, the opening one too: opening from the toolbar puts the
-    // item's action right again afterwards, opening by other means deliberately does not.
+    // The closing handler observes both. openAdvancedDrawer() sets the item's action afterwards. A
+    // drawer opened by other means leaves the item at openAdvancedDrawer, so that the next click
+    // only corrects the item.
     drawer_.addWillOpenObserver([this] { advancedDrawerDidClose(); });
     drawer_.addWillCloseObserver([this] { advancedDrawerDidClose(); });
     setUpDefaults();

@@ -1,8 +1,7 @@
-// The controller: it owns the form model, and every action of the program is one of its methods.
+// The controller. It owns the form model, and every action of the program is one of its methods.
 //
-// Actions bear the system's own names and are grouped in the order in which a person meets them;
-// one source file holds one family. None of them waits: a question returns at once and its
-// completion goes on later, on the same thread.
+// One source file holds one family of actions. No action waits: a question returns at once, and its
+// completion continues later on the same thread. No completion runs after the destruction.
 #pragma once
 
 #include "core/agent_reader.h"
@@ -26,97 +25,173 @@ namespace frimbolate {
 
 class AppDelegate : private AgentReaderHost {
   public:
+    /// \param services references; each service must outlive the controller
     explicit AppDelegate(Services services);
     ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    /// Every control. The window writes into it what the person did, then sends the action.
+    /// Every control. The window writes the user's input into it, then sends the action. Valid as
+    /// long as the controller.
     FormModel& form() override { return form_; }
     const FormModel& form() const { return form_; }
 
     // Start-up
+
+    /// Sets up window and drawer, reads the preferences, resets the form, and shows the welcome
+    /// sheet unless it is suppressed.
     void applicationDidFinishLaunching();
+    /// Shows the welcome sheet; where the preference suppresses it, begins access to the folder.
     void showWelcomeWindow();
+    /// Closes the welcome sheet, stores its check box if off, and begins access to the folder,
+    /// asking for it where no bookmark is stored.
     void closeWelcomeWindow();
-    /// Brings the window back; true always.
+    /// Makes the main window visible. Always returns true.
     bool applicationShouldHandleReopen();
+    /// Does nothing.
     void applicationWillTerminate() {}
+    /// Does nothing; the completions of the alerts handle their answers.
     void alertDidEnd() {}
 
     // The form
+
+    /// Resets every control of form and drawer to a new agent, without asking, and closes the
+    /// drawer. Reads the preferences again.
     void createNewAgent() override;
+    /// Resets the schedule controls and applies the selected action; for PathModified also asks for
+    /// the path to watch. Cancelling that panel deselects the action.
     void chooseAgentAction();
+    /// Shows the controls of the selected schedule, hides the others, and empties the interval or
+    /// day of the month.
     void chooseAgentSchedule();
+    /// Shows the level of the slider, as an integer, in its text field.
     void niceLevelSliderValueChanged();
+    /// If the preference asks for it, warns where a target other than an application is kept
+    /// running and may exit successfully. Then shows the script pop-over if a script is still
+    /// empty.
     void validateSuccessfulExit();
 
     // The advanced drawer
+
+    /// Opens the drawer on the right edge and makes the toolbar item close it.
     void openAdvancedDrawer() override;
+    /// Closes the drawer and makes the toolbar item open it.
     void closeAdvancedDrawer();
+    /// Makes the toolbar item close the drawer and gives the toolbar its regular size. Registered
+    /// for no event.
     void advancedDrawerWillOpen();
+    /// Makes the toolbar item open the drawer. Runs before every opening and every closing.
     void advancedDrawerDidClose();
-    /// Opens and closes the drawer by other means than the actions above.
+    /// Opens and closes the drawer without the actions above.
     DrawerController& advancedDrawer() { return drawer_; }
-    /// Sends the action that the toolbar item carries now, as a click on it does.
+    /// Sends the present action of the toolbar item, as a click on it does.
     void sendAdvancedToolbarItem();
     /// Asks for the file or folder of one of the drawer's path fields.
-    /// \param pathField the outlet of the field; any other name asks for nothing
+    /// \param pathField the outlet of the field; any other name does nothing
     void choosePath(std::string_view pathField);
 
     // The target and the additional watch path
+
+    /// Closes the script pop-over; for a file or no target also clears the target and hides the
+    /// script button. Does not ask for a file.
     void chooseAgentTarget();
+    /// Asks for the target and shows it, for an application its executable. Cancelling clears the
+    /// target and the typed script.
     void chooseApplicationOrScript();
+    /// Clears the target, shows the script button and the pop-over, and runs
+    /// validateSuccessfulExit().
     void createNewScript();
+    /// Shows the script pop-over.
     void showPopOverScript() override;
+    /// Shows the image of a script, or the icon of any other target, and records the path.
     void evaluateScriptExtension(const std::string& path) override;
+    /// Asks for the additional watch path if its check box is on. Clears path and check box if the
+    /// box is off or the panel is cancelled.
     void chooseAdditionalWathPath();
 
-    // What was dropped on a well does what choosing it in the well's panel does. The path must be
-    // one that the panel would have let through.
+    /// The panel of chooseApplicationOrScript().
     static OpenPanel targetPanel();
+    /// The panel for both watch paths, without its starting folder.
     static OpenPanel watchPathPanel();
+
+    // A dropped path has the effect of the same path chosen in the panel of the well. It must be
+    // one that the panel would accept.
+
+    /// Selects a file as target and shows it.
     void targetDropped(const std::string& path);
+    /// Sets the path to watch; does nothing for any action but PathModified.
     void watchPathDropped(const std::string& path);
+    /// Sets the additional watch path; does nothing while its check box is off.
     void additionalWatchPathDropped(const std::string& path);
 
     // Saving
+
+    /// Validates the form, shows the error markers, and then saves (saveLaunchAgent()) or shows the
+    /// faults in an alert.
     void validateAgentConfig();
+    /// Asks for the place and writes the agent file, without validation. Success sets the load
+    /// command, resets the form and offers the command sheet; an error is logged and shown.
     void saveLaunchAgent();
 
     // Editing, and upgrading agents of the earlier version
+
+    /// Asks before it discards a form with a name, warns about loaded agents, and runs
+    /// continueEditingAgent().
     void editLaunchAgent();
+    /// Resets the form, asks for an agent file and reads it into the form. Rejects agents of other
+    /// programs; offers the upgrade of earlier ones.
     void continueEditingAgent();
+    /// Reads the keys of the advanced drawer into the form.
     void lookForAdvancedKeys(const AgentPlist& file) override;
+    /// Asks for the place of an upgraded agent, writes it and removes the old file. After a failed
+    /// write the old file goes to the trash, provided that the new path exists.
     void chooseUpgradePath(const AgentPlist& agent, const std::string& fileName,
                            const std::string& oldPath);
 
     // Existing agents
+
+    /// Asks for an agent file and shows the command that loads it.
     void loadLaunchAgent() { commandSheet_.loadLaunchAgent(); }
+    /// Asks for an agent file and shows the command that unloads it.
     void unloadLaunchAgent() { commandSheet_.unloadLaunchAgent(); }
+    /// Copies the shown command to the pasteboard.
     void copyCommand() { commandSheet_.copyCommand(); }
+    /// Closes the command sheet and stores its check box.
     void closeExecuteScriptWindow() { commandSheet_.closeExecuteScriptWindow(); }
+    /// Opens a terminal. The command sheet stays open.
     void launchTerminal() { commandSheet_.launchTerminal(); }
+    /// Asks for an agent file and, after a confirmation, inverts its "Enabled" key.
     void onOffLaunchAgent() { agentSwitch_.onOffLaunchAgent(); }
+    /// Warns about loaded agents, then runs deleteLaunchAgentContinue().
     void deleteLaunchAgent() { agentDeletion_.deleteLaunchAgent(); }
+    /// Asks for an agent file and, after a confirmation, deletes it.
     void deleteLaunchAgentContinue() { agentDeletion_.deleteLaunchAgentContinue(); }
 
     // Preferences
+
+    /// Normalises the stored preferences and sets the controls that show them.
     void setUpDefaults() { preferences_.setUpDefaults(); }
+    /// Shows the preferences sheet.
     void openPreferencesWindow() { preferences_.openPreferencesWindow(); }
+    /// Stores the controls of the preferences sheet and closes it.
     void savePreferences() { preferences_.savePreferences(); }
+    /// Closes the preferences sheet without storing.
     void closeWithoutSavingPrefs() { preferences_.closeWithoutSavingPrefs(); }
+    /// Removes all stored preferences, starts a new instance and quits, without confirmation.
     void resetPreferences() { preferences_.resetPreferences(); }
 
     // Tips
+
+    /// Shows all tip buttons, or hides them all where the drawer's is shown.
     void showHideTips();
-    /// \param tipButton the outlet of the pressed button; any other name shows nothing
+    /// Shows the tip of a button in an alert.
+    /// \param tipButton the outlet of the pressed button; any other name does nothing
     void showTip(std::string_view tipButton);
 
   private:
     using Folder = std::optional<std::string>;
 
-    // AgentReaderHost, but for the actions above
+    // The rest of AgentReaderHost
     void log(const std::string& line) override { services_.log.line(line); }
     void showAlertThatResets(const std::string& message, const std::string& text) override;
     std::optional<Value> preference(std::string_view key) override;
@@ -157,7 +232,7 @@ class AppDelegate : private AgentReaderHost {
     CommandSheet commandSheet_;
     AgentSwitch agentSwitch_;
     AgentDeletion agentDeletion_;
-    /// Replaced whenever the welcome flow ends.
+    /// Replaced each time the welcome flow ends.
     std::unique_ptr<BookmarkClass> bookmark_;
     DrawerController drawer_{form_.advancedDrawer};
     Lifetime lifetime_;

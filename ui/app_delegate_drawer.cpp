@@ -1,5 +1,4 @@
-// The advanced drawer, the toolbar item that carries the opposite of its present state, and the
-// paths that are chosen for its fields.
+// The advanced drawer, the toolbar item that toggles it, and the panels for its path fields.
 #include "ui/app_delegate.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Opening an existing agent: the questions before, the choice of the file, and its reading.
+// Opens an existing agent: the questions, the choice of the file, and the reading.
 #include "ui/app_delegate.h"
 
 #include "core/named_error.h"
@@ -7,7 +7,7 @@
 namespace frimbolate {
 
 void AppDelegate::editLaunchAgent() {
-    // The name alone tells whether there is something to lose.
+    // A form without a name counts as unchanged.
     if (!form_.agentNameTextField.stringValue.empty()) {
         services_.alerts.show(
             {"Do you want to discard changes?",
@@ -34,7 +34,7 @@ void AppDelegate::continueEditingAgent() {
             if (path)
                 readAgent(*path, folder);
             else
-                createNewAgent(); // access deliberately stays begun
+                createNewAgent(); // access stays begun, see FolderGrant
         }));
 }
 
@@ -52,7 +52,7 @@ void AppDelegate::readAgent(const std::string& path, const Folder& folder) {
     }
     log("Agent was created with Frimbolate.");
     if (origin == AgentOrigin::EarlierVersion)
-        askForUpgrade(path); // the reading does not wait for the answer
+        askForUpgrade(path); // returns at once; the file is read before the answer
     try {
         const auto agent = services_.files.readDictionary(path);
         if (!agent)

@@ -1,7 +1,7 @@
-// How the form's controls depend on one another.
+// The dependencies between the controls of the form.
 //
-// Each rule first brings the dependent controls back to a neutral state and then applies what the
-// selected item asks for; what a rule does not name, it leaves as it was.
+// Each rule first resets the dependent controls and then applies the selected item. Controls that a
+// rule does not name keep their state.
 #include "ui/app_delegate.h"
 
 #include "core/agent_plist.h"
@@ -88,7 +88,7 @@ void AppDelegate::applyAgentAction() {
         }
         return;
     }
-    // Beyond that the action is itself the trigger, and no schedule applies.
+    // For the other actions the event is the trigger, and no schedule applies.
     form_.agentScheduleTypeButton.selectedItem = ScheduleType::NoSelection;
     chooseAgentSchedule();
     form_.agentScheduleTypeButton.enabled = false;
@@ -159,7 +159,7 @@ void AppDelegate::chooseAgentSchedule() {
     form_.onMonthTextBox.hidden = true;
     form_.agentScheduleDatePicker.width = normalDatePickerWidth;
 
-    // Ranges, so that a reserved index falls to the schedule before it.
+    // Ranges: a reserved index counts as the schedule before it.
     const int schedule = form_.agentScheduleTypeButton.selectedItem;
     const bool onInterval = schedule >= ScheduleType::OnInterval;
     const bool atLoad = !onInterval && schedule >= ScheduleType::AtLoad;
@@ -198,7 +198,7 @@ void AppDelegate::validateSuccessfulExit() {
          "exit\" value of 0. If you haven't programmed your script to return a value other than 0 "
          "when it completes, then it may only run once."},
         lifetime_.whileAlive([this](AlertOutcome) {
-            // So that the person goes on writing the script that the alert interrupted.
+            // The alert interrupted the user before a script was typed.
             if (form_.agentTargetButton.selectedItem == TargetType::Script &&
                 form_.scriptPopOverScriptField.stringValue.empty())
                 showPopOverScript();

@@ -1,4 +1,4 @@
-// From the save command over validation to the agent file on disk.
+// Validates the form and writes the agent file.
 #include "ui/app_delegate.h"
 
 #include "core/conversions.h"
@@ -46,7 +46,7 @@ void AppDelegate::saveLaunchAgent() {
             if (location)
                 saveAgent(*location);
         }));
-    // Deliberately before the person has answered: the panel itself opens what it returns.
+    // Closed before the user answers: the panel itself grants access to the path that it returns.
     folderGrant_.close(folder);
 }
 
@@ -59,7 +59,8 @@ void AppDelegate::saveAgent(const SaveLocation& location) {
         log("Path: " + path);
         if (!services_.files.isWritable(folderOf(path)))
             throw pathNotWritable(path);
-        // Whether the write succeeded is not examined.
+        // The result is ignored: an unwritable folder or content is an error, a failed write is
+        // not.
         services_.files.writeDictionary(path, agent);
         commandSheet_.setCommand(loadCommand(path));
         showSuccess();

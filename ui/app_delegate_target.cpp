@@ -1,4 +1,4 @@
-// What the agent launches, and the additional path that it watches.
+// The target of the agent, and the additional path that it watches.
 #include "ui/app_delegate.h"
 
 #include "core/agent_plist.h"
@@ -68,7 +68,7 @@ void AppDelegate::chooseApplicationOrScript() {
 }
 
 void AppDelegate::targetChosen(const std::string& path) {
-    // Of the URL's text, as it stands: a folder's trailing "/" is part of it.
+    // The extension of the encoded URL. A trailing "/" of a folder counts as part of it.
     const auto url = fileUrl(path);
     const auto extension = targetExtension(url);
     log("Last path component: " + std::string(extension));
@@ -149,7 +149,7 @@ void AppDelegate::additionalWatchPathDropped(const std::string& path) {
         additionalWatchPathChosen(path);
 }
 
-/// Without a path the option is off: it is never on without one.
+/// Shows the path, or turns the option off where there is none.
 void AppDelegate::additionalWatchPathChosen(const std::optional<std::string>& path) {
     auto& well = form_.alsoRunPathChangeImageWell;
     if (path) {

@@ -1,4 +1,4 @@
-// The five tips beside the form.
+// The texts of the five tips, and the buttons that show them.
 #include "ui/app_delegate.h"
 
 #include <array>
@@ -74,7 +74,7 @@ constexpr std::array<Tip, 5> tips = {{
 } // namespace
 
 void AppDelegate::showHideTips() {
-    // All five follow the drawer's, also when only some of them were hidden.
+    // All five buttons get the inverted state of the drawer's, whatever their own was.
     const bool hidden = !form_.advancedDrawerTipButton.hidden;
     for (auto* button :
          {&form_.advancedDrawerTipButton, &form_.agentNameTipButton, &form_.agentTargetTipButton,

@@ -1,4 +1,5 @@
-// Agents of the earlier version: written anew under the current prefix, then the old file removed.
+// Upgrades agents of the earlier version: writes them with the current prefix, then removes the old
+// file.
 #include "ui/app_delegate.h"
 
 #include "core/agent_upgrade.h"
@@ -48,7 +49,7 @@ void AppDelegate::chooseUpgradePath(const AgentPlist& agent, const std::string& 
     panel.prompt = "Save";
     panel.message = "Saving outside of ~/Library/LaunchAgents\n may cause the agent not to run "
                     "automatically.";
-    panel.directory = folderGrant_.open(); // deliberately never ended
+    panel.directory = folderGrant_.open(); // never closed: writeUpgraded() removes a file there
     services_.filePanels.save(
         panel,
         lifetime_.whileAlive([this, agent, oldPath](const std::optional<SaveLocation>& location) {
@@ -60,12 +61,12 @@ void AppDelegate::chooseUpgradePath(const AgentPlist& agent, const std::string& 
 void AppDelegate::writeUpgraded(const AgentPlist& agent, const std::string& path,
                                 const std::string& oldPath) {
     try {
-        // The write's result does not decide what happens, only whether a file is there now.
+        // A file at the path decides, not the result of the write.
         const bool written = services_.files.writeDictionary(path, agent);
         if (!services_.files.exists(path))
             throw pathNotDeletable(path);
         log("The upgraded path exists, removing the old path");
-        // Also when both are one: an agent saved under its old name ends with no file.
+        // Also where both paths are the same: an agent saved under its old name has no file then.
         if (written)
             services_.files.remove(oldPath);
         else
@@ -77,7 +78,8 @@ void AppDelegate::writeUpgraded(const AgentPlist& agent, const std::string& path
     }
 }
 
-/// The file in place is not the agent, so that the old file may be its only copy.
+/// For a write that failed: the file at the new path is another one, and the old file may be the
+/// only copy of the agent.
 void AppDelegate::moveToTrash(const std::string& oldPath) {
     const auto place = services_.trash.moveToTrash(oldPath);
     log(place ? "The upgraded agent was not written, the old one is now " + *place

@@ -1,4 +1,4 @@
-// Opens and closes the advanced drawer, and notifies observers before it does.
+// Opens and closes the advanced drawer, and notifies observers before.
 #pragma once
 
 #include "core/form_model.h"
@@ -8,9 +8,9 @@
 
 namespace frimbolate {
 
-/// Anyone may open or close the drawer through it, not only the toolbar's actions. Observers run in
-/// the order of registration, while the drawer is still as it was. Opening an open drawer and
-/// closing a closed one are harmless and notify nobody.
+/// Every part of the program may use it, not only the toolbar's actions. Observers run in the order
+/// of registration, before the drawer changes. Opening an open drawer and closing a closed one do
+/// nothing and notify no observer.
 class DrawerController {
   public:
     using Observer = std::function<void()>;
@@ -18,10 +18,11 @@ class DrawerController {
     /// \param drawer must outlive the controller
     explicit DrawerController(Drawer& drawer) : drawer_(drawer) {}
 
+    /// What an observer refers to must outlive the controller.
     void addWillOpenObserver(Observer observer);
     void addWillCloseObserver(Observer observer);
 
-    /// \param edge of the window: 2 is the right one
+    /// \param edge of the window; 2 is the right one
     void openOnEdge(int edge);
     void close();
 
