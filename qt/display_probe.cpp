@@ -24,7 +24,7 @@ struct Disconnect {
 
 using XConnection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-/// Nothing where no server answers.
+/// A null pointer where no server answers.
 XConnection connectToX(const std::string& display) {
     XConnection connection(xcb_connect(display.c_str(), nullptr));
     if (xcb_connection_has_error(connection.get()) != 0)
@@ -32,7 +32,7 @@ XConnection connectToX(const std::string& display) {
     return connection;
 }
 
-/// What follows an option of the toolkit, which takes "--option" as well.
+/// The argument after an option of Qt, which also accepts "--option". The last one wins.
 std::string valueOf(const std::vector<std::string>& arguments, const std::string& option) {
     std::string value;
     for (std::size_t i = 1; i + 1 < arguments.size(); ++i)
@@ -98,7 +98,7 @@ std::optional<std::string> missingDisplay(const std::vector<std::string>& argume
     if (platforms.empty())
         platforms = probe.variable("QT_QPA_PLATFORM");
     const Wanted wanted = wantedOf(platforms);
-    // A compositor may hand over an open connection instead of a name.
+    // WAYLAND_SOCKET: a compositor can pass an open connection instead of a name.
     if (wanted.other || (wanted.wayland && !probe.variable("WAYLAND_SOCKET").empty()))
         return std::nullopt;
     std::string tried;

@@ -1,4 +1,4 @@
-// Whether there is a screen to open a window on. Knows no Qt: without one Qt aborts the process.
+// Checks that a window can be opened. Uses no Qt, since Qt aborts the process without a display.
 #pragma once
 
 #include <functional>
@@ -8,30 +8,30 @@
 
 namespace frimbolate {
 
-/// Of what is in the environment or can be connected to; a test puts its own in the place.
+/// The access to environment and displays. Replaced by tests.
 struct DisplayProbe {
     /// The value of an environment variable; empty where it is not set.
     std::function<std::string(const char* variable)> variable;
-    /// Whether an X server answers under this name, such as ":0".
+    /// Whether an X server of a name such as ":0" answers.
     std::function<bool(const std::string& display)> opensX;
-    /// Whether a Wayland compositor listens at this path.
+    /// Whether a Wayland compositor listens on the socket of a path.
     std::function<bool(const std::string& socket)> opensWayland;
 
-    /// The real one.
+    /// The probe of the real environment.
     static DisplayProbe ofThisProcess();
 };
 
-/// Why no window can be opened, in one line; nothing where one can, or where the platform chosen by
+/// Why no window can be opened, in one line. Nothing where it can, or where the platform of
 /// -platform or QT_QPA_PLATFORM needs neither X nor Wayland.
-/// \param arguments of the process, its name first
+/// \param arguments of the process, starting with its name
 std::optional<std::string> missingDisplay(const std::vector<std::string>& arguments,
                                           const DisplayProbe& probe);
 
-/// A text that programs have left on the X server's first screen, such as the address of the
-/// accessibility bus; empty where there is no such server or text.
+/// A text property of the root window on the X server's first screen, such as the address of the
+/// accessibility bus; empty where there is no such server or property.
 std::string textOnXServer(const std::string& display, const std::string& property);
 
-/// The X server that the arguments name, else the environment; may be empty.
+/// The name of the X server from the arguments, else from the environment; may be empty.
 std::string xDisplayName(const std::vector<std::string>& arguments, const DisplayProbe& probe);
 
 } // namespace frimbolate

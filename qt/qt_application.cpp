@@ -5,7 +5,7 @@
 namespace frimbolate {
 
 void QtApplication::terminate() {
-    // Later, so that the action which quits may still come to its end.
+    // Queued, so that the action which quits runs to its end.
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 

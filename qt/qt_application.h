@@ -1,4 +1,4 @@
-// The running program. Needs a QCoreApplication.
+// Implements Application with Qt. Needs a QCoreApplication.
 #pragma once
 
 #include "platform/services.h"
@@ -10,7 +10,7 @@ namespace frimbolate {
 
 class QtApplication : public Application {
   public:
-    /// \param present shows an error; it belongs to whoever has a window
+    /// \param present shows an error in a window; what it refers to must outlive this
     explicit QtApplication(std::function<void(std::string)> present)
         : present_(std::move(present)) {}
 

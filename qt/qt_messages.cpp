@@ -17,7 +17,7 @@ constexpr int abortInstead = -1;
 std::atomic<int> exitCode = abortInstead;
 
 void write(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    // Qt calls a plain function, from threads of its own too, and until the very end.
+    // Never destroyed: Qt calls this function from any thread and until the process has ended.
     static std::mutex mutex;
     static auto* const writer = new LineWriter(STDERR_FILENO);
     {

@@ -1,16 +1,16 @@
-// Where the toolkit's own warnings go.
+// The destination of Qt's own messages.
 #pragma once
 
 namespace frimbolate {
 
-/// Sends Qt's messages to standard error as the log's lines go there: none of them waits for a
-/// reader. Call it before the application is made; it holds until the process ends.
+/// Sends Qt's messages to standard error, like the lines of the log, without ever blocking. Call it
+/// before the application is constructed; it stays in effect until the process ends.
 void routeQtMessages();
 
-/// A fatal message ends the process with this code; before the call, and after
-/// fatalMessagesAbort(), it aborts, which leaves a core dump. Without a usable display making the
-/// application is fatal.
+/// Makes a fatal message end the process with this code. Constructing the application without a
+/// usable display is fatal.
 void fatalMessagesExit(int code);
+/// Makes a fatal message abort, with a core dump, which is also the initial state.
 void fatalMessagesAbort();
 
 } // namespace frimbolate

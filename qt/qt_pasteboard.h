@@ -1,4 +1,4 @@
-// The clipboard of the desktop. Needs a QGuiApplication.
+// Implements Pasteboard with the desktop's clipboard. Needs a QGuiApplication.
 #pragma once
 
 #include "platform/services.h"

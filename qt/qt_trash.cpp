@@ -10,9 +10,9 @@ namespace frimbolate {
 
 namespace {
 
-/// Whether the home's trash is there, on which Qt falls back. Qt does not create the folder that it
-/// lies in, which a new user lacks; and without any trash, Qt 6.4 moves files into the folder that
-/// the program was started in.
+/// Creates the trash of the home folder, to which Qt falls back. Qt does not create its parent
+/// folder, which a new user lacks. Without a trash, Qt 6.4 moves files to the working directory.
+/// \return whether the trash exists
 bool makeHomeTrash() {
     constexpr auto ownerAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     QDir data(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
@@ -26,7 +26,7 @@ bool makeHomeTrash() {
 
 std::optional<std::string> QtTrash::moveToTrash(const std::string& path) {
     const QString name = QString::fromStdString(path);
-    // A path that is not valid UTF-8 would name another file.
+    // A path that is not valid UTF-8 would denote another file.
     if (name.toStdString() != path)
         return std::nullopt;
     const QFileInfo file(name);

@@ -1,4 +1,4 @@
-// The desktop's trash, in the layout that freedesktop.org defines.
+// Implements Trash in the layout of freedesktop.org.
 #pragma once
 
 #include "platform/services.h"
@@ -7,7 +7,7 @@ namespace frimbolate {
 
 class QtTrash : public Trash {
   public:
-    /// The trash of the home folder, or that of the file's own disk when it is on another one.
+    /// Uses the trash of the home folder, or that of the file's disk where it is another one.
     std::optional<std::string> moveToTrash(const std::string& path) override;
 };
 

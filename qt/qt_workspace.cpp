@@ -20,7 +20,7 @@ QStringList QtWorkspace::terminalCommands() {
 void QtWorkspace::openTerminal() {
     for (const QString& command : terminalCommands()) {
         QStringList arguments = QProcess::splitCommand(command);
-        // A single quotation mark holds no word at all.
+        // A command such as a single quotation mark has no words.
         if (arguments.isEmpty())
             continue;
         const QString program = arguments.takeFirst();

@@ -1,4 +1,4 @@
-// Starts other programs, without a shell in between, and knows whose desktop this is.
+// Implements Workspace: starts other programs without a shell, and gives the user's name.
 #pragma once
 
 #include "platform/services.h"
@@ -10,16 +10,17 @@
 
 namespace frimbolate {
 
-/// The argument with which an instance starts that is meant to run beside another one.
+/// The argument that starts an instance beside a running one.
 inline constexpr const char* newInstanceArgument = "--new-instance";
 
 class QtWorkspace : public Workspace {
   public:
-    /// \param environment of the programs that are started; without one, that of this process
+    /// \param environment of the started programs; by default that of this process
     explicit QtWorkspace(QProcessEnvironment environment = QProcessEnvironment::InheritFromParent)
         : environment_(std::move(environment)) {}
 
-    /// The commands that may open a terminal, the desktop's own choice first.
+    /// The commands that can open a terminal, in the order of the attempts: the desktop's choice
+    /// first.
     static QStringList terminalCommands();
 
     void openTerminal() override;

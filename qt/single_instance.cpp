@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds retryAfter{5};
 
 QString socketNameFor(const std::string& preferencePath) {
     constexpr int nameSize = 16;
-    // Empty where TMPDIR names no folder.
+    // Empty where TMPDIR is no folder.
     const QString temporary = QDir::tempPath();
     const std::string folder =
         userSocketFolder(qEnvironmentVariable("XDG_RUNTIME_DIR").toStdString(),
@@ -34,7 +34,7 @@ QString socketNameFor(const std::string& preferencePath) {
     return QString::fromStdString(folder) + '/' + QString::fromLatin1(hash.toHex().left(nameSize));
 }
 
-/// The folder keeps others out; this is for one that was opened to them later.
+/// The folder is private when it is created or checked; other users may have got access later.
 bool isOfThisUser(const QLocalSocket& socket) {
     const auto number = static_cast<int>(socket.socketDescriptor());
 #ifdef __APPLE__
@@ -55,14 +55,14 @@ SingleInstance::SingleInstance(const std::string& preferencePath, Limits limits)
     : name_(socketNameFor(preferencePath)), limits_(limits) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, &SingleInstance::accept);
-    // Queued: inside of the signal, the socket is not ready to connect anew.
+    // Queued: within the signal the socket cannot connect again.
     connect(&predecessor_, &QLocalSocket::disconnected, this, &SingleInstance::tryToListen,
             Qt::QueuedConnection);
 }
 
 SingleInstance::~SingleInstance() {
     predecessor_.disconnect(this);
-    // In this order: an instance that sees its connection end finds the lock free.
+    // In this order; an instance whose connection ends tries to take the lock.
     server_.close();
     lock_.release();
 }
@@ -71,13 +71,13 @@ FileLock::State SingleInstance::becomeFirst() {
     if (name_.isEmpty())
         return FileLock::State::unavailable;
     const auto outcome = lock_.take(name_.toStdString() + ".lock");
-    // A socket that is still there was left behind by a crash.
+    // A socket that still exists was left by a crash.
     if (outcome == FileLock::State::held)
         QLocalServer::removeServer(name_);
     return outcome;
 }
 
-/// Connecting to a local socket takes no time: it succeeds, or there is no listener.
+/// Does not wait: connecting to a local socket succeeds or fails at once.
 bool SingleInstance::connectTo(QLocalSocket& socket) const {
     socket.connectToServer(name_);
     if (socket.state() == QLocalSocket::ConnectedState && isOfThisUser(socket))
@@ -108,7 +108,7 @@ RunningInstance SingleInstance::askRunningInstance() {
             if (answer.hasExpired())
                 return RunningInstance::silent;
         }
-        // The first one has not begun to listen, or is about to end.
+        // The first instance does not listen yet, or is ending.
         if (start.hasExpired())
             return RunningInstance::silent;
         QThread::msleep(static_cast<unsigned long>(retryAfter.count()));
@@ -123,12 +123,12 @@ void SingleInstance::listen(std::function<void()> onReopen) {
 void SingleInstance::tryToListen() {
     const auto outcome = lock_.isHeld() ? FileLock::State::held : becomeFirst();
     if (outcome == FileLock::State::held) {
-        // Otherwise every later start would wait for this one in vain.
+        // A lock without a listener would make every later start wait in vain.
         if (!server_.listen(name_))
             lock_.release();
         return;
     }
-    // Its end tries again.
+    // The disconnection of the predecessor calls this again.
     if (outcome == FileLock::State::unavailable || connectTo(predecessor_))
         return;
     QTimer::singleShot(retryAfter, this, &SingleInstance::tryToListen);

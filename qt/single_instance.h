@@ -1,10 +1,10 @@
-// Makes a second start bring the running window to the front instead of opening another one.
+// Makes a second start show the running window instead of opening another one.
 //
-// The instances of one user that share one preference file meet in a folder that only this user can
-// enter. A lock on a file there decides which of them is the first, also among starts at the same
-// moment; the first one listens on a socket beside it and acknowledges what it is asked. An
-// instance that was started beside another on purpose does not ask, and becomes the first when that
-// one ends.
+// The instances of one user that share one preference file use a folder that only this user can
+// enter. The lock on a file there decides which instance is the first, also for simultaneous
+// starts. The first instance listens on a socket beside the lock and acknowledges each request. An
+// instance that was started beside another one sends no request, and becomes the first when the
+// other one ends.
 #pragma once
 
 #include "posix/file_lock.h"
@@ -21,11 +21,11 @@ class QDeadlineTimer;
 
 namespace frimbolate {
 
-/// What a start has found.
+/// The result of a request to the first instance.
 enum class RunningInstance {
-    none,   ///< this one is the first now, or the instances have no place to meet
-    told,   ///< the first one has acknowledged and shows itself; this one is to end
-    silent, ///< the first one does not answer, as a stopped one does
+    none,   ///< this instance is the first now, or there is no folder for the socket
+    told,   ///< the first instance has acknowledged and shows its window; this one must end
+    silent, ///< the first instance does not answer; it may be stopped
 };
 
 class SingleInstance : public QObject {
@@ -35,24 +35,25 @@ class SingleInstance : public QObject {
     struct Limits {
         /// For the acknowledgement of an instance that listens.
         std::chrono::milliseconds answer{1000};
-        /// For an instance that holds the lock to begin to listen, which is when its window is
-        /// made.
+        /// For an instance that holds the lock to start listening, which it does once its window
+        /// exists.
         std::chrono::milliseconds start{10000};
     };
 
-    /// \param preferencePath of the preference file that the instances share
+    /// \param preferencePath of the preference file; instances with the same one form a group
     explicit SingleInstance(const std::string& preferencePath)
         : SingleInstance(preferencePath, Limits()) {}
     SingleInstance(const std::string& preferencePath, Limits limits);
     ~SingleInstance() override;
 
-    /// Becomes the first instance, or asks the one that is to show itself, and waits for its
+    /// Becomes the first instance, or asks the first instance to show its window and waits for the
     /// answer within the limits. Needs no running event loop, but the first instance does.
     RunningInstance askRunningInstance();
-    /// Calls back each time another start asks. Where this is not the first instance, it becomes
-    /// that when the first one ends.
+    /// Calls the function for each request of another start. An instance that is not the first
+    /// becomes it when the first one ends.
+    /// \param onReopen what it refers to must outlive this
     void listen(std::function<void()> onReopen);
-    /// Whether this instance is the one that others find.
+    /// Whether this is the instance that others connect to.
     bool isListening() const { return server_.isListening(); }
 
     /// The path of the socket; empty where there is no folder for it.
@@ -69,7 +70,7 @@ class SingleInstance : public QObject {
     Limits limits_;
     FileLock lock_;
     QLocalServer server_;
-    QLocalSocket predecessor_; ///< connected for as long as the instance before this one lives
+    QLocalSocket predecessor_; ///< connected while another instance is the first
     std::function<void()> onReopen_;
 };
 

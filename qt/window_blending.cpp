@@ -20,7 +20,7 @@ struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A compositing manager owns a selection that is named after its screen.
+/// A compositing manager owns the selection _NET_WM_CM_S and the number of its screen.
 bool hasCompositingManager(xcb_connection_t* connection) {
     char* host = nullptr;
     int display = 0, screen = 0;

@@ -1,10 +1,10 @@
-// Whether the desktop blends windows with what lies behind them.
+// Checks whether the desktop supports translucent windows.
 #pragma once
 
 namespace frimbolate {
 
-/// Whether a window may be translucent: everywhere but on an X server without a compositing
-/// manager, where what is translucent comes out black. Ask once the application exists.
+/// Whether a window may be translucent: on macOS, on Wayland, and on an X server with a compositing
+/// manager, without which translucent pixels appear black. Needs a QGuiApplication.
 bool blendsWindows();
 
 } // namespace frimbolate
