@@ -1,4 +1,4 @@
-// The user's Trash.
+// Implements Trash with the Trash of macOS.
 #pragma once
 
 #include "platform/services.h"

@@ -9,7 +9,7 @@ std::optional<std::string> MacTrash::moveToTrash(const std::string& path) {
     if (!name || path.find('\0') != std::string::npos)
         return std::nullopt;
     NSFileManager* files = NSFileManager.defaultManager;
-    // Says of a link that it is one, not what its target is.
+    // Does not follow links.
     NSString* type = [files attributesOfItemAtPath:name error:nullptr].fileType;
     if (!type || [type isEqualToString:NSFileTypeDirectory])
         return std::nullopt;

@@ -1,4 +1,4 @@
-// Terminal, another instance of the program, and the person's short name.
+// Implements Workspace: Terminal, another instance of the program, and the user's short name.
 #pragma once
 
 #include "platform/services.h"

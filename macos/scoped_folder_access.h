@@ -18,8 +18,8 @@ class ScopedFolderAccess : public FolderAccess {
     void end(const std::optional<std::string>& folder) override;
 
   private:
-    /// The URLs by path: the scope belongs to the URL that a bookmark was resolved to, and one made
-    /// anew from the path would have none.
+    /// The resolved URLs by path. The scope belongs to the URL that a bookmark resolved to; a new
+    /// URL of the same path would have none.
     struct Urls;
     std::unique_ptr<Urls> urls_;
 };

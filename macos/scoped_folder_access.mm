@@ -44,7 +44,7 @@ std::optional<std::string> ScopedFolderAccess::resolve(const Data& bookmark) {
     if (!url.path)
         return std::nullopt;
     const std::string path = toStdString(url.path);
-    // Kept when it is known already: the access that was begun on it must be ended on it as well.
+    // A known URL is not replaced: access must end on the URL on which it began.
     urls_->byPath.emplace(path, url);
     return path;
 }

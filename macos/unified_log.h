@@ -1,4 +1,4 @@
-// The log of macOS, which also goes to the standard error of a terminal.
+// Implements Log with the unified log, which also writes to standard error in a terminal.
 #pragma once
 
 #include "platform/services.h"

@@ -5,7 +5,7 @@
 namespace frimbolate {
 
 void UnifiedLog::line(const std::string& text) {
-    // A path need not be valid UTF-8; Latin-1 shows any bytes at all.
+    // A path can be invalid UTF-8; Latin-1 accepts any bytes.
     NSString* shown = stringOf(text);
     if (!shown)
         shown = [[NSString alloc] initWithBytes:text.data()

@@ -1,4 +1,4 @@
-// The person's settings in the user defaults of the program.
+// Implements Defaults with the user defaults of the program.
 #pragma once
 
 #include "platform/services.h"
@@ -10,7 +10,7 @@ class UserDefaults : public Defaults {
     std::optional<Value> object(std::string_view key) override;
     void set(std::string_view key, Value value) override;
     void remove(std::string_view key) override;
-    /// The keys of the program alone, without those that every program sees.
+    /// The keys of the program's own domain, without the global ones.
     std::vector<std::string> keys() override;
     void synchronize() override;
 };

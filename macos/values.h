@@ -1,4 +1,4 @@
-// Property-list values to and from the objects of Foundation.
+// Converts between property-list values and Foundation objects.
 #pragma once
 
 #include "core/value.h"
@@ -8,11 +8,11 @@
 
 namespace frimbolate {
 
-/// Nothing for an object that no property list holds.
+/// Nothing for an object that a property list cannot contain.
 std::optional<Value> valueOf(id object);
 id objectOf(const Value& value);
 
-/// Nil for text that is not valid UTF-8.
+/// nil for text that is not valid UTF-8.
 NSString* stringOf(std::string_view text);
 std::string toStdString(NSString* string);
 NSData* dataOf(const Data& data);

@@ -11,7 +11,7 @@ Value numberOf(NSNumber* number) {
         return bool(number.boolValue);
     if (CFNumberIsFloatType((__bridge CFNumberRef)number))
         return double(number.doubleValue);
-    // Only unsigned numbers of eight bytes reach beyond the signed ones.
+    // Only unsigned numbers of eight bytes can exceed the signed range.
     if (number.objCType[0] == 'Q')
         return number.unsignedLongLongValue;
     return number.longLongValue;
