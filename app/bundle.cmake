@@ -1,4 +1,4 @@
-# The program as macOS wants it: a folder with its description and its icon inside.
+# The application bundle of macOS, with its Info.plist and its icon.
 target_link_libraries(frimbolate PRIVATE frimbolate_macos)
 target_sources(frimbolate PRIVATE ${FRIMBOLATE_ICNS})
 set_source_files_properties(${FRIMBOLATE_ICNS} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
@@ -8,8 +8,8 @@ set_target_properties(frimbolate PROPERTIES
   MACOSX_BUNDLE_INFO_PLIST ${FRIMBOLATE_INFO_PLIST})
 install(TARGETS frimbolate BUNDLE DESTINATION .)
 
-# The sandbox closes around a signed program alone, and lets it load no library from outside of its
-# folder; so Qt is copied in first, and the whole is signed afterwards.
+# The sandbox applies to signed programs only, and permits no library from outside the bundle. So Qt
+# is copied into it first, and the bundle is signed afterwards.
 set(FRIMBOLATE_SIGNER - CACHE STRING "The identity that signs the bundle; - is nobody's (ad hoc)")
 get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
 cmake_path(GET qmake PARENT_PATH qt_tools)

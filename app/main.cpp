@@ -20,9 +20,9 @@ int main(int argc, char* argv[]) {
     QApplication::setOrganizationName("Frimbolate");
     QApplication::setApplicationName("Frimbolate");
     QApplication::setApplicationVersion(FRIMBOLATE_VERSION);
-    // The name of the desktop entry, by which a desktop finds the program's icon.
+    // The name of the desktop entry; the desktop finds the program's icon by it.
     QApplication::setDesktopFileName("com.qz.frimbolate");
-    // Closing the window does not quit: the icon brings it back.
+    // Closing the window does not quit; a click on the icon shows it again.
     QApplication::setQuitOnLastWindowClosed(false);
 
     QCommandLineParser parser;
@@ -51,10 +51,10 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(style::toolIcon("app"));
     Program program(preferencePath, process.environment);
 #ifdef __APPLE__
-    // macOS itself starts a program once, and makes it active when its icon is clicked. An instance
-    // beside it is made on request only, to which a sandboxed program may hand no argument.
-    QObject whileItLives; // ends before the program does
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &whileItLives,
+    // macOS starts a program once and activates it when its icon is clicked. It starts another
+    // instance only on request, and a sandboxed program cannot pass an argument to it.
+    QObject context; // destroyed before the program, which ends the connection
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &context,
                      [&program](Qt::ApplicationState state) {
                          if (state == Qt::ApplicationActive)
                              program.reopen();
@@ -62,7 +62,8 @@ int main(int argc, char* argv[]) {
 #endif
     program.start();
 #ifndef __APPLE__
-    // Last: a second start waits only a second for an answer once this one listens.
+    // Last, when the event loop is about to run: a second start waits one second for the answer of
+    // a listening instance.
     instance.listen([&program] { program.reopen(); });
 #endif
     return QApplication::exec();

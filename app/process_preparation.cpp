@@ -18,7 +18,7 @@ namespace frimbolate {
 
 namespace {
 
-/// For the session bus and the accessibility bus together.
+/// The limit for the session bus and the accessibility bus together.
 constexpr std::chrono::milliseconds busLimit{250};
 
 using Arguments = std::vector<std::string>;
@@ -41,13 +41,13 @@ void disableUnresponsiveBuses(const Arguments& arguments) {
     if (const std::string runtime = probe.variable("XDG_RUNTIME_DIR");
         addresses.session.empty() && !runtime.empty())
         addresses.session = "unix:path=" + runtime + "/bus";
-    const UnresponsiveBuses mute = unresponsiveBuses(addresses, answerLimit(busLimit));
-    // An address of no known kind: without one, the bus would be looked for in its usual place.
-    if (mute.session) {
+    const UnresponsiveBuses buses = unresponsiveBuses(addresses, answerLimit(busLimit));
+    // An address of an unknown kind: with an empty one, clients would try the default address.
+    if (buses.session) {
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
         printError("the session bus does not answer, going on without it");
     }
-    if (mute.accessibility) {
+    if (buses.accessibility) {
         qputenv("AT_SPI_BUS_ADDRESS", "disabled:");
         printError("the accessibility bus does not answer, going on without it");
     }
@@ -76,7 +76,7 @@ PreparedProcess prepareProcess(int argc, char* const argv[]) {
     }
 #ifndef __APPLE__
     if (contains(arguments, {"-h", "--help", "--help-all", "-v", "--version"})) {
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // only prints
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // these options only print
     } else if (const auto missing = missingDisplay(arguments, DisplayProbe::ofThisProcess())) {
         printError(*missing);
         process.exitCode = 1;

@@ -1,4 +1,4 @@
-// What comes before the application is made: Qt aborts or hangs where the process is not ready.
+// Prepares the process before the application is constructed; Qt would abort or hang otherwise.
 #pragma once
 
 #include <QProcessEnvironment>
@@ -9,18 +9,19 @@
 namespace frimbolate {
 
 struct PreparedProcess {
-    /// With which the process is to end at once; nothing where it can go on.
+    /// The code with which the process must exit at once; nothing where it can continue.
     std::optional<int> exitCode;
-    /// The environment as the process got it, for the programs that it starts.
+    /// The original environment, for the programs that this one starts.
     QProcessEnvironment environment;
 };
 
-/// Opens missing standard streams, lets failed writes fail, makes sure that there is a display, and
-/// keeps Qt away from message buses that do not answer. Tells what is wrong in a line on standard
-/// error. Call it first in main(), and fatalMessagesAbort() once the application is made.
+/// Opens missing standard streams, makes failed writes return errors, checks that there is a
+/// display, and hides unresponsive message buses from Qt. Prints each problem in a line on standard
+/// error. Call it first in main(), and fatalMessagesAbort() once the application is constructed.
 PreparedProcess prepareProcess(int argc, char* const argv[]);
 
-/// How long another process may take to answer at the start: FRIMBOLATE_TIMEOUT_MS, else as usual.
+/// The time limit for an answer of another process at the start: FRIMBOLATE_TIMEOUT_MS if set, else
+/// the usual one.
 std::chrono::milliseconds answerLimit(std::chrono::milliseconds usual);
 
 } // namespace frimbolate

@@ -1,4 +1,4 @@
-// The running program: the services of this desktop, the controller and the window, put together.
+// Constructs and connects the services of this desktop, the controller and the window.
 #pragma once
 
 #include "app/system_services.h"
@@ -18,16 +18,18 @@
 
 namespace frimbolate {
 
-/// Members stand in the order in which they need each other: first the window, on which the sheets
-/// stand, then what the controller is given, and the controller last.
+/// The order of the members is that of their construction: the window, on which the sheets are
+/// shown, then the services, then the controller, which refers to the services.
 class Program {
   public:
     /// \param preferencePath of the preference file
-    /// \param environment of the programs that are started
+    /// \param environment of the started programs
     Program(const std::string& preferencePath, const QProcessEnvironment& environment);
 
+    /// Starts the controller and shows the window.
     void start();
-    /// What a click on the program's icon does while it runs.
+    /// Shows the window again and brings it to the front, for a second start or a click on the
+    /// program's icon.
     void reopen();
 
   private:

@@ -1,4 +1,4 @@
-// The services that each system does in its own way, under the same names on all.
+// The services whose implementation differs between systems, with the same names on each.
 #pragma once
 
 #ifdef __APPLE__
@@ -23,7 +23,7 @@ namespace frimbolate {
 
 #ifdef __APPLE__
 struct SystemServices {
-    /// macOS keeps the settings by the program's identifier, not at a path.
+    /// macOS stores the settings by the program's identifier, not at a path.
     explicit SystemServices(const std::string&, const QProcessEnvironment&) {}
 
     UnifiedLog log;
@@ -35,7 +35,7 @@ struct SystemServices {
 #else
 struct SystemServices {
     /// \param preferencePath of the preference file
-    /// \param environment of the programs that are started
+    /// \param environment of the started programs
     SystemServices(const std::string& preferencePath, const QProcessEnvironment& environment)
         : defaults(preferencePath, log), workspace(environment) {}
 

@@ -1,5 +1,4 @@
-// How long the steps between the form and the file take. Run frimbolate_bench of an optimised
-// build.
+// Measures the steps between the form and the file. Run frimbolate_bench of an optimised build.
 #include "core/agent_plist.h"
 #include "core/form_summary.h"
 #include "core/validation.h"
@@ -39,7 +38,7 @@ void validateForm(benchmark::State& state) {
 }
 BENCHMARK(validateForm);
 
-/// What the window asks for after every key.
+/// The work of every key press in the window.
 void sentencesOfForm(benchmark::State& state) {
     const auto form = fullForm();
     const TextStyle style{.home = "/Users/ada"};

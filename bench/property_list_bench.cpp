@@ -1,5 +1,5 @@
-// How fast property lists are read and written: an agent of ordinary size in each form, and files
-// that are filled with one piece, whose time per byte must not grow with their size.
+// Measures reading and writing of property lists: an agent of usual size in each form, and files of
+// one repeated piece, for which the time per byte must not grow with the size.
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"
@@ -10,7 +10,7 @@ namespace frimbolate {
 
 namespace {
 
-/// An agent of 1.7 kB, as an editor of another make may have written it.
+/// An agent of 1.7 kB, with keys and a layout that this program does not write.
 constexpr std::string_view agent = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
 <plist version="1.0">
@@ -123,8 +123,8 @@ void readOldStyleAgent(benchmark::State& state) {
 }
 BENCHMARK(readOldStyleAgent);
 
-/// One piece repeated inside of a frame, up to the size that the row asks for: the time per byte
-/// must not depend on it.
+/// Reads one piece repeated within a frame up to a size in bytes, on which the time per byte must
+/// not depend.
 void readRepeated(benchmark::State& state, std::string_view begin, std::string_view piece,
                   std::string_view end) {
     std::string file(begin);

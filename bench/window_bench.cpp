@@ -1,5 +1,5 @@
-// How long the window takes to show an agent with one text of a million characters, from choosing
-// its file to the painted window. Half a second is the limit that users are to meet.
+// Measures how long the window takes to show an agent with one text of a million characters, from
+// the choice of its file to the painted window. The limit is half a second.
 #include "tests/widgets/scripted_window.h"
 
 #include <QApplication>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t million = 1'000'000;
 
-/// The toolkit without a display, from the first row on; the system ends it with the program.
+/// Constructs the application, without a display, once. Never destroyed.
 void startToolkit() {
     static int argc = 1;
     static char name[] = "frimbolate_bench";
@@ -42,7 +42,7 @@ Dictionary agentWithScript(const std::string& script) {
     return agentWith("ProgramArguments", Array{Value("/bin/sh"), Value("-c"), Value(script)});
 }
 
-/// So long a text in lines of that length.
+/// A text of a million characters in lines of a length in characters.
 std::string lines(std::size_t lineLength) {
     const std::string line = "echo " + std::string(lineLength - 6, 'x') + "\n";
     std::string text;
@@ -89,7 +89,7 @@ SHOW_AGENT(logPath, agentWith("StandardOutPath", "/" + longText));
 SHOW_AGENT(queueFolder, agentWith("QueueDirectories", Array{Value("/" + longText)}));
 SHOW_AGENT(interval, agentWith("StartInterval", std::string(million, '1')));
 
-/// What a key costs in such a text.
+/// Measures a key press in such a text.
 void typeIntoScript(benchmark::State& state, const std::function<std::string()>& make) {
     startToolkit();
     test::ScriptedWindow window;
