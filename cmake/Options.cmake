@@ -1,11 +1,10 @@
-# What every room of the program is compiled with.
+# The compiler options of every module.
 add_library(frimbolate_options INTERFACE)
 target_include_directories(frimbolate_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(frimbolate_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 
-# Against what a faulty program could be made to do. The checked functions of the C library need an
-# optimised build; all else holds in each.
+# Hardening flags. _FORTIFY_SOURCE needs an optimised build; the others apply to every build.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
@@ -17,7 +16,7 @@ if(NOT APPLE)
 endif()
 
 if(FRIMBOLATE_SANITIZE)
-  # "undefined" leaves out the casts of numbers too large for the integer.
+  # "undefined" does not include float-cast-overflow.
   set(sanitizers address,undefined,float-cast-overflow)
   target_compile_options(frimbolate_options INTERFACE
     -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -1,8 +1,8 @@
-# The Debian package. Its version is the program's, since both are kept together.
+# The Debian package. A native one: its version is that of the program.
 if(APPLE)
   return()
 endif()
-# It takes what was built, and builds neither the tests nor the measurements.
+# The package contains what was built before; cpack must not build tests and benchmarks.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME frimbolate)
@@ -10,7 +10,7 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT
     "Frimbolate maintainers <maintainers@frimbolate.example>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# What the person who packages has as umask must not reach who installs.
+# Fixed, so that the permissions do not depend on the umask of the build.
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
@@ -19,12 +19,12 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# What works without them: the faces that the window is drawn with, and the way onto Wayland.
+# Optional: the fonts of the window, and the Wayland platform of Qt.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, fonts-inter, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "x-terminal-emulator")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for launchd launch agents")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "\
-Frimbolate creates and manages a person's own launch agents, by which
+Frimbolate creates and manages a user's own launch agents, by which
 launchd starts a program or a script: at a time of day, at login, when a
 path changes, or when a volume is mounted. One form holds what an agent is
 made of; every fault is told at once, and one plain sentence says what
@@ -32,5 +32,5 @@ launchd will do.
 
 Agents are written as property lists and can be opened again, switched on
 or off, and deleted. The program composes the launchctl command that loads
-or unloads an agent and leaves running it to the person.")
+or unloads an agent and leaves running it to the user.")
 include(CPack)

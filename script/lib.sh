@@ -1,4 +1,4 @@
-# What the scripts of this folder share; each sources it first.
+# Shared functions and package lists. Every script of this folder sources it first.
 # shellcheck shell=bash
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libqt6svg6 libxcb1-dev
     ninja-build qt6-base-dev qt6-svg-dev)
 [[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
-# A virtual desktop, and what drives the program on it.
+# A virtual desktop, and the tools that drive the program on it.
 # shellcheck disable=SC2034
 desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi
     python3-pytest x11-utils xdotool xvfb)
@@ -14,7 +14,7 @@ desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi
 test_packages=(clang-14 clang-format-14 dbus-daemon libbenchmark-dev libclang-rt-14-dev
     libgmock-dev libgtest-dev libxml2-utils python3)
 
-# What makes a package, and what judges it.
+# The tools that build the package and check it.
 # shellcheck disable=SC2034
 package_packages=(appstream desktop-file-utils dpkg-dev lintian man-db mandoc python3)
 
@@ -22,7 +22,7 @@ as_root() {
     if ((EUID == 0)); then "$@"; else sudo "$@"; fi
 }
 
-# Installs those of the packages that are missing; where none is, no network and no right is needed.
+# Installs the missing packages. With none missing it needs neither network nor root.
 install_missing() {
     local missing=() package
     for package; do
