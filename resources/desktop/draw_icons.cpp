@@ -1,6 +1,6 @@
-// Draws an icon in every size that a desktop asks for: draw_icons <svg> <theme> <name> <icns>
-// writes <theme>/16x16/apps/<name>.png and so on, and the one file that macOS wants. A picture
-// without text needs no screen.
+// Draws an icon in every size of an icon theme: draw_icons <svg> <theme> <name> <icns> writes
+// <theme>/16x16/apps/<name>.png and so on, and the .icns file of macOS. It needs neither a display
+// nor a QGuiApplication, since the drawing contains no text.
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int themeSizes[] = {16, 22, 24, 32, 48, 64, 128, 256, 512};
 
-/// The entries of the macOS file. A picture for a fine screen has twice the size in points.
+/// The entries of the .icns file. The pixels of a high-resolution entry are twice its points.
 struct IcnsEntry {
     char type[5];
     int pixels;
@@ -38,7 +38,8 @@ QByteArray pngOf(QSvgRenderer& drawing, int pixels) {
     return buffer.data();
 }
 
-/// Every number is big-endian, and a length counts its own eight bytes of head.
+/// A chunk of the .icns file. Numbers are big-endian; the length includes the eight bytes of the
+/// header.
 QByteArray chunk(const char* type, const QByteArray& content) {
     const quint32 length = qToBigEndian(static_cast<quint32>(content.size() + 8));
     return QByteArray(type, 4) + QByteArray(reinterpret_cast<const char*>(&length), 4) + content;
