@@ -1,7 +1,7 @@
 // The user's settings in one XML property list.
 //
 // Every change is written at once, so that a crash loses nothing. Several processes may share the
-// file: each takes a lock beside it, reads it again and writes back the keys it changed itself.
+// file: each takes a lock beside it, reads it again, changes its own keys and keeps the others.
 // Reading needs no lock, since the file is only replaced atomically.
 #pragma once
 
