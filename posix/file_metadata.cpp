@@ -31,7 +31,8 @@ void copyAttributes(int original, int file) {
     static_cast<void>(::fcopyfile(original, file, nullptr, COPYFILE_XATTR));
 }
 
-/// On macOS the list is separate from the mode and names users and groups, independent of the owner.
+/// On macOS the list is separate from the mode and names users and groups, independent of the
+/// owner.
 FileRights copyRights(int original, const FileRights& before, int file, bool sameOwner,
                       bool sameGroup) {
     AccessList list(::acl_get_fd_np(original, ACL_TYPE_EXTENDED));
