@@ -13,7 +13,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The window's own parts, then the pop-over, hidden or not as with any other part.
+/// The children of the window, then the pop-over, which is listed while hidden as any child is.
 class MainWindowAccessible : public QAccessibleWidget {
   public:
     explicit MainWindowAccessible(QWidget* window)
@@ -34,7 +34,7 @@ class MainWindowAccessible : public QAccessibleWidget {
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
-        // It stands in front of all the others.
+        // The pop-over is in front of all other children.
         QAccessibleInterface* front = popOver();
         return front && front->rect().contains(x, y) ? front : QAccessibleWidget::childAt(x, y);
     }
@@ -56,7 +56,7 @@ class PopOverAccessible : public QAccessibleWidget {
     }
 };
 
-/// A label that tells its text, not an editor with parts.
+/// Exposes the widget as a label with a text, not as an editor with children.
 class TextAccess : public QAccessibleWidget {
   public:
     explicit TextAccess(WrappedText* text) : QAccessibleWidget(text, QAccessible::StaticText) {}

@@ -1,13 +1,12 @@
-// What assistive tools are told of the window and its parts beyond what the toolkit tells by
-// itself.
+// What the program exposes to assistive tools beyond what the toolkit exposes by itself.
 #pragma once
 
 namespace frimbolate {
 
-/// The toolkit lists no window of the kind that a pop-over is, so whoever reads the screen would
-/// never meet it: here it is listed as a part of the window that it belongs to. An alert has the
-/// role of one, by which screen readers know to read it aloud whole, and so has a warning inside a
-/// sheet; a text that wraps anywhere has that of a label. Calling it again does nothing more.
+/// Installs the accessible interfaces. The toolkit does not list a pop-over's kind of window, so
+/// the pop-over is listed as a child of its window. An alert, and a warning inside a sheet, have
+/// the alert role, by which screen readers read them aloud whole. A WrappedText has the label role.
+/// Further calls have no effect.
 void installAccessibility();
 
 } // namespace frimbolate

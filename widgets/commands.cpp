@@ -20,13 +20,13 @@ using style::scaled;
 
 namespace {
 
-// Pixels of the 1x layout. The first item's plate stands above the card's edge, and the gap before
-// the last items is fixed: the button that was clicked stays put when the window grows.
+// Pixels of the 1x layout. The first item's box is aligned with the card's edge. The gap before the
+// last items is fixed, so a clicked button keeps its position when the window grows.
 constexpr int menuBarHeight = 28, toolbarHeight = 64, itemWidth = 64, itemHeight = 52;
 constexpr int leftGap = 22, beforeSeparator = 6, afterSeparator = 5, gapBeforeView = 43;
 constexpr int iconSize = 20;
 
-/// An editing command, as the slot of the text fields that does it.
+/// An editing command and the slot of the text fields that implements it.
 struct Edit {
     const char* slot; ///< null for a separator
     const char* title;
@@ -42,7 +42,7 @@ constexpr Edit edits[] = {
     {"selectAll", QT_TRANSLATE_NOOP("Commands", "Select &All"), QKeySequence::SelectAll},
 };
 
-/// Where a person types: the focused widget, or the field inside it.
+/// The object that receives typed text: the focused widget, or the field inside it.
 QObject* focusedField() {
     QWidget* focused = QApplication::focusWidget();
     if (focused && focused->metaObject()->indexOfSlot("selectAll()") < 0)
@@ -51,7 +51,7 @@ QObject* focusedField() {
     return inner ? static_cast<QObject*>(inner) : focused;
 }
 
-/// A toolbar knows neither margins nor a height of its own; these give it both.
+/// A toolbar has neither margins nor a height of its own; gap widgets give it both.
 QWidget* gap(int width) {
     auto* widget = new QWidget;
     widget->setFixedSize(scaled(width), scaled(toolbarHeight));
@@ -93,7 +93,7 @@ void Commands::makeActions() {
         action->setIconVisibleInMenu(false);
         action->setMenuRole(row.menu == Action::Menu::Application ? QAction::PreferencesRole
                                                                   : QAction::NoRole);
-        // Assistive tools check a button of the toolbar without triggering its command.
+        // Assistive tools check a toolbar button without triggering its action.
         connect(action, action->isCheckable() ? &QAction::toggled : &QAction::triggered, this,
                 [this, send = row.send] { binder_.send(send); });
     }

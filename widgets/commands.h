@@ -1,4 +1,4 @@
-// The menus and the toolbar: the program's list of commands made visible.
+// The menus and the toolbar, built from the list of actions.
 #pragma once
 
 #include <QObject>
@@ -15,9 +15,10 @@ class Commands : public QObject {
     Q_OBJECT
 
   public:
+    /// Both arguments must outlive the commands. The window becomes the parent.
     Commands(FormBinder& binder, QMainWindow& window);
 
-    /// The item of the Help menu that tells about the program.
+    /// The "about" item of the Help menu.
     QAction* about() const { return about_; }
 
   private:

@@ -29,8 +29,8 @@ constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
 using style::cardMargin;
 constexpr int statusLineHeight = 44, dotGap = 8;
 
-/// The line at the statusLine, under a hairline, behind a dot that lights up when the line tells a
-/// plan.
+/// The line at the bottom of the form: a hairline above, and a dot that lights up when the summary
+/// is complete.
 class StatusLine : public QWidget {
   public:
     using QWidget::QWidget;
@@ -58,7 +58,7 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
     auto* content = new QWidget(this);
     setCentralWidget(content);
     auto* drawer = new DrawerPanel(binder_, scaled(formWidth), content);
-    // The form is made last and so lies above the drawer, which slides out from behind it.
+    // The form is created last to lie above the drawer, which slides out from behind it.
     QWidget* form = makeForm(content);
     new DrawerHost(binder_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
     auto* card = form->findChild<FormCard*>();
@@ -67,7 +67,7 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
     card->firstField()->setFocus();
     connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
             [card] { card->firstField()->setFocus(); });
-    leadToFirstFault(*card);
+    focusFirstFaultAfterValidation(*card);
     binder_.addUpdater([this](const FormModel& model) {
         if (model.mainWindow.visible && !isVisible())
             bringToFront();
@@ -76,13 +76,13 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
     });
 }
 
-void MainWindow::leadToFirstFault(FormCard& card) {
-    // Not before the alert is closed: a screen reader would tell the control before the fault. The
-    // action itself has mirrored the model by now, so the next time is when the alert was answered.
+void MainWindow::focusFirstFaultAfterValidation(FormCard& card) {
+    // Only after the alert has closed: otherwise a screen reader announces the control before the
+    // fault. The action has updated the window by now; the next update follows the answer.
     connect(findChild<QAction*>("validateAgentConfig"), &QAction::triggered, this,
-            [this] { leadsToFault_ = true; });
+            [this] { focusesFault_ = true; });
     binder_.addUpdater([this, &card](const FormModel&) {
-        QWidget* fault = std::exchange(leadsToFault_, false) ? card.firstFault() : nullptr;
+        QWidget* fault = std::exchange(focusesFault_, false) ? card.firstFault() : nullptr;
         if (fault)
             fault->setFocus();
     });
@@ -121,11 +121,11 @@ QWidget* MainWindow::makeStatusLine(QWidget* parent) {
 }
 
 void MainWindow::bringToFront() {
-    // A minimised window is a visible one to Qt, and show() leaves it as it is.
+    // Qt counts a minimised window as visible, so show() alone has no effect on it.
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
-    // Without a window manager the first window gets no keyboard by itself.
+    // Without a window manager the first window does not get the keyboard focus by itself.
     activateWindow();
 }
 

@@ -1,7 +1,7 @@
-// The main window: menus, toolbar, the form, the line of plain words at its foot, and the drawer.
+// The main window: menus, toolbar, form, status line and drawer.
 //
-// It is dumb on purpose: it mirrors the form model and sends the actions of AppDelegate. It is
-// built before everything that needs a window to stand on, and connected last.
+// It holds no rule and no state: it shows the form model and sends the actions of AppDelegate. It
+// is built before the sheets, alerts and panels, which need it as parent, and connected last.
 #pragma once
 
 #include "widgets/controls/form_binder.h"
@@ -23,15 +23,15 @@ class MainWindow : public QMainWindow {
     /// \param blendsWindows whether the desktop shows what lies behind a translucent window
     explicit MainWindow(bool blendsWindows = false);
 
-    /// Where further controls, those of the sheets, are bound.
+    /// The binder for further controls, those of the sheets. Owned by the window.
     FormBinder& formBinder() { return binder_; }
     QAction* aboutAction() const;
 
-    /// The delegate must outlive the window's last event.
+    /// The delegate is not owned and must outlive the window.
     void connectTo(AppDelegate& delegate) { binder_.connectTo(delegate); }
-    /// Shows the model as it is now; to be called after whatever changed it.
+    /// Updates all controls from the model. Call it after every change of the model.
     void mirror() { binder_.mirror(); }
-    /// Shows the window, above the others and with the keyboard.
+    /// Shows the window, raises it and gives it the keyboard focus.
     void bringToFront();
 
   protected:
@@ -41,11 +41,11 @@ class MainWindow : public QMainWindow {
     QWidget* makeForm(QWidget* parent);
     QWidget* makeStatusLine(QWidget* parent);
 
-    void leadToFirstFault(FormCard& card);
+    void focusFirstFaultAfterValidation(FormCard& card);
 
     FormBinder binder_;
     Commands* commands_;
-    bool leadsToFault_ = false; ///< as soon as what validation told was answered
+    bool focusesFault_ = false; ///< the next update focuses the first fault
 };
 
 } // namespace frimbolate

@@ -26,7 +26,7 @@ QtSheets::QtSheets(SheetQueue& queue, MainWindow& window)
 }
 
 void QtSheets::begin(Sheet which) {
-    // The sheet measures itself when it is shown, so it has to hold what it will show by then.
+    // The sheet computes its size when it is shown, so its content must be current by then.
     window_.mirror();
     for (auto* button : sheet(which)->findChildren<QPushButton*>())
         if (button->isDefault())

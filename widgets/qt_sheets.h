@@ -1,5 +1,4 @@
-// The program's own sheets, by their names: welcome, preferences, command, and the words about the
-// program itself.
+// The program's own sheets by name: welcome, preferences and command, and the "about" box.
 #pragma once
 
 #include "platform/services.h"
@@ -26,7 +25,7 @@ class QtSheets : public Sheets {
 
     SheetQueue& queue_;
     MainWindow& window_;
-    AppSheet* sheets_[3]; ///< in the order of Sheet
+    AppSheet* sheets_[3]; ///< in the order of Sheet; owned by the window
 };
 
 } // namespace frimbolate

@@ -1,4 +1,4 @@
-// What assistive tools are told of a control beside its name.
+// The accessible description of a control.
 #pragma once
 
 class QString;
@@ -6,8 +6,8 @@ class QWidget;
 
 namespace frimbolate {
 
-/// Sets the accessible description, as a label would show it. An unchanged one is not set again:
-/// screen readers announce each setting.
+/// Sets the accessible description, shortened as labelText() does. An unchanged description is not
+/// set again, because screen readers announce every change event.
 void updateAccessibleDescription(QWidget* control, const QString& description);
 
 } // namespace frimbolate

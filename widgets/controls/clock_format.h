@@ -1,5 +1,5 @@
-// The clock of the user's locale: the one place where it is asked for, so that the time field and
-// all sentences agree.
+// The clock format of the user's locale. It is read here only, so that the time field and all
+// sentences agree.
 #pragma once
 
 #include "core/time_of_day.h"

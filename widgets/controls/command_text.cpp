@@ -20,7 +20,7 @@ void CommandText::setCommand(const QString& command) {
     places_.clear();
     for (qsizetype i = 0; i < command.size(); ++i) {
         places_.push_back(i);
-        // The only pair that is one line break in the document.
+        // CR LF is the only pair that becomes one line break in the document.
         if (command[i] == '\r' && i + 1 < command.size() && command[i + 1] == '\n')
             ++i;
     }

@@ -1,4 +1,4 @@
-// The text of a command: wrapped for the eyes, but copied as it was set.
+// The text of a command: shown wrapped, copied exactly as it was set.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -11,20 +11,20 @@ class CommandText : public QPlainTextEdit {
     Q_OBJECT
 
   public:
-    /// \param buttonWidth left free at the right for a button; pixels
+    /// \param buttonWidth space kept free at the right for a button; pixels
     explicit CommandText(int buttonWidth, QWidget* parent = nullptr);
 
-    /// Shows a command; the one that shows already keeps its selection.
+    /// Shows a command. Setting the same command again keeps the selection.
     void setCommand(const QString& command);
 
   protected:
-    /// What the user selected, character for character: the toolkit would hand on line breaks of
-    /// its own kind, and blanks for no-break spaces.
+    /// The selection, character for character. The toolkit would replace line breaks by its own
+    /// separators and no-break spaces by spaces.
     QMimeData* createMimeDataFromSelection() const override;
 
   private:
     QString command_;
-    /// Where each position of the document, the last one included, stands in the command.
+    /// The offset in the command for each position of the document, the end position included.
     std::vector<qsizetype> places_;
 };
 

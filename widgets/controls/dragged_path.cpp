@@ -10,7 +10,7 @@ namespace frimbolate {
 
 namespace {
 
-/// What the source is told to have been done; nothing where it would give the file away.
+/// The action reported to the source; IgnoreAction where only a move is offered.
 Qt::DropAction harmlessAction(const QDropEvent& event) {
     for (const Qt::DropAction action : {Qt::LinkAction, Qt::CopyAction})
         if (event.possibleActions() & action)
@@ -29,7 +29,7 @@ QString draggedPath(const QDropEvent& event) {
     const QString host = urls.first().host();
     if (!host.isEmpty() && host != "localhost")
         return {};
-    // A file manager may end a folder's path with a slash, a panel never does.
+    // File managers may end a folder's path with a slash; panels never do.
     return QDir::cleanPath(urls.first().path(QUrl::FullyDecoded));
 }
 

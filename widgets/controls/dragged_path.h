@@ -1,4 +1,4 @@
-// A file or folder that is dragged over a control.
+// The path of a file or folder that is dragged over a control.
 #pragma once
 
 #include <QString>
@@ -7,12 +7,12 @@ class QDropEvent;
 
 namespace frimbolate {
 
-/// The path of the one file or folder of this computer that is dragged, without a slash at its end;
-/// empty where it is more, less or elsewhere, where a sheet is up, and where taking it would make
-/// the source give it away.
+/// The path of the dragged local file or folder, without a trailing slash. Empty if the drag does
+/// not hold exactly one local path, if a sheet is shown, or if the source offers neither link nor
+/// copy: a move would delete the file at the source.
 QString draggedPath(const QDropEvent& event);
 
-/// Answers a drag or drop: the source is told of a link or copy, never of a move.
+/// Accepts or ignores a drag or drop. The reported action is a link or copy, never a move.
 void answer(QDropEvent& event, bool isTaken);
 
 } // namespace frimbolate

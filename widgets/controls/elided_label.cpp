@@ -7,7 +7,7 @@
 namespace frimbolate {
 
 ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent) : QLabel(parent), mode_(mode) {
-    // A path may hold anything, so nothing in it is taken for markup.
+    // A path may contain any character; none is interpreted as markup.
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     style::setFont(this, style::FontRole::hint);

@@ -1,5 +1,5 @@
-// A quiet line of text that is cut short where there is no room for it; its tool tip holds it
-// whole, and so do assistive tools, as far as a text may be laid out at all.
+// A one-line label that elides its text to the available width. Its tool tip and its accessible
+// text hold the whole text, up to the limit of labelText().
 #pragma once
 
 #include <QLabel>
@@ -13,7 +13,7 @@ class ElidedLabel : public QLabel {
     explicit ElidedLabel(Qt::TextElideMode mode, QWidget* parent = nullptr);
 
     void setWholeText(const QString& text);
-    /// Whether the line tells a fault, and is drawn in the colour of one.
+    /// Whether the text reports a fault and is drawn in the warning colour.
     void setWarning(bool warning);
     bool isWarning() const { return warning_; }
 

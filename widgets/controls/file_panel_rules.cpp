@@ -13,7 +13,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The longest file name that Linux and macOS file systems take, in bytes.
+/// The longest file name on Linux and macOS file systems, in bytes.
 constexpr qsizetype longestName = 255;
 
 QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
@@ -27,7 +27,7 @@ bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
     });
 }
 
-/// Desktops show applications and some scripts as one file, though they are folders.
+/// Applications and workflows are folders that desktops show as one file.
 bool isOfBundleType(const QString& path) {
     const QString suffix = QFileInfo(path).suffix();
     const auto isSuffix = [&](std::string_view extension) {
@@ -57,7 +57,7 @@ QString rejectionReasonFor(const OpenPanel& panel, const QFileInfo& item) {
 
 bool isTooLong(const QString& name) { return QFile::encodeName(name).size() > longestName; }
 
-QString newFolderRefusal(const QString& folder, const QString& name) {
+QString newFolderRejectionReason(const QString& folder, const QString& name) {
     if (name.isEmpty())
         return tr("A folder needs a name.");
     if (name == "." || name == ".." || name.contains('/') || name.contains(QChar::Null))
@@ -65,7 +65,7 @@ QString newFolderRefusal(const QString& folder, const QString& name) {
     if (isTooLong(name))
         return tr("The name is too long.");
     const QFileInfo item(folder + '/' + name);
-    // A link that leads nowhere is there all the same.
+    // exists() is false for a dangling link, which occupies the name all the same.
     return item.exists() || item.isSymLink() ? tr("“%1” already exists.").arg(name) : QString();
 }
 

@@ -1,4 +1,4 @@
-// What an open panel lets a person choose, for whatever else takes a file or folder in its place.
+// What an open panel lets the user choose; shared with the drop targets, which follow its rules.
 #pragma once
 
 #include "platform/file_panels.h"
@@ -7,25 +7,25 @@
 
 namespace frimbolate {
 
-/// The name or link target holds bytes that are no UTF-8: as text it names nothing on the disk.
+/// Whether the name or link target is not valid UTF-8. Such a name cannot be represented as text.
 bool isUnreadableName(const QString& path);
 
-/// A folder that is chosen like a file: an application or a workflow, where the panel takes these.
-/// No other extension makes a folder a file.
+/// Whether a folder is chosen like a file: an application or a workflow, where the panel allows
+/// these types. No other extension makes a folder a bundle.
 bool isBundle(const OpenPanel& panel, const QString& path);
 
 struct PanelSelection {
-    QString path;            ///< what the panel hands on, links resolved where it does so
-    QString rejectionReason; ///< why it is not to be had; empty where it is
+    QString path;            ///< the result of the panel; links resolved if the panel resolves them
+    QString rejectionReason; ///< why the path cannot be chosen; empty if it can
 };
 
-/// \param path absolute and clean; a folder that the panel would only enter is refused
+/// \param path absolute and clean; a folder that the panel would only enter is rejected
 PanelSelection validateSelection(const OpenPanel& panel, const QString& path);
 
-/// Why a name cannot be had in a folder, for a new folder; empty where it can.
-QString newFolderRefusal(const QString& folder, const QString& name);
+/// Why a new folder of that name cannot be created in `folder`; empty if it can.
+QString newFolderRejectionReason(const QString& folder, const QString& name);
 
-/// Whether the name has more bytes than file systems take.
+/// Whether the encoded name exceeds the file system's limit of 255 bytes.
 bool isTooLong(const QString& name);
 
 } // namespace frimbolate

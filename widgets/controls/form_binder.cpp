@@ -22,7 +22,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The place of a value on a slider: at the nearest end where it lies beyond.
+/// The slider position of a value, clamped to the slider's range.
 int sliderPosition(const QSlider& slider, double value) {
     if (!(value > slider.minimum()))
         return slider.minimum();
@@ -61,8 +61,8 @@ void FormBinder::finishTyping() {
 }
 
 void FormBinder::addUpdater(std::function<void(const FormModel&)> updater) {
-    updaters_.push_back([update = std::move(updater)](const FormModel& form,
-                                                      const FormPresentation&) { update(form); });
+    updaters_.push_back([updater = std::move(updater)](const FormModel& form,
+                                                       const FormPresentation&) { updater(form); });
 }
 
 void FormBinder::addUpdater(
@@ -72,13 +72,13 @@ void FormBinder::addUpdater(
 
 void FormBinder::bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member) {
     field->setObjectName(text(outlet));
-    // The toolkit's own limit would cut what is held.
+    // The toolkit's default limit would truncate the text.
     field->setMaxLength(std::numeric_limits<int>::max());
     auto abbreviated = std::make_shared<AbbreviatedText>();
     addUpdater([field, member, abbreviated](const FormModel& form) {
         field->setVisible(!(form.*member).hidden);
         const QString wanted = text((form.*member).stringValue);
-        // What was typed stays as it stands, but for a pasted text that is much too long.
+        // Typed text is left alone unless it is too long to lay out, such as a pasted one.
         if (wanted != abbreviated->expand(field->text()) || field->text().size() > 2 * longestLine)
             field->setText(abbreviated->abbreviate(wanted));
     });
@@ -131,7 +131,7 @@ void FormBinder::bind(std::string_view outlet, QCheckBox* box, CheckBox FormMode
         box->setCheckState(state == CheckState::Off  ? Qt::Unchecked
                            : state == CheckState::On ? Qt::Checked
                                                      : Qt::PartiallyChecked);
-        // A person switches between on and off; only a program leaves a box mixed.
+        // The user toggles between on and off; only the model sets the mixed state.
         box->setTristate(box->checkState() == Qt::PartiallyChecked);
         box->setEnabled((form.*member).enabled);
     });
@@ -200,7 +200,7 @@ void FormBinder::bind(std::string_view outlet, ImageWellButton* well,
     addUpdater([well, member](const FormModel& form) {
         well->setImage((form.*member).image);
         well->setPath(text((form.*member).toolTip));
-        well->setVisible(!(form.*member).hidden && well->isOfUse());
+        well->setVisible(!(form.*member).hidden && well->isUseful());
     });
 }
 

@@ -1,8 +1,8 @@
-// Keeps the controls and the form model alike, both ways.
+// Binds the controls to the form model, in both directions.
 //
-// A control is bound once, to the member of the model that bears its name. What a person does in
-// it changes that member and sends the control's one action; then every control is mirrored from
-// the model anew. So no control knows another, and none of them remembers a rule.
+// A control is bound once, to the model's member of the same name. Input in the control changes
+// that member and sends the control's one action; then all controls are updated from the model. So
+// no control knows another, and none holds a rule.
 #pragma once
 
 #include "core/form_presentation.h"
@@ -31,32 +31,33 @@ class FormBinder : public QObject {
     Q_OBJECT
 
   public:
-    /// What a control sends; empty where it only changes the model.
+    /// The action that a control sends; empty if it only changes the model.
     using Send = std::function<void(AppDelegate&)>;
 
-    /// From here on what a person does reaches the model. The delegate must outlive the binder.
+    /// From here on input reaches the model. The delegate is not owned and must outlive the binder.
     void connectTo(AppDelegate& delegate);
 
-    /// Makes everything that is bound show the model as it is now.
+    /// Runs all updaters with the current model. No effect before connectTo() and while running.
     void mirror();
-    /// Does what a control does: changes the model, sends the action, mirrors. Nothing happens
-    /// before connectTo(), nor while the mirror itself moves the controls. Before an action is sent
-    /// finishTyping() is called.
+    /// Handles input: changes the model, sends the action, runs the updaters. No effect before
+    /// connectTo() and while the updaters run, as they move the controls. Calls finishTyping()
+    /// before an action is sent.
     void edit(const std::function<void(FormModel&)>& change, const Send& send = {});
     void send(const Send& send) {
         edit([](FormModel&) {}, send);
     }
 
-    /// Reads what was typed into a field that reads its text only when it is left.
+    /// Commits the pending texts of the time fields, which otherwise commit when they lose focus.
     void finishTyping();
 
-    /// Runs at each mirroring, in the order of the bindings.
+    /// Runs at each mirror(), in the order of registration. What the updater captures must outlive
+    /// the binder or its last mirror().
     void addUpdater(std::function<void(const FormModel&)> updater);
-    /// The same for what shows more than the model holds. That is made once for each mirroring.
+    /// The same with the presentation derived from the model, computed once for each mirror().
     void addUpdater(std::function<void(const FormModel&, const FormPresentation&)> updater);
 
-    // Each gives the control its outlet's name. A text is only set where it differs, so that caret
-    // and undo survive the mirroring.
+    // Each sets the control's object name to the outlet. The control is not owned and must live as
+    // long as the binder is used. A text is set only if it differs, to keep caret and undo history.
     void bind(std::string_view outlet, QLineEdit* field, TextField FormModel::*member);
     void bind(std::string_view outlet, ScriptEditor* field, TextField FormModel::*member);
     void bind(std::string_view outlet, PopUpButton* button, PopUp FormModel::*member,

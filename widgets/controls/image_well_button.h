@@ -1,5 +1,5 @@
-// An image well: the picture of what was chosen, whose path it tells in its tool tip. A press on
-// it chooses anew, and so does a file or folder that is dropped on it.
+// An image well: the icon of the chosen item, with its path as tool tip. A click asks for another
+// choice; a file or folder dropped on the well becomes the choice.
 #pragma once
 
 #include "core/form_model.h"
@@ -17,26 +17,27 @@ class ImageWellButton : public QToolButton {
 
   public:
     /// \param side of the square, in pixels of the 1x layout
+    /// \param surface what the well is drawn on; selects its tile colours
     ImageWellButton(int side, style::Surface surface, QWidget* parent = nullptr);
 
     void setImage(const Image& image);
     const Image& image() const { return image_; }
 
-    /// \param path what was chosen; empty for nothing
+    /// \param path the chosen path; empty if nothing is chosen
     void setPath(const QString& path);
 
-    /// What a press does while nothing is chosen; the tool tip then.
+    /// The tool tip while nothing is chosen; says what a click does.
     void setEmptyToolTip(const QString& toolTip);
-    /// Shown while there is no image; none shows a plus in a dashed square.
+    /// Shown while there is no image. Without a placeholder a plus in a dashed square is drawn.
     void setPlaceholder(const Image& placeholder);
-    /// An empty well would invite to choose a path that there is no use for.
+    /// Hides the empty well, where there is no use for a path yet.
     void setHiddenWhenEmpty(bool hidden) { isHiddenWhenEmpty_ = hidden; }
-    bool isOfUse() const { return !isHiddenWhenEmpty_ || image_.kind != Image::Kind::None; }
-    /// Takes what this panel would let through, as long as no sheet is up.
+    bool isUseful() const { return !isHiddenWhenEmpty_ || image_.kind != Image::Kind::None; }
+    /// Accepts drops of what this panel would accept, while no sheet is shown.
     void acceptDropsFor(const OpenPanel& panel);
 
   signals:
-    /// \param path absolute, as the panel would hand it on
+    /// \param path absolute, as the panel would return it
     void dropped(const QString& path);
 
   protected:
@@ -48,7 +49,7 @@ class ImageWellButton : public QToolButton {
   private:
     void showImage();
     void setHovered(bool hovered);
-    /// Empty where nothing of it is to be had.
+    /// The path that the drop would choose; empty if none.
     QString pathDropped(const QDropEvent& event) const;
 
     style::Surface surface_;
@@ -56,9 +57,9 @@ class ImageWellButton : public QToolButton {
     Image placeholder_;
     QString path_;
     QString emptyToolTip_;
-    std::optional<OpenPanel> panel_; ///< whose rules a drop follows
+    std::optional<OpenPanel> panel_; ///< the rules for drops; none accepts no drop
     bool isHiddenWhenEmpty_ = false;
-    bool isHovered_ = false; ///< by something that may be dropped
+    bool isHovered_ = false; ///< an acceptable drag is over the well
 };
 
 } // namespace frimbolate

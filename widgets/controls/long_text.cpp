@@ -7,14 +7,14 @@ namespace frimbolate {
 
 namespace {
 
-/// The longest beginning of at most so many characters that does not end amid a character.
+/// The length of the longest prefix of at most `most` units that ends on a character boundary.
 qsizetype wholeCharacters(QStringView text, qsizetype most) {
     if (text.size() <= most)
         return text.size();
     return text[most - 1].isHighSurrogate() ? most - 1 : most;
 }
 
-/// A sign that does not stand in the text itself.
+/// A sign that does not occur in the text itself.
 QChar signFor(QStringView text) {
     constexpr char16_t signs[] = {u'\u2026', u'\u22EF', u'\u25B8', u'\u00BB'};
     const auto* free =

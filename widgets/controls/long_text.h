@@ -1,35 +1,34 @@
-// Texts too long to be laid out. A file may hold a line of a million characters, and laying out all
-// of it would take many seconds; no screen shows more than its beginning.
+// Limits on the text that is laid out. A file may hold a line of a million characters; laying it
+// out takes many seconds, and no screen shows more than its beginning.
 #pragma once
 
 #include <QString>
 
 namespace frimbolate {
 
-/// The most characters (UTF-16 units) of a label, a tool tip or a description.
+/// The most UTF-16 units of a label, a tool tip or a description.
 constexpr qsizetype longestLabel = 1024;
-/// The most characters of one line that is edited; longer than any path that a system opens.
+/// The most UTF-16 units of an edited line; more than the longest path that a system can open.
 constexpr qsizetype longestLine = 4096;
 
-/// The text, or where it is longer than a label may be as much of it, with "…" for what is left
-/// out: in the middle or at the end.
+/// The text, shortened to longestLabel with "…" in the middle or at the end if it is longer.
 QString labelText(const QString& text, Qt::TextElideMode mode = Qt::ElideMiddle);
 
-/// The beginning of a line that is laid out; does not part a pair of surrogates.
+/// How many UTF-16 units of a line are laid out; does not split a surrogate pair.
 qsizetype lengthLaidOut(QStringView line);
 
-/// What a field of one line shows for a text: all of it, or its beginning and a sign for the rest.
-/// The rest is kept for the sign, however the field is edited and wherever the sign is moved to, so
-/// that nothing is lost that the user has not deleted.
+/// What a one-line field shows for a text: all of it, or its beginning and a sign for the rest. The
+/// sign keeps representing the rest while the user edits or moves it, so nothing is lost unless
+/// the user deletes the sign.
 class AbbreviatedText {
   public:
-    /// The text to show; forgets the rest of an earlier one.
+    /// The text to show. Discards the rest of the previous text.
     QString abbreviate(const QString& whole);
-    /// The text that is meant by what a field shows now.
+    /// The whole text represented by the field's current content.
     QString expand(const QString& shown) const;
 
   private:
-    QString rest_; ///< empty where the text is shown whole
+    QString rest_; ///< empty if the text is shown whole
     QChar sign_;
 };
 

@@ -8,8 +8,8 @@ namespace {
 
 bool isVertical(Qt::Edge arrow) { return arrow == Qt::LeftEdge || arrow == Qt::RightEdge; }
 
-/// The part of the screen on that side of the anchor to which the arrow's edge faces back.
-QRect roomFor(Qt::Edge arrow, const QRect& anchor, const QRect& available, int distance) {
+/// The part of the screen on the side of the anchor where a panel with that arrow edge lies.
+QRect spaceBeside(Qt::Edge arrow, const QRect& anchor, const QRect& available, int distance) {
     QRect room = available;
     switch (arrow) {
     case Qt::LeftEdge:
@@ -34,12 +34,12 @@ bool fits(const QSize& panel, const QRect& room) {
 
 int area(const QSize& size) { return size.isEmpty() ? 0 : size.width() * size.height(); }
 
-/// A length that begins there, moved into the available pixels; its beginning, if it is longer.
+/// The start of a length moved into the available pixels; their start if the length is longer.
 int clampedInto(int first, int length, int availableFirst, int availableLength) {
     return std::max(availableFirst, std::min(first, availableFirst + availableLength - length));
 }
 
-/// The panel on its side of the anchor, as near to it as the screen allows.
+/// The panel on its side of the anchor, as close to it as the screen allows.
 QRect placed(const QSize& panel, Qt::Edge arrow, const QRect& anchor, const QRect& room,
              const QRect& available, int tipBelowTop) {
     QPoint at;
@@ -61,7 +61,7 @@ PopOverPlacement placePopOver(const QRect& anchor, const QRect& available,
     Qt::Edge best = Qt::LeftEdge;
     QSize panel(0, 0);
     for (const Qt::Edge arrow : {Qt::LeftEdge, Qt::RightEdge, Qt::TopEdge, Qt::BottomEdge}) {
-        const QRect room = roomFor(arrow, anchor, available, measures.distance);
+        const QRect room = spaceBeside(arrow, anchor, available, measures.distance);
         const QSize possible = measures.wanted.boundedTo(room.size());
         if (fits(measures.wanted, room)) {
             best = arrow;
@@ -74,7 +74,7 @@ PopOverPlacement placePopOver(const QRect& anchor, const QRect& available,
         }
     }
     panel = panel.expandedTo(measures.least);
-    const QRect room = roomFor(best, anchor, available, measures.distance);
+    const QRect room = spaceBeside(best, anchor, available, measures.distance);
     const QRect place = placed(panel, best, anchor, room, available, measures.tipBelowTop);
     const QPoint tip = anchor.center() + QPoint(1, 1) - place.topLeft();
     const int length = isVertical(best) ? place.height() : place.width();

@@ -24,11 +24,11 @@ PopUpButton::PopUpButton(std::span<const PopUpItem> items, QWidget* parent) : QC
     }
     colourPlaceholders();
     setMaxVisibleItems(count());
-    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectWhatIsChosen);
-    selectWhatIsChosen();
-    // Later, for keys and mouse select an item before it becomes the current one.
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrentInList);
+    selectCurrentInList();
+    // Queued: keys and mouse select an item before it becomes the current one.
     connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &PopUpButton::chooseWhatWasSelected, Qt::QueuedConnection);
+            &PopUpButton::chooseSelectedInList, Qt::QueuedConnection);
 }
 
 void PopUpButton::setDisabledItems(const std::set<int>& indexes) {
@@ -75,18 +75,18 @@ void PopUpButton::changeEvent(QEvent* event) {
 void PopUpButton::hidePopup() {
     const bool wasOpen = view()->isVisible();
     QComboBox::hidePopup();
-    // What was lit and not chosen must not count as selected. Later, for a key or click that
-    // chooses hides the list before it takes what is lit.
+    // A highlighted item that was not chosen must not stay selected. Queued: a key or click that
+    // chooses hides the list before it takes the highlighted item.
     if (wasOpen)
-        QMetaObject::invokeMethod(this, &PopUpButton::selectWhatIsChosen, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &PopUpButton::selectCurrentInList, Qt::QueuedConnection);
 }
 
-void PopUpButton::selectWhatIsChosen() {
+void PopUpButton::selectCurrentInList() {
     if (!view()->isVisible())
         view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
 }
 
-void PopUpButton::chooseWhatWasSelected() {
+void PopUpButton::chooseSelectedInList() {
     const QModelIndexList selected = view()->selectionModel()->selectedIndexes();
     const QModelIndex item = selected.isEmpty() ? QModelIndex() : selected.first();
     if (!item.isValid() || item == view()->currentIndex() || !isEnabled() ||
@@ -100,7 +100,7 @@ void PopUpButton::chooseWhatWasSelected() {
 
 void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {
     QComboBox::initStyleOption(option);
-    // Nobody tells a pop-up that the mouse has left it while its list was open.
+    // No leave event arrives while the list is open.
     if (!rect().contains(mapFromGlobal(QCursor::pos())))
         option->state &= ~QStyle::State_MouseOver;
     if (!shownTitle_.isEmpty())
@@ -110,15 +110,15 @@ void PopUpButton::initStyleOption(QStyleOptionComboBox* option) const {
 }
 
 void PopUpButton::keyPressEvent(QKeyEvent* event) {
-    // Stepping through the items one by one would send the action of each, and some of them ask
-    // for a file; so the arrows open the list, in which one is chosen.
+    // Stepping through the items would send the action of each, and some of them open a file
+    // panel. So the arrow keys open the list.
     if ((event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) && !event->modifiers())
         showPopup();
     else
         QComboBox::keyPressEvent(event);
 }
 
-// A turn of the wheel over the form must not choose anything either.
+// Scrolling over the form must not change a choice.
 void PopUpButton::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 } // namespace frimbolate

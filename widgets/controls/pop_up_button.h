@@ -1,4 +1,4 @@
-// A pop-up button: one choice of a short list, whose indexes mean something.
+// A pop-up button: one choice of a short list. The model stores the index of the choice.
 #pragma once
 
 #include "core/pop_up_items.h"
@@ -14,18 +14,19 @@ class PopUpButton : public QComboBox {
     Q_OBJECT
 
   public:
-    /// Separators take an index of their own, so that the items behind them keep their numbers.
+    /// A separator takes an index of its own, so the items after it keep their indexes. The items
+    /// are copied.
     explicit PopUpButton(std::span<const PopUpItem> items, QWidget* parent = nullptr);
 
-    /// Greyed out in the list and not to be chosen.
+    /// These items are greyed out and cannot be chosen.
     void setDisabledItems(const std::set<int>& indexes);
 
-    /// Shown on the closed button in place of the selected item's title; empty = that title.
+    /// Replaces the selected item's title on the closed button; empty shows that title.
     void setShownTitle(const QString& title);
     const QString& shownTitle() const { return shownTitle_; }
 
-    /// Names a button that no label in sight belongs to. Assistive tools take the shown item for
-    /// the name of a pop-up, and what it is for from its label alone; so it gets one out of sight.
+    /// Names a button that has no visible label. Assistive tools use the shown item as the name of
+    /// a pop-up and take its purpose from its label only, so it gets a hidden label.
     void setUnlabelledName(const QString& name);
 
     void hidePopup() override;
@@ -37,12 +38,12 @@ class PopUpButton : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    /// In the list, while it is closed.
-    void selectWhatIsChosen();
-    /// Assistive tools choose by selecting in the list, which a person only does by choosing.
-    void chooseWhatWasSelected();
+    /// Selects the current item in the closed list.
+    void selectCurrentInList();
+    /// Assistive tools choose by selecting in the closed list; users cannot do that.
+    void chooseSelectedInList();
 
-    /// An item that stands for nothing chosen has the colour of a field's placeholder.
+    /// An item that means "nothing chosen" has the colour of placeholder text.
     void colourPlaceholders();
     bool showsPlaceholder() const;
 

@@ -48,7 +48,7 @@ QString ScriptEditor::withPlainLineBreaks(QString text) {
 QString ScriptEditor::wholeText() const { return wholeText(0, document()->characterCount() - 1); }
 
 QString ScriptEditor::wholeText(int from, int to) const {
-    // Raw, for the plain text would have blanks in place of no-break spaces.
+    // toRawText(): toPlainText() replaces no-break spaces by spaces.
     QString raw = document()->toRawText().mid(from, to - from);
     raw.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
     QString whole;
@@ -106,13 +106,13 @@ void ScriptEditor::insertFromMimeData(const QMimeData* source) {
     if (!source->hasText() || !hasLongLine(text))
         return QPlainTextEdit::insertFromMimeData(source);
     QTextCursor cursor = textCursor();
-    insertFolded(cursor, text); // in place of what is selected
+    insertFolded(cursor, text); // replaces the selection
     ensureCursorVisible();
 }
 
 void ScriptEditor::keyPressEvent(QKeyEvent* event) {
     const bool isBackwards = event->key() == Qt::Key_Backtab;
-    // Where Ctrl is another key's name, both leave.
+    // Qt swaps Control and Meta on macOS; both leave the field.
     const bool isControlled = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
     if (isBackwards || (event->key() == Qt::Key_Tab && isControlled))
         QWidget::focusNextPrevChild(!isBackwards);

@@ -1,9 +1,9 @@
-// The field in which a script is typed.
+// The editor for a typed script.
 //
-// Tab types a tab, four columns wide, as scripts need it; Ctrl+Tab and Shift+Tab leave the field. A
-// line that is too wide goes on below, with a mark where it was wrapped. Of a line that is too long
-// to be laid out the beginning is shown and a plate for the rest, which is edited as one character:
-// copied, moved, deleted and brought back like any other, and never lost otherwise.
+// Tab inserts a tab, four columns wide, as scripts need it; Ctrl+Tab and Shift+Tab leave the field.
+// A line that is too wide is wrapped, with a mark at the break. Of a line that is too long to lay
+// out, the beginning is shown; the rest is folded into one character (FoldedText), which can be
+// copied, moved, deleted and restored like any other.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -20,11 +20,11 @@ class ScriptEditor : public QPlainTextEdit {
 
     explicit ScriptEditor(QWidget* parent = nullptr);
 
-    /// The text as it was typed or set, but for its line breaks, which are all "\n".
+    /// The text as typed or set, folded parts included; all line breaks are "\n".
     QString wholeText() const;
-    /// Forgets what could be undone. Any line break may be set.
+    /// Accepts any kind of line break. Clears the undo history.
     void setWholeText(const QString& text);
-    /// A text with its line breaks as the editor gives them back.
+    /// The text with its line breaks replaced as wholeText() returns them.
     static QString withPlainLineBreaks(QString text);
 
   protected:

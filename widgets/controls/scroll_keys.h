@@ -7,13 +7,13 @@ class QAbstractScrollArea;
 
 namespace frimbolate {
 
-/// To be installed as an event filter on the button: Up, Down, Page Up, Page Down, Home and End
-/// scroll the area, all other keys stay the button's.
+/// An event filter for the button: Up, Down, Page Up, Page Down, Home and End scroll the area; all
+/// other keys reach the button.
 class ScrollKeys : public QObject {
     Q_OBJECT
 
   public:
-    /// \param area becomes the parent
+    /// \param area becomes the parent, and so outlives the filter
     explicit ScrollKeys(QAbstractScrollArea* area);
 
   protected:

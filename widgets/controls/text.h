@@ -1,4 +1,4 @@
-// Texts cross between the rules (UTF-8) and the toolkit (UTF-16) here.
+// Converts texts of the rules (UTF-8) to texts of the toolkit (UTF-16).
 #pragma once
 
 #include <QString>

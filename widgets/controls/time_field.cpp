@@ -15,15 +15,16 @@
 namespace frimbolate {
 
 TimeField::TimeField(QWidget* parent) : QAbstractSpinBox(parent) {
-    setFocusPolicy(Qt::StrongFocus); // the wheel alone must not change a time in passing
+    setFocusPolicy(Qt::StrongFocus); // scrolling over the field must not focus and change it
     lineEdit()->installEventFilter(this);
-    connect(lineEdit(), &QLineEdit::textChanged, this, &TimeField::takeText);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &TimeField::handleTextChanged);
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget*, const QWidget* focused) { followFocus(focused); });
     showTime();
 }
 
-TimeField::~TimeField() { qApp->disconnect(this); } // it loses the focus while it is destroyed
+// The focus changes during destruction; no slot may run by then.
+TimeField::~TimeField() { qApp->disconnect(this); }
 
 void TimeField::setTime(TimeOfDay time) {
     time_ = time;
@@ -56,10 +57,10 @@ void TimeField::stepBy(int steps) {
     if (!commit())
         return;
     const TimePart part = whole ? TimePart::Hours : timePartAt(cursor, clock_);
-    // Ten steps, as Page Up takes them, would leave AM as it is.
+    // Page Up makes ten steps; an even number would leave AM/PM unchanged.
     time_ = stepTimeOfDay(time_, part, part == TimePart::Meridiem ? 1 : steps);
     showTime();
-    isNew_ = false; // a click goes to another part to be stepped
+    isNew_ = false; // the next click places the cursor in the part to step
     const auto [position, length] = spanOf(part);
     if (!whole)
         lineEdit()->setSelection(static_cast<int>(position), static_cast<int>(length));
@@ -88,8 +89,8 @@ void TimeField::focusInEvent(QFocusEvent* event) {
     case Qt::PopupFocusReason:
     case Qt::MenuBarFocusReason:
         if (!isFirst)
-            return; // back from a while elsewhere
-        break;      // the control that had the focus was hidden meanwhile
+            return; // the window was reactivated; keep selection and cursor
+        break;      // the control that had the focus was hidden in the meantime
     default:
         break;
     }
@@ -107,7 +108,7 @@ void TimeField::keyPressEvent(QKeyEvent* event) {
 }
 
 void TimeField::mousePressEvent(QMouseEvent* event) {
-    isNew_ = false; // a press beside the text is one on the steppers
+    isNew_ = false; // presses in the text go to the line edit; this one is on the steppers
     QAbstractSpinBox::mousePressEvent(event);
 }
 
@@ -119,7 +120,7 @@ void TimeField::wheelEvent(QWheelEvent* event) {
 }
 
 void TimeField::contextMenuEvent(QContextMenuEvent* event) {
-    // The toolkit's own would run a nested event loop.
+    // The toolkit's default implementation runs a nested event loop.
     QMenu* menu = lineEdit()->createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->popup(event->globalPos());
@@ -136,27 +137,27 @@ bool TimeField::isPending() const { return lineEdit()->text() != shownTime(); }
 
 bool TimeField::isWholeSelected() const { return lineEdit()->selectedText() == lineEdit()->text(); }
 
-bool TimeField::isWhereTyped() const { return window()->focusWidget() == this; }
+bool TimeField::ownsWindowFocus() const { return window()->focusWidget() == this; }
 
 void TimeField::showTime() {
     const QScopedValueRollback guard(showsTime_, true);
     lineEdit()->setText(shownTime());
-    if (isWhereTyped()) {
+    if (ownsWindowFocus()) {
         selectAll();
         isNew_ = true;
     }
 }
 
-void TimeField::takeText() {
+void TimeField::handleTextChanged() {
     if (showsTime_)
         return;
     emit textEdited();
-    // Set by an assistive tool, it would never be left.
-    if (!isWhereTyped())
+    // A text set by an assistive tool without focus would never be committed by losing it.
+    if (!ownsWindowFocus())
         commit();
 }
 
-void TimeField::readInPassing() {
+void TimeField::readPendingText() {
     const auto read = parseTimeOfDay(lineEdit()->text().toStdString());
     if (!isPending() || !read)
         return;
@@ -166,7 +167,7 @@ void TimeField::readInPassing() {
 
 void TimeField::followFocus(const QWidget* focused) {
     if (!focused) {
-        readInPassing(); // the window has lost the keyboard, and the user may go on typing
+        readPendingText(); // the window is inactive; the user may continue typing later
     } else if (focused != this && !qobject_cast<const QMenuBar*>(focused)) {
         isLeft_ = true;
         commit();

@@ -1,13 +1,13 @@
-// A field for a time of day, into which a time is typed as free text.
+// A field for a time of day, typed as free text.
 //
-// Tab and the first click select the whole time, a second click places the cursor. The click after
-// a text was read, or a time set, is a first one again. A typed text is pending until commit()
-// reads it: on Return, when another control gets the keyboard, and when the field is hidden.
-// Commands do not take the keyboard, so the code that runs one calls commit() first. A menu or
-// another program that has the keyboard for a while changes no pending text.
+// Tab and the first click select the whole time, a second click places the cursor. After a text was
+// read or a time set, the next click counts as the first. A typed text is pending until commit()
+// reads it: on Return, when another control gets the focus, and when the field is hidden. Commands
+// do not take the focus, so the code that runs one calls commit() first. A pending text survives a
+// menu or another program taking the focus for a while.
 //
-// Arrow keys, steppers and, while the field has the keyboard, the wheel step the part under the
-// cursor; where the whole time is selected, and after a pending text was read, the hours.
+// Arrow keys, steppers and, while the field has the focus, the wheel step the part under the
+// cursor; if the whole time is selected, or a pending text was read first, they step the hours.
 #pragma once
 
 #include "core/time_of_day.h"
@@ -23,15 +23,15 @@ class TimeField : public QAbstractSpinBox {
     explicit TimeField(QWidget* parent = nullptr);
     ~TimeField() override;
 
-    /// The last time that was set, read or stepped to.
+    /// The last time set, read or stepped to.
     TimeOfDay time() const { return time_; }
-    /// Shows a time in place of whatever the field holds. Emits nothing.
+    /// Shows a time and discards a pending text. Emits nothing.
     void setTime(TimeOfDay time);
-    /// How times are shown; a pending text stays as it is.
+    /// Sets the format of the shown time; a pending text is unchanged.
     void setClock(ClockFormat clock);
 
-    /// Reads a pending text and shows the time that it means, or else the one from before.
-    /// \return whether there is nothing unreadable to tell
+    /// Parses a pending text and shows its time, or the previous time if it is unreadable.
+    /// \return false if textRejected() was emitted
     bool commit();
 
     void stepBy(int steps) override;
@@ -39,7 +39,7 @@ class TimeField : public QAbstractSpinBox {
   signals:
     /// A text was read or a part stepped; the time may be the same as before.
     void timeRead(TimeOfDay time);
-    /// A text was given up because it means no time. The time is the one from before.
+    /// A text was discarded because it is no time. The time is unchanged.
     void textRejected(const QString& text);
     /// The text is being changed, by the user or an assistive tool.
     void textEdited();
@@ -58,19 +58,19 @@ class TimeField : public QAbstractSpinBox {
     QString shownTime() const;
     bool isPending() const;
     bool isWholeSelected() const;
-    /// Whether the window gives the keys to the field, or will when it gets the keyboard again.
-    bool isWhereTyped() const;
+    /// Whether the field is the window's focus widget, even while the window itself is inactive.
+    bool ownsWindowFocus() const;
     void showTime();
-    void takeText();
-    void readInPassing();
+    void handleTextChanged();
+    void readPendingText();
     void followFocus(const QWidget* focused);
 
     TimeOfDay time_;
     ClockFormat clock_ = ClockFormat::TwentyFourHours;
     bool showsTime_ = false; ///< while the field itself sets its text
-    bool isNew_ = false;     ///< a press into the text selects the whole while it is selected
+    bool isNew_ = false;     ///< the next press into the selected text selects the whole again
     bool isPressed_ = false; ///< that press is still held
-    bool isLeft_ = true;     ///< another control had the keyboard since the field had it
+    bool isLeft_ = true;     ///< another control had the focus since the field had it
 };
 
 } // namespace frimbolate

@@ -1,16 +1,16 @@
-// A warning: a sign, and words that wrap beside it. Hidden while there is nothing to warn of.
+// A warning: a sign with a wrapped text beside it. Hidden while there is no warning.
 #pragma once
 
 #include <QLabel>
 
 namespace frimbolate {
 
-/// Assistive tools are told of it as an alert when it shows (see window_access).
+/// Exposed to assistive tools with the alert role when it is shown (see widgets/accessibility.h).
 class WarningLabel : public QLabel {
     Q_OBJECT
 
   public:
-    /// \param gapBelow left free below the words, in pixels of the 1x layout
+    /// \param gapBelow space below the text, in pixels of the 1x layout
     explicit WarningLabel(int gapBelow, QWidget* parent = nullptr);
 
     /// \param warning empty hides the label

@@ -26,8 +26,8 @@ QColor colourOf(WrappedText::Tone tone, const style::Tokens& tokens) {
     return tokens.text;
 }
 
-/// A document takes a carriage return and the line break behind it for one character; positions in
-/// it must stay positions in the text.
+/// The text with a space for each carriage return: a document counts CR LF as one character, but
+/// positions in the document must equal positions in the text.
 QString laidOut(QString text) { return text.replace('\r', ' '); }
 
 } // namespace
@@ -78,13 +78,13 @@ int WrappedText::heightForWidth(int width) const {
 }
 
 QSize WrappedText::sizeHint() const {
-    constexpr int width = 200; // pixels; layouts ask for the height at the width they give
+    constexpr int width = 200; // pixels; layouts call heightForWidth() with the actual width
     return {width, heightForWidth(width)};
 }
 
 QMimeData* WrappedText::createMimeDataFromSelection() const {
-    // The document itself would hand on other characters than it was given, such as a blank for
-    // one that does not break.
+    // The document's own selection text differs from what was set: a no-break space, for example,
+    // becomes a space.
     const QTextCursor cursor = textCursor();
     auto* result = new QMimeData;
     result->setText(
@@ -104,7 +104,7 @@ void WrappedText::applyTone() {
     const QColor colour = colourOf(tone_, style::tokens(palette()));
     if (palette().color(QPalette::Text) == colour)
         return;
-    QPalette own; // of this one colour; all others follow the desktop
+    QPalette own; // sets one colour only; all others follow the desktop
     own.setColor(QPalette::Text, colour);
     setPalette(own);
 }

@@ -1,7 +1,7 @@
-// A read-only text that can be selected. A word that is longer than the line is broken anywhere, so
-// that a path without blanks is seen whole.
+// A read-only, selectable text. A word longer than the line is broken anywhere, so that a path
+// without spaces is shown whole.
 //
-// What is copied and what assistive tools are told is the text itself, character for character.
+// The copied text and the accessible text equal the text that was set, character for character.
 #pragma once
 
 #include <QTextEdit>
@@ -20,7 +20,7 @@ class WrappedText : public QTextEdit {
     const QString& text() const { return text_; }
     void setText(const QString& text);
 
-    /// Fixes the height in pixels. What is beyond can be scrolled to, by the keyboard too.
+    /// Fixes the height in pixels. The overflow can be scrolled, by the keyboard too.
     void scrollWithin(int height);
 
     bool hasHeightForWidth() const override { return true; }

@@ -23,7 +23,7 @@ DrawerHost::DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, Drawe
             [this] { binder_.send(&AppDelegate::closeAdvancedDrawer); });
     connect(drawer_, &DrawerPanel::needsRoom, this, &DrawerHost::setRoom);
     connect(drawer_, &DrawerPanel::openChanged, this, &DrawerHost::openChanged);
-    // Queued, for the mirror may move the focus, and sends nothing while it mirrors.
+    // Queued: an update of the form may move the focus, and no action is sent during an update.
     connect(qApp, &QApplication::focusChanged, this, &DrawerHost::closeIfFocusIsHidden,
             Qt::QueuedConnection);
 }
@@ -32,7 +32,7 @@ bool DrawerHost::isOverForm() const { return drawer_->isOpen() && !drawer_->isBe
 
 void DrawerHost::setRoom(bool room) {
     if (room == hasRoom_)
-        return; // the drawer has turned round before it was in
+        return; // the drawer reopened before it was fully closed
     hasRoom_ = room;
     if (room) {
         closedAt_ = window_.frameGeometry().topLeft();
@@ -50,8 +50,8 @@ void DrawerHost::fit(Moves moves) {
     const DrawerPlacement placement =
         placeDrawer(window_.screen()->availableGeometry(), frame, drawer_->width());
     drawer_->setBesideForm(placement.isBesideForm);
-    // A window that would leave the screen moves before it grows; window managers push a window
-    // back only after they have shown it outside.
+    // A window that would leave the screen moves before it grows: window managers push it back only
+    // after showing it partly off-screen.
     if (moves == Moves::Allowed && window_.isVisible() && placement.topLeft != frame.topLeft()) {
         window_.move(placement.topLeft);
         openAt_ = placement.topLeft;
@@ -67,7 +67,7 @@ bool DrawerHost::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DrawerHost::followScreen() {
-    // Queued, for the screen changes in the midst of a change of the window's geometry.
+    // Queued: the signal arrives while the window's geometry is still changing.
     const auto once = static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection);
     connect(window_.windowHandle(), &QWindow::screenChanged, this, &DrawerHost::fitToChangedScreen,
             once);
@@ -79,7 +79,7 @@ void DrawerHost::fitToChangedScreen() {
     followScreen();
     if (!hasRoom_)
         return;
-    fit(Moves::None); // the user may be dragging the window right now
+    fit(Moves::None); // the user may be dragging the window
     if (drawer_->isOpen())
         openChanged(true);
 }
@@ -87,14 +87,14 @@ void DrawerHost::fitToChangedScreen() {
 void DrawerHost::openChanged(bool open) {
     escape_->setEnabled(isOverForm());
     if (open) {
-        keepFocusInSight();
+        keepFocusVisible();
     } else if (drawer_->isAncestorOf(window_.focusWidget()) && lastFocus_) {
         lastFocus_->setFocus(Qt::OtherFocusReason);
         lastFocus_.clear();
     }
 }
 
-void DrawerHost::keepFocusInSight() {
+void DrawerHost::keepFocusVisible() {
     QWidget* focus = window_.focusWidget();
     if (!isOverForm() || !form_->isAncestorOf(focus))
         return;

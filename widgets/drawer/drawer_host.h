@@ -1,9 +1,9 @@
-// Fits the window and its drawer to each other and to the screen.
+// Fits the window and its drawer to the screen.
 //
-// Where both fit the screen side by side, the window grows by the drawer; where not, the drawer
-// slides over the form, and goes away at Escape and as soon as a control of the form gets the
-// keyboard, so that none that has it is hidden. A window that moved to show the drawer whole goes
-// back when the drawer has closed, unless it was moved in the meantime.
+// If both fit the screen side by side, the window grows by the drawer. If not, the drawer slides
+// over the form and closes on Escape and as soon as a control of the form gets the focus, so that
+// the focused control is never covered. A window that was moved to show the whole drawer moves back
+// when the drawer has closed, unless the user has moved it in the meantime.
 #pragma once
 
 #include <QObject>
@@ -23,7 +23,8 @@ class DrawerHost : public QObject {
     Q_OBJECT
 
   public:
-    /// \param window which owns the host; `form` and `drawer` are parts of its content
+    /// The binder must outlive the host.
+    /// \param window owns the host; `form` and `drawer` are children of its content
     /// \param closedSize of the window without the drawer
     DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, DrawerPanel* drawer,
                const QSize& closedSize);
@@ -39,7 +40,7 @@ class DrawerHost : public QObject {
     void followScreen();
     void fitToChangedScreen();
     void openChanged(bool open);
-    void keepFocusInSight();
+    void keepFocusVisible();
     void closeIfFocusIsHidden();
     bool isOverForm() const;
 
@@ -50,9 +51,9 @@ class DrawerHost : public QObject {
     QShortcut* escape_;
     QSize closedSize_;
     bool hasRoom_ = false;
-    QPoint closedAt_;             ///< the window's frame before it made room
-    QPoint openAt_;               ///< and since
-    QPointer<QWidget> lastFocus_; ///< what had the keyboard before the drawer covered it
+    QPoint closedAt_;             ///< position of the window's frame before the drawer opened
+    QPoint openAt_;               ///< position of the window's frame with the drawer open
+    QPointer<QWidget> lastFocus_; ///< the focused widget before the drawer covered it
 };
 
 } // namespace frimbolate

@@ -29,7 +29,7 @@ using style::scaled;
 
 namespace {
 
-// Pixels of the 1x layout. The panel is full to the brim, so the pitch of its lines is fixed.
+// Pixels of the 1x layout. The panel has no spare space, so the line pitch is fixed.
 constexpr Size panelSize{400, 380};
 constexpr int captionX = 24, controlX = 128, secondX = 248, controlWidth = 248;
 constexpr int fieldHeight = 24, pitch = 27, checkHeight = 20;
@@ -97,7 +97,7 @@ void DrawerPanel::setOpen(bool open) {
     open_ = open;
     if (open) {
         emit needsRoom(true);
-        // A drawer that is still sliding in turns round where it is.
+        // A drawer that is still closing reverses from its current position.
         if (isHidden())
             move(closedPosition());
         show();
@@ -241,7 +241,7 @@ QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
     auto* box = new QCheckBox(title, this);
     box->setAccessibleName(QString(title).remove('&'));
     place(box, x, y, 0, checkHeight);
-    // As wide as its title, which is in this person's font already.
+    // As wide as its title; the font is scaled already.
     box->resize(box->sizeHint().width(), box->height());
     return box;
 }

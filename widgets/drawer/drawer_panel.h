@@ -1,8 +1,8 @@
-// The advanced drawer: launchd's rarer keys, and what else may launch the agent.
+// The advanced drawer: launchd's less common keys, and further events that launch the agent.
 //
 // It is a child of the window's content. Beside the form it slides out from behind it; the window
-// grows once before and shrinks once after, for resizing a window step by step flickers. Over the
-// form it slides in from the window's right edge and throws a shadow.
+// grows once before and shrinks once after, because resizing it step by step flickers. Over the
+// form it slides in from the window's right edge and casts a shadow.
 #pragma once
 
 #include "core/form_model.h"
@@ -22,22 +22,23 @@ class DrawerPanel : public QWidget {
     Q_OBJECT
 
   public:
+    /// The binder must outlive the drawer.
     /// \param edge where the form ends and the open drawer begins, in pixels of the parent
     DrawerPanel(FormBinder& binder, int edge, QWidget* parent);
 
     void setOpen(bool open);
     bool isOpen() const { return open_; }
-    /// Whether the open drawer stands beside the form, as at first, or over it.
+    /// Whether the open drawer lies beside the form (the default) or over it.
     void setBesideForm(bool beside);
     bool isBesideForm() const { return besideForm_; }
-    /// What has the keyboard first when the drawer takes it.
+    /// The control that gets the focus when the drawer takes it.
     QWidget* firstControl() const { return firstControl_; }
 
   signals:
-    /// The window needs room for the drawer (true), or has it to give back. Setting the drawer's
-    /// place is for whoever gives the room.
+    /// The window must grow for the drawer (true) or may shrink again (false). The receiver calls
+    /// setBesideForm().
     void needsRoom(bool room);
-    /// Comes with the beginning of the slide.
+    /// Emitted when the animation begins.
     void openChanged(bool open);
 
   protected:
@@ -66,7 +67,7 @@ class DrawerPanel : public QWidget {
     bool open_ = false;
     bool besideForm_ = true;
     QPropertyAnimation* slide_;
-    QWidget* shadow_; ///< on the form
+    QWidget* shadow_; ///< drawn on the form; a child of the parent
     QWidget* firstControl_ = nullptr;
 };
 

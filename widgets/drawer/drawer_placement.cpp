@@ -6,10 +6,10 @@ namespace frimbolate {
 
 namespace {
 
-/// The first pixel of a length that ends within the available ones. Only a length that is longer
-/// than these keeps its beginning instead, and one that begins before them is left alone: what is
-/// needed of the drawer lies at its end.
-int pulledIn(int first, int length, int availableFirst, int availableLength) {
+/// The first pixel of a length, moved back so that the length ends within the available pixels, but
+/// not before their start. A length that ends within them is unchanged even if it starts before
+/// them, because the drawer lies at its end.
+int clampedStart(int first, int length, int availableFirst, int availableLength) {
     const int last = availableFirst + availableLength - length;
     return first > last ? std::max(last, availableFirst) : first;
 }
@@ -20,8 +20,8 @@ DrawerPlacement placeDrawer(const QRect& available, const QRect& frame, int draw
     const bool isBeside = frame.width() + drawerWidth <= available.width();
     const int width = frame.width() + (isBeside ? drawerWidth : 0);
     return {isBeside,
-            {pulledIn(frame.left(), width, available.left(), available.width()),
-             pulledIn(frame.top(), frame.height(), available.top(), available.height())}};
+            {clampedStart(frame.left(), width, available.left(), available.width()),
+             clampedStart(frame.top(), frame.height(), available.top(), available.height())}};
 }
 
 } // namespace frimbolate

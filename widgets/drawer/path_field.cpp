@@ -19,7 +19,7 @@ namespace frimbolate {
 
 namespace {
 
-/// The path that the field would take; empty for none.
+/// The path that the field would accept; empty if none.
 QString pathIn(const QDropEvent& event) {
     const QString path = draggedPath(event);
     return isUnreadableName(path) ? QString() : path;
@@ -38,7 +38,7 @@ void PathField::setHovered(bool hovered) {
     update();
 }
 
-// Dragged addresses also come as a text, which is no path.
+// Not the base class: dragged URLs also carry a plain text, which is no path.
 
 void PathField::dragEnterEvent(QDragEnterEvent* event) {
     if (!event->mimeData()->hasUrls())

@@ -1,4 +1,4 @@
-// A field for a path of the drawer: it takes what is typed, and a file or folder that is dropped.
+// A field for a path in the drawer; accepts typed text and a dropped file or folder.
 #pragma once
 
 #include <QLineEdit>
@@ -15,7 +15,7 @@ class PathField : public QLineEdit {
   public:
     using QLineEdit::QLineEdit;
 
-    /// What is to be said of the path; shown as a fault, and in the tool tip. Empty for nothing.
+    /// Marks the field as faulty, with the hint in the tool tip and description; empty clears it.
     void setHint(const QString& hint);
 
   protected:
@@ -28,10 +28,11 @@ class PathField : public QLineEdit {
   private:
     void setHovered(bool hovered);
 
-    bool isHovered_ = false; ///< by a path that may be dropped
+    bool isHovered_ = false; ///< an acceptable drag is over the field
 };
 
-/// The button beside the field of that outlet, which asks for its path in a panel.
+/// The button beside the field of that outlet, which opens a panel to choose the path. A child of
+/// the parent; the binder must outlive it.
 /// \param caption of the field
 QToolButton* makeChooseButton(FormBinder& binder, std::string_view outlet, const QString& caption,
                               QWidget* parent);

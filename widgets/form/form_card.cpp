@@ -29,7 +29,7 @@ namespace {
 
 // The widths of the columns, in pixels of the 1x layout.
 constexpr int columnWidths[] = {128, wideScheduleWidth, 9, 32, 8, 32, 16, 20, 8, 20};
-// The lines of a row: a gap, the controls, a gap, the hint, a gap. Four rows of 72 make the card.
+// The lines of a row: a gap, the controls, a gap, the hint, a gap. Sum: style::cardRowHeight.
 constexpr int lineHeights[] = {12, 32, 3, 18, 7};
 constexpr int controlsLine = 1, hintLine = 3, linesPerRow = 5;
 
@@ -45,7 +45,7 @@ QString fileName(const std::string& targetPath) {
     return text(bundlePath(targetPath)).section('/', -1, -1, QString::SectionSkipEmpty);
 }
 
-/// Choosing a file or a new script does more than choosing the item.
+/// The items "file" and "new script" have actions of their own.
 void sendTarget(AppDelegate& delegate) {
     const int item = delegate.form().agentTargetButton.selectedItem;
     delegate.chooseAgentTarget();
@@ -194,7 +194,7 @@ void FormCard::addActionRow() {
 }
 
 void FormCard::pressTargetWell() {
-    // A typed script has no file to choose anew; its text is what there is to change.
+    // A typed script has no file; the click opens its editor instead.
     if (targetButton_->currentIndex() == TargetType::Script)
         binder_.send(&AppDelegate::showPopOverScript);
     else

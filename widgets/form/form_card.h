@@ -1,5 +1,5 @@
-// The card of the form: name, target, action and schedule, each a row of a label, its control, what
-// stands beside it, a mark where validation found a fault, a tip, and a line of plain words below.
+// The form card with the rows name, target, action and schedule. A row holds a label, its control,
+// controls beside it, a marker for a validation fault, a tip button, and a hint below.
 #pragma once
 
 #include "core/form_model.h"
@@ -22,13 +22,14 @@ class FormCard : public QWidget {
     Q_OBJECT
 
   public:
+    /// The binder must outlive the card.
     explicit FormCard(FormBinder& binder, QWidget* parent = nullptr);
 
-    /// Where a person begins to type.
+    /// The field that has the focus at first.
     QWidget* firstField() const { return firstField_; }
-    /// The first control, from top to bottom, that bears the border of a fault; null for none.
+    /// The topmost control that is marked as faulty; null if none is.
     QWidget* firstFault() const;
-    /// Where the script pop-over points to.
+    /// The anchor of the script pop-over.
     QWidget* scriptButton() const { return scriptButton_; }
 
   protected:
@@ -37,15 +38,15 @@ class FormCard : public QWidget {
   private:
     struct Row {
         ElidedLabel* hint = nullptr;
-        QWidget* control = nullptr; ///< what the row's label belongs to
-        QList<QWidget*> marked;     ///< what bears the border of a fault
+        QWidget* control = nullptr; ///< the buddy of the row's label
+        QList<QWidget*> marked;     ///< the controls that get the border of a fault
     };
     enum { NameRow, TargetRow, ActionRow, ScheduleRow, RowCount };
     /// The columns of a row and the gaps between them.
     enum { Label, Control, WellGap, Well, ScriptGap, Script, MarkerGap, MarkerColumn, TipGap, Tip };
 
-    /// The label and the hint of a row. A control is named to assistive tools by the label beside
-    /// it, so all that a row holds are children of the card itself.
+    /// Adds the label and the hint of a row. Assistive tools take a control's name from a sibling
+    /// label, so everything in a row is a direct child of the card.
     void addRow(int row, const QString& label, QWidget* control, QList<QWidget*> marked);
     void addToRow(int row, int column, QWidget* widget);
     void addToRow(int row, int column, QLayout* line);

@@ -63,7 +63,7 @@ void FormCard::addScheduleRow() {
     day->setFixedHeight(scaled(controlHeight));
     line->addStretch();
 
-    // What can be wrong with a schedule is what was typed.
+    // Only the typed fields of a schedule can be faulty.
     addRow(ScheduleRow, tr("&Schedule"), schedule, {day, interval});
     addToRow(ScheduleRow, Control, line);
     addMarker(ScheduleRow, "scheduleErrorImageWell", &FormModel::scheduleErrorImageWell);
@@ -74,7 +74,7 @@ void FormCard::setUpTimePicker() {
     timePicker_->setAccessibleName(tr("Time of day"));
     binder_.bind("agentScheduleDatePicker", timePicker_, &FormModel::agentScheduleDatePicker);
     binder_.addUpdater([this](const FormModel& form) {
-        // "07:30 AM" and the steppers do not both fit into the narrow picker.
+        // "07:30 AM" and the steppers do not fit into the narrow picker together.
         const bool isFull = localeClockFormat() == ClockFormat::TwelveHours &&
                             form.agentScheduleDatePicker.width <= narrowDatePickerWidth;
         timePicker_->setButtonSymbols(isFull ? QAbstractSpinBox::NoButtons

@@ -86,8 +86,8 @@ void ScriptPopOver::layOut() {
 
 void ScriptPopOver::setWanted(bool wanted) {
     wanted_ = wanted;
-    // Shown at once, it would get the very key press that chose a script from the list: the list
-    // closes before that press is delivered.
+    // Deferred: shown at once, the pop-over would receive the key press that chose the item, since
+    // the list closes before that press is delivered.
     if (wanted)
         QTimer::singleShot(0, this, &ScriptPopOver::showOrHide);
     else
@@ -98,7 +98,7 @@ void ScriptPopOver::setBlocked(bool blocked) {
     blocked_ = blocked;
     if (blocked)
         showOrHide();
-    else // after the window has given the keyboard to the control that had it
+    else // deferred until the window has restored the focus to its control
         QTimer::singleShot(0, this, &ScriptPopOver::showOrHide);
 }
 
@@ -119,7 +119,7 @@ QRect ScriptPopOver::anchorOnScreen() const {
 
 void ScriptPopOver::placeBesideAnchor() {
     const QRect anchor = anchorOnScreen();
-    // The window may reach over several screens.
+    // The window may span several screens.
     const QScreen* screen = QGuiApplication::screenAt(anchor.center());
     const PopOverPlacement placement =
         placePopOver(anchor, (screen ? screen : anchor_->screen())->availableGeometry(),
@@ -143,11 +143,11 @@ void ScriptPopOver::placeBesideAnchor() {
 void ScriptPopOver::paintEvent(QPaintEvent*) { frame_.paint(*this, arrow_); }
 
 void ScriptPopOver::mousePressEvent(QMouseEvent* event) {
-    // A click on the anchor closes the pop-over; handed on to it, it would open it again. Any other
-    // click does what it does without a pop-over.
+    // A click on the anchor closes the pop-over; replayed, it would open it again. Any other click
+    // is replayed and has its usual effect.
     setAttribute(Qt::WA_NoMouseReplay,
                  anchorOnScreen().contains(event->globalPosition().toPoint()));
-    // Its shadow is a part of the window, but beside the pop-over all the same.
+    // The shadow belongs to the window, but a click on it counts as outside.
     if (rect().contains(event->position().toPoint()) &&
         !shape_.contains(event->position().toPoint()))
         close();
@@ -180,14 +180,14 @@ bool ScriptPopOver::eventFilter(QObject* watched, QEvent* event) {
             setBlocked(true);
         else if (event->type() == QEvent::WindowUnblocked && wanted_ &&
                  !parentWidget()->isActiveWindow())
-            // Qt takes no notice of a window that gets the keyboard while a pop-up is open, so the
-            // window has to have it back first.
+            // Qt ignores the activation of a window while a pop-up is open, so the main window must
+            // be active again first.
             parentWidget()->activateWindow();
         else if (event->type() == QEvent::WindowUnblocked ||
                  (event->type() == QEvent::WindowActivate && !QApplication::activeModalWidget()))
             setBlocked(false);
     } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
-        // The list closes at Escape, which then reaches the pop-over as well.
+        // Escape closes the list and then reaches the pop-over as well.
         escapeIsUsed_ = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     }
     return QWidget::eventFilter(watched, event);

@@ -1,8 +1,8 @@
-// The script pop-over: a small window that points at the script button and goes away at a click
-// beside it. It is made larger on demand, and stays as large for the next script.
+// The script pop-over: a small window that points at the script button and closes on a click
+// outside. The user can enlarge it; it keeps the size for the next script.
 //
-// It shows itself while the model says so and no sheet is up: a sheet would lie under it, out of
-// reach of the mouse. Dismissed by the person, it tells the model.
+// It is visible while the model says so and no sheet is shown: a sheet would lie under it, out of
+// reach of the mouse. When the user dismisses it, it updates the model.
 #pragma once
 
 #include "widgets/style/pop_over_frame.h"
@@ -23,7 +23,8 @@ class ScriptPopOver : public QWidget {
     Q_OBJECT
 
   public:
-    /// \param anchor what it points at, a part of the window `parent`
+    /// The binder and the anchor must outlive the pop-over.
+    /// \param anchor what the arrow points at, a child of the window `parent`
     /// \param blendsWindows whether the desktop shows what lies behind a translucent window
     ScriptPopOver(FormBinder& binder, QWidget* anchor, bool blendsWindows, QWidget* parent);
 
@@ -46,16 +47,16 @@ class ScriptPopOver : public QWidget {
     FormBinder& binder_;
     QWidget* anchor_;
     style::PopOverFrame frame_;
-    // In the order in which Tab reaches them.
+    // In tab order.
     QToolButton* larger_;
     PopUpButton* language_;
     ScriptEditor* script_;
     QGridLayout* grid_;
     QRegion shape_; ///< the panel and its arrow
     style::PopOverArrow arrow_{Qt::LeftEdge, 0};
-    bool wanted_ = false;       ///< what the model says
-    bool blocked_ = false;      ///< by a sheet
-    bool escapeIsUsed_ = false; ///< by the list of languages, which it closes
+    bool wanted_ = false;       ///< the model shows the pop-over
+    bool blocked_ = false;      ///< a sheet is shown
+    bool escapeIsUsed_ = false; ///< this Escape closed the list of languages
 };
 
 } // namespace frimbolate

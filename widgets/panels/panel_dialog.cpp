@@ -36,7 +36,7 @@ QString existingFolder(const std::optional<std::string>& directory) {
     return QFileInfo(wanted).isDir() ? QDir::cleanPath(wanted) : QDir::homePath();
 }
 
-/// What a message asks, in one line: its first sentence, without what stands in parentheses.
+/// The message in one line: its first sentence, without parenthesised parts.
 QString titleOf(const std::string& message) {
     QString title = toQString(message).simplified();
     for (const char* end : {". ", " ("})
@@ -55,16 +55,16 @@ PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& m
     setWindowModality(Qt::WindowModal);
     setOption(DontUseNativeDialog);
     setOption(DontUseCustomDirectoryIcons);
-    // Against deleting, renaming and moving; the new folder is made without the toolkit.
+    // Disables deleting, renaming and moving. New folders do not go through the toolkit.
     setOption(ReadOnly);
     sharedPlaces_ = sidebarUrls();
     sharedColumns_ = findChild<QTreeView*>("treeView")->header()->saveState();
     setDirectory(existingFolder(directory));
     nameField_ = findChild<QLineEdit*>("fileNameEdit");
     nameField_->setAccessibleName(tr("Name"));
-    // Above the rows of the dialog's own layout, which leaves no place for another.
+    // As the layout's menu bar: the dialog's own grid has no free row at the top.
     layout()->setMenuBar(header(message));
-    addRefusal();
+    addRejectionLabel();
     setUpPanelViews(*this);
     setUpNavigation();
     setSidebarUrls(panelPlaces(this->directory().absolutePath()));
@@ -100,7 +100,7 @@ PanelDialog::PanelDialog(const SavePanel& panel, QWidget* parent)
 }
 
 PanelDialog::~PanelDialog() {
-    // The toolkit stores these for every program when the dialog goes.
+    // The toolkit's destructor stores these for all programs; this undoes the panel's changes.
     setSidebarUrls(sharedPlaces_);
     findChild<QTreeView*>("treeView")->header()->restoreState(sharedColumns_);
 }
@@ -117,12 +117,12 @@ QWidget* PanelDialog::header(const std::string& message) {
     return result;
 }
 
-void PanelDialog::addRefusal() {
+void PanelDialog::addRejectionLabel() {
     rejectionLabel_ = new WrappedText({}, WrappedText::Tone::warning);
     rejectionLabel_->setObjectName("panelRejection");
     style::setFont(rejectionLabel_, style::FontRole::hint);
     rejectionLabel_->hide();
-    connect(nameField_, &QLineEdit::textChanged, this, &PanelDialog::withdrawRefusal);
+    connect(nameField_, &QLineEdit::textChanged, this, &PanelDialog::hideRejection);
 }
 
 void PanelDialog::setUpForm() {
@@ -130,7 +130,7 @@ void PanelDialog::setUpForm() {
     grid->setContentsMargins(margin, margin / 2, margin, margin);
     grid->setSpacing(gap);
     grid->setColumnStretch(1, 1);
-    // What can be chosen is told by the message; the row of file types would only repeat it.
+    // The message says what can be chosen; the row of file types would only repeat it.
     for (const char* row : {"fileTypeLabel", "fileTypeCombo"})
         findChild<QWidget*>(row)->hide();
     setLabelText(FileName, tr("&Name:"));
@@ -141,23 +141,23 @@ void PanelDialog::setUpForm() {
     grid->addWidget(rejectionLabel_, 3, 1, 1, 2);
     grid->addWidget(box, 4, 0, 1, 3);
     box->setOrientation(Qt::Horizontal);
-    setSizeGripEnabled(false); // it would stand in the margin; the window's frame does the same
+    setSizeGripEnabled(false); // it would lie in the margin; the window's frame resizes as well
 }
 
 void PanelDialog::setUpNavigation() {
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(findChild<QListView*>("listView")),
           static_cast<QAbstractItemView*>(findChild<QTreeView*>("treeView"))}) {
-        // The dialog would enter a bundle where the panel chooses it.
+        // The toolkit's handler enters a bundle where the panel chooses it.
         disconnect(view, &QAbstractItemView::activated, this, nullptr);
         connect(view, &QAbstractItemView::activated, this, &PanelDialog::activate);
-        // While a path is typed the dialog selects what begins like it, and takes these names for
-        // the typed one whenever the window has lost the keyboard for a moment.
+        // While the user types a path, the toolkit selects the entries that begin like it, and
+        // replaces the typed text by their names when the window loses the focus.
         disconnect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, nullptr);
         connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
                 &PanelDialog::currentChanged);
     }
-    // The dialog's pop-up stands beside a label that does not say so.
+    // The toolkit does not set the pop-up as buddy of its label.
     findChild<QLabel*>("lookInLabel")->setBuddy(findChild<QComboBox*>("lookInCombo"));
     findChild<QSplitter*>("splitter")
         ->setSizes({style::scaled(placesWidth), style::scaled(panelWidth - placesWidth)});
@@ -169,8 +169,7 @@ void PanelDialog::setTitle(const QString& title) {
 }
 
 void PanelDialog::setPrompt(const std::string& prompt) {
-    // The dialog retitles and disables its own button as it sees fit; one it does not know of is
-    // left alone.
+    // The toolkit retitles and disables its own button; it leaves an added button alone.
     auto* box = findChild<QDialogButtonBox*>("buttonBox");
     box->setStandardButtons(QDialogButtonBox::NoButton);
     auto* cancel = box->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
@@ -191,7 +190,7 @@ void PanelDialog::offerNewFolder(bool offers) {
     theirs->hide();
     if (!offers)
         return;
-    // The toolkit's own makes the folder first and has its name edited in place.
+    // The toolkit's button creates the folder before the user has named it.
     auto* ours = new QToolButton(this);
     ours->setObjectName("newFolder");
     ours->setIcon(theirs->icon());
@@ -230,7 +229,7 @@ void PanelDialog::currentChanged(const QModelIndex& index) {
     const QString path = pathAt(index);
     if (!index.isValid())
         return;
-    // A folder that cannot be chosen is a place to enter and leaves the name as it is.
+    // A folder that cannot be chosen can only be entered; it leaves the typed name unchanged.
     const bool canBeChosen =
         !QFileInfo(path).isDir() || (open_ && (open_->canChooseDirectories || isBundle(path)));
     if (canBeChosen)
@@ -246,7 +245,7 @@ void PanelDialog::enter(const QString& folder) {
 void PanelDialog::suggest(const QString& name) {
     if (name.isEmpty() || !directory().exists(name))
         return;
-    lightEntry(*this, directory().filePath(name));
+    highlightEntry(*this, directory().filePath(name));
     nameField_->setText(name);
     nameField_->selectAll();
     nameField_->setFocus();
@@ -300,7 +299,7 @@ void PanelDialog::acceptSave(const QString& path) {
         return showRejection(tr("The folder “%1” does not exist.").arg(item.path()));
     if (isTooLong(item.fileName()))
         return showRejection(tr("The name is too long."));
-    // A link that leads nowhere is there all the same.
+    // exists() is false for a dangling link, which occupies the name all the same.
     item.exists() || item.isSymLink() ? askToReplace(path) : choose(path);
 }
 
@@ -308,7 +307,7 @@ void PanelDialog::askToReplace(const QString& path) {
     const QFileInfo item(path);
     const QString message = tr("“%1” already exists. Do you want to replace it?");
     const QString lost = tr("What the file in “%1” holds now will be lost.");
-    // The default is what loses nothing.
+    // The default button is the one that loses no data.
     alerts_.show({message.arg(item.fileName()).toStdString(),
                   lost.arg(item.dir().dirName()).toStdString(),
                   {tr("Cancel").toStdString(), tr("Replace").toStdString()}},
@@ -321,7 +320,7 @@ void PanelDialog::askToReplace(const QString& path) {
 void PanelDialog::choose(const QString& path) {
     chosenPath_ = path;
     chosenName_ = QFileInfo(path).fileName();
-    // Not the file dialog's own accept(): that one asks with a nested event loop.
+    // Not QFileDialog::accept(): it asks in a nested event loop.
     QDialog::accept();
 }
 
@@ -333,7 +332,7 @@ void PanelDialog::showRejection(const QString& reason) {
     nameField_->setFocus();
 }
 
-void PanelDialog::withdrawRefusal() {
+void PanelDialog::hideRejection() {
     rejectionLabel_->hide();
     style::setFaulty(nameField_, false);
     updateAccessibleDescription(nameField_, {});

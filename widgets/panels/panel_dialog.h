@@ -1,12 +1,11 @@
-// A file panel: the toolkit's own file dialog, taught the rules of the program's panels.
+// A file panel: the toolkit's file dialog with the rules of the program's panels.
 //
-// What the toolkit does not do by itself: an application bundle is chosen like a file, files and
-// folders can be choosable at once, and a save panel asks before it replaces without waiting for
-// the answer. A name that is not UTF-8 on disk cannot be handed on as text and is refused in the
-// panel.
+// It adds to the toolkit's dialog: an application bundle is chosen like a file, files and folders
+// can be choosable at once, and a save panel asks before it replaces, without blocking for the
+// answer. A name that is not UTF-8 on disk cannot be represented as text; the panel rejects it.
 //
-// What it does and a panel of the program must not: delete, rename, move. The one change that a
-// panel makes is the new folder, where it offers one.
+// It removes from the toolkit's dialog every way to delete, rename or move. The only change that a
+// panel makes on the disk is a new folder, if it offers one.
 #pragma once
 
 #include "widgets/controls/file_panel_rules.h"
@@ -33,9 +32,9 @@ class PanelDialog : public QFileDialog {
     PanelDialog(const SavePanel& panel, QWidget* parent);
     ~PanelDialog() override;
 
-    /// The path chosen, absolute; nothing until the panel was accepted.
+    /// The chosen path, absolute; nothing until the panel was accepted.
     const std::optional<QString>& chosenPath() const { return chosenPath_; }
-    /// The file name as it stood in the name field when the panel was accepted.
+    /// The name of the chosen file; empty until the panel was accepted.
     const QString& chosenName() const { return chosenName_; }
 
   public slots:
@@ -45,7 +44,7 @@ class PanelDialog : public QFileDialog {
     PanelDialog(QWidget* parent, const char* name, const std::string& message,
                 const std::optional<std::string>& directory);
     QWidget* header(const std::string& message);
-    void addRefusal();
+    void addRejectionLabel();
     void setUpForm();
     void setUpNavigation();
     void setPrompt(const std::string& prompt);
@@ -65,7 +64,7 @@ class PanelDialog : public QFileDialog {
     void askToReplace(const QString& path);
     void choose(const QString& path);
     void showRejection(const QString& reason);
-    void withdrawRefusal();
+    void hideRejection();
 
     QString pathAt(const QModelIndex& index) const;
     QString typedPath() const;
@@ -76,10 +75,11 @@ class PanelDialog : public QFileDialog {
     WrappedText* rejectionLabel_ = nullptr;
     std::optional<QString> chosenPath_;
     QString chosenName_;
-    /// What the toolkit shares among all programs that use its panels.
+    /// Settings that the toolkit shares among all programs that use its dialog; restored at the
+    /// end.
     QList<QUrl> sharedPlaces_;
     QByteArray sharedColumns_;
-    SheetQueue sheets_{*this}; ///< what is shown on the panel itself
+    SheetQueue sheets_{*this}; ///< alerts and sheets on the panel itself
     QtAlerts alerts_{sheets_, *this};
 };
 

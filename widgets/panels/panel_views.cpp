@@ -20,7 +20,7 @@ namespace {
 
 QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
 
-/// Keeps from the side bar the key with which it removes a place.
+/// Swallows the Delete key of the side bar, which would remove a place.
 class DeleteKeyFilter : public QObject {
   public:
     using QObject::QObject;
@@ -35,12 +35,12 @@ class DeleteKeyFilter : public QObject {
 void makeHarmless(QAbstractItemView& view) {
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setDragDropMode(QAbstractItemView::NoDragDrop);
-    // The entries of the toolkit's menus delete and rename, and run nested event loops.
+    // The toolkit's context menus delete and rename, and run nested event loops.
     view.setContextMenuPolicy(Qt::NoContextMenu);
 }
 
 void setUpColumns(QTreeView& table) {
-    // Name and date; with the rest the columns would not fit into the panel.
+    // Name and date only; more columns do not fit into the panel.
     QHeaderView* columns = table.header();
     columns->setStretchLastSection(false);
     columns->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -93,7 +93,7 @@ QList<QUrl> panelPlaces(const QString& folder) {
     return places;
 }
 
-void lightEntry(QFileDialog& dialog, const QString& path) {
+void highlightEntry(QFileDialog& dialog, const QString& path) {
     auto* view = dialog.findChild<QTreeView*>("treeView");
     const auto* model = qobject_cast<const QFileSystemModel*>(view->model());
     view->setCurrentIndex(model->index(path));

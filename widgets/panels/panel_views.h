@@ -1,4 +1,4 @@
-// The lists of a file panel, which show and never change what is on the disk.
+// The views of a file panel. They show the file system and never change it.
 #pragma once
 
 #include <QString>
@@ -8,17 +8,15 @@ class QFileDialog;
 
 namespace frimbolate {
 
-/// Makes the views of the dialog look like the rest of the program, and takes from them every way
-/// to delete, rename, move or copy an entry or a place of the side bar: keys, menus, editing in
-/// place, dragging.
+/// Styles the views of the dialog, and disables every way to delete, rename, move or copy an entry
+/// or a place of the side bar: keys, menus, editing in place, dragging.
 void setUpPanelViews(QFileDialog& dialog);
 
-/// What the side bar offers: home, desktop, applications and LaunchAgents, as far as they exist.
-/// \param folder where the panel starts; a LaunchAgents folder elsewhere than in the home is told
-///        by it
+/// The places of the side bar: home, desktop, applications and LaunchAgents, as far as they exist.
+/// \param folder where the panel starts; identifies a LaunchAgents folder outside the home folder
 QList<QUrl> panelPlaces(const QString& folder);
 
-/// Lights the entry of that path in the folder shown, now or as soon as it is listed.
-void lightEntry(QFileDialog& dialog, const QString& path);
+/// Highlights the entry of that path in the shown folder, now or as soon as it is listed.
+void highlightEntry(QFileDialog& dialog, const QString& path);
 
 } // namespace frimbolate

@@ -6,7 +6,7 @@
 namespace frimbolate {
 namespace {
 
-/// Presents the panel and hands what `answer` makes of it to the completion.
+/// Presents the panel and passes the result of `answer` to the completion.
 template <typename Completion, typename Answer>
 void present(SheetQueue& queue, PanelDialog* panel, Completion completion, Answer answer) {
     panel->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,5 +1,5 @@
-// What the program's own sheets have in common: their buttons send actions, and Escape sends the
-// action that closes them. Only the action takes the sheet off the screen.
+// The base of the program's own sheets: their buttons send actions, and Escape sends the closing
+// action. Only the action hides the sheet.
 #pragma once
 
 #include "widgets/controls/form_binder.h"
@@ -13,8 +13,9 @@ class AppSheet : public SheetDialog {
     Q_OBJECT
 
   public:
+    /// The binder must outlive the sheet; the main window becomes the parent.
     /// \param panelWidth in pixels of the 1x layout
-    /// \param close the action of its closing button, which Escape sends too
+    /// \param close the action of the closing button, which Escape sends too
     AppSheet(const QString& outlet, int panelWidth, FormBinder& binder, QWidget& mainWindow,
              FormBinder::Send close);
 
@@ -24,7 +25,7 @@ class AppSheet : public SheetDialog {
   protected:
     /// Adds the sheet's title to the body.
     QLabel* addTitle(const QString& title);
-    /// A button that is named by the action it sends.
+    /// A button whose object name is the action it sends.
     QPushButton* makeButton(const char* name, const QString& title, const FormBinder::Send& send);
     FormBinder& formBinder() { return binder_; }
 

@@ -119,7 +119,7 @@ void CommandSheetView::showCommand(const FormModel& form, const CommandPresentat
 }
 
 void CommandSheetView::showCopied(bool hasCopied, bool isUnsafe) {
-    // Nobody is asked to paste what does more than it shows.
+    // An unsafe command does more than it shows, so the text does not suggest pasting it.
     const QString copied = tr("Copied");
     const QString title = hasCopied ? copied : tr("Copy the command");
     state_->setText(isUnsafe    ? (hasCopied ? tr("Copied.") : QString())
@@ -138,7 +138,7 @@ void CommandSheetView::fitCommand(const QString& command) {
         command_->fontMetrics().boundingRect(0, 0, scaled(textWidth - 2 * textPadding), 10000,
                                              Qt::TextWrapAnywhere | Qt::AlignLeft, command);
     const int wanted = needed.height() + scaled(textPadding) * 7 / 2;
-    // What the words above leave of the sheet.
+    // The command gets the height that the texts above it leave.
     body()->invalidate();
     layout()->invalidate();
     const int margins = height() - panelRect().height();

@@ -1,4 +1,4 @@
-// The sheet that shows a launchctl command to copy, and opens a terminal to paste it into.
+// The sheet that shows a launchctl command, copies it and opens a terminal.
 #pragma once
 
 #include "widgets/sheets/app_sheet.h"
@@ -23,9 +23,9 @@ class CommandSheetView : public AppSheet {
     void addCommand();
     void addButtons();
     void showCommand(const FormModel& form, const CommandPresentation& shownBeside);
-    /// Whether the command was copied, in words and on the button that copies it.
+    /// Updates the status text and the copy button after a copy.
     void showCopied(bool hasCopied, bool isUnsafe);
-    /// As high as the command needs, as far as the sheet has room for it.
+    /// Sets the height that the command needs, limited by the space in the sheet.
     void fitCommand(const QString& command);
 
     QLabel* title_;

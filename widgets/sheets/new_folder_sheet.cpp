@@ -72,7 +72,7 @@ void NewFolderSheet::addButtons() {
 QString NewFolderSheet::path() const { return QDir(folder_).filePath(name_->text()); }
 
 void NewFolderSheet::accept() {
-    QString reason = newFolderRefusal(folder_, name_->text());
+    QString reason = newFolderRejectionReason(folder_, name_->text());
     if (reason.isEmpty() && QDir(folder_).mkdir(name_->text()))
         return SheetDialog::accept();
     if (reason.isEmpty())

@@ -1,7 +1,7 @@
-// Asks for the name of a new folder and makes it: a sheet on a file panel.
+// A sheet on a file panel that asks for the name of a new folder and creates it.
 //
-// The dialog is named "newFolderSheet", its field "newFolderName", the line that tells why a name
-// cannot be had "newFolderRefusal". It stays until the folder is there or the user gives up.
+// The dialog is named "newFolderSheet", its field "newFolderName", the line with the reason why a
+// name is rejected "newFolderRefusal". It stays open until the folder exists or the user cancels.
 #pragma once
 
 #include "widgets/sheets/sheet_dialog.h"
@@ -16,11 +16,12 @@ class NewFolderSheet : public SheetDialog {
     Q_OBJECT
 
   public:
-    /// \param folder in which the new one is made
-    /// \param proposedName what the field holds at first, selected
+    /// \param folder the parent of the new folder
+    /// \param proposedName the initial content of the field, selected
+    /// \param panel becomes the parent of the sheet
     NewFolderSheet(const QString& folder, const QString& proposedName, QWidget* panel);
 
-    /// Of the new folder; meaningful once accepted() was emitted.
+    /// The path of the new folder; valid after accepted() was emitted.
     QString path() const;
 
   public slots:

@@ -1,4 +1,4 @@
-// The sheet of the person's settings. Its controls stand in the form model; it stores nothing.
+// The sheet of the user's preferences. Its controls are bound to the form model; it stores nothing.
 #pragma once
 
 #include "widgets/sheets/app_sheet.h"

@@ -20,9 +20,9 @@ namespace {
 
 constexpr int usualWidth = 440;
 constexpr int wideWidth = 560;
-/// As wide as the form, its shadow included.
+/// The width of the form less the sheet's shadow; pixels of the 1x layout.
 constexpr int widestWidth = 616;
-/// A higher sheet would reach below the form, or its shadow would; pixels.
+/// A higher sheet, its shadow included, would extend below the form; pixels of the 1x layout.
 constexpr int greatestHeight = 348;
 constexpr int iconSide = 40;
 constexpr int iconGap = 16;
@@ -30,7 +30,7 @@ constexpr int titleGap = 6;
 
 QString toQString(const std::string& text) { return QString::fromStdString(text); }
 
-/// A break that ends the text would be an empty line above the buttons.
+/// A trailing line break would show as an empty line above the buttons.
 QString withoutLastBreak(const std::string& text) {
     QString result = toQString(text);
     if (result.endsWith('\n'))
@@ -48,7 +48,7 @@ WrappedText* makeText(const char* name, const std::string& text, WrappedText::To
     return result;
 }
 
-/// What Escape answers: only what changes nothing, or what has to be answered anyway.
+/// The button that Escape presses: "Cancel", which changes nothing, or an only button.
 std::optional<int> escapeAnswer(const std::vector<std::string>& buttons) {
     const auto cancel = std::ranges::find(buttons, "Cancel");
     if (cancel != buttons.end())
@@ -132,7 +132,7 @@ void AlertDialog::addButtons(const Alert& alert) {
         buttons.append(button);
     }
     QPushButton* first = buttons.first();
-    std::ranges::reverse(buttons); // the default stands in the corner
+    std::ranges::reverse(buttons); // the default button lies in the corner
     addButtonRow(nullptr, buttons);
     first->setDefault(true);
     first->setFocus();

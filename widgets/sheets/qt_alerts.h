@@ -1,8 +1,8 @@
 // The alerts of the program as sheets on the main window.
 //
 // The dialog is named "sheetAlert", its parts "messageText", "informativeText" and
-// "suppressionButton"; the push buttons carry their titles exactly. The first button is the default
-// and stands in the corner. Escape and the window manager's close button press "Cancel" or an only
+// "suppressionButton"; the push buttons show their titles exactly. The first button is the default
+// and lies in the corner. Escape and the window manager's close button press "Cancel" or an only
 // button; an alert that has neither stays until one of its buttons is pressed.
 #pragma once
 
@@ -23,7 +23,7 @@ class AlertDialog : public SheetDialog {
   public:
     AlertDialog(const Alert& alert, QWidget* mainWindow);
 
-    /// What was answered; meaningful once finished() was emitted.
+    /// The user's answer; valid after finished() was emitted.
     AlertOutcome outcome() const;
 
   public slots:
@@ -35,7 +35,7 @@ class AlertDialog : public SheetDialog {
   private:
     QWidget* texts(const Alert& alert);
     void addButtons(const Alert& alert);
-    /// How much higher than the form the sheet would be; pixels.
+    /// By how much the sheet would exceed the form's height; pixels.
     int excessHeight() const;
     void makeTextScroll();
 
@@ -45,6 +45,7 @@ class AlertDialog : public SheetDialog {
 
 class QtAlerts : public Alerts {
   public:
+    /// Both arguments must outlive the alerts.
     QtAlerts(SheetQueue& queue, QWidget& mainWindow) : queue_(queue), mainWindow_(mainWindow) {}
 
     using Alerts::show;

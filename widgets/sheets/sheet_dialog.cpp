@@ -20,13 +20,13 @@ namespace {
 
 constexpr int slideMilliseconds = 160;
 
-/// Neither of these lets a program place a window: the desktop frames the sheet there.
+/// These platforms do not let a program position a window; the desktop frames the sheet there.
 bool desktopPlacesSheets() {
     const QString platform = QGuiApplication::platformName();
     return platform == "cocoa" || platform.startsWith("wayland");
 }
 
-/// Shows the picture of a sheet on its way out from under the toolbar, before the sheet itself.
+/// Covers the sheet with its image while that slides out from under the toolbar.
 class SlideInOverlay : public QWidget {
   public:
     explicit SlideInOverlay(SheetDialog& sheet)
@@ -110,7 +110,7 @@ QRect SheetDialog::panelRect() const {
 
 void SheetDialog::placeOverMainWindow() {
     layout()->activate();
-    // Only texts that wrap make the height depend on the width.
+    // Only wrapped texts make the height depend on the width.
     setFixedHeight(layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width())
                                                  : layout()->totalSizeHint().height());
     if (!paintsFrame_)
@@ -146,13 +146,13 @@ void SheetDialog::showEvent(QShowEvent* event) {
 
 void SheetDialog::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
-    // Shown again, the sheet would be pictured with it.
+    // Otherwise the image taken at the next show would contain the overlay.
     delete overlay_;
 }
 
 void SheetDialog::slideOut() {
-    // The sheet itself is in its place at once and takes clicks and keys; only its picture slides,
-    // on a overlay before it.
+    // The sheet itself is in place at once and accepts clicks and keys; only its image slides, on
+    // an overlay in front of it.
     auto* overlay = new SlideInOverlay(*this);
     auto* slide = new QVariantAnimation(overlay);
     slide->setStartValue(0.0);
@@ -167,7 +167,7 @@ void SheetDialog::slideOut() {
 }
 
 bool SheetDialog::event(QEvent* event) {
-    // Before the base class sees the event: it may be the one that deletes the sheet.
+    // Handled before the base class, because its handling of the event may delete the sheet.
     if (isVisible()) {
         if (event->type() == QEvent::LayoutRequest)
             placeOverMainWindow();
@@ -181,8 +181,8 @@ bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched == mainWindow_ && isVisible()) {
         if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
             placeOverMainWindow();
-        // What the window shows behind the sheet has changed: it mirrors the model after an action,
-        // when the sheet that the action asked for is up already.
+        // The window's content behind the sheet has changed: the window is updated after the action
+        // that has shown the sheet.
         if (event->type() == QEvent::Resize || event->type() == QEvent::UpdateRequest)
             grabBackdropSoon();
     }

@@ -1,12 +1,12 @@
-// The frame of every sheet: a window-modal dialog that hangs under the toolbar of the main window.
+// The frame of every sheet: a window-modal dialog attached to the toolbar of the main window.
 //
-// A dialog of its own rather than a child of the window, so that the toolbar, shortcuts and Tab are
-// blocked by the window system's own means. It is larger than its panel by the shadow and paints
-// what the main window shows there behind itself: round corners need no compositor that way. It
-// therefore follows the main window when that moves, changes its size or its palette.
+// It is a dialog, not a child of the window's content, so that its modality blocks the toolbar,
+// shortcuts and Tab. It is larger than its panel by the shadow, and paints the main window's
+// content there itself, so that round corners need no compositor. It therefore follows the main
+// window when that moves or changes its size or palette.
 //
-// The sheet is centred over the main window's child "form" (over the whole window where there is
-// none) and hangs at the bottom of its QToolBar (at the top where there is none).
+// The sheet is centred over the main window's child "form" (over the whole window if there is none)
+// and attached to the bottom of its QToolBar (to the top of the window if there is none).
 #pragma once
 
 #include "widgets/style/surfaces.h"
@@ -29,26 +29,27 @@ class SheetDialog : public QDialog {
     Q_OBJECT
 
   public:
-    /// Left, right and below the panel; pixels.
+    /// The shadow's width left of, right of and below the panel; pixels.
     static constexpr int shadowWidth = style::sheetShadowReach + style::sheetShadowDrop;
     static constexpr int padding = 24; ///< around the body; pixels
 
+    /// The main window becomes the parent.
     /// \param panelWidth of the visible panel, in pixels of the 1x layout
     SheetDialog(const QString& objectName, int panelWidth, QWidget* mainWindow);
 
-    /// Holds what the sheet shows, inside the padding; spacing is 0.
+    /// The layout of the sheet's content, inside the padding; its spacing is 0.
     QVBoxLayout* body() const { return body_; }
     void setPanelWidth(int width);
     void setBodyPadding(const QMargins& margins);
 
-    /// Appends the row of buttons: one action at the left (or null), the others at the right in
-    /// the order of reading, so that the last one stands in the corner.
+    /// Appends the row of buttons: `side` at the left (or null), the others at the right in reading
+    /// order, so that the last one lies in the corner. The sheet takes ownership.
     QWidget* addButtonRow(QWidget* side, const QList<QPushButton*>& buttons);
 
-    /// Where the panel is, in the dialog's coordinates.
+    /// The rectangle of the panel, in the dialog's coordinates.
     QRect panelRect() const;
 
-    /// What the main window shows where the sheet is.
+    /// The main window's content behind the sheet.
     const QPixmap& backdrop() const { return backdrop_; }
 
   protected:
@@ -66,10 +67,10 @@ class SheetDialog : public QDialog {
 
     QWidget* mainWindow_;
     QVBoxLayout* body_;
-    bool paintsFrame_; ///< whether the frame is ours, or the desktop's
+    bool paintsFrame_; ///< false where the desktop draws the frame
     bool grabsSoon_ = false;
     QPixmap backdrop_;
-    QPointer<QWidget> overlay_; ///< only while the sheet slides out
+    QPointer<QWidget> overlay_; ///< only while the sheet slides in
 };
 
 } // namespace frimbolate

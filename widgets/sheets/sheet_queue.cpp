@@ -11,7 +11,7 @@
 namespace frimbolate {
 namespace {
 
-/// Dims what is under the toolbar. Decoration only: it is the dialog's modality that blocks.
+/// Dims the window below the toolbar. Decoration only: the dialog's modality blocks the input.
 class Scrim : public QWidget {
   public:
     explicit Scrim(QWidget* parent) : QWidget(parent) {
@@ -43,7 +43,7 @@ void SheetQueue::present(QDialog* sheet) {
         return;
     waiting_.append(sheet);
     sheet->installEventFilter(this);
-    // While an answer is still to be worked off, whatever it asks for comes first in the loop.
+    // While completions are pending or running, drain() shows the next sheet after the last one.
     if (!current_ && !drainScheduled_ && !draining_)
         showNext();
 }
@@ -81,8 +81,8 @@ void SheetQueue::drain() {
 }
 
 void SheetQueue::showNext() {
-    // It would stand behind the window, without the keyboard, or far from it: a window manager
-    // places the window only now.
+    // The window manager positions the window on its first exposure. A sheet shown earlier would
+    // lie behind or far from the window, without the focus.
     if (!isOnScreen_)
         return;
     while (!waiting_.isEmpty() && !current_)
@@ -91,7 +91,7 @@ void SheetQueue::showNext() {
     if (!current_)
         return;
     current_->open();
-    // A window manager may keep the keyboard from a window that follows another in one breath.
+    // Window managers may withhold the focus from a window shown directly after another was hidden.
     current_->raise();
     current_->activateWindow();
 }
@@ -116,7 +116,7 @@ bool SheetQueue::eventFilter(QObject* watched, QEvent* event) {
         if (!event->spontaneous() || event->type() == QEvent::Resize)
             followMainWindow(event->type());
     } else if (watched == mainWindow_.windowHandle()) {
-        // From then on, for a window that others cover is on the screen all the same.
+        // Set once: a window that becomes covered later still counts as on the screen.
         if (event->type() == QEvent::Expose && mainWindow_.windowHandle()->isExposed() &&
             !std::exchange(isOnScreen_, true) && !waiting_.isEmpty())
             scheduleDrain();

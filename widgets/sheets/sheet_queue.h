@@ -1,10 +1,10 @@
-// One queue for everything that is shown on the main window: alerts, file panels and the program's
-// own sheets. One of them is on the screen at a time, in the order in which they were asked for. A
-// sheet asked for while the main window is hidden waits until that has reached the screen.
+// The queue of everything that is shown on the main window: alerts, file panels and the program's
+// own sheets. One of them is visible at a time, in the order of the requests. A sheet requested
+// while the main window is hidden waits until the window is exposed.
 //
-// What follows an answer runs from the event loop, when the dialog has left the screen: first the
-// completion, then `afterCompletion`, which lets the window mirror the model, then the next sheet
-// is shown. A sheet that a completion asks for stands behind those already waiting.
+// Completions run from the event loop, after the dialog was hidden: first the completion, then
+// `afterCompletion`, which updates the window from the model; then the next sheet is shown. A sheet
+// requested by a completion is queued behind those already waiting.
 #pragma once
 
 #include <QDialog>
@@ -28,15 +28,16 @@ class SheetQueue : public QObject {
     explicit SheetQueue(QWidget& mainWindow);
     ~SheetQueue() override;
 
-    /// Shows the dialog with open(), now or after those before it. The dialog is not owned: it is
-    /// the main window's child or deletes itself on close. Asking twice shows it once.
+    /// Shows the dialog with open(), now or after those queued before it. The dialog is not owned:
+    /// it is the main window's child or deletes itself on close. A dialog that is shown or queued
+    /// already is not queued again.
     void present(QDialog* sheet);
-    /// Takes a sheet off the screen or out of the queue; harmless for any other.
+    /// Hides the sheet or removes it from the queue; no effect for any other dialog.
     void dismiss(QDialog* sheet);
-    /// The sheet on the screen, or null.
+    /// The visible sheet, or null.
     QDialog* current() const { return current_; }
 
-    /// Runs after each completion.
+    /// Sets what runs after each completion. Its captures must outlive the queue.
     void setAfterCompletion(std::function<void()> afterCompletion);
     /// Runs the completion once, from the event loop.
     void complete(std::function<void()> completion);
@@ -57,8 +58,8 @@ class SheetQueue : public QObject {
     QList<QPointer<QDialog>> waiting_;
     std::deque<std::function<void()>> completions_;
     std::function<void()> afterCompletion_;
-    bool isOnScreen_;             ///< the main window has reached the screen since it was shown
-    bool drainScheduled_ = false; ///< drain() is on its way through the event loop
+    bool isOnScreen_;             ///< the main window was exposed since it was shown
+    bool drainScheduled_ = false; ///< drain() is queued in the event loop
     bool draining_ = false;       ///< completions are running
 };
 

@@ -19,7 +19,7 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int panelWidth = 520, iconSide = 72, badgeSide = 24;
 
-/// The number of a step on a soft round plate.
+/// The number of a step in a filled circle.
 class Badge : public QWidget {
   public:
     Badge(int number, QWidget* parent) : QWidget(parent), number_(number) {

@@ -1,4 +1,4 @@
-// The sheet that greets at start: what the program does, in three steps.
+// The welcome sheet at start: what the program does, in three steps.
 #pragma once
 
 #include "widgets/sheets/app_sheet.h"

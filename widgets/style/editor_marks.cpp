@@ -14,7 +14,7 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr double hookWidth = 4.5, hookHeight = 4, hookTip = 2;
-constexpr int platePadding = 5, plateGap = 3;
+constexpr int boxPadding = 5, boxGap = 3;
 
 } // namespace
 
@@ -42,7 +42,7 @@ void paintWrapMarks(QWidget& viewport, const QList<QRectF>& lines, double margin
 
 QSizeF foldedTextSize(const QWidget& editor, const QString& words) {
     const QFontMetricsF metrics(editor.font());
-    return {metrics.horizontalAdvance(words) + 2 * scaled(platePadding) + 2 * scaled(plateGap),
+    return {metrics.horizontalAdvance(words) + 2 * scaled(boxPadding) + 2 * scaled(boxGap),
             metrics.ascent()};
 }
 
@@ -50,7 +50,7 @@ void paintFoldedText(QPainter& painter, const QRectF& rect, const QWidget& edito
                      const QString& words) {
     const Tokens& t = tokens(editor.palette());
     const double descent = QFontMetricsF(editor.font()).descent();
-    const QRectF whole = rect.adjusted(scaled(plateGap), 0, -scaled(plateGap), descent);
+    const QRectF whole = rect.adjusted(scaled(boxGap), 0, -scaled(boxGap), descent);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     drawRoundedBox(painter, whole, checkRadius, t.hover, t.hairline);

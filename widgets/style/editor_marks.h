@@ -1,4 +1,4 @@
-// What stands in a script beside its own characters.
+// Marks that the script editor paints beside the script's own characters.
 #pragma once
 
 #include <QList>
@@ -10,12 +10,12 @@ class QWidget;
 
 namespace frimbolate::style {
 
-/// A hook in the margin behind each line that goes on below.
-/// \param lines where the lines stand in the viewport
-/// \param margin how wide the viewport's margin is, in pixels
+/// Paints a hook in the right margin of each line that wraps.
+/// \param lines the rectangles of the lines, in viewport coordinates
+/// \param margin the width of the viewport's margin, in pixels
 void paintWrapMarks(QWidget& viewport, const QList<QRectF>& lines, double margin);
 
-/// A plate in a line, in the font of the editor, that stands for a part of the text.
+/// The box that represents a folded part of the text, in the font of the editor; pixels.
 QSizeF foldedTextSize(const QWidget& editor, const QString& words);
 void paintFoldedText(QPainter& painter, const QRectF& rect, const QWidget& editor,
                      const QString& words);

@@ -29,7 +29,7 @@ constexpr Row rows[] = {
     {FontRole::mono, 12, QFont::Normal},
 };
 
-/// The font size, in points, that a desktop comes with. Larger than that is the person's choice.
+/// The default font size of a desktop, in points. A larger size is the user's choice.
 struct DesktopDefault {
     const char* desktop;
     double points;
@@ -73,7 +73,7 @@ void setDesktopFont(const QFont& font) { desktopFont = font; }
 double fontScale() {
     if (!desktopFont)
         return 1;
-    // 96 pixels are an inch at 1x; a larger resolution of the desktop enlarges the texts too.
+    // 96 pixels per inch at 1x. A higher resolution setting enlarges the texts too.
     const double usual = defaultPoints() * 96 / 72;
     return std::clamp(QFontInfo(*desktopFont).pixelSize() / usual, 1.0, 2.0);
 }
@@ -85,7 +85,7 @@ QFont font(FontRole role) {
     QFont result(familyFor(role));
     result.setPixelSize(scaled(row.pixels));
     result.setWeight(row.weight);
-    // Outlines as they are: the same text has the same width at every scale.
+    // Unhinted outlines keep the width of a text proportional at every scale.
     result.setHintingPreference(QFont::PreferNoHinting);
     return result;
 }

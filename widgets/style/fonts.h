@@ -1,7 +1,7 @@
-// The type of the program: a handful of roles, each a size and a weight.
+// The fonts of the program: a few roles, each a size and a weight.
 //
-// Sizes are pixels at 1x for the font size that a desktop comes with. Whoever reads with a larger
-// font gets every size, and every length passed through scaled(), larger by the same factor.
+// Sizes are pixels at 1x for the desktop's default font size. A larger desktop font enlarges every
+// size, and every length passed through scaled(), by the same factor.
 #pragma once
 
 #include <QFont>
@@ -18,18 +18,19 @@ enum class FontRole {
     sheetTitle,    ///< 15, semi-bold
     welcomeTitle,  ///< 22, semi-bold
     defaultButton, ///< 13, semi-bold
-    mono,          ///< 12, a face without code ligatures, so that "--" stays two characters
+    mono,          ///< 12, a family without code ligatures, so that "--" stays two characters
 };
 
 QFont font(FontRole role);
 void setFont(QWidget* widget, FontRole role);
 
-/// How much larger than the desktop's own default the person reads; 1 to 2.
+/// The ratio of the user's font size to the desktop's default; 1 to 2.
 double fontScale();
-/// A length of the 1x layout, in pixels for this person's font.
+/// Converts a length of the 1x layout to pixels for the user's font size.
 int scaled(int pixels);
 
-/// Remembers the desktop's font; the application's font is ours from then on.
+/// Stores the desktop's font, from which fontScale() follows. Call it before the application's font
+/// is changed.
 void setDesktopFont(const QFont& desktopFont);
 
 } // namespace frimbolate::style

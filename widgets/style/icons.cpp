@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <iterator>
 
-/// Resources of a static library are not there until someone asks for them by name.
+/// Resources of a static library must be registered explicitly.
 static void loadResources() { Q_INIT_RESOURCE(resources); }
 
 namespace frimbolate::style {
@@ -32,7 +32,7 @@ struct Colours {
 
 class SvgIconEngine : public QIconEngine {
   public:
-    /// \param name tells this source from every other
+    /// \param name identifies the source in the pixmap cache; unique
     SvgIconEngine(QString name, QByteArray source, Surface surface)
         : name_(std::move(name)), source_(std::move(source)), surface_(surface) {}
 
@@ -44,7 +44,7 @@ class SvgIconEngine : public QIconEngine {
                QIcon::State state) override {
         QSvgRenderer renderer(recoloured(colours(mode, state)));
         if (name_.endsWith("/app.svg"))
-            renderer.setViewBox(QRect(8, 8, 112, 112)); // the margin is for desktops, not for us
+            renderer.setViewBox(QRect(8, 8, 112, 112)); // without the margin for desktops
         QRectF square(0, 0, qMin(rect.width(), rect.height()), qMin(rect.width(), rect.height()));
         square.moveCenter(QRectF(rect).center());
         painter->save();
@@ -112,7 +112,7 @@ QIcon svgIcon(const QString& fileName, Surface surface) {
         fileName, file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(), surface));
 }
 
-/// What file panels show, in the strokes of the tool icons: 20 x 20, 1.5 wide.
+/// An icon of the file panels, in the strokes of the tool icons: 20 x 20 units, 1.5 wide.
 struct Glyph {
     QStyle::StandardPixmap pixmap;
     const char* path;
@@ -151,7 +151,7 @@ constexpr bool desktopKnowsBundles = true;
 constexpr bool desktopKnowsBundles = false;
 #endif
 
-/// Empty where the desktop's own icon says more.
+/// The resource of the program's tile for a file; empty where the desktop's icon is preferred.
 QString tileFor(const QFileInfo& file) {
     if (const auto* type = scriptTypeWithExtension(file.suffix().toStdString()))
         return ":/images/" + QString::fromUtf8(type->image.data(), std::ssize(type->image));

@@ -1,7 +1,7 @@
-// Icons of the program and of files, drawn from SVG at the very pixel size asked for.
+// Icons of the program and of files, rendered from SVG at the exact pixel size requested.
 //
-// The sources use three literal colours: ink, accent and tile. They are exchanged at painting time
-// by palette, mode and state, so one file serves light and dark, disabled, toggled and selected.
+// The sources use three literal colours: foreground, accent and tile. Painting replaces them by
+// palette, mode and state, so one file serves light and dark, disabled, toggled and selected.
 #pragma once
 
 #include "core/form_model.h"
@@ -13,21 +13,21 @@
 
 namespace frimbolate::style {
 
-/// What lies behind a tile: the drawer's own colour would swallow the ordinary tile.
+/// The background of a tile. On the drawer's colour the default tile colour would be invisible.
 enum class Surface { card, drawer };
 
-/// An icon from resources/icons, such as "save", "warning" or "app". Checked (QIcon::On) means the
-/// accent, Disabled the colour of disabled text, Selected the colour of text on the accent. "app"
-/// is drawn without the margin that desktops want around it.
+/// An icon from resources/icons, such as "save", "warning" or "app". QIcon::On is drawn in the
+/// accent, Disabled in the colour of disabled text, Selected in that of text on the accent. "app"
+/// is drawn without the margin that desktops expect around it.
 QIcon toolIcon(std::string_view name);
 
-/// What the toolkit's file dialog shows, in the same strokes; null for all else.
+/// The icons of the toolkit's file dialog, drawn in the same strokes; null for any other pixmap.
 QIcon standardIcon(QStyle::StandardPixmap pixmap);
 
-/// The picture of an image well. A resource is one of the program's own tiles; a file's icon is
-/// our tile for folders, for scripts that are recognised by their extension and for applications
-/// (macOS shows their own icons), the desktop's icon for all else, and a tile of a plain file where
-/// the desktop has none. It is never the program's own icon. None gives a null icon.
+/// The icon of an image well. A resource is one of the program's own tiles. A file gets the
+/// program's tile for folders, for scripts recognised by their extension and for applications
+/// (macOS: their own icons), else the desktop's icon, else the tile of a plain file. It is never
+/// the program's own icon. Image::Kind::None gives a null icon.
 QIcon imageIcon(const Image& image, Surface surface = Surface::card);
 
 } // namespace frimbolate::style

@@ -13,8 +13,8 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int rowHeight = 28, rowMargin = 4, textMargin = 8, iconSide = 16, iconGap = 8;
 
-/// The plate of the row that an item belongs to: an item of a list is a row of its own.
-QRect plateOf(const QStyleOptionViewItem& option) {
+/// The box of the row that an item belongs to. In a list every item is a row of its own.
+QRect rowRect(const QStyleOptionViewItem& option) {
     const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
     QRect row = option.rect;
     if (view && !qobject_cast<const QListView*>(view)) {
@@ -30,7 +30,8 @@ bool hasKeyboard(const QStyleOptionViewItem& option, const QModelIndex& index) {
            view->currentIndex().siblingAtColumn(0) == index.siblingAtColumn(0);
 }
 
-void paintPlate(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+void paintRowBackground(QPainter& painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) {
     const Tokens& t = tokens(option.palette);
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isHovered = option.state.testFlag(QStyle::State_MouseOver);
@@ -38,7 +39,7 @@ void paintPlate(QPainter& painter, const QStyleOptionViewItem& option, const QMo
     const QColor border = hasKeyboard(option, index) ? t.accent : QColor(Qt::transparent);
     painter.save();
     painter.setClipRect(option.rect, Qt::IntersectClip);
-    drawRoundedBox(painter, plateOf(option), controlRadius, fill, border, 2);
+    drawRoundedBox(painter, rowRect(option), controlRadius, fill, border, 2);
     painter.restore();
 }
 
@@ -48,7 +49,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
                         const QModelIndex& index) const {
     QStyleOptionViewItem option = given;
     initStyleOption(&option, index);
-    paintPlate(*painter, option, index);
+    paintRowBackground(*painter, option, index);
     const Tokens& t = tokens(option.palette);
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
     const bool isFirst = index.column() == 0;

@@ -1,5 +1,5 @@
-// Rows of a list or table: a plate behind the whole row tells what is selected and where the
-// keyboard is; texts keep their colours on it.
+// Rows of a list or table: a rounded box behind the whole row shows selection and focus; texts keep
+// their colours on it.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -8,8 +8,8 @@ class QStyleOptionHeader;
 
 namespace frimbolate::style {
 
-/// Paints an item's icon and its text in one line: the first column in the colour of text, the
-/// others in that of hints. A name that is too long is elided in its middle.
+/// Paints an item's icon and text in one line: the first column in the text colour, the others in
+/// the hint colour. A name that is too long is elided in the middle.
 class RowDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -19,9 +19,9 @@ class RowDelegate : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 };
 
-/// The ground of a column's title, over a hairline.
+/// The background of a column's title, above a hairline.
 void paintHeaderSection(QPainter& painter, const QStyleOption& option);
-/// Which way a column is sorted.
+/// The sort indicator of a column.
 void paintHeaderArrow(QPainter& painter, const QStyleOptionHeader& option);
 
 } // namespace frimbolate::style

@@ -95,7 +95,7 @@ void paintPushButton(QPainter& painter, const QStyleOptionButton& option, const 
     }
     const QColor fill = isPressed || isHovered ? t.accentHover : t.accent;
     drawRoundedBox(painter, option.rect, controlRadius, fill);
-    // The border of the focus would vanish on the accent: a line in the text's colour sets it off.
+    // The focus border is invisible on the accent; an inner line in the text colour sets it off.
     if (has(option, QStyle::State_HasFocus))
         drawRoundedBox(painter, QRectF(option.rect).adjusted(2, 2, -2, -2), controlRadius - 2, fill,
                        t.onAccent);

@@ -1,4 +1,4 @@
-// The strokes that controls are made of, and the painting of each control; Style hands on to these.
+// The shapes that controls consist of, and the painting of each control; called by Style.
 #pragma once
 
 #include "widgets/style/tokens.h"
@@ -15,30 +15,30 @@ namespace frimbolate::style {
 constexpr double controlRadius = 6;
 constexpr double itemRadius = 8;
 constexpr double checkRadius = 4;
-/// From this height on (pixels) a field is one of the form, with the wider text inset.
+/// A field of at least this height (pixels) has the form's wider text inset.
 constexpr int formControlHeight = 28;
-/// Below this width (pixels) a field needs its room for a few digits more than for the inset.
+/// A field narrower than this (pixels) gets a smaller inset to leave space for its digits.
 constexpr int narrowFieldWidth = 60;
 /// Width, in pixels, of the part of a field that holds its steppers.
 constexpr int stepperWidth = 25;
 
-/// A rounded rectangle; the border lies wholly inside it, so nothing moves when it grows.
+/// A rounded rectangle. The border lies inside it, so a wider border does not move the content.
 void drawRoundedBox(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
                     const QColor& border = Qt::transparent, double borderWidth = 1);
 /// An open angle of 8 × 4 pixels that points up or down, centred.
 void chevron(QPainter& painter, const QPointF& centre, bool up, const QColor& colour);
-/// The pair that stands for "one of several": up above down.
+/// The pair of chevrons of a pop-up: up above down.
 void chevrons(QPainter& painter, const QPointF& centre, const QColor& up, const QColor& down);
-/// A shadow that fades out over `reach` pixels: faint layers on top of each other look like a
-/// blurred one. drawLayer(step) draws one that reaches out `step` pixels.
+/// A shadow that fades out over `reach` pixels, composed of faint layers that overlap.
+/// drawLayer(step) draws the layer that extends `step` pixels.
 void softShadow(QPainter& painter, int reach, float strength,
                 const std::function<void(int step)>& drawLayer);
 void checkMark(QPainter& painter, const QRectF& box, const QColor& colour);
 
-/// Plate of a field or pop-up by its state: plain, focused, faulty or disabled.
+/// The box of a field or pop-up by its state: plain, focused, faulty or disabled.
 void drawControlBox(QPainter& painter, const QStyleOption& option, const QWidget* widget,
                     const QColor& fill);
-/// Where the text of a field begins, from its left edge; pixels.
+/// The distance of a field's text from its left edge; pixels.
 int textInset(const QRect& control);
 
 void paintPushButton(QPainter& painter, const QStyleOptionButton& option, const QWidget* widget);

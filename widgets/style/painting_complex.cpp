@@ -19,7 +19,7 @@ QIcon::State iconState(const QStyleOption& option) {
     return has(option, QStyle::State_On) ? QIcon::On : QIcon::Off;
 }
 
-/// From the right edge of a field to the middle of its chevrons.
+/// The distance from the right edge of a field to the centre of its chevrons; pixels.
 double chevronDistance(const QRect& control) {
     return control.height() < formControlHeight ? 12 : 13.5;
 }
@@ -113,7 +113,7 @@ void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option,
     }
     const bool isEnabled = has(option, QStyle::State_Enabled);
     painter.save();
-    // Of the option, for an item that stands for nothing chosen is quieter.
+    // From the option's palette: an item that means "nothing chosen" has the placeholder colour.
     painter.setPen(isEnabled ? option.palette.color(QPalette::ButtonText) : t.disabledText);
     const QString shown =
         painter.fontMetrics().elidedText(option.currentText, Qt::ElideRight, text.width());
@@ -148,7 +148,7 @@ void paintSlider(QPainter& painter, const QStyleOptionSlider& option, const QRec
     const double reach = handle.width() / 2.0;
     const double start = option.rect.left() + reach;
     const double span = option.rect.width() - 2 * reach;
-    // The value where the fill begins; a scale through zero has it marked.
+    // The fill begins at zero, or at the nearest end; a scale through zero marks it.
     const int zero = std::clamp(0, option.minimum, option.maximum);
     const double origin = start + QStyle::sliderPositionFromValue(option.minimum, option.maximum,
                                                                   zero, static_cast<int>(span));

@@ -11,16 +11,16 @@ namespace {
 
 constexpr int itemHeight = 26;
 constexpr int separatorHeight = 9;
-/// From an item's left edge to its text; the check mark stands before it.
+/// From an item's left edge to its text; includes the check mark.
 constexpr int textLeft = 25;
-/// Behind the text, where an arrow or a shortcut ends. More would clip a pop-up of 160 pixels.
+/// The margin right of the text, arrow or shortcut. A larger one clips a pop-up of 160 pixels.
 constexpr int textRight = 10;
 constexpr int iconGap = 8;
 constexpr int shortcutGap = 32;
 
 bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
 
-/// The menu that bears the program's name stands out.
+/// The menu with the program's name is drawn in a heavier weight.
 bool isApplicationMenu(const QStyleOptionMenuItem& option) {
     QString title = option.text;
     return title.remove('&') == QGuiApplication::applicationDisplayName();
@@ -60,7 +60,7 @@ void paintTexts(QPainter& painter, const QStyleOptionMenuItem& option, const QRe
 
 void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const QStyle& style) {
     const Tokens& t = tokens(option.palette);
-    // A pop-up's list would show the window's colour behind its items.
+    // Without it a pop-up's list shows the window's colour behind its items.
     painter.fillRect(option.rect, t.surface);
     const QRect rect = option.rect.adjusted(5, 0, -5, 0);
     if (option.menuItemType == QStyleOptionMenuItem::Separator) {

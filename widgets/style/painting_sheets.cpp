@@ -44,7 +44,7 @@ void paintFrame(QPainter& painter, const QWidget& sheet, const QPixmap& backdrop
     paintShadow(painter, panel, &t == &tokens(true));
     painter.setPen(t.hairline);
     painter.setBrush(t.surface);
-    // The upper line lies under the toolbar's own.
+    // The upper line coincides with the toolbar's own.
     painter.drawPath(panelPath(panel.adjusted(.5, -.5, -.5, -.5), cornerRadius - .5));
 }
 

@@ -19,13 +19,13 @@ namespace {
 constexpr int shadowReach = 18, shadowDrop = 4;
 constexpr int blendedRadius = 10, cutOutRadius = 6;
 
-/// What is left of a shape without its outermost pixels.
+/// The shape without its outermost pixels.
 QRegion withoutBorder(const QRegion& shape) {
     return shape & shape.translated(1, 0) & shape.translated(-1, 0) & shape.translated(0, 1) &
            shape.translated(0, -1);
 }
 
-/// The arrow at an edge of the panel, into which it reaches by a pixel.
+/// The arrow at an edge of the panel; overlaps the panel by one pixel.
 QPolygonF arrowPolygon(const QRectF& panel, Qt::Edge edge, double tip) {
     const double reach = scaled(PopOverFrame::arrow);
     const auto corners = [&](double border, double outwards) {
@@ -70,7 +70,7 @@ QRect PopOverFrame::panelRect(const QSize& window, Qt::Edge arrowEdge) const {
 }
 
 QRegion PopOverFrame::shape(const QSize& window, const PopOverArrow& at) const {
-    // Drawn without antialiasing, so that the window's shape and its border follow the same pixels.
+    // Drawn without antialiasing, so that the window's shape and its border cover the same pixels.
     const QRect panel = panelRect(window, at.edge);
     const int radius = scaled(translucent_ ? blendedRadius : cutOutRadius);
     QBitmap pixels(window);

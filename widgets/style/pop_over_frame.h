@@ -1,6 +1,5 @@
-// What a pop-over is drawn on: a panel with round corners and an arrow at one of its edges that
-// points at something, with a soft shadow where the desktop blends windows, and in a cut-out shape
-// where not.
+// The frame of a pop-over: a panel with round corners and an arrow at one edge. It has a soft
+// shadow where the desktop blends translucent windows, and a cut-out window shape elsewhere.
 #pragma once
 
 #include <QMargins>
@@ -13,7 +12,7 @@ class QWidget;
 
 namespace frimbolate::style {
 
-/// Where the arrow stands.
+/// The position of the arrow.
 struct PopOverArrow {
     Qt::Edge edge; ///< of the panel
     int tip;       ///< its y at the left or right edge, its x otherwise; pixels of the window
@@ -21,20 +20,20 @@ struct PopOverArrow {
 
 class PopOverFrame {
   public:
-    /// How far the arrow sticks out of the panel, in pixels of the 1x layout.
+    /// The length of the arrow outside the panel, in pixels of the 1x layout.
     static constexpr int arrow = 9;
 
     /// \param translucent whether the desktop blends windows
     explicit PopOverFrame(bool translucent) : translucent_(translucent) {}
 
-    /// Where the window may be seen through and throws a shadow of its own.
+    /// Whether the window is translucent and paints its own shadow.
     bool isTranslucent() const { return translucent_; }
-    /// Room around panel and arrow, in pixels; the shadow lies in it.
+    /// The space for the shadow around panel and arrow, in pixels.
     int margin() const;
-    /// What the window has around the panel, in pixels.
+    /// The window's margins around the panel, in pixels.
     QMargins around(Qt::Edge arrowEdge) const;
 
-    /// The pixels of panel and arrow in a window of that size.
+    /// The region of panel and arrow in a window of that size.
     QRegion shape(const QSize& window, const PopOverArrow& arrow) const;
     void paint(QWidget& window, const PopOverArrow& arrow) const;
 

@@ -24,7 +24,7 @@ constexpr int scrollBarWidth = 10;
 constexpr int sliderHandle = 16;
 constexpr int toolbarSeparatorHeight = 44;
 
-/// A line edit without a frame of its own is part of a spin box, which paints the plate.
+/// A line edit without a frame of its own is part of a spin box, which paints the box.
 bool hasFrame(const QStyleOption& option) {
     const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&option);
     return !frame || frame->lineWidth > 0;
@@ -41,7 +41,7 @@ QRect spinBoxRect(const QStyleOptionSpinBox& option, QStyle::SubControl part) {
     case QStyle::SC_SpinBoxDown:
         return column.adjusted(0, column.height() / 2, 0, 0);
     case QStyle::SC_SpinBoxEditField: {
-        // The line edit inside keeps two pixels clear of its own edges.
+        // The line edit inside has a margin of two pixels.
         const int inset = textInset(all) - 2;
         return all.adjusted(inset, 2, hasSteppers ? -steppers - 2 : -inset, -2);
     }
@@ -77,7 +77,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
             drawControlBox(*painter, *option, widget, t.field);
         return;
     case PE_Frame:
-        // A pop-up has the corners of its window; without a compositor these are square.
+        // A pop-up's corners are those of its window; square without a compositor.
         if (widget && widget->windowType() == Qt::Popup)
             return drawRoundedBox(*painter, option->rect, 0, t.surface, t.controlBorder);
         return drawControlBox(*painter, *option, widget, t.field);
@@ -95,7 +95,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
         return painter->fillRect(option->rect, t.raised);
     case PE_PanelTipLabel:
         return drawRoundedBox(*painter, option->rect, 0, t.surface, t.controlBorder);
-    case PE_PanelItemViewRow: // the delegate paints the plate of the whole row
+    case PE_PanelItemViewRow: // RowDelegate paints the background of the whole row
         return;
     case PE_IndicatorHeaderArrow:
         return paintHeaderArrow(*painter, *qstyleoption_cast<const QStyleOptionHeader*>(option));
@@ -118,7 +118,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     case CE_PushButtonLabel:
         return paintPushButtonLabel(*painter, *button, *this);
     case CE_CheckBox: {
-        // Without the dotted frame around the label: the box itself shows the focus.
+        // No dotted frame around the label: the box itself shows the focus.
         QStyleOptionButton part = *button;
         part.rect = subElementRect(SE_CheckBoxIndicator, button, widget);
         drawPrimitive(PE_IndicatorCheckBox, &part, painter, widget);
@@ -135,7 +135,7 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         label.palette.setColor(QPalette::ButtonText, t.secondaryText);
         return QProxyStyle::drawControl(element, &label, painter, widget);
     }
-    case CE_Splitter: // the frames of what it parts are enough to see
+    case CE_Splitter: // invisible: the views beside it have frames
         return;
     case CE_MenuItem:
         return paintMenuItem(*painter, *menuItem, *this);
@@ -237,7 +237,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
                        const QWidget* widget) const {
     switch (metric) {
     case PM_DefaultFrameWidth:
-        // At least three pixels, or the viewport squares the round corners of the frame.
+        // With less than three pixels the viewport covers the round corners of the frame.
         return qobject_cast<const QAbstractScrollArea*>(widget) ? 3 : 1;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
@@ -282,18 +282,18 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
                      QStyleHintReturn* result) const {
     switch (hint) {
     case SH_ComboBox_Popup:
-        return 1; // the list opens over the current item, as a pop-up button's does
+        return 1; // the list opens over the current item, as on a pop-up button
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
         return 0;
     case SH_DialogButtonLayout:
-        return QDialogButtonBox::GnomeLayout; // what accepts stands in the corner
+        return QDialogButtonBox::GnomeLayout; // the accepting button lies in the corner
     case SH_UnderlineShortcut:
         return underlinesMnemonics_ ? 1 : 0;
     case SH_Widget_Animate:
         return animationsEnabled_ && QProxyStyle::styleHint(hint, option, widget, result) ? 1 : 0;
     case SH_ScrollBar_ContextMenu:
-        return 0; // its menu would run a nested event loop
+        return 0; // the menu runs a nested event loop
     default:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
@@ -326,7 +326,7 @@ bool Style::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn:
     case QEvent::FocusOut:
-        // Some scroll areas repaint only their viewport when the focus comes or goes.
+        // Some scroll areas repaint only their viewport on a focus change.
         if (auto* area = qobject_cast<QAbstractScrollArea*>(watched))
             area->update();
         break;
@@ -335,7 +335,7 @@ bool Style::eventFilter(QObject* watched, QEvent* event) {
         if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt)
             setUnderlinesMnemonics(event->type() == QEvent::KeyPress);
         break;
-    case QEvent::ApplicationStateChange: // Alt may be let go of in another program
+    case QEvent::ApplicationStateChange: // Alt may be released in another program
         setUnderlinesMnemonics(false);
         break;
     default:

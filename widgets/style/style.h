@@ -1,11 +1,12 @@
-// Paints the controls. A proxy over Fusion rather than a stylesheet: one place of pure painting
-// that keeps the palette, the sub-control geometry and every platform hint of the base style.
+// Paints the controls. A proxy over Fusion, not a stylesheet: it keeps the palette, the sub-control
+// geometry and the platform hints of the base style.
 //
-// What a widget can ask for:
+// What a widget can request:
 //   - bool property "faulty" on a field or pop-up: drawn with the border of a fault. The widget
 //     needs update() when the property changes; setFaulty() does both.
-//   - bool property "round" on a tool button: a disc with a border, as the tips are. Every other
-//     tool button has no plate at rest; with its text under the icon it is an item of the toolbar.
+//   - bool property "round" on a tool button: a disc with a border, used by the tips. Every other
+//     tool button has no background at rest; with its text under the icon it is drawn as an item of
+//     the toolbar.
 //   - QPushButton::setDefault(): the accent button.
 #pragma once
 
@@ -21,7 +22,7 @@ class Style : public QProxyStyle {
   public:
     Style();
 
-    /// Whether things slide and fade; they do at first.
+    /// Whether drawer and sheets are animated; true at first.
     void setAnimationsEnabled(bool enabled) { animationsEnabled_ = enabled; }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -55,13 +56,13 @@ class Style : public QProxyStyle {
     void setUnderlinesMnemonics(bool underlines);
 
     bool animationsEnabled_ = true;
-    bool underlinesMnemonics_ = false; ///< only while Alt is held, as long as they are of use
+    bool underlinesMnemonics_ = false; ///< true while Alt is held
 };
 
 void setFaulty(QWidget* widget, bool faulty);
 bool isFaulty(const QWidget& widget);
 
-/// Whether a drawer or sheet may slide: not where the desktop asks for less motion, nor where
+/// Whether a drawer or sheet may slide: false if the desktop requests reduced motion or
 /// FRIMBOLATE_REDUCED_MOTION is set.
 bool animationsEnabled(const QWidget& widget);
 

@@ -126,7 +126,7 @@ void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {
     const Tokens& t = tokens(hint.palette());
     QPainter painter(&hint);
     painter.setPen(warning ? t.warnText : t.secondaryText);
-    // A typed script may hold line breaks; a hint is one line.
+    // A typed script may contain line breaks; a hint has one line.
     const QString shown =
         hint.fontMetrics().elidedText(hint.text().simplified(), mode, hint.width());
     painter.drawText(hint.rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), shown);

@@ -15,7 +15,7 @@ namespace {
 constexpr char service[] = "org.freedesktop.portal.Desktop";
 constexpr char path[] = "/org/freedesktop/portal/desktop";
 constexpr char interface[] = "org.freedesktop.portal.Settings";
-/// A portal that does not answer must not hold up the start for long.
+/// Limits the delay of the start by a portal that does not answer.
 constexpr int portalTimeoutMilliseconds = 250;
 
 struct Setting {
@@ -24,7 +24,7 @@ struct Setting {
 };
 constexpr Setting colourScheme{"org.freedesktop.appearance", "color-scheme"};
 constexpr Setting reducedMotion{"org.freedesktop.appearance", "reduced-motion"};
-/// How GNOME says it, also where its portal does not know the setting above.
+/// GNOME's own setting, for portals that do not know the one above.
 constexpr Setting animations{"org.gnome.desktop.interface", "enable-animations"};
 
 std::optional<bool> chosenByEnvironment() {
@@ -45,7 +45,7 @@ QVariant unwrapped(QVariant value) {
     return value;
 }
 
-/// The value of a setting, invalid where the portal does not know it; nothing where none answers.
+/// The value of a setting; invalid if the portal does not know it, nothing if no portal answers.
 std::optional<QVariant> askPortal(const Setting& setting) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -71,7 +71,7 @@ SystemAppearance::SystemAppearance(QObject* parent)
     for (const Setting& setting : {colourScheme, reducedMotion, animations}) {
         const auto value = askPortal(setting);
         if (!value)
-            break; // the others would wait in vain as well
+            break; // further calls would time out as well
         if (value->isValid())
             take(setting.group, setting.key, *value);
     }
@@ -83,7 +83,7 @@ SystemAppearance::SystemAppearance(QObject* parent)
 void SystemAppearance::portalSettingChanged(const QString& group, const QString& key,
                                             const QDBusVariant& value) {
     const bool wasReduced = isMotionReduced();
-    // A dark desktop that drops its preference is an ordinary, light one.
+    // A desktop that changes from dark to "no preference" counts as light.
     if (group == colourScheme.group && key == colourScheme.key)
         setDark(unwrapped(value.variant()).toUInt() == 1);
     else

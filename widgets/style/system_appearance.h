@@ -1,9 +1,8 @@
-// What the desktop appearance of the look of its programs, and when it changes its mind: dark
-// windows or light ones, and whether things may move.
+// The desktop's appearance settings and their changes: dark or light, and reduced motion.
 //
-// The colours are asked for in this order: FRIMBOLATE_COLOR_SCHEME (light or dark), the desktop's
-// settings portal, the palette of the platform's theme as it is before the program puts on its own.
-// Motion: the portal alone, and wanted where it does not say.
+// The colour scheme is read from the first source that gives it: FRIMBOLATE_COLOR_SCHEME (light or
+// dark), the desktop's settings portal, the palette of the platform's theme. So construct it before
+// the program sets its own palette. Motion is read from the portal only; not reduced by default.
 #pragma once
 
 #include <QObject>
@@ -35,7 +34,7 @@ class SystemAppearance : public QObject {
     void take(const QString& group, const QString& key, const QVariant& value);
     void setDark(bool dark);
 
-    std::optional<bool> chosenDark_; ///< by the environment; the desktop's wish is nothing then
+    std::optional<bool> chosenDark_; ///< by the environment; overrides the desktop
     bool dark_ = false;
     bool reducedMotion_ = false;
     bool stoppedAnimations_ = false;

@@ -1,7 +1,7 @@
 // The colours of the program, one set for a light and one for a dark desktop.
 //
-// Every painted pixel takes its colour from here, so that contrast is a matter of this one table
-// (a test computes it). Widgets ask with their own palette and so follow a scheme change at once.
+// Every painted colour is one of these, so a test can check the contrast on this table. Widgets
+// pass their own palette and so follow a change of the colour scheme at once.
 #pragma once
 
 #include <QColor>
@@ -10,13 +10,13 @@
 namespace frimbolate::style {
 
 struct Tokens {
-    // Planes, from the ground up
+    // Surfaces
     QColor window;  ///< behind the card
     QColor surface; ///< card and sheet
     QColor raised;  ///< menu bar, menus, toolbar
     QColor sunken;  ///< drawer
     // Controls
-    QColor field;  ///< where a person types
+    QColor field;  ///< text fields
     QColor button; ///< push buttons and pop-ups
     QColor hover;
     QColor pressed;
@@ -41,7 +41,7 @@ struct Tokens {
 };
 
 const Tokens& tokens(bool dark);
-/// The set that goes with a palette, told by how light its window colour is.
+/// The set that matches a palette, chosen by the lightness of its window colour.
 const Tokens& tokens(const QPalette& palette);
 
 QPalette palette(bool dark);
