@@ -1,4 +1,4 @@
-"""Writes what programs on the bus announce to assistive tools: a line for each event.
+"""Writes the accessibility events of all programs on the bus, one line for each event.
 
     a11y_events.py <file>
 """
@@ -20,7 +20,7 @@ def record(event):
     try:
         words = (event.type, event.source.getRoleName(), event.source.name,
                  event.source.description, event.detail1)
-    except Exception:  # its source is gone; the binding raises whatever the bus answered
+    except Exception:  # the source no longer exists; the binding raises the bus's own errors
         return
     write(" | ".join(str(word).replace("\n", " ") for word in words))
 

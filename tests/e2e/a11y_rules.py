@@ -5,20 +5,20 @@ A tree is plain data here, independent of the bus, so that the rules themselves 
 
 from dataclasses import dataclass, field
 
-# Roles of controls that a user works with, which need a name.
+# Roles of interactive controls; these need a name.
 INTERACTIVE = {
     "push button", "toggle button", "check box", "radio button", "combo box", "text", "entry",
     "password text", "spin button", "slider", "menu item", "check menu item", "radio menu item",
     "menu", "list item", "tree item", "table column header", "page tab", "link",
 }
-# Of these, the ones that need an action, so that they work without the keyboard.
+# Interactive controls that need an action, so that they work without the keyboard.
 PRESSED = {"push button", "toggle button", "check box", "radio button", "combo box", "menu item",
            "check menu item", "list item"}
 WINDOWS = {"frame", "window", "dialog", "alert", "file chooser"}
-# What may have the focus without being a control: a label's text can be selected.
+# Roles that may have the focus without being interactive: a label's text can be selected.
 CONTAINERS = WINDOWS | {"list", "tree", "table", "tree table", "table cell", "menu bar",
                         "popup menu", "panel", "label"}
-# Of these, several may have the same name.
+# Interactive roles of which several may have the same name.
 LISTED = {"list item", "tree item", "table column header"}
 
 
@@ -47,7 +47,7 @@ class Part:
 
 
 def shown(part):
-    """The part and all of its descendants that show."""
+    """The part and all of its descendants that are showing."""
     if part.showing:
         yield part
         for inner in part.parts:
@@ -55,13 +55,13 @@ def shown(part):
 
 
 def faults(tree):
-    """What is wrong with a window, a line for each."""
+    """A line for each violation in a window."""
     found, met = [], set()
     for part in shown(tree):
         # A separator in a list is an item that cannot be chosen.
         if part.role in LISTED and not part.selectable and not part.name:
             continue
-        # A border has the role of a window too; only the root of the tree is one.
+        # A border has the role "frame" too; only the root of the tree is a window.
         if part.role == "frame" and part is not tree:
             continue
         if part.role in INTERACTIVE | WINDOWS and not part.accessible_name().strip():
@@ -78,6 +78,6 @@ def faults(tree):
 
 
 def missing(tree, expected):
-    """Those of the expected parts, written as "role 'name'", that do not show."""
+    """The expected parts, written as "role 'name'", that are not showing."""
     there = {str(part) for part in shown(tree)}
     return [one for one in expected if one not in there]

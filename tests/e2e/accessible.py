@@ -1,6 +1,6 @@
 """The accessible tree of a program: roles, states, parts and labels of its controls.
 
-Import it only on a running Desktop: the binding connects to its bus at once.
+Import it only on a running Desktop: the binding connects to its bus on import.
 """
 
 import pyatspi
@@ -18,12 +18,12 @@ ROLES = {
     "time": (pyatspi.ROLE_SPIN_BUTTON,),
     "window": (pyatspi.ROLE_FRAME, pyatspi.ROLE_WINDOW),
 }
-# A search does not descend into these: they hold many parts, and most do not show.
+# A search does not descend into these: they have many parts, most of which are hidden.
 CLOSED = (pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_LIST, pyatspi.ROLE_MENU_BAR, pyatspi.ROLE_TREE)
 
 
 def has(node, state):
-    """Whether a control is in that state; one that has vanished is in none."""
+    """Whether a control is in that state; False if it no longer exists."""
     wanted = getattr(pyatspi, f"STATE_{state}")
     try:
         return node.getState().contains(wanted)
@@ -32,11 +32,11 @@ def has(node, state):
 
 
 def children(node):
-    """The parts of a control; none when it has vanished."""
+    """The parts of a control; none if it no longer exists."""
     try:
         return [child for child in (node.getChildAtIndex(i) for i in range(node.childCount))
                 if child is not None]
-    except Exception:  # vanished meanwhile
+    except Exception:  # no longer exists
         return []
 
 
@@ -46,7 +46,7 @@ def descendants(node, closed=CLOSED, depth=0):
     try:
         if node.getRole() in closed:
             return
-    except Exception:  # vanished meanwhile
+    except Exception:  # no longer exists
         return
     for child in children(node):
         yield from descendants(child, closed, depth + 1)

@@ -7,10 +7,10 @@ ON_SCHEDULE = {"When to launch": "Launch on schedule"}
 KEPT_ALIVE = {"When to launch": "Launch on schedule and keep alive"}
 # A pop-up in which nothing is chosen shows its own name.
 NO_SCHEDULE = {"Schedule": "Schedule"}
-# An interval is read back in the unit of its key.
+# An interval is read back in seconds, the unit of its key.
 SECONDS = {"Unit of the interval": "seconds"}
 FILE, SCRIPT = "Application or script…", "New script…"
-# What the drawer shows when it opens and nothing in it was changed.
+# The drawer's controls with their defaults.
 DRAWER = {
     "Priority": "Normal", "Nice level": "0",
     "Standard input": "", "Standard output": "", "Standard error": "",
@@ -22,12 +22,12 @@ DRAWER = {
 
 class Agent(NamedTuple):
     name: str
-    entered: dict  # control and what is entered there, in this order; {home} is replaced
+    entered: dict  # control and entered value, in this order; {home} is replaced
     arguments: list
-    keys: dict  # what the file holds beside label and arguments
-    plan: str  # the sentence at the foot of the window
-    log: str  # what reading the file logs of its schedule
-    shown: dict = {}  # what is shown when it is read, where that is not what was entered
+    keys: dict  # the keys of the file besides label and arguments
+    plan: str  # the sentence in the status line
+    log: str  # the log line about the schedule when the file is read
+    shown: dict = {}  # values shown after reading that differ from the entered ones
 
 
 def of_file(file, arguments, day, number, log="Agent runs once a week on day : "):
@@ -44,7 +44,7 @@ def of_file(file, arguments, day, number, log="Agent runs once a week on day : "
 
 
 def of_script(name, entered, keys, plan, log, shown=None):
-    """A typed script, launched on whatever is entered."""
+    """A typed script, launched as `entered` says."""
     return Agent(name, {"What to launch": SCRIPT, "Script": f"echo {name}", **entered},
                  ["/bin/sh", "-c", f"echo {name}"], PLAIN | keys, f"Runs a script {plan}.", log,
                  shown or {})
@@ -142,7 +142,7 @@ def content(agent, home):
 
 
 def form(agent):
-    """What the form shows once the agent was read."""
+    """The values that the form shows after the agent was read."""
     not_shown = ("Script", "Target", "Watched path", "Advanced",
                  "Potential conflict identified...")
     entered = {control: text for control, text in agent.entered.items()
@@ -151,5 +151,5 @@ def form(agent):
 
 
 def drawer(agent):
-    """The drawer opens when an agent is read that touched it."""
+    """The drawer's values; it opens only for an agent that was entered with it open."""
     return DRAWER if "Advanced" in agent.entered else {}

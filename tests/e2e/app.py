@@ -1,6 +1,6 @@
 """The program under test: its process, its form, and the steps that scenarios share.
 
-Import it only on a running Desktop: the binding connects to its bus at once.
+Import it only on a running Desktop: the binding connects to its bus on import.
 """
 
 from agent_table import SCRIPT, content, filled, form
@@ -11,9 +11,9 @@ NAME = "Frimbolate"
 CREATED = "Your launch agent was created."
 LOAD = "Load the agent"
 EMPTY_FORM = "Still needs a name, something to launch and a choice of when to launch it."
-# Agents whose form, or pop-over with the script, is kept as a picture.
+# Agents whose form is saved as a picture, and the one whose script pop-over is.
 PICTURED, FIRST_SCRIPT = ("tidy_sh", "advanced"), "daily"
-# Which control of the form is of which kind; the others are fields.
+# The kind of each control of the form; the others are fields.
 KINDS = {
     "What to launch": "pop-up", "When to launch": "pop-up", "Schedule": "pop-up",
     "Unit of the interval": "pop-up", "Priority": "pop-up", "Time of day": "time",
@@ -22,12 +22,12 @@ KINDS = {
     "Allow successful exit": "check box", "Agent loads": "check box",
     "Volume mounts": "check box", "Path changes": "check box",
 }
-# Controls of the open window that are no part of what a form holds.
+# Controls of the window that are not part of the form's content.
 NOT_OF_THE_FORM = ("", "Tips", "Advanced", "Script", "Language", "Larger")
 
 
 class App:
-    """The program in a home; `driver` looks at it, and input methods work it."""
+    """The program in a home. `driver` inspects it; input methods operate it."""
 
     def __init__(self, desktop, home, program, pictures):
         self.desktop, self.home, self.program = desktop, home, program
@@ -47,7 +47,7 @@ class App:
         self.process = self.home.start(self.program, *arguments, FRIMBOLATE_COLOR_SCHEME=scheme)
 
     def start_ready(self, **preferences):
-        """Starts with settings that need no question, and waits for the window."""
+        """Starts with settings that skip welcome and folder panel, and waits for the window."""
         self.home.store_preferences(**preferences)
         self.start()
         self.find_main_window()
@@ -65,13 +65,13 @@ class App:
         assert self.process.returncode == 0, self.process.returncode
 
     def keep_picture(self, name):
-        """Keeps a picture of the screen under that name."""
+        """Saves a screenshot under that name."""
         self.desktop.save_screenshot(self._pictures / f"{name}.png")
 
     # The form
 
     def enter(self, method, control, text):
-        """Enters one thing of an agent, as the table of agents names it."""
+        """Enters one value of an agent; `control` is a key of the agent table's `entered`."""
         kind = KINDS.get(control, "field")
         if control in ("Target", "Watched path"):
             method.answer_panel(text, "Select")
@@ -92,7 +92,7 @@ class App:
             method.write(control, text)
 
     def enter_agent(self, method, agent):
-        """Fills the form in and looks at its summary."""
+        """Fills in the form and checks its summary."""
         method.write("Name", agent.name)
         for control, text in agent.entered.items():
             self.enter(method, control, filled(text, self.home.path))
@@ -103,7 +103,7 @@ class App:
         self.driver.find("label", agent.plan)
 
     def shown(self):
-        """What the form or sheet in front shows, by the names of its controls."""
+        """The values of the active form or sheet, by the names of its controls."""
         result = {}
         for node in self.driver.showing("field", "pop-up", "time", "check box"):
             name = self.driver.name_of(node)
@@ -121,19 +121,19 @@ class App:
     # Agents
 
     def save(self, method):
-        """Saves the form under the name that the program proposes."""
+        """Saves the form under the proposed name."""
         method.command("Save")
         self.driver.wait_until_gone(method.accept_panel("Save"))
 
     def save_over(self, method):
-        """Saves the form over the file that was read."""
+        """Saves the form and replaces the file that was read."""
         method.command("Save")
         panel = method.accept_panel("Save")
         method.press_button("Replace")
         self.driver.wait_until_gone(panel)
 
     def make(self, method, agent):
-        """Enters and saves an agent, and leaves the sheet with the command that loads it."""
+        """Enters and saves an agent; the sheet with the load command is still open afterwards."""
         self.enter_agent(method, agent)
         if agent.name in PICTURED:
             self.keep_picture(f"made-{agent.name}")
@@ -152,7 +152,7 @@ class App:
         method.answer_panel(str(self.home.agent_path(name)), "Select")
 
     def read(self, method, agent):
-        """Opens an agent and compares the whole form with what was entered."""
+        """Opens an agent and compares the whole form with the entered values."""
         self.open_agent(method, agent.name)
         if agent.entered["What to launch"] == SCRIPT:
             method.close_script()  # opened as soon as the agent is read
@@ -166,7 +166,7 @@ class App:
         expect_equal(self.home.read_agent(agent.name), content(agent, self.home.path) | changes)
 
     def expect_command(self, title, verb, path):
-        """Looks at the sheet of that title; returns the command in it."""
+        """Checks the command in the sheet of that title and returns it."""
         self.driver.find_window(title)
         command = self.driver.read("field", "Command")
         assert command == f"launchctl {verb} '{path}'", command

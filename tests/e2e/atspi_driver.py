@@ -1,6 +1,6 @@
-"""Works a program through its accessible interface alone: no key, no click.
+"""Operates a program through its accessible interface only, without keys and clicks.
 
-Import it only on a running Desktop: the binding connects to its bus at once.
+Import it only on a running Desktop: the binding connects to its bus on import.
 """
 
 import sys
@@ -23,7 +23,7 @@ def _actions(node):
 
 
 def part_of(node):
-    """A control and all of its descendants that show, as plain data."""
+    """A control and all of its showing descendants, as plain data."""
     states = node.getState()
     part = Part(node.getRoleName(), node.name, tuple(labels_of(node)),
                 showing=states.contains(pyatspi.STATE_SHOWING),
@@ -36,12 +36,12 @@ def part_of(node):
 
 
 class AtspiDriver(Driver):
-    """Finds controls as a Driver does, and works them through the bus. A key or click raises."""
+    """Finds controls as a Driver does and operates them through the bus. A key or click raises."""
 
     closed = ()
 
     def use(self, kind, name):
-        """Does the first action of a control: presses, toggles, or opens it."""
+        """Performs the first action of a control: presses, toggles or opens it."""
         self._act(self.find(kind, name))
 
     def set_text(self, kind, name, text):
@@ -55,14 +55,14 @@ class AtspiDriver(Driver):
         self.wait_until(lambda: slider.currentValue == value, f"'{name}' to show {value}")
 
     def pick(self, pop_up, item):
-        """Selects an item of a pop-up that need not be open."""
+        """Selects an item of a pop-up, open or not."""
         wanted = [node for node, _ in descendants(self.find("pop-up", pop_up), self.closed)
                   if node.getRole() == pyatspi.ROLE_LIST_ITEM and node.name == item]
         assert len(wanted) == 1, f"{len(wanted)} items '{item}' in '{pop_up}'"
         self._act(wanted[0])
 
     def fill_panel(self, path, prompt):
-        """Answers the file panel with that button."""
+        """Enters a path into the file panel with that button and accepts it."""
         self.find("button", "Cancel")
         self.set_text("field", "Name", path)
         self.use("button", prompt)
@@ -70,10 +70,10 @@ class AtspiDriver(Driver):
                         f"the panel '{prompt}' to close")
 
     def windows(self):
-        """The windows in front, as plain data; none while one of them is going."""
+        """The active windows, as plain data; none if one of them closes during the query."""
         try:
             return [part_of(window) for window in self.front_windows()]
-        except Exception:  # a part has vanished meanwhile
+        except Exception:  # a part no longer exists
             return []
 
     def is_open(self, pop_up):
@@ -89,7 +89,7 @@ class AtspiDriver(Driver):
 
 
 class EventListener:
-    """Records what the program announces; to be made before the program starts."""
+    """Records what the program announces. Create it before the program starts."""
 
     def __init__(self, desktop, file):
         self._file = file
@@ -103,9 +103,9 @@ class EventListener:
         self._process.wait()
 
     def lines(self, since=0):
-        """The lines recorded so far, without the first ones."""
+        """The lines recorded so far, from index `since` on."""
         return self._file.read_text(encoding="utf-8").splitlines()[since:]
 
     def expect(self, start, since=0):
-        """Waits for a line that starts so."""
+        """Waits for a line that starts with `start`."""
         wait_until(lambda: any(line.startswith(start) for line in self.lines(since)), start)

@@ -1,7 +1,7 @@
-"""Fixtures: one virtual desktop for a run, a home and a program of its own for each test.
+"""Fixtures: one virtual desktop for a run; a home and a program for each test.
 
-The modules that use the accessibility binding are imported by the fixtures alone, as the binding
-connects to the bus of the running desktop at once.
+Modules that use the accessibility binding are imported inside fixtures only, because the binding
+connects to the desktop's bus on import.
 """
 
 import re
@@ -30,7 +30,7 @@ def pytest_addoption(parser):
 
 
 def pytest_configure():
-    # A run that is terminated ends its processes and removes its folders, as an interrupted one.
+    # A terminated run ends its processes and removes its folders, as an interrupted one does.
     signal.signal(signal.SIGTERM, signal.default_int_handler)
 
 
@@ -45,7 +45,7 @@ def failure_picture(item):
 
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item):
-    """A failed test leaves a picture of the screen, and the log in the report."""
+    """Adds a screenshot and the program's log to the report of a failed test."""
     outcome = yield
     report = outcome.get_result()
     fixtures = getattr(item, "funcargs", {})
@@ -85,7 +85,7 @@ def pictures(request):
 
 @pytest.fixture
 def home(desktop, pictures):
-    """A fresh home; `pictures` is asked for so that each failure leaves one."""
+    """A fresh home. Depends on `pictures` so that each failure saves a screenshot."""
     folder = Path(tempfile.mkdtemp(prefix="frimbolate-home-"))
     try:
         with Home(folder) as fresh:
@@ -141,7 +141,7 @@ def bus(request, app):
 
 @pytest.fixture
 def listener(desktop, home):
-    """Records what the program announces; to be asked for before the program starts."""
+    """Records what the program announces. Request it before the program starts."""
     from atspi_driver import EventListener
 
     listener = EventListener(desktop, home.folder / "announced.txt")

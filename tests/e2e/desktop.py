@@ -1,4 +1,4 @@
-"""A virtual desktop: X server, session bus and window manager, with a folder of their own.
+"""A virtual desktop: X server, session bus and window manager, with a private folder.
 
 Needs Debian's Xvfb, dbus-daemon, openbox, xdotool, x11-utils and imagemagick; a missing one is an
 error.
@@ -18,7 +18,7 @@ DISPLAY_ATTEMPTS = 50
 
 
 def stop(process):
-    """Ends a child process, by force when it does not end by itself."""
+    """Terminates a child process, and kills it after TIMEOUT."""
     process.terminate()
     try:
         process.wait(TIMEOUT)
@@ -28,10 +28,10 @@ def stop(process):
 
 
 class Desktop:
-    """A context manager; its processes and folder end with it.
+    """A context manager that ends its processes and removes its folder.
 
-    While it runs, this process's environment names its display and bus, as the accessibility
-    binding and xdotool read them from there.
+    It sets display and bus in this process's environment, from which the accessibility binding and
+    xdotool read them.
     """
 
     def __init__(self):
@@ -60,7 +60,7 @@ class Desktop:
         self._folder.cleanup()
 
     def start(self, *command, **options):
-        """Starts a process that ends with the desktop at the latest."""
+        """Starts a process; the desktop ends it at the latest on exit."""
         with open(self.folder / "log.txt", "ab") as log:
             self._processes.append(subprocess.Popen(command, stdout=log, stderr=log, **options))
         return self._processes[-1]
@@ -75,7 +75,7 @@ class Desktop:
 
     @staticmethod
     def park_pointer():
-        """Moves the pointer into a corner, where it hovers over no control."""
+        """Moves the pointer to a corner, where it hovers over no control."""
         subprocess.run(["xdotool", "mousemove", "0", "999"], check=True)
 
     def _isolate_environment(self):
@@ -90,9 +90,9 @@ class Desktop:
     def _start_display(self):
         """Starts the X server under an explicit number and returns the display's name.
 
-        Servers that look for a free number by themselves can collide when others start or end at
-        the same time. This one begins with a number derived from the process; where it is taken
-        the server fails, and the next number is tried.
+        Servers that choose a free number themselves can collide when others start or end at the
+        same time. The first number derives from the process id; if it is taken, the server fails
+        and the next number is tried.
         """
         first = 100 + os.getpid() % 30000
         for number in itertools.islice(itertools.count(first), DISPLAY_ATTEMPTS):
@@ -113,7 +113,10 @@ class Desktop:
         return address
 
     def _start_and_read(self, command):
-        """Starts a process that writes a line to a descriptor when it is ready; "" if it fails."""
+        """Starts a process that writes a line to a descriptor when ready; returns the line.
+
+        Returns "" if the process fails.
+        """
         reading, writing = os.pipe()
         self.start(*command(writing), pass_fds=[writing])
         os.close(writing)

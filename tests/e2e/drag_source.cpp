@@ -1,5 +1,6 @@
-// Stands for a file manager: a window from which the files named by its arguments can be dragged
-// once. Says what would become of them wherever they come, and in the end what did.
+// A replacement for a file manager: a window from which the files named by its arguments can be
+// dragged once. Prints whether the target under the pointer would accept them, and the final
+// result.
 #include <QApplication>
 #include <QDrag>
 #include <QLabel>
@@ -37,7 +38,7 @@ class Source : public QLabel {
         });
         const bool isTaken = drag->exec(Qt::CopyAction) == Qt::CopyAction;
         std::cerr << (isTaken ? "was taken" : "was refused") << std::endl;
-        hide(); // and lives on, for the other side fetches the files only now
+        hide(); // but keeps running, because the target fetches the data only after the drop
     }
 };
 

@@ -1,7 +1,7 @@
-"""Finds the controls of a program by role and accessible name and works them as a user does.
+"""Finds the controls of a program by role and accessible name and operates them.
 
 Clicks and keys go through the X server. Import it only on a running Desktop: the binding connects
-to its bus at once.
+to its bus on import.
 """
 
 import itertools
@@ -13,7 +13,7 @@ from accessible import CLOSED, ROLES, children, descendants, has, labels_of
 from waiting import wait_until
 from xdotool import Xdotool
 
-# The X server keeps the order of the keys, so they need no pause between them.
+# The X server keeps the order of the keys, so no longer delay is needed.
 TYPE = ("type", "--clearmodifiers", "--delay", "1")
 
 
@@ -24,27 +24,27 @@ class Driver:
 
     def __init__(self, program):
         self.program = program
-        # Two processes: keys would go to the window that was queried last in the same one.
+        # Two processes: in a shared one, keys would go to the window that was queried last.
         self._keys, self._queries = Xdotool(), Xdotool()
         self._drag_position = None
         self._known = []  # pairs of a window and its controls found so far, by kind and name
 
     def close(self):
-        """Ends the processes that carry the input."""
+        """Ends the xdotool processes."""
         self._keys.close()
         self._queries.close()
 
     # Controls
 
     def find(self, kind, name):
-        """The showing control of that kind and accessible name, waited for."""
+        """Waits for the showing control of that kind and accessible name."""
         return self.wait_until(lambda: self._found(kind, name), f"{kind} '{name}'")
 
     def shows(self, kind, name):
         return self._found(kind, name) is not None
 
     def find_window(self, title):
-        """The window of that title, once it is in front and has the keyboard."""
+        """Waits until the window of that title is active and has the focus."""
         window = self.wait_until(
             lambda: next((window for window in self.front_windows()
                           if window.name == title and self._has_keyboard()), None),
@@ -53,7 +53,7 @@ class Driver:
         return window
 
     def find_panel(self, prompt):
-        """The file panel with that button, once it is in front and has the keyboard."""
+        """Waits until the file panel with that button is active and has the focus."""
         panel = self.wait_until(
             lambda: next((window for window in self.front_windows()
                           if window.getRole() in ROLES["dialog"] and self._has_keyboard()
@@ -74,24 +74,24 @@ class Driver:
 
     @staticmethod
     def name_of(node):
-        """The name of a control; the own name of a pop-up is the item that it shows."""
+        """The name of a control's label, else its own; a pop-up's own name is its current item."""
         return next(iter(labels_of(node)), node.name)
 
     def state_of(self, node):
-        """What a control holds: its text, or whether it is on."""
+        """The value of a control: its text, or "on" or "off"."""
         if node.getRole() in ROLES["check box"]:
             return "on" if self.is_checked(node) else "off"
         return self.text(node)
 
     def showing(self, *kinds):
-        """All showing controls of those kinds in the window in front, in their order."""
+        """All showing controls of those kinds in the active window, in tree order."""
         roles = [role for kind in kinds for role in ROLES[kind]]
         return [node for window in self.front_windows()
                 for node, _ in descendants(window, self.closed)
                 if node.getRole() in roles and has(node, "SHOWING")]
 
     def dump_ui(self):
-        """All controls that show, for the message of a failed search."""
+        """All showing controls, for the message of a failed search."""
         lines = [f"the keyboard goes to the window '{self._focus()}'"]
         for window in self.all_windows():
             lines.append(f"{'in front' if has(window, 'ACTIVE') else 'behind'}:")
@@ -101,7 +101,7 @@ class Driver:
         return "\n".join(lines)
 
     def all_windows(self):
-        """The program's windows, shown or not; none when it is not running."""
+        """The program's windows, hidden ones included; none if it is not running."""
         return [window for application in self._applications() for window in children(application)]
 
     def is_running(self):
@@ -114,33 +114,33 @@ class Driver:
             try:
                 if application.name == self.program:
                     found.append(application)
-            except Exception:  # ended meanwhile
+            except Exception:  # the program has ended
                 continue
         return found
 
     def front_windows(self):
-        """The windows that have the keyboard, as the others do not answer a click."""
+        """The active windows; others do not react to a click."""
         windows = self.all_windows()
         active = [window for window in windows if has(window, "ACTIVE")]
         if active:
             return active
-        # A window manager may take the focus away and give it back at once, some time
-        # after a window was closed. While a pop-up is open Qt notices the first and not the second.
+        # After a window was closed the window manager may remove the focus and restore it at once.
+        # While a pop-up is open Qt notices only the removal.
         focus = self._focus()
         return [window for window in windows if window.name == focus and has(window, "SHOWING")]
 
     # Pointer
 
     def click(self, kind, name):
-        """Clicks into the middle of a control once it has come to rest."""
+        """Clicks the centre of a control after it has stopped moving."""
         node = self.find(kind, name)
-        # Between a sheet's showing and its getting the keyboard a click would go astray.
+        # A click between a sheet's appearance and its activation would be lost.
         self.wait_until(self._has_keyboard, "the window in front to get the keyboard")
         self.click_node(node)
         return node
 
     def centre_of(self, node):
-        """The middle of a control on the screen, once it has come to rest."""
+        """The centre of a control on the screen, after it has stopped moving."""
         places = [None]
 
         def at_rest():
@@ -153,16 +153,16 @@ class Driver:
 
     def click_node(self, node):
         x, y = self.centre_of(node)
-        # A click of the tool's own would wait for another one to follow.
+        # xdotool's own click waits to detect a second one.
         self._do("mousemove", str(x), str(y), "mousedown", "1", "mouseup", "1")
 
     def drag_begin(self, place):
-        """Presses the button at a place of the screen and begins to drag."""
+        """Presses the mouse button at a point of the screen and starts a drag there."""
         self._drag_position = place
         self._do("mousemove", *map(str, place), "mousedown", "1")
 
     def drag_to(self, place, is_accepted, what):
-        """Drags on to a place, and moves about there until is_accepted() is true."""
+        """Drags to a point, and moves the pointer there until is_accepted() is true."""
         (x, y), (to_x, to_y) = self._drag_position, place
         for step in range(1, 10):
             self._do("mousemove", str(x + (to_x - x) * step // 10),
@@ -180,13 +180,13 @@ class Driver:
         self._do("mouseup", "1")
 
     def drag_slider(self, name, level):
-        """Drags the handle of a slider from its middle until it shows the level."""
+        """Drags the handle of a slider from its centre until it shows the level."""
         node = self.find("slider", name)
         value, (x, y) = node.queryValue(), self.centre_of(node)
         width = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS).width
         step = width / (value.maximumValue - value.minimumValue)
         self._do("mousemove", str(x), str(y), "mousedown", "1")
-        # The handle's own width makes a step a little shorter than that.
+        # A step is slightly shorter than that, because the handle's width reduces the range.
         for distance in range(1, round(step * abs(level)) + 1):
             if value.currentValue == level:
                 break
@@ -195,7 +195,7 @@ class Driver:
         self.drop()
 
     def click_menu_item(self, menu, item):
-        """Opens a menu of the bar and clicks an item of it."""
+        """Opens a menu of the menu bar and clicks one of its items."""
         title = self._menu_part(menu)
         self.click_node(title)
         self.wait_for_menu()
@@ -204,7 +204,7 @@ class Driver:
     # Keyboard
 
     def press(self, *keys):
-        """Presses keys one after another, such as "ctrl+s"."""
+        """Sends keys such as "ctrl+s", one after another."""
         self.wait_until(self._has_keyboard, "the window in front to get the keyboard")
         self._do("key", "--clearmodifiers", "--delay", "1", *keys)
 
@@ -212,11 +212,11 @@ class Driver:
         self._do(*TYPE, text)
 
     def write(self, name, text):
-        """Clicks into a field, replaces what it holds, and waits until it shows the text."""
+        """Clicks a field, replaces its text, and waits until it shows the new text."""
         self.overwrite(self.click("field", name), text)
 
     def overwrite(self, node, text):
-        """Replaces by typing what a field holds that was clicked or reached by a key."""
+        """Replaces the text of a field that was clicked or reached by a key, by typing."""
         self.wait_for_focus(node)
         self.press("ctrl+a")
         self.type(text)
@@ -226,7 +226,7 @@ class Driver:
         self.wait_until(lambda: has(node, "FOCUSED"), f"'{node.name}' to get the focus")
 
     def choose(self, pop_up, item):
-        """Opens a pop-up and walks down to an item."""
+        """Opens a pop-up and chooses an item with the arrow keys."""
         node = self.click("pop-up", pop_up)
         self.walk_down(node, item)
 
@@ -234,7 +234,7 @@ class Driver:
         """Chooses an item of an open pop-up with the arrow keys."""
         items = self.items(node)
         titles = [each.name for each in items]
-        # Separators and items that are disabled are passed over.
+        # The arrow keys skip separators and disabled items.
         steps = sum(has(each, "FOCUSABLE") for each in items[:titles.index(item)])
         self.press("Home", *["Down"] * steps)
         self.wait_until(lambda: has(items[titles.index(item)], "SELECTED"), f"'{item}' to be lit")
@@ -242,20 +242,20 @@ class Driver:
         self.wait_until(lambda: not self.is_expanded(node), f"the list with '{item}' to close")
 
     def items(self, node):
-        """The items of a pop-up, once its list is open."""
+        """Waits until the list of a pop-up is open; returns its items."""
         self.wait_until(lambda: self.is_expanded(node), f"'{node.name}' to open")
         return [item for part in children(node) for item in children(part)]
 
     def choose_file(self, pop_up, item, path):
-        """Chooses an item that asks for a file, and answers with the path."""
+        """Chooses an item that opens a file panel, and answers it with the path."""
         self.choose(pop_up, item)
         self.answer_panel(path, "Select")
 
     def answer_panel(self, path, prompt):
-        """Writes a path into the file panel with that button, and enters it."""
+        """Types a path into the file panel with that button and accepts it."""
         panel = self.find_panel(prompt)
         self.write("Name", path)
-        # A click would only close the list of completions below the field.
+        # Not a click: it would only close the list of completions below the field.
         self.press("Return")
         self.wait_until_gone(panel)
 
@@ -264,7 +264,7 @@ class Driver:
         self._settle()
 
     def tab_to(self, node):
-        """Presses Tab until the control has the focus, once around at most."""
+        """Presses Tab until the control has the focus, at most 60 times."""
         for _ in range(60):
             if has(node, "FOCUSED"):
                 return
@@ -274,21 +274,21 @@ class Driver:
         raise AssertionError(f"Tab does not reach '{node.name}' in:\n{self.dump_ui()}")
 
     def focused(self):
-        """The control that has the focus, waited for."""
+        """Waits for a control with the focus and returns it."""
         return self.wait_until(lambda: next(
             (node for window in self.front_windows()
              for node, depth in descendants(window, self.closed)
              if depth and has(node, "FOCUSED")), None), "a control with the focus")
 
     def wait_for_menu(self):
-        """Waits until a menu of the bar is open."""
+        """Waits until a menu of the menu bar is open."""
         bar = next(node for window in self.front_windows() for node in children(window)
                    if node.getRole() == pyatspi.ROLE_MENU_BAR)
         self.wait_until(lambda: any(has(menu, "SHOWING") for title in children(bar)
                                     for menu in children(title)), "a menu to open")
 
     def _menu_part(self, name):
-        """The showing title or item of the menu bar of that name, waited for."""
+        """Waits for the showing title or item of that name in the menu bar."""
         return self.wait_until(lambda: next(
             (node for window in self.front_windows() for node, _ in descendants(window, ())
              if node.getRole() in ROLES["item"] and node.name == name and has(node, "SHOWING")),
@@ -299,7 +299,7 @@ class Driver:
         self.type_time(self.click("time", name), time)
 
     def type_time(self, node, time):
-        """Types a time into the field that was just entered, which has it selected as a whole."""
+        """Types a time into the field that was just entered, whose whole text is selected."""
         self.wait_for_focus(node)
         self.type(time.replace(":", ""))
         self.press("Return")
@@ -308,12 +308,12 @@ class Driver:
     # Pop-over and states
 
     def type_into_pop_over(self, title, text):
-        """Types into the pop-over of that title, which has the keyboard while it is open."""
+        """Types into the pop-over of that title, which has the focus while it is open."""
         self.wait_until(lambda: self.pop_over_shows(title), f"the pop-over '{title}'")
         self.type(text)
 
     def click_beside_pop_over(self):
-        """Clicks into the status line at the foot of the window, where no control is."""
+        """Clicks the status line at the bottom of the window, where no control is."""
         window = next(window for window in self.all_windows() if window.name == self.program)
         box = window.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         self._do("mousemove", str(box.x + box.width // 2), str(box.y + box.height - 6),
@@ -339,15 +339,15 @@ class Driver:
             raise TimeoutError(f"{error}; the window shows:\n{self.dump_ui()}") from error
 
     def _has_keyboard(self):
-        """Whether the program and the window manager agree on which window has the keyboard."""
+        """Whether the program and the window manager agree on which window has the focus."""
         return self._focus() in [window.name for window in self.front_windows()]
 
     def _settle(self):
         """Waits until the window manager has handled all requests so far.
 
-        After a window has come or gone it may still take the focus away and give it back, and Qt
-        misses the second while a pop-up is open. It handles requests in their order, so a harmless
-        one that has had its effect means that all before it are done.
+        After a window was opened or closed it may still remove the focus and restore it, and Qt
+        misses the restoring while a pop-up is open. It handles requests in order, so all earlier
+        ones are done once a harmless request has had its effect.
         """
         wanted = "3" if self._queries.do("get_num_desktops") == "2" else "2"
         self._keys.do("set_num_desktops", wanted)
@@ -361,7 +361,7 @@ class Driver:
     def _found(self, kind, name):
         for window in self.front_windows():
             known = self._known_in(window)
-            # What was found once is there still, unless it is hidden or has got another name.
+            # A control found before is still valid unless it is hidden or renamed.
             if has(known.get((kind, name)), "SHOWING") and self._is(known[kind, name], kind, name):
                 return known[kind, name]
             for node, _ in descendants(window, self.closed):
@@ -379,17 +379,17 @@ class Driver:
 
     @staticmethod
     def _is(node, kind, name):
-        """Whether the control is called so: by itself, or by the label beside it.
+        """Whether the control is of that kind and has that name, or a label of that name.
 
-        The own name of a pop-up is the item that it shows.
+        The own name of a pop-up is its current item.
         """
         try:
             return node.getRole() in ROLES[kind] and (node.name == name or name in labels_of(node))
-        except Exception:  # vanished while being looked at
+        except Exception:  # no longer exists
             return False
 
     def _do(self, *command):
-        # A text may hold blanks and quotes, which the tool that is kept running would take apart.
+        # A text may contain spaces and quotes, which the long-running xdotool would split.
         if command[0] == "type":
             subprocess.run(["xdotool", *command], check=True)
         else:

@@ -1,4 +1,4 @@
-"""The first agent of a new user: what is entered, and what its file holds."""
+"""The first agent of a new user: its name and the content of its file."""
 
 NAME = "Backup"
 

@@ -1,4 +1,4 @@
-"""One user's home for one test: what can be launched, the agents, the preferences, the log."""
+"""A home folder for one test: launchable files, agents, preferences and log."""
 
 import os
 import plistlib
@@ -11,26 +11,26 @@ from desktop import stop
 from waiting import TIMEOUT, expect_equal, wait_for, wait_until
 
 PREFERENCES = "com.qz.Frimbolate.plist"
-# What a first start stores beside ShowWelcomeWindow.
+# The preferences that a first start stores besides ShowWelcomeWindow.
 STANDARD_PREFERENCES = {"AutoCopyScriptsKey": "False", "WarnForSuccessfulExit": "True",
                         "DefaultGlobbingKey": "1", "DefaultPriorityKey": "0"}
 
 
 class Home:
-    """A context manager over an existing empty folder; ends all processes started in this home."""
+    """A context manager for an existing empty folder; ends all processes started in this home."""
 
     def __init__(self, folder):
         self.folder = folder
         self.path = folder / "home"
         self.environment = self._create_folders()
         user = pwd.getpwuid(os.geteuid()).pw_name
-        # The program takes a folder of this path for the user's own.
+        # The program accepts a folder with this path as the user's LaunchAgents folder.
         self.agents_folder = folder / "Users" / user / "Library" / "LaunchAgents"
         self.agents_folder.mkdir(parents=True)
         self.preference_file = Path(self.environment["XDG_CONFIG_HOME"]) / PREFERENCES
         self._log_file = folder / "log.txt"
         self._log_file.touch()
-        self._read = 0  # how much of the log has been compared
+        self._read = 0  # characters of the log compared so far
         self._processes = []
 
     def __enter__(self):
@@ -56,7 +56,7 @@ class Home:
         return {name: value for name, value in merged.items() if value is not None}
 
     def start(self, *command, streams=None, **changes):
-        """Starts a process whose output goes to the log."""
+        """Starts a process with its output redirected to the log."""
         with open(self._log_file, "ab") as log:
             options = {"stdout": log, "stderr": log} | (streams or {})
             self._processes.append(subprocess.Popen(
@@ -64,14 +64,14 @@ class Home:
         return self._processes[-1]
 
     def _started_by_others(self):
-        """Processes of this home that are no children of ours, such as one that a reset started."""
+        """Processes of this home that this process did not start, such as one after a reset."""
         mark = f"XDG_RUNTIME_DIR={self.environment['XDG_RUNTIME_DIR']}".encode()
         found = []
         for folder in Path("/proc").iterdir():
             try:
                 if folder.name.isdigit() and mark in (folder / "environ").read_bytes().split(b"\0"):
                     found.append(int(folder.name))
-            except OSError:  # ended, or another user's
+            except OSError:  # the process has ended, or belongs to another user
                 continue
         return found
 
@@ -81,7 +81,7 @@ class Home:
         return self._log_file.read_text(encoding="utf-8", errors="replace")
 
     def expect_log(self, *lines):
-        """Waits until the log has all lines in this order, after those expected before."""
+        """Waits until the log has all lines in this order, after those of earlier calls."""
         wait_for(lambda: self._expect_in_order(lines, self.log()[self._read:]))
         self._read = len(self.log())
 
@@ -105,20 +105,20 @@ class Home:
     # Preferences
 
     def store_preferences(self, **changes):
-        """Settings with which the program starts without a question."""
+        """Stores settings with which the program skips welcome and folder panel."""
         self.preference_file.write_bytes(plistlib.dumps(
             STANDARD_PREFERENCES | {"ShowWelcomeWindow": "False - 3.0",
                                     "Bookmark": f"path1:{self.agents_folder}".encode()} | changes))
 
     def preferences(self):
-        """The whole preference file; any bookmark is shown as True."""
+        """The whole preference file, with any bookmark replaced by True."""
         found = plistlib.loads(self.preference_file.read_bytes())
         if isinstance(found.get("Bookmark"), bytes) and found["Bookmark"]:
             found["Bookmark"] = True
         return found
 
     def expect_preferences(self, **changes):
-        """Waits until the file holds the standard preferences with these changes, nothing else."""
+        """Waits until the file holds exactly the standard preferences with these changes."""
         wait_for(lambda: expect_equal(self.preferences(), STANDARD_PREFERENCES | changes))
 
     # Files
@@ -130,7 +130,7 @@ class Home:
         return script
 
     def create_targets(self):
-        """Something to launch of every kind, and a folder to watch."""
+        """Creates a file to launch of every kind, and a folder to watch."""
         for kind in ("sh", "py", "rb", "pl", "scpt"):
             (self.path / f"tidy.{kind}").write_text("true\n", encoding="utf-8")
         (self.path / "tidy.workflow" / "Contents").mkdir(parents=True)
@@ -146,14 +146,14 @@ class Home:
     def _create_folders(self):
         variables = {
             "HOME": str(self.path), "QT_QPA_PLATFORM": "xcb", "XDG_CURRENT_DESKTOP": "",
-            # Without it Qt exports its controls only while a screen reader runs.
+            # Without this Qt exports its controls only while a screen reader runs.
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "FRIMBOLATE_COLOR_SCHEME": "light",
             "FRIMBOLATE_REDUCED_MOTION": "1", "FRIMBOLATE_TIMEOUT_MS": str(TIMEOUT * 1000)}
         for name in ("CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "RUNTIME_DIR"):
             folder = self.path / name.split("_", 1)[0].lower()
             folder.mkdir(parents=True, mode=0o700)
             variables[f"XDG_{name}"] = str(folder)
-        # The first terminal that the program looks for only records that it was asked for.
+        # Replaces the first terminal that the program looks for; records that it was started.
         terminal = self.path / "bin" / "xdg-terminal-exec"
         terminal.parent.mkdir()
         terminal.write_text('#!/bin/sh\n: >"$HOME/terminal-was-opened"\n', encoding="utf-8")

@@ -1,11 +1,11 @@
-"""The four input methods, each able to do everything that a scenario needs.
+"""The four input methods; each implements everything that a scenario needs.
 
-Import it only on a running Desktop: the binding connects to its bus at once.
+Import it only on a running Desktop: the binding connects to its bus on import.
 """
 
 from atspi_driver import AtspiDriver
 
-# What a command is called in the toolbar, its shortcut, and the keys that find it in the menus.
+# By a command's title in the toolbar: its shortcut, and the keys that choose it in the menus.
 COMMANDS = {
     "New": ("ctrl+n", ("alt+f", "n")),
     "Edit": ("ctrl+o", ("alt+f", "o")),
@@ -15,7 +15,7 @@ COMMANDS = {
     "On/Off": ("ctrl+shift+e", ("alt+a", "o")),
     "Delete": ("ctrl+shift+BackSpace", ("alt+a", "d")),
 }
-# The keys by which the controls of the form are reached; the others are reached by Tab.
+# The keys that reach the controls of the form; Tab reaches all others.
 MNEMONICS = {
     "Name": "alt+n",
     "What to launch": "alt+w",
@@ -40,7 +40,7 @@ SCRIPT = "Script"  # title of the pop-over and name of its field
 
 
 class Pointer:
-    """Clicks and drags; the keyboard is used for texts, and for Return behind a typed path."""
+    """Clicks and drags; uses the keyboard for texts, and for Return after a typed path."""
 
     def __init__(self, driver):
         self.driver = driver
@@ -61,7 +61,7 @@ class Pointer:
         self.driver.set_time(name, time)
 
     def set_level(self, slider, level):
-        """Moves a slider from its middle."""
+        """Moves a slider from its centre."""
         self.driver.drag_slider(slider, level)
 
     def toggle(self, box):
@@ -77,7 +77,7 @@ class Pointer:
         self.driver.answer_panel(path, prompt)
 
     def accept_panel(self, prompt):
-        """Answers a file panel with the path that it proposes."""
+        """Accepts the path that a file panel proposes."""
         panel = self.driver.find_panel(prompt)
         self.press_button(prompt)
         return panel
@@ -91,17 +91,17 @@ class Pointer:
         self.driver.click("button", button)
 
     def reply(self, title, button):
-        """Answers the sheet of that title, and waits until it is gone."""
+        """Answers the sheet of that title and waits until it is closed."""
         window = self.driver.find_window(title)
         self.press_button(button)
         self.driver.wait_until_gone(window)
 
     def write_script(self, text):
-        """Types into the open pop-over of the script."""
+        """Types into the open script pop-over."""
         self.driver.type_into_pop_over(SCRIPT, text)
 
     def close_script(self):
-        """Closes the pop-over of the script, once it is open, by a click beside it."""
+        """Waits for the script pop-over and closes it by a click outside."""
         self._wait_for_script()
         self.driver.click_beside_pop_over()
         self._wait_until_script_is_gone()
@@ -127,7 +127,7 @@ class Pointer:
 
 
 class Keyboard(Pointer):
-    """Touches no pointer: shortcuts, mnemonics, Tab, arrows, Return, Escape."""
+    """Uses the keyboard only: shortcuts, mnemonics, Tab, arrows, Return, Escape."""
 
     def command(self, title):
         self.driver.find("button", title)
@@ -167,7 +167,7 @@ class Keyboard(Pointer):
 
     def answer_panel(self, path, prompt):
         panel = self.driver.find_panel(prompt)
-        # The panel opens with the keyboard in its name field.
+        # The panel opens with the focus in its name field.
         self.driver.overwrite(self.driver.find("field", "Name"), path)
         self.driver.press("Return")
         self.driver.wait_until_gone(panel)
@@ -205,7 +205,7 @@ class Keyboard(Pointer):
 
 
 class Menus(Keyboard):
-    """The keyboard again, but every command is looked up in the menus."""
+    """Uses the keyboard, with every command chosen in the menus."""
 
     def command(self, title):
         self.driver.find("button", title)
@@ -230,7 +230,7 @@ class Menus(Keyboard):
 
 
 class Bus(Pointer):
-    """Sets texts and values and sends actions over the accessibility bus; no key, no click."""
+    """Sets texts and values and triggers actions over the accessibility bus; no keys or clicks."""
 
     def __init__(self, driver):
         super().__init__(AtspiDriver(driver.program))
@@ -267,7 +267,7 @@ class Bus(Pointer):
         self.driver.set_text("field", SCRIPT, text)
 
     def close_script(self):
-        """Leaves the pop-over open: actions reach the window behind it."""
+        """Waits for the pop-over but leaves it open: actions reach the window behind it."""
         self._wait_for_script()
 
     def open_preferences(self):

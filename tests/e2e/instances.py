@@ -1,6 +1,7 @@
-"""Starts of the program beside each other in one home, and the windows of each.
+"""Several instances of the program in one home, and the windows of each.
 
-Windows are found through the X server: on the accessibility bus all instances have the same name.
+Windows are found through the X server, because all instances have the same name on the
+accessibility bus.
 """
 
 import plistlib
@@ -11,7 +12,7 @@ from waiting import TIMEOUT, wait_until
 
 
 def windows(process):
-    """The main windows of a process that are shown, by the X server's numbers."""
+    """The X window ids of the visible main windows of a process."""
     found = subprocess.run(
         ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid),
          "--name", "^Frimbolate$"], capture_output=True, text=True)
@@ -19,12 +20,15 @@ def windows(process):
 
 
 def state_of(process):
-    """The kernel's letter for the state of the process of that number."""
+    """The state letter of the process of that id, from /proc."""
     return Path(f"/proc/{process}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()[0]
 
 
 class Instances:
-    """Starts the program with settings that need no question; the home ends the processes."""
+    """Starts the program with settings that skip welcome and folder panel.
+
+    The home ends the processes.
+    """
 
     def __init__(self, home, program):
         self.home, self._program = home, program
@@ -33,7 +37,7 @@ class Instances:
             "Bookmark": f"path1:{home.folder}".encode()}))
 
     def start(self, *arguments, wrapper=(), streams=None, **variables):
-        """Starts the program with other variables, and without those that are None."""
+        """Starts the program with changed variables; None removes a variable."""
         return self.home.start(*wrapper, self._program, *arguments, streams=streams, **variables)
 
     def start_shown(self, *arguments, **options):
@@ -43,12 +47,12 @@ class Instances:
         return process
 
     def run(self, *arguments, **variables):
-        """Runs a start that ends by itself; returns its code and what it printed."""
+        """Runs an instance that ends by itself; returns its exit code and output."""
         return subprocess.run([self._program, *arguments], capture_output=True, text=True,
                               env=self.home.variables(variables), timeout=TIMEOUT)
 
     def expect_handover(self, **variables):
-        """Starts an instance that leaves the window to the one that runs, and ends."""
+        """Starts an instance that hands over to the running one and ends."""
         process = self.start(**variables)
         wait_until(lambda: process.poll() is not None, "the second start to end")
         assert process.returncode == 0, process.returncode

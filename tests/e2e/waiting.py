@@ -1,4 +1,4 @@
-"""Waiting for conditions: nothing here sleeps for a fixed time to be right."""
+"""Waiting for conditions; no test depends on a fixed delay."""
 
 import time
 
@@ -6,7 +6,7 @@ TIMEOUT = 60  # seconds; far more than a busy machine needs
 
 
 def wait_until(condition, what):
-    """Returns the first true result of condition(); raises TimeoutError naming what was awaited."""
+    """Returns the first true result of condition(); raises TimeoutError that contains `what`."""
     deadline = time.monotonic() + TIMEOUT
     while True:
         result = condition()
@@ -18,7 +18,7 @@ def wait_until(condition, what):
 
 
 def wait_for(check):
-    """Waits until check() raises no AssertionError; raises its last one when the time is over."""
+    """Waits until check() raises no AssertionError; raises its last one after TIMEOUT."""
     raised = [None]
 
     def passes():

@@ -4,7 +4,7 @@ import subprocess
 
 
 class Xdotool:
-    """One xdotool process that takes command after command; starting it costs more than most do."""
+    """One long-running xdotool process, because starting one takes longer than most commands."""
 
     END = "getdisplaygeometry"  # its output marks the end of the command before it
 
@@ -14,7 +14,7 @@ class Xdotool:
                                    check=True).stdout
 
     def do(self, *command):
-        """Runs a command of plain words and returns what it prints."""
+        """Runs a command and returns its output; arguments must not contain spaces or quotes."""
         if self._process is None:
             self._process = subprocess.Popen(["xdotool", "-"], stdin=subprocess.PIPE,
                                              stdout=subprocess.PIPE,
@@ -23,13 +23,13 @@ class Xdotool:
             self._process.stdin.write(f"{' '.join(command)}\n{self.END}\n")
             self._process.stdin.flush()
         except BrokenPipeError:
-            pass  # the loop below ends at once then
+            pass  # the process has ended; the loop below ends at once
         printed = ""
         for line in self._process.stdout:
             if line == self._end:
                 return printed.strip()
             printed += line
-        # A window that vanishes while it is asked for ends xdotool.
+        # xdotool ends if a window is closed while it is queried.
         self.close()
         return ""
 
@@ -40,7 +40,7 @@ class Xdotool:
         try:
             self._process.stdin.close()
         except BrokenPipeError:
-            pass  # it ended before it took all that was written
+            pass  # the process ended before it read all input
         self._process.stdout.close()
         self._process.wait()
         self._process = None

@@ -9,7 +9,7 @@ from validators import faults_below, lintian_faults
 
 
 def faults(package, optimised):
-    """All that lintian says of the package, and the validators of what is in it."""
+    """All faults that lintian finds in the package and the validators in its files."""
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run(["dpkg-deb", "--extract", package, folder], check=True)
         return lintian_faults(package, optimised) + faults_below(Path(folder) / "usr")

@@ -1,4 +1,4 @@
-"""What an installation brings: installed_test.py <prefix> <version>"""
+"""Tests of the installed files: installed_test.py <prefix> <version>"""
 
 import gzip
 import os
@@ -30,7 +30,7 @@ CHANGELOG = PREFIX / "share/doc/frimbolate/changelog.gz"
 
 
 def answer(*arguments):
-    """What the installed program prints, without a display."""
+    """The standard output of the installed program, run without a display."""
     environment = {name: value for name, value in os.environ.items()
                    if name not in ("DISPLAY", "WAYLAND_DISPLAY")}
     environment["QT_QPA_PLATFORM"] = "offscreen"
@@ -39,12 +39,12 @@ def answer(*arguments):
 
 
 class Installed(unittest.TestCase):
-    def test_nothing_is_missing_and_nothing_is_too_much(self):
+    def test_exactly_these_files_are_installed(self):
         found = {path.relative_to(PREFIX).as_posix()
                  for path in PREFIX.rglob("*") if not path.is_dir()}
         self.assertEqual(found, FILES)
 
-    def test_everybody_may_read_it_and_only_the_program_runs(self):
+    def test_all_files_are_readable_and_only_the_program_is_executable(self):
         for name in FILES:
             mode = (PREFIX / name).stat().st_mode & 0o777
             self.assertEqual(mode, 0o755 if name == "bin/frimbolate" else 0o644, name)
@@ -52,7 +52,7 @@ class Installed(unittest.TestCase):
     def test_the_validators_find_no_fault(self):
         self.assertEqual(faults_below(PREFIX), [])
 
-    def test_the_program_says_its_version(self):
+    def test_the_program_prints_its_version(self):
         self.assertEqual(answer("--version"), f"Frimbolate {VERSION}\n")
 
     def test_the_newest_release_is_this_version(self):
@@ -61,18 +61,18 @@ class Installed(unittest.TestCase):
         metainfo = (PREFIX / f"share/metainfo/{ID}.metainfo.xml").read_text(encoding="utf-8")
         self.assertEqual(re.findall(r'<release version="([^"]*)"', metainfo)[0], VERSION)
 
-    def test_the_manual_knows_the_same_options_as_the_program(self):
+    def test_the_manual_lists_the_options_of_the_program(self):
         manual = gzip.decompress(MANUAL.read_bytes()).decode().replace("\\-", "-")
         options = manual[manual.index(".SH OPTIONS"):manual.index(".SH ENVIRONMENT")]
         option = re.compile(r"(?<![\w-])--?[a-z][a-z-]*")
         self.assertEqual(set(option.findall(options)), set(option.findall(answer("--help"))))
 
-    def test_compressed_files_bear_neither_name_nor_time(self):
+    def test_compressed_files_contain_neither_name_nor_time(self):
         for path in (MANUAL, CHANGELOG):
             magic, _, flags, time = struct.unpack("<HBBI", path.read_bytes()[:8])
             self.assertEqual((magic, flags, time), (0x8B1F, 0, 0), path)
 
-    def test_every_picture_has_the_size_of_its_folder_and_may_be_seen_through(self):
+    def test_every_icon_has_the_size_of_its_folder_and_an_alpha_channel(self):
         for name, size in PICTURES.items():
             data = (PREFIX / name).read_bytes()
             self.assertEqual(data[:8], b"\x89PNG\r\n\x1a\n", name)
@@ -81,7 +81,7 @@ class Installed(unittest.TestCase):
 
 
 class Validators(unittest.TestCase):
-    """They find a fault where there is one."""
+    """The validators find a fault in a damaged file."""
 
     def faults_of(self, validator, name, sound, damaged):
         content = (PREFIX / name).read_bytes()

@@ -1,6 +1,6 @@
-"""What the bundle for macOS is made of: macos_files_test.py <plist> <entitlements> <icns> <version>
+"""Tests the files of the macOS bundle: macos_files_test.py <plist> <entitlements> <icns> <version>
 
-Read here by other code than the desktop's own, since the machines that run this have no Mac.
+Parses them with independent code, because macOS's own tools are not available on Linux.
 """
 
 import plistlib
@@ -11,13 +11,13 @@ from pathlib import Path
 
 PLIST, ENTITLEMENTS, ICNS = (Path(argument) for argument in sys.argv[1:4])
 VERSION = sys.argv[4]
-# Pixels by the type of an entry: ic11 to ic14 are 16, 32, 128 and 256 points on a fine screen.
+# Pixels by the type of an entry; ic11 to ic14 are 16, 32, 128 and 256 points at scale 2.
 PICTURES = {"ic07": 128, "ic08": 256, "ic09": 512, "ic10": 1024,
             "ic11": 32, "ic12": 64, "ic13": 256, "ic14": 512}
 
 
 def entries(data):
-    """Type and content of each entry; a length counts the eight bytes of its head."""
+    """Yields type and content of each entry; a length includes the eight bytes of its header."""
     magic, total = struct.unpack(">4sI", data[:8])
     assert (magic, total) == (b"icns", len(data)), (magic, total, len(data))
     position = 8
@@ -55,7 +55,7 @@ class Bundle(unittest.TestCase):
             "com.apple.security.files.user-selected.read-write": True,
         })
 
-    def test_icon_holds_a_picture_of_the_right_size_for_each_type(self):
+    def test_icon_holds_an_image_of_the_right_size_for_each_type(self):
         sizes = {}
         for kind, picture in entries(ICNS.read_bytes()):
             self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n", kind)

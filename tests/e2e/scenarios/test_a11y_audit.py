@@ -1,6 +1,6 @@
-"""Every state of the window as the accessibility bus describes it.
+"""Every state of the window over the accessibility bus.
 
-In each, every control has a name and a role of its kind; an alert is announced, and nothing is
+In each state, every control has a name and a matching role. An alert is announced, and nothing is
 announced twice.
 """
 
@@ -48,7 +48,7 @@ INCOMPLETE = "Some information is missing or incorrect."
 
 
 class Audit:
-    """Works the program over the bus, and looks at each state that it is brought to."""
+    """Operates the program over the bus and inspects each state."""
 
     def __init__(self, app):
         from atspi_driver import AtspiDriver
@@ -57,15 +57,15 @@ class Audit:
         self.folder = app.home.agents_folder
 
     def start(self):
-        """Starts with settings that need no question, and the tips hidden."""
+        """Starts with settings that skip welcome and folder panel, and hides the tips."""
         self.app.start_ready()
         self.tools.use("check box", "Tips")
         self.tools.wait_until(lambda: not self.tools.shows("button", "Tip: Name"), "tips to hide")
 
     def inspect(self, state, kind, name, expected=()):
-        """Waits until the state is up, then applies the rules to all that shows in it."""
+        """Waits for the state, then applies the rules to all of its showing parts."""
         self.tools.find(kind, name)
-        # A window that goes may be in front for a moment still.
+        # A closing window may still be active for a moment.
         lacking = [None]
 
         def complete():
@@ -179,7 +179,7 @@ def test_menus(audit):
             audit.tools.find("item", item)
         audit.escape()
         wait_until(lambda: not audit.tools.shows("item", items[0]), f"the menu {menu} to close")
-        # The first Escape leaves the bar itself lit.
+        # After the first Escape the menu bar still has a highlighted title.
         audit.escape()
 
 
@@ -196,7 +196,7 @@ def test_sheet(audit, menu, item, expected):
 
 
 def test_alert_is_announced(listener, audit):
-    """By its role, name and description, as soon as it shows."""
+    """With its role, name and description, as soon as it is shown."""
     audit.start()
     before = len(listener.lines())
     audit.tools.use("button", "Save")
@@ -206,13 +206,13 @@ def test_alert_is_announced(listener, audit):
 
 
 def test_one_change_is_announced_alone(listener, audit):
-    """Three rows are at fault; the name that is entered announces itself and repeats no other."""
+    """Three rows are faulty; entering the name announces the name's row only."""
     audit.start()
     audit.tools.use("button", "Save")
     audit.tools.find("button", "Ok")
     before = len(listener.lines())
     audit.tools.use("button", "Ok")
-    # Announced after all that there is to announce of the alert's going.
+    # The last event of the closing alert.
     listener.expect("window:activate | frame | Frimbolate", before)
     field = audit.tools.find("field", "Name")
     wait_until(lambda: field.description == "The agent needs a name", "the fault to be described")
@@ -228,7 +228,7 @@ def test_one_change_is_announced_alone(listener, audit):
 
 
 def test_saving(app, audit):
-    """Twice, as the second time asks whether to replace the file."""
+    """Saves twice: the second time the panel asks whether to replace the file."""
     audit.start()
     tools, script = audit.tools, app.home.create_script()
     for is_second in (False, True):
@@ -252,7 +252,7 @@ def test_saving(app, audit):
 
 
 def test_opening(audit):
-    """A named form asks first whether to discard it; then comes the warning, then the panel."""
+    """A changed form first asks whether to discard it; then follow the warning and the panel."""
     audit.start()
     audit.tools.set_text("field", "Name", "Backup")
     audit.tools.use("button", "Edit")
@@ -265,7 +265,7 @@ def test_opening(audit):
 
 
 def test_unsafe_command_is_announced(listener, audit):
-    """An alert warns of a command that does more than it shows, as soon as its sheet opens."""
+    """An alert warns of an unsafe command as soon as its sheet opens."""
     audit.start()
     name = "com.frimbolate.a';touch pwned;'.plist"
     (audit.folder / name).write_bytes(b"")

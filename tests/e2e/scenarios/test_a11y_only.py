@@ -1,4 +1,4 @@
-"""Two agents made through the accessibility bus alone, from the first start on."""
+"""Creates two agents through the accessibility bus only, from the first start on."""
 
 import pytest
 
@@ -31,7 +31,7 @@ def tools(app):
 
 
 def save(app, tools, name):
-    """Saves the form; returns the agent, and compares the command shown."""
+    """Saves the form, checks the shown command, and returns the agent's property list."""
     path = app.home.agent_path(name)
     tools.use("button", "Save")
     tools.fill_panel(str(path), "Save")

@@ -1,4 +1,4 @@
-"""The rules for accessible trees find what they look for, and nothing else."""
+"""The rules for accessible trees find each kind of fault, and none in a correct tree."""
 
 import pytest
 

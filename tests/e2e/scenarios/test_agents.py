@@ -1,4 +1,4 @@
-"""Existing agents: read, warned of, changed, discarded, switched, loaded, upgraded, deleted."""
+"""Existing agents: read, change, discard, switch, load, upgrade, delete; the warnings before."""
 
 import plistlib
 from itertools import cycle
@@ -14,7 +14,7 @@ UPGRADE = "This launch agent needs to be upgraded."
 DISCARD = "Do you want to discard changes?"
 DELETE = "Are you sure you want to delete the following launch agent?"
 BY_NAME = {agent.name: agent for agent in AGENTS}
-# Which agents are changed, where, and what their files hold then.
+# The changed agents: control, new value, and the changed keys of the file.
 CHANGES = {
     "tidy_sh": ("Time of day", "22:15",
                 {"StartCalendarInterval": {"Weekday": 1, "Hour": 22, "Minute": 15}}),
@@ -29,7 +29,7 @@ OLD_AGENT = {"Label": "com.fr\u0131mbolate.Recruit", "ProgramArguments": ["/bin/
 
 
 def store_agents(app, *names):
-    """Puts agents into the folder, and what they launch into the home."""
+    """Creates agents in the agents folder, and the files that they launch in the home."""
     app.home.create_targets()
     for name in names:
         app.home.agent_path(name).write_bytes(
@@ -40,7 +40,7 @@ def store_agents(app, *names):
     "agent, method_name", zip(AGENTS, cycle(("bus", "keyboard", "pointer", "menus"))),
     ids=[agent.name for agent in AGENTS])
 def test_read_agent(app, request, agent, method_name):
-    """It is shown as it was entered; nothing is written by that. The input methods take turns."""
+    """The form shows the entered values; the file is unchanged. The input methods alternate."""
     method = request.getfixturevalue(method_name)
     store_agents(app, agent.name)
     app.start_ready(WarnForDelete=False)
@@ -51,7 +51,7 @@ def test_read_agent(app, request, agent, method_name):
 
 
 def test_warning_before_the_first_opening(app, pointer, keyboard, menus):
-    """Cancelled once, then suppressed for good."""
+    """Cancelled once, then suppressed permanently."""
     app.start_ready()
     stored = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True}
     pointer.command("Edit")
@@ -71,7 +71,7 @@ def test_warning_before_the_first_opening(app, pointer, keyboard, menus):
 
 @pytest.mark.parametrize("name", CHANGES)
 def test_change_agent(app, keyboard, name):
-    """Saved over the file that was read, with one value changed and all else as it was."""
+    """Replaces the file that was read, with one value changed and all others kept."""
     control, text, changes = CHANGES[name]
     store_agents(app, name)
     app.start_ready(WarnForDelete=False)
@@ -98,7 +98,7 @@ def test_opening_asks_to_discard_changes(app, pointer, keyboard, menus):
 
 
 def test_switch_agent_on_and_off(app, method):
-    """Cancelled once, then off, on, and off again; all else in the file stays."""
+    """Cancelled once, then off, on, and off again; all other keys are kept."""
     store_agents(app, "daily")
     app.start_ready()
     before = app.home.read_agent("daily")
@@ -113,7 +113,7 @@ def test_switch_agent_on_and_off(app, method):
 
 @pytest.mark.parametrize("command", ("Load", "Unload"))
 def test_command_is_shown_and_copied(app, method, command):
-    """The sheet shows the command, which is on the clipboard as the settings ask for it."""
+    """The sheet shows the command, which the setting copies to the clipboard."""
     store_agents(app, "alive")
     app.start_ready(AutoCopyScriptsKey="True")
     path = app.home.agent_path("alive")
@@ -122,7 +122,7 @@ def test_command_is_shown_and_copied(app, method, command):
     title = f"{command} the agent"
     shown = app.expect_command(title, command.lower(), path)
     method.reply(title, "Close")
-    # Pasted with the keyboard by every method: the clipboard is what is looked at.
+    # Every method pastes with the keyboard, because this checks the clipboard only.
     field = app.driver.click("field", "Name")
     app.driver.wait_for_focus(field)
     app.driver.press("ctrl+v")
@@ -130,7 +130,7 @@ def test_command_is_shown_and_copied(app, method, command):
 
 
 def test_copying_and_terminal_of_the_command(app, pointer, keyboard):
-    """The sheet of a new agent offers to copy commands from now on, and a terminal."""
+    """The sheet of a new agent offers automatic copying and a terminal."""
     app.home.create_targets()
     app.start_ready()
     app.make(pointer, AGENTS[0])
@@ -146,9 +146,9 @@ def test_copying_and_terminal_of_the_command(app, pointer, keyboard):
 
 
 def test_upgrade_agent(app, method, bus):
-    """Cancelled once; then the file gets its new name and a new label, and keeps all else.
+    """Cancelled once; then the file gets its new name and label, and keeps all other keys.
 
-    The path is set over the bus by every method: no key types its dotless i.
+    Every method sets the path over the bus, because xdotool cannot type its dotless i.
     """
     old = app.home.agents_folder / OLD_NAME
     old.write_bytes(plistlib.dumps(OLD_AGENT))
@@ -171,7 +171,7 @@ def test_upgrade_agent(app, method, bus):
 
 
 def test_delete_agent(app, pointer):
-    """Cancelled once; then the one agent goes, and the others stay as they were."""
+    """Cancelled once; then the agent is deleted, and the others are unchanged."""
     store_agents(app, "daily", "login")
     app.start_ready(WarnForDelete=False)
     path = app.home.agent_path("daily")

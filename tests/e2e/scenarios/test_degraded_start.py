@@ -1,4 +1,4 @@
-"""A start where something is missing: standard streams, the display, buses that answer."""
+"""Starts without standard streams or display, and with buses that do not answer."""
 
 import fcntl
 import os
@@ -18,7 +18,7 @@ BUSES = ("session", "accessibility")
 
 @pytest.fixture
 def form_answers():
-    """A call that empties the form, which logs a dozen lines, and waits for a later key."""
+    """A function that resets the form, which logs a dozen lines, and checks that keys work."""
     from driver import Driver
 
     driver = Driver("Frimbolate")
@@ -35,7 +35,7 @@ def form_answers():
 
 
 def quit_by_key(process):
-    """A program that is held up answers to no key."""
+    """Quits by a key, to which a blocked program would not react."""
     window = windows(process)[0]
     subprocess.run(["xdotool", "windowactivate", "--sync", window, "key", "ctrl+q"], check=True)
     wait_until(lambda: process.poll() is not None, "the program to quit")
@@ -45,7 +45,7 @@ def quit_by_key(process):
 @pytest.mark.parametrize("closed", ("2>&-", "<&-", ">&-", "<&- >&- 2>&-"),
                          ids=("error", "input", "output", "all"))
 def test_closed_streams(instances, form_answers, closed):
-    """Descriptors that are closed do not become those of the X server or of a bus."""
+    """Closed standard descriptors are not reused for the X server or a bus."""
     process = instances.start_shown(wrapper=("/bin/sh", "-c", f'exec "$0" "$@" {closed}'),
                                     streams={"stdin": subprocess.PIPE})
     for stream, sign in enumerate(("<", ">", "2>")):
@@ -66,7 +66,7 @@ def test_reader_of_the_log_that_went_away(instances, form_answers):
 
 
 def fill(writing):
-    """Leaves a pipe full, and blocking for every writer."""
+    """Fills a pipe, so that it blocks every writer."""
     flags = fcntl.fcntl(writing, fcntl.F_GETFL)
     os.set_blocking(writing, False)
     for size in (4096, 1):
@@ -117,7 +117,7 @@ def test_no_display(instances, variables, expected):
 
 
 def test_unknown_platform_plugin(instances):
-    """Qt finds it out by itself, and does not abort the program."""
+    """Qt reports the plugin itself and does not abort the program."""
     ended = instances.run(QT_QPA_PLATFORM="nonsense")
     assert ended.returncode == 1, ended
 
@@ -130,7 +130,7 @@ def test_option_without_display(instances, option, printed):
 
 
 class SilentSocket:
-    """A socket whose connections the kernel accepts, and which never answers."""
+    """A socket that accepts connections and never answers."""
 
     def __init__(self, path):
         self._socket = socket.socket(socket.AF_UNIX)
@@ -143,14 +143,14 @@ class SilentSocket:
 
 
 def set_on_x_server(address):
-    """Names an accessibility bus on the root window, or none."""
+    """Sets the address of the accessibility bus on the root window; None removes it."""
     change = ("-set", "AT_SPI_BUS", address) if address else ("-remove", "AT_SPI_BUS")
     subprocess.run(["xprop", "-root", "-f", "AT_SPI_BUS", "8s", *change], check=True)
 
 
 @pytest.fixture
 def bus_on_x_server():
-    """set_on_x_server; what the root window named before is restored."""
+    """set_on_x_server; restores the previous address afterwards."""
     shown = subprocess.run(["xprop", "-root", "AT_SPI_BUS"], capture_output=True, text=True,
                            check=True).stdout
     yield set_on_x_server
@@ -166,7 +166,7 @@ def silent(home):
 
 @pytest.mark.parametrize("case", ("session", "usual place", "accessibility", "x server", "both"))
 def test_silent_bus(instances, silent, bus_on_x_server, home, case):
-    """It is given up after the usual time, and the window appears without it."""
+    """After the default timeout the window appears without the bus."""
     session, accessibility = ({"DBUS_SESSION_BUS_ADDRESS": silent.address},
                               {"AT_SPI_BUS_ADDRESS": silent.address})
     usual = home.folder / "runtime"
@@ -191,13 +191,13 @@ def test_silent_bus(instances, silent, bus_on_x_server, home, case):
 
 
 def test_stopped_accessibility_bus(desktop, instances, bus_on_x_server):
-    """The session bus answers, and names an accessibility bus that does not."""
+    """The session bus answers with the address of an accessibility bus that does not answer."""
     from gi.repository import Gio
 
     address = Gio.bus_get_sync(Gio.BusType.SESSION).call_sync(
         "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0,
         -1).unpack()[0]
-    bus_on_x_server(None)  # so that the session bus alone names it
+    bus_on_x_server(None)  # only the session bus gives the address
     path = address.split("path=")[1].split(",")[0]
     with socket.socket(socket.AF_UNIX) as caller:
         caller.connect(path)

@@ -1,4 +1,4 @@
-"""Files dragged out of another window, drag_source, and dropped on the boxes of the form."""
+"""Files dragged from another window, drag_source, and dropped on the wells of the form."""
 
 import pytest
 
@@ -10,7 +10,7 @@ REFUSED_HINT = "Choose an application or a script, or drop one on the box"
 
 @pytest.fixture
 def files(app):
-    """What can be dragged, by name."""
+    """The files and folders to drag, by name."""
     note = app.home.path / "notes.txt"
     note.write_text("no script", encoding="utf-8")
     for name in ("inbox", "outbox"):
@@ -20,7 +20,7 @@ def files(app):
 
 
 def drop(app, drag_source, files, box, taken):
-    """Drags files out of a window of their own onto a box that takes or refuses them."""
+    """Drags files from drag_source onto a well that accepts or rejects them."""
     from driver import Driver
 
     driver, home = app.driver, app.home
@@ -36,7 +36,7 @@ def drop(app, drag_source, files, box, taken):
         return lambda: home.log()[before:].splitlines()[-1:] == [words]
 
     if not taken:
-        # Any text field takes them, so that the rejectionReason afterwards shows as a change.
+        # Any text field accepts them, so the rejection afterwards is reported as a change.
         driver.drag_to(field, last_said("would be taken"), "the field to take them")
     end = "taken" if taken else "refused"
     driver.drag_to(place, last_said(f"would be {end}"), f"the files to be about to be {end}")

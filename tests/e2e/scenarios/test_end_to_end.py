@@ -1,4 +1,4 @@
-"""The complete flow by one input method alone: first start, an agent of every kind, the end."""
+"""The complete flow by one input method: first start, agents of every kind, change, deletion."""
 
 from agent_table import AGENTS
 from app import CREATED, LOAD
@@ -19,7 +19,7 @@ def first_start(app, method):
 
 
 def make_every_kind(app, method):
-    """Ends with the files of all agents, and nothing else, in the folder."""
+    """Afterwards the folder holds exactly the files of all agents."""
     for agent in AGENTS:
         print(f"making {agent.name}")
         app.make(method, agent)
@@ -30,14 +30,14 @@ def make_every_kind(app, method):
 
 
 def start_again(app, scheme):
-    """Neither welcome nor folder is asked for again."""
+    """Shows neither the welcome sheet nor the folder panel again."""
     app.start(scheme=scheme)
     app.find_main_window()
     app.home.expect_log(*REMEMBERED)
 
 
 def silence_warning(app, method):
-    """The first opening warns of agents that are loaded."""
+    """Suppresses the warning that the first opening of an agent shows."""
     method.command("Edit")
     app.driver.find_window(IMPORTANT)
     method.toggle("Do not show this message again")
@@ -47,7 +47,7 @@ def silence_warning(app, method):
 
 
 def read_one(app, method):
-    """An agent that uses every control is read as it was made; nothing is written by that."""
+    """An agent that uses every control is read as it was entered; the file is unchanged."""
     agent = AGENTS[-1]
     app.read(method, agent)
     app.keep_picture("read")

@@ -1,4 +1,4 @@
-"""The main task as script/run shows it where there is no display: from first start to an agent.
+"""The main task, from the first start to a saved agent; script/run runs it if there is no display.
 
 Prints the file and the command that loads it; pytest shows them with -s.
 """

@@ -1,4 +1,4 @@
-"""The first start: welcome, choice of the folder, and the report of an incomplete form."""
+"""The first start: welcome sheet, folder panel, and the faults of an incomplete form."""
 
 from urllib.request import pathname2url
 
@@ -35,7 +35,7 @@ def test_welcome_at_first_start(app, pointer):
 
 
 def test_folder_is_asked_for_until_it_is_right(app, pointer, keyboard, bus):
-    """Cancelled once, given a wrong folder once, then the right one."""
+    """Cancelled once, answered with a wrong folder once, then with the right one."""
     wrong = app.home.path
     app.start()
     keyboard.reply(WELCOME, "Get Started")
@@ -55,7 +55,7 @@ def test_folder_is_asked_for_until_it_is_right(app, pointer, keyboard, bus):
 
 
 def test_second_day_asks_nothing(app, keyboard):
-    """Settings that were stored are found again, and neither welcome nor folder is asked for."""
+    """With stored settings neither the welcome sheet nor the folder panel is shown."""
     app.start_ready(AutoCopyScriptsKey="True")
     app.home.expect_log("Found key found for ShowWelcomeWindow, value of False - 3.0",
                         "Found key found for AutoCopyScriptsKey, value of True")
@@ -63,7 +63,7 @@ def test_second_day_asks_nothing(app, keyboard):
 
 
 def test_incomplete_form(app):
-    """All faults are reported at once, and marked beside their rows and in the name field."""
+    """All faults are reported at once and marked at their rows."""
     app.start_ready()
     app.driver.press("Tab")
     app.driver.press("ctrl+s")

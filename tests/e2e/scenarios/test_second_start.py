@@ -12,7 +12,7 @@ from waiting import wait_until
 
 
 def wait_for_takeover(process, home):
-    """Waits until this is the instance that others find."""
+    """Waits until this instance listens on the socket."""
     folder = Path(home.environment["XDG_RUNTIME_DIR"]) / "frimbolate"
 
     def listens():
@@ -46,7 +46,7 @@ def test_stopped_instance_is_given_up(instances):
     first.send_signal(signal.SIGCONT)
     instances.expect_handover()
     assert windows(first) and windows(second)
-    # The second one is found once the first has ended.
+    # After the first instance has ended, the second one listens.
     first.kill()
     first.wait()
     wait_for_takeover(second, instances.home)
@@ -64,7 +64,7 @@ def test_three_starts_at_once_leave_one(instances):
 
 
 def test_new_instance_beside_the_old_one(instances):
-    """As after a reset of the preferences: the new instance follows the one that ends."""
+    """As after a reset of the preferences: the new instance takes over when the old one ends."""
     first = instances.start_shown()
     second = instances.start_shown("--new-instance")
     instances.expect_handover()
@@ -76,7 +76,7 @@ def test_new_instance_beside_the_old_one(instances):
 
 
 def test_without_runtime_folder(instances):
-    """The socket lies in a folder of the temporary one that the user alone can enter."""
+    """The socket lies in a subfolder of the temporary folder that only the user can enter."""
     folder = instances.home.folder / "temporary"
     folder.mkdir()
     place = {"XDG_RUNTIME_DIR": None, "TMPDIR": str(folder)}

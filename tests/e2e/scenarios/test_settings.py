@@ -1,11 +1,11 @@
-"""Preferences, tips, and the window closed and brought back."""
+"""Preferences, tips, and closing and reopening the window."""
 
 from test_onboarding import FIRST_START, WELCOME
 from waiting import expect_equal, wait_until
 
 READY = {"ShowWelcomeWindow": "False - 3.0", "Bookmark": True, "AutoCopyScriptsKey": "True",
          "WarnForDelete": False}
-# What the sheet shows of those, control by control.
+# The sheet's controls for these settings.
 SHEET = {"Show the welcome window at start": "off",
          "Copy commands to the clipboard automatically": "on",
          "Warn when a script kept alive may still exit": "on",
@@ -38,7 +38,7 @@ def open_preferences(app, method, expected):
 
 
 def change_all(app, method, expected):
-    """Brings every control of the sheet to its other state."""
+    """Changes every control of the sheet to its other state."""
     for control, state in expected.items():
         if state in ("on", "off"):
             method.toggle(control)
@@ -54,7 +54,7 @@ def test_preferences_discarded(app, pointer):
     app.driver.press("Escape")
     app.driver.wait_until_gone(sheet)
     app.home.expect_preferences(**READY)
-    # The controls keep what was left in them until a new form brings back what is stored.
+    # The controls keep the discarded values until a new form loads the stored ones.
     open_preferences(app, pointer, OTHER)
     pointer.reply("Preferences", "Close")
     app.home.expect_preferences(**READY)
@@ -65,7 +65,7 @@ def test_preferences_discarded(app, pointer):
 
 
 def test_preferences_saved_and_used(app, method):
-    """What is stored becomes the default of the next form."""
+    """The stored values become the defaults of the next form."""
     start(app)
     open_preferences(app, method, SHEET)
     change_all(app, method, OTHER)
@@ -76,12 +76,12 @@ def test_preferences_saved_and_used(app, method):
     shown = app.shown()
     assert shown["Priority"] == "Low", shown
     assert shown["Expand wildcards in arguments"] == "on", shown
-    # The new form has found another value for the welcome, and put its own in its place.
+    # The new form replaces the stored welcome value by its own.
     app.home.expect_preferences(**STORED | {"ShowWelcomeWindow": "False"})
 
 
 def test_preferences_reset(app, bus, keyboard):
-    """All is forgotten, the folder too, and the program starts anew by itself."""
+    """Removes all settings, the folder grant included, and restarts the program."""
     start(app)
     open_preferences(app, keyboard, SHEET)
     bus.press_button("Reset")
@@ -95,13 +95,13 @@ def test_preferences_reset(app, bus, keyboard):
     keyboard.answer_panel(str(app.home.agents_folder), "Choose")
     app.find_main_window()
     app.home.expect_preferences(ShowWelcomeWindow="True - 3.0", Bookmark=True)
-    # The new process is no child of this one; it leaves the bus.
+    # The new process is no child of this one, so its end is observed on the bus.
     keyboard.quit()
     wait_until(lambda: not app.driver.is_running(), "the program to quit")
 
 
 def test_tips(app, method):
-    """Shown beside the rows from the start; hidden, shown again, and all read."""
+    """Shown from the start; hidden, shown again, and each opened once."""
     start(app)
     app.driver.find("button", "Tip: Name")
     method.toggle_tips()
