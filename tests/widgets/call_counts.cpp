@@ -4,12 +4,12 @@
 #include "core/form_model.h"
 #include "core/validation.h"
 
-// The linker's option --wrap gives calls of NAME to __wrap_NAME, and NAME itself to __real_NAME.
-// CMakeLists.txt lists the same names.
+// The linker's option --wrap resolves NAME to __wrap_NAME, and __real_NAME to NAME. CMakeLists.txt
+// lists the same names.
 #define RECORD "_ZN10frimbolate9agentFormERKNS_9FormModelE"
 #define VALIDATE "_ZN10frimbolate8validateERKNS_9AgentFormE"
-#define AGENT_FILE                                                                                 \
-    "_ZN10frimbolate9agentFileB5cxx11ERKNS_9AgentFormESt17basic_string_viewIcSt11char_"            \
+#define BUILD_AGENT_PLIST                                                                          \
+    "_ZN10frimbolate15buildAgentPlistB5cxx11ERKNS_9AgentFormESt17basic_string_viewIcSt11char_"     \
     "traitsIcEE"
 
 namespace frimbolate::test {
@@ -30,12 +30,13 @@ Faults countedValidate(const AgentForm& form) {
     return realValidate(form);
 }
 
-AgentPlist realAgentFile(const AgentForm& form, std::string_view label) asm("__real_" AGENT_FILE);
-AgentPlist countedAgentFile(const AgentForm& form,
-                            std::string_view label) asm("__wrap_" AGENT_FILE);
-AgentPlist countedAgentFile(const AgentForm& form, std::string_view label) {
-    ++callCounts.agentFiles;
-    return realAgentFile(form, label);
+AgentPlist realBuildAgentPlist(const AgentForm& form,
+                               std::string_view label) asm("__real_" BUILD_AGENT_PLIST);
+AgentPlist countedBuildAgentPlist(const AgentForm& form,
+                                  std::string_view label) asm("__wrap_" BUILD_AGENT_PLIST);
+AgentPlist countedBuildAgentPlist(const AgentForm& form, std::string_view label) {
+    ++callCounts.agentPlists;
+    return realBuildAgentPlist(form, label);
 }
 
 } // namespace frimbolate::test

@@ -1,5 +1,5 @@
-// How often the functions that a refresh of the window needs were called. The linker leads every
-// call of them through here.
+// Counts calls of the functions that an update of the window needs. The linker's --wrap redirects
+// these calls to counting functions.
 #pragma once
 
 namespace frimbolate::test {
@@ -7,10 +7,10 @@ namespace frimbolate::test {
 struct CallCounts {
     int records = 0;     ///< agentForm()
     int validations = 0; ///< validate()
-    int agentFiles = 0;  ///< buildAgentPlist()
+    int agentPlists = 0; ///< buildAgentPlist()
 };
 
-/// Those since the program began; set it back before what is to be counted.
+/// The calls since the program started; reset it before the calls to count.
 extern CallCounts callCounts;
 
 } // namespace frimbolate::test

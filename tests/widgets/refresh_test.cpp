@@ -1,4 +1,4 @@
-// What one refresh of the window costs: the model is read and validated once, whatever is shown.
+// The cost of one update of the window: the model is read and validated once, whatever is shown.
 #include "core/agent_plist.h"
 #include "core/validation.h"
 #include "tests/widgets/call_counts.h"
@@ -12,8 +12,8 @@ namespace {
 
 class RefreshTest : public WindowTest {
   protected:
-    /// Everything that one refresh may have to tell: every row at fault, the drawer open, a time
-    /// that was not understood, a command.
+    /// Everything that one update can show: every row faulty, the drawer open, an unreadable time,
+    /// a command.
     void spoil() {
         show([](FormModel& model) {
             model.agentNameTextField.stringValue = "a b";
@@ -27,7 +27,7 @@ class RefreshTest : public WindowTest {
         });
     }
 
-    /// A form of which every part is told: nothing stops a rendering half way.
+    /// A complete form, so that no fault cuts the presentation short.
     void complete(int scheduleType) {
         show([=](FormModel& model) {
             model.agentNameTextField.stringValue = "Backup";
@@ -41,15 +41,15 @@ class RefreshTest : public WindowTest {
     }
 
     void expectOneValidation() {
-        // What the refresh asks for only afterwards, such as painting, counts as well.
+        // Calls from later events, such as painting, count as well.
         QCoreApplication::processEvents();
         EXPECT_EQ(callCounts.validations, 1);
         EXPECT_EQ(callCounts.records, 1);
-        EXPECT_EQ(callCounts.agentFiles, 0);
+        EXPECT_EQ(callCounts.agentPlists, 0);
     }
 };
 
-/// A count of nothing would pass for a frugal window.
+/// Checks the counters themselves: counters that never count would pass the tests below.
 TEST_F(RefreshTest, CountsEveryCall) {
     callCounts = {};
     const auto record = agentForm(form());
@@ -57,7 +57,7 @@ TEST_F(RefreshTest, CountsEveryCall) {
     EXPECT_FALSE(buildAgentPlist(record, "com.frimbolate.a").empty());
     EXPECT_EQ(callCounts.records, 1);
     EXPECT_EQ(callCounts.validations, 2);
-    EXPECT_EQ(callCounts.agentFiles, 1);
+    EXPECT_EQ(callCounts.agentPlists, 1);
 }
 
 TEST_F(RefreshTest, ValidatesAFaultyFormOnce) {

@@ -1,5 +1,4 @@
-// However long the texts of an agent are, the window lays out no more of them than it can show, and
-// loses nothing of them.
+// The window lays out only the beginning of a long text, and loses nothing of it.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/long_text.h"
@@ -17,7 +16,7 @@ constexpr std::size_t million = 1'000'000;
 
 class LongTexts : public WindowTest {
   protected:
-    /// A line for all that would have to be laid out or told at a greater length than is bearable.
+    /// A line for each widget whose shown or accessible text exceeds the limit.
     std::string laidOutTooLong() {
         std::string found;
         const auto check = [&](const QWidget* widget, const char* what, qsizetype length,
@@ -46,7 +45,7 @@ struct LongTextRow {
 
 class EveryText : public LongTexts, public testing::WithParamInterface<LongTextRow> {};
 
-TEST_P(EveryText, IsLaidOutInPartAndHeldWhole) {
+TEST_P(EveryText, IsLaidOutInPartAndKeptWhole) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     const std::string whole = "/first" + std::string(million, 'x') + "last";
     show([&](FormModel& model) {
@@ -62,7 +61,7 @@ TEST_P(EveryText, IsLaidOutInPartAndHeldWhole) {
 }
 
 template <auto member>
-std::string& toQString(FormModel& model) {
+std::string& memberText(FormModel& model) {
     if constexpr (requires { (model.*member).stringValue; })
         return (model.*member).stringValue;
     else
@@ -70,19 +69,19 @@ std::string& toQString(FormModel& model) {
 }
 
 const LongTextRow longTexts[] = {
-    {"Name", textOf<&FormModel::agentNameTextField>},
-    {"Target", textOf<&FormModel::agentTargetImageWell>},
-    {"WatchedPath", textOf<&FormModel::agentWatchPathImageWell>},
-    {"Interval", textOf<&FormModel::agentIntervalField>},
-    {"DayOfMonth", textOf<&FormModel::onMonthTextField>},
-    {"NiceLevel", textOf<&FormModel::niceLevelTextField>},
-    {"StandardInput", textOf<&FormModel::standardInPathField>},
-    {"StandardOutput", textOf<&FormModel::standardOutPathField>},
-    {"StandardError", textOf<&FormModel::standardErrorPathField>},
-    {"WorkingFolder", textOf<&FormModel::workingDirectoryField>},
-    {"RootFolder", textOf<&FormModel::rootDirectoryField>},
-    {"QueueFolder", textOf<&FormModel::queueDirectoryField>},
-    {"AdditionalPath", textOf<&FormModel::alsoRunPathChangeImageWell>},
+    {"Name", memberText<&FormModel::agentNameTextField>},
+    {"Target", memberText<&FormModel::agentTargetImageWell>},
+    {"WatchedPath", memberText<&FormModel::agentWatchPathImageWell>},
+    {"Interval", memberText<&FormModel::agentIntervalField>},
+    {"DayOfMonth", memberText<&FormModel::onMonthTextField>},
+    {"NiceLevel", memberText<&FormModel::niceLevelTextField>},
+    {"StandardInput", memberText<&FormModel::standardInPathField>},
+    {"StandardOutput", memberText<&FormModel::standardOutPathField>},
+    {"StandardError", memberText<&FormModel::standardErrorPathField>},
+    {"WorkingFolder", memberText<&FormModel::workingDirectoryField>},
+    {"RootFolder", memberText<&FormModel::rootDirectoryField>},
+    {"QueueFolder", memberText<&FormModel::queueDirectoryField>},
+    {"AdditionalPath", memberText<&FormModel::alsoRunPathChangeImageWell>},
 };
 
 INSTANTIATE_TEST_SUITE_P(Table, EveryText, testing::ValuesIn(longTexts), NamedAfterRow());
@@ -94,7 +93,8 @@ class LongField : public LongTexts {
         show([&](FormModel& model) { model.standardOutPathField.stringValue = path; });
     }
     const std::string& held() { return form().standardOutPathField.stringValue; }
-    bool holds(const std::string& text) { return held() == text; } // a failure prints no million
+    /// Compares outside the assertion, so that a failure does not print a million characters.
+    bool holds(const std::string& text) { return held() == text; }
 
     QLineEdit* field;
     const std::string whole = "/a" + std::string(million, 'x') + "z";
@@ -106,7 +106,7 @@ TEST_F(LongField, ShowsAnyRealPathWhole) {
     EXPECT_EQ(field->text().toStdString(), path);
 }
 
-TEST_F(LongField, AnEditChangesThatPartAlone) {
+TEST_F(LongField, AnEditChangesOnlyTheEditedPart) {
     fill(whole);
     field->setCursorPosition(1);
     QTest::keyClicks(field, "new");
@@ -120,7 +120,7 @@ TEST_F(LongField, AnEditChangesThatPartAlone) {
     EXPECT_TRUE(holds(whole));
 }
 
-TEST_F(LongField, WhatIsCutOutAndPastedAgainIsWhole) {
+TEST_F(LongField, ATextThatIsCutAndPastedAgainIsWhole) {
     fill(whole);
     QTest::keySequence(field, QKeySequence::SelectAll);
     QTest::keySequence(field, QKeySequence::Cut);
@@ -129,7 +129,7 @@ TEST_F(LongField, WhatIsCutOutAndPastedAgainIsWhole) {
     EXPECT_TRUE(holds(whole));
 }
 
-TEST_F(LongField, ATextTypedInItsPlaceReplacesAllOfIt) {
+TEST_F(LongField, ATextTypedOverItReplacesAllOfIt) {
     fill(whole);
     field->selectAll();
     QTest::keyClicks(field, "/tmp/log");
@@ -137,7 +137,7 @@ TEST_F(LongField, ATextTypedInItsPlaceReplacesAllOfIt) {
     EXPECT_EQ(field->text(), "/tmp/log");
 }
 
-TEST_F(LongField, ALongTextThatIsPastedIsHeldWhole) {
+TEST_F(LongField, ALongPastedTextIsKeptWhole) {
     field->insert(QString::fromStdString(whole));
     EXPECT_TRUE(holds(whole));
     EXPECT_EQ(laidOutTooLong(), "");
