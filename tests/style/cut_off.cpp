@@ -21,7 +21,7 @@ namespace frimbolate::test {
 
 namespace {
 
-/// Of the text alone, in whole pixels.
+/// The width of the text alone, rounded up to whole pixels.
 int widthOf(const QWidget& widget, QString text) {
     return static_cast<int>(
         std::ceil(QFontMetricsF(widget.font()).horizontalAdvance(text.remove(QLatin1Char('&')))));
@@ -45,7 +45,7 @@ bool isCutOff(const WrappedText& text) {
 bool isCutOff(const QAbstractButton& button) {
     if (button.text().isEmpty())
         return false;
-    if (qobject_cast<const QToolButton*>(&button)) // beside or above an icon, inside its plate
+    if (qobject_cast<const QToolButton*>(&button)) // with a margin of two pixels on each side
         return widthOf(button, button.text()) > button.width() - 4;
     return button.sizeHint().width() > button.width();
 }
@@ -63,12 +63,12 @@ bool isCutOff(const QComboBox& box) {
 
 bool isCutOff(const QAbstractSpinBox& box) {
     const auto* field = box.findChild<QLineEdit*>();
-    constexpr int clear = 4; // of its own edges
+    constexpr int clear = 4; // the line edit's margins; pixels
     return widthOf(box, field->text()) > field->width() - clear;
 }
 
 bool isCutOff(const QLineEdit& field) {
-    // A text that is too long scrolls; what the field says of itself does not.
+    // A text that is too long scrolls; a placeholder does not.
     return widthOf(field, field.placeholderText()) > field.width() - 8;
 }
 
@@ -88,14 +88,14 @@ bool isTextCutOff(const QWidget& widget) {
     return false;
 }
 
-/// Whether all that stands around the widget, up to its window, leaves it whole.
+/// Whether every ancestor of the widget, up to its window, contains its whole rectangle.
 bool isWhole(const QWidget& widget) {
     QRect place = widget.rect();
     for (const QWidget* inner = &widget; !inner->isWindow(); inner = inner->parentWidget()) {
         place.translate(inner->pos());
         const QWidget* around = inner->parentWidget();
         if (qobject_cast<const QAbstractScrollArea*>(around->parentWidget()))
-            return true; // whatever is beyond can be scrolled to
+            return true; // the rest can be scrolled to
         if (!around->rect().contains(place))
             return false;
     }

@@ -1,5 +1,4 @@
-// Finds what a person cannot read or reach whole: texts wider than their place, controls that
-// their surroundings cut off.
+// Finds clipped content: texts wider than their widget, and widgets clipped by a parent.
 #pragma once
 
 #include <QStringList>
@@ -8,9 +7,8 @@ class QWidget;
 
 namespace frimbolate::test {
 
-/// A line for every visible widget in the tree whose text or rectangle is cut off, the root
-/// included. Texts that are elided by design have their whole in a tool tip; without one they are
-/// told too.
+/// A line for every visible widget in the tree, the root included, whose text or rectangle is cut
+/// off. A text that is elided by design is listed only if its tool tip does not hold it whole.
 QStringList cutOff(const QWidget& root);
 
 } // namespace frimbolate::test

@@ -1,4 +1,4 @@
-// Nothing on any state of the window is cut off; and what is cut off is found.
+// No state of the window has clipped content; cutOff() finds clipped content.
 #include "tests/style/cut_off.h"
 #include "tests/style/window_fixture.h"
 #include "widgets/controls/time_field.h"
@@ -19,9 +19,9 @@ void PrintTo(const UiState& state, std::ostream* out) { *out << state.name; }
 
 namespace {
 
-class FaceTest : public testing::TestWithParam<UiState> {};
+class UiStateTest : public testing::TestWithParam<UiState> {};
 
-TEST_P(FaceTest, ShowsEverythingWhole) {
+TEST_P(UiStateTest, ShowsEverythingWhole) {
     WindowFixture fixture;
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&fixture.window));
     GetParam().setUp(fixture);
@@ -31,7 +31,7 @@ TEST_P(FaceTest, ShowsEverythingWhole) {
     EXPECT_EQ(cutOff(fixture.window).join("\n").toStdString(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Look, FaceTest, testing::ValuesIn(uiStates().begin(), uiStates().end()),
+INSTANTIATE_TEST_SUITE_P(Look, UiStateTest, testing::ValuesIn(uiStates().begin(), uiStates().end()),
                          [](const auto& state) { return std::string(state.param.name); });
 
 TEST(TimesOfDay, FitWhereTheyStand) {
@@ -49,7 +49,7 @@ TEST(TimesOfDay, FitWhereTheyStand) {
     }
 }
 
-/// A window in which one control has too little room.
+/// A window with one control that has too little space.
 class CutOffTest : public testing::Test {
   protected:
     template <typename Control>

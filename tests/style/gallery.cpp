@@ -1,4 +1,4 @@
-// Keeps a picture of every state of the window, as it stands on the screen.
+// Saves a screenshot of every state of the window.
 #include "tests/style/window_fixture.h"
 #include "tests/widgets/chosen_font.h"
 #include "widgets/style/install.h"
@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Frimbolate");
     QApplication::setApplicationVersion("1.0.0");
     QApplication::setQuitOnLastWindowClosed(false);
-    wearChosenFont();
+    setChosenFont();
     frimbolate::style::install(application);
     if (argc < 2 || !QDir().mkpath(argv[1])) {
         std::cerr << "Usage: style_gallery <folder> [<state> ...]\n";
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
             std::cerr << state.name << ": the window did not become active\n";
         state.setUp(fixture);
         fixture.window.mirror();
-        // For eyes only: whatever slides, fades or loads has come to rest by then.
+        // Lets animations and loading end; only the screenshots depend on this wait, no test does.
         QTest::qWait(400);
         const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(0);
         picture.save(QDir(argv[1]).filePath(QString(state.name) + ".png"));

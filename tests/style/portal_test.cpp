@@ -1,4 +1,4 @@
-// The look follows the desktop's settings portal: at the start, and while the program runs.
+// The style follows the desktop's settings portal, at the start and while the program runs.
 #include "tests/style/running_portal.h"
 #include "widgets/style/install.h"
 #include "widgets/style/system_appearance.h"
@@ -27,9 +27,9 @@ class AtTheStart : public testing::TestWithParam<Row> {};
 
 TEST_P(AtTheStart, TheDesktopIsAsked) {
     RunningPortal portal(GetParam().settings);
-    const SystemAppearance wishes(nullptr);
-    EXPECT_EQ(wishes.isDark(), GetParam().isDark);
-    EXPECT_EQ(wishes.isMotionReduced(), GetParam().isMotionReduced);
+    const SystemAppearance system(nullptr);
+    EXPECT_EQ(system.isDark(), GetParam().isDark);
+    EXPECT_EQ(system.isMotionReduced(), GetParam().isMotionReduced);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -49,9 +49,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(WhileRunning, WithoutAPortalThePlatformDecides) {
-    const SystemAppearance wishes(nullptr);
-    EXPECT_FALSE(wishes.isDark());
-    EXPECT_FALSE(wishes.isMotionReduced());
+    const SystemAppearance system(nullptr);
+    EXPECT_FALSE(system.isDark());
+    EXPECT_FALSE(system.isMotionReduced());
 }
 
 TEST(WhileRunning, TheEnvironmentHasTheLastWordOnColours) {
@@ -75,14 +75,14 @@ TEST(WhileRunning, TheWindowChangesItsColours) {
 TEST(WhileRunning, TheWindowComesToRest) {
     RunningPortal portal({});
     install(*qApp);
-    const auto moves = [] {
+    const auto isAnimated = [] {
         return QApplication::style()->styleHint(QStyle::SH_Widget_Animate) != 0;
     };
-    ASSERT_TRUE(moves());
+    ASSERT_TRUE(isAnimated());
     portal.tell(gnome, "enable-animations", false);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !moves(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isAnimated(); }));
     portal.tell(gnome, "enable-animations", true);
-    EXPECT_TRUE(QTest::qWaitFor(moves));
+    EXPECT_TRUE(QTest::qWaitFor(isAnimated));
 }
 
 } // namespace

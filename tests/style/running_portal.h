@@ -1,4 +1,4 @@
-// A settings portal of the test's own, as a desktop has one on its session bus.
+// A settings portal on the session bus, provided by the test.
 #pragma once
 
 #include <QDBusConnection>
@@ -11,9 +11,9 @@
 
 namespace frimbolate::style {
 
-using Settings = QMap<QString, QVariant>; ///< by group and key, a blank between
+using Settings = QMap<QString, QVariant>; ///< by "group key", separated by a space
 
-/// The portal's object on the bus. It lives in a thread of its own, for whoever asks it waits.
+/// The portal's object on the bus. It lives in a thread of its own, because the caller blocks.
 class Portal : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
@@ -29,7 +29,7 @@ class Portal : public QObject {
             bus().send(question.createErrorReply("org.freedesktop.portal.Error.NotFound", key));
             return {};
         }
-        // Wrapped twice, as the oldest portals do.
+        // Wrapped twice, as the oldest portals reply.
         return QDBusVariant(QVariant::fromValue(QDBusVariant(value)));
     }
 
@@ -45,7 +45,7 @@ class Portal : public QObject {
     Settings settings_;
 };
 
-/// A portal on the bus for as long as this lives.
+/// Registers a portal on the bus during its lifetime.
 class RunningPortal {
   public:
     explicit RunningPortal(const Settings& settings) : portal_(new Portal(settings)) {

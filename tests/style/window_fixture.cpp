@@ -66,7 +66,7 @@ void drawer(WindowFixture& fixture) {
     fixture.platform.choose("/Users/maya/Pictures");
 }
 
-/// Where the drawer has no place beside the form.
+/// On the narrowest screen, where the drawer does not fit beside the form.
 void narrowDrawer(WindowFixture& fixture) {
     const auto screens = QGuiApplication::screens();
     const auto* narrowest = *std::ranges::min_element(
@@ -84,8 +84,7 @@ void typedScript(WindowFixture& fixture) {
     fixture.delegate.createNewScript();
 }
 
-/// Where the pop-over has no room at the right, made larger, with a line that is wrapped and one
-/// too long to be laid out.
+/// The enlarged pop-over, without space at its right, with a wrapped line and a folded one.
 void largerScript(WindowFixture& fixture) {
     const QRect screen = fixture.window.screen()->availableGeometry();
     fixture.window.move(screen.right() - fixture.window.frameGeometry().width() - 10,
@@ -234,7 +233,7 @@ void about(WindowFixture& fixture) { fixture.find<QAction>("about")->trigger(); 
 
 void press(WindowFixture& fixture, const char* name) {
     auto* button = fixture.find<QAbstractButton>(name);
-    // What it shows on a panel waits until the panel itself is on the screen.
+    // A sheet on a panel is shown only after the panel is exposed.
     if (QTest::qWaitForWindowExposed(button->window()))
         button->click();
 }
@@ -243,11 +242,11 @@ void openPanel(WindowFixture& fixture) {
     fixture.delegate.chooseApplicationOrScript();
     OpenPanel panel = fixture.platform.shownOpenPanel();
     panel.directory = "/";
-    panel.suggestedName = "etc"; // so that a row is lit
+    panel.suggestedName = "etc"; // so that a row is highlighted
     fixture.panels.open(panel, [](const auto&) {});
 }
 
-void refusingPanel(WindowFixture& fixture) {
+void rejectingPanel(WindowFixture& fixture) {
     openPanel(fixture);
     fixture.find<QLineEdit>("fileNameEdit")->setText(QString(100, 'm') + ".sh");
     press(fixture, "promptButton");
@@ -314,7 +313,7 @@ constexpr UiState rows[] = {
     {"menu_open", menuOpen},
     {"about", about},
     {"open_panel", openPanel},
-    {"refusing_panel", refusingPanel},
+    {"rejecting_panel", rejectingPanel},
     {"grant_panel", grantPanel},
     {"new_folder", newFolder},
     {"save_panel", savePanel},

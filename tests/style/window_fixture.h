@@ -1,4 +1,4 @@
-// Every face that the window shows to a person, each brought about by the steps that lead to it.
+// The UI states of the window, each set up by the actions that lead to it.
 #pragma once
 
 #include "tests/widgets/scripted_window.h"
@@ -9,14 +9,14 @@
 
 namespace frimbolate::test {
 
-/// A window whose scripted alerts can be shown for real.
+/// A window whose scripted alerts and panels can be shown as real dialogs.
 class WindowFixture : public ScriptedWindow {
   public:
     WindowFixture();
-    /// What is still asked for stays unanswered: a face is only looked at.
+    /// Abandons unanswered questions: a state is only shown.
     ~WindowFixture();
 
-    /// The alert that the rules have asked for.
+    /// Shows the alert that the last action has requested.
     void showAlert();
 
     void name();
@@ -28,6 +28,7 @@ class WindowFixture : public ScriptedWindow {
     QtFilePanels panels{queue, window};
 };
 
+/// A row of the table; `name` is the test's name and the screenshot's file name.
 struct UiState {
     const char* name;
     void (*setUp)(WindowFixture& fixture);

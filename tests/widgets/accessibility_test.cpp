@@ -1,4 +1,4 @@
-// What assistive tools meet: every part named, described, reachable, and to be worked with.
+// Names, descriptions, roles and actions that the window exposes to assistive tools.
 #include "tests/widgets/window_test.h"
 #include "widgets/sheets/qt_alerts.h"
 
@@ -19,7 +19,7 @@ QAccessibleInterface* access(QObject* object) {
 
 using WindowAccessTest = WindowTest;
 
-TEST_F(WindowAccessTest, ThePopOverIsAPartOfTheWindow) {
+TEST_F(WindowAccessTest, ThePopOverIsAChildOfTheWindow) {
     QAccessibleInterface* whole = access(&window);
     QAccessibleInterface* part = access(find("popoverScriptObject"));
     ASSERT_TRUE(whole && part);
@@ -44,7 +44,7 @@ TEST_F(WindowAccessTest, ThePopOverIsAPartOfTheWindow) {
     EXPECT_EQ(whole->childAt(middle.x(), middle.y()), part);
 }
 
-TEST_F(WindowAccessTest, AnAlertHasTheRoleOfOne) {
+TEST_F(WindowAccessTest, AnAlertHasTheAlertRole) {
     QtAlerts alerts(queue, window);
     alerts.show({"It is broken", "It cannot be mended", {"Ok"}}, {});
     QAccessibleInterface* alert = access(queue.current());
@@ -72,7 +72,7 @@ void selectByTool(QComboBox* button, int row) {
     list->child(row)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
 }
 
-TEST_F(WindowAccessTest, AnItemSelectedByAToolIsChosen) {
+TEST_F(WindowAccessTest, AnItemSelectedByAnAssistiveToolIsChosen) {
     auto* target = find<QComboBox>("agentTargetButton");
     selectByTool(target, TargetType::File);
     ASSERT_TRUE(QTest::qWaitFor([&] { return platform.isAsking(); }));
@@ -89,7 +89,7 @@ TEST_F(WindowAccessTest, AnItemSelectedByAToolIsChosen) {
     EXPECT_FALSE(form().agentIntervalField.hidden) << "its action was sent";
 }
 
-TEST_F(WindowAccessTest, TheListDoesNotRememberWhatWasTakenBack) {
+TEST_F(WindowAccessTest, TheListFollowsAModelThatRevertsTheChoice) {
     auto* action = find<QComboBox>("agentActionButton");
     for (int times = 0; times < 2; ++times) {
         selectByTool(action, AgentAction::PathModified);
@@ -101,7 +101,7 @@ TEST_F(WindowAccessTest, TheListDoesNotRememberWhatWasTakenBack) {
     }
 }
 
-TEST_F(WindowAccessTest, AToolTogglesThroughTheToolbar) {
+TEST_F(WindowAccessTest, AnAssistiveToolTogglesThroughTheToolbar) {
     auto* advanced = find<QToolButton>("advancedToolbarItem");
     for (const bool open : {true, false}) {
         access(advanced)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
@@ -116,7 +116,7 @@ TEST_F(WindowAccessTest, AToolTogglesThroughTheToolbar) {
     EXPECT_FALSE(advanced->isChecked());
 }
 
-TEST_F(WindowAccessTest, WhatIsGreyedOutIsNotChosenByAToolEither) {
+TEST_F(WindowAccessTest, AnAssistiveToolCannotChooseADisabledItem) {
     show([](FormModel& model) {
         model.agentScheduleTypeButton.disabledItems = {ScheduleType::OnInterval};
     });
@@ -124,7 +124,7 @@ TEST_F(WindowAccessTest, WhatIsGreyedOutIsNotChosenByAToolEither) {
     selectByTool(schedule, ScheduleType::OnInterval);
     show([](FormModel& model) { model.agentTargetButton.enabled = false; });
     selectByTool(find<QComboBox>("agentTargetButton"), TargetType::Script);
-    // One that is to be chosen comes after them.
+    // The next selected item is enabled.
     selectByTool(find<QComboBox>("priorityLevelButton"), PriorityLevel::Low);
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return form().priorityLevelButton.selectedItem == PriorityLevel::Low; }));
@@ -132,7 +132,7 @@ TEST_F(WindowAccessTest, WhatIsGreyedOutIsNotChosenByAToolEither) {
     EXPECT_EQ(form().agentTargetButton.selectedItem, TargetType::None);
 }
 
-TEST_F(WindowAccessTest, TheFocusIsToldOfOneControlAlone) {
+TEST_F(WindowAccessTest, OnlyOneControlReportsTheFocus) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     find<QAction>("createNewAgent")->trigger();
     QStringList focused;
@@ -142,7 +142,7 @@ TEST_F(WindowAccessTest, TheFocusIsToldOfOneControlAlone) {
     EXPECT_EQ(focused.join(", ").toStdString(), "agentNameTextField");
 }
 
-TEST_F(WindowAccessTest, WalkingThroughTheListChoosesNothing) {
+TEST_F(WindowAccessTest, MovingThroughTheListChoosesNothing) {
     auto* action = find<QComboBox>("agentActionButton");
     window.show();
     action->showPopup();
@@ -153,12 +153,12 @@ TEST_F(WindowAccessTest, WalkingThroughTheListChoosesNothing) {
     EXPECT_EQ(form().agentActionButton.selectedItem, AgentAction::None);
     EXPECT_TRUE(action->view()->isVisible());
     QTest::keyClick(action->view(), Qt::Key_Escape);
-    QCoreApplication::processEvents(); // what is lit is worked off later
+    QCoreApplication::processEvents(); // the selection is handled by a queued call
     EXPECT_EQ(form().agentActionButton.selectedItem, AgentAction::None);
     EXPECT_FALSE(platform.isAsking());
 }
 
-TEST_F(WindowAccessTest, WhatAPersonOnlyLookedAtCanBeChosenByATool) {
+TEST_F(WindowAccessTest, AHighlightedItemCanBeChosenByAnAssistiveToolLater) {
     auto* action = find<QComboBox>("agentActionButton");
     window.show();
     action->showPopup();
@@ -173,9 +173,9 @@ TEST_F(WindowAccessTest, WhatAPersonOnlyLookedAtCanBeChosenByATool) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form().agentActionButton.selectedItem == lit; }));
 }
 
-// What is told
+// Descriptions
 
-TEST_F(WindowAccessTest, AControlIsDescribedByTheLineBelowIt) {
+TEST_F(WindowAccessTest, AControlIsDescribedByItsHint) {
     show([](FormModel& model) {
         model.agentScheduleTypeButton.selectedItem = ScheduleType::OnInterval;
         model.agentIntervalField.hidden = model.agentIntervalTypeButton.hidden = false;

@@ -1,4 +1,4 @@
-// Escape, and the window manager's close button, over every alert that the program shows.
+// Escape and the window manager's close button, for every alert that the program shows.
 #include "core/agent_form.h"
 #include "tests/support/scripted_platform.h"
 #include "tests/widgets/sheet_fixture.h"
@@ -17,7 +17,7 @@ const std::string earlier = agents + "/com.frımbolate.Backup.plist";
 const Dictionary content = {{"Label", Value("com.frimbolate.Backup")},
                             {"ProgramArguments", Value(Array{Value("/Users/maya/backup.sh")})}};
 
-/// The program over a scripted desktop, brought to the one alert that then waits for its answer.
+/// The program with a scripted desktop, up to the one alert that waits for its answer.
 struct Asking {
     Asking() {
         platform.files.folders = {agents};
@@ -56,8 +56,8 @@ struct Asking {
 struct EscapeRow {
     const char* name;
     void (*bringUp)(Asking& asking);
-    const char* message;       ///< how the alert begins
-    std::optional<int> answer; ///< nothing where the alert stays
+    const char* message;       ///< the beginning of the alert's message
+    std::optional<int> answer; ///< nothing if the alert stays open
 };
 
 constexpr int ok = AlertAnswer::First, cancel = AlertAnswer::Second;
@@ -187,7 +187,7 @@ const EscapeRow escapeRows[] = {
 
 class EscapedAlert : public SheetFixture, public testing::WithParamInterface<EscapeRow> {
   protected:
-    /// The alert, shown as a real one.
+    /// Shows the scripted alert as a real dialog.
     AlertDialog* bringUp() {
         Asking asking;
         GetParam().bringUp(asking);

@@ -1,4 +1,4 @@
-// The desktop's font as a test chooses it.
+// The desktop's font for tests.
 #pragma once
 
 #include <QApplication>
@@ -8,9 +8,9 @@
 
 namespace frimbolate::test {
 
-/// Makes the desktop's font FRIMBOLATE_LOOK_FONT times as large as usual, once where that is not
-/// set; to be called before the look is installed.
-inline void wearChosenFont() {
+/// Sets the application's font to FRIMBOLATE_LOOK_FONT times the default size; 1 if that is not
+/// set. Call it before style::install().
+inline void setChosenFont() {
     constexpr double usualPixels = 12;
     const double factor = qEnvironmentVariable("FRIMBOLATE_LOOK_FONT", "1").toDouble();
     QFont font = QApplication::font();

@@ -1,4 +1,4 @@
-// What the command sheet says of its command, and what it copies.
+// What the command sheet shows about its command, and what it copies.
 #include "core/command_warning.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/elided_label.h"
@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* plain = "/Users/maya/Library/LaunchAgents/com.frimbolate.a.plist";
 constexpr const char* foreign = "/Users/maya/com.frimbolate.a';touch pwned;'.plist";
-/// What the toolkit would turn into something else, and an apostrophe.
+/// Characters that the toolkit would replace, and an apostrophe.
 constexpr const char* odd = "/a b\u00a0c\u2028d\u2029e\rf\r\ng\nh\u0085i\tj'k\u00a0.plist";
 
 class CommandSheetViewTest : public WindowTest {
@@ -77,7 +77,7 @@ TEST_F(CommandSheetViewTest, ItsWarningHasTheColourOfFaults) {
         const QImage picture = const_cast<QWidget*>(label)->grab().toImage();
         int reddest = 0;
         for (int y = 0; y < picture.height(); ++y)
-            for (int x = 32; x < picture.width(); ++x) { // from behind the sign on
+            for (int x = 32; x < picture.width(); ++x) { // right of the sign
                 const QColor colour = picture.pixelColor(x, y);
                 reddest = std::max(reddest, colour.red() - colour.blue());
             }
@@ -109,12 +109,12 @@ TEST_F(CommandSheetViewTest, ASelectionIsCopiedExactlyToo) {
     QTextCursor cursor = command()->textCursor();
     const auto start = static_cast<int>(all.indexOf(QString::fromStdString(part)));
     cursor.setPosition(start);
-    cursor.setPosition(start + 8, QTextCursor::KeepAnchor); // the pair is one break on the screen
+    cursor.setPosition(start + 8, QTextCursor::KeepAnchor); // CR LF is one position
     command()->setTextCursor(cursor);
     command()->copy();
     EXPECT_EQ(clipboard(), part);
     window.mirror();
-    EXPECT_EQ(command()->textCursor().selectionStart(), start) << "a mirroring keeps the selection";
+    EXPECT_EQ(command()->textCursor().selectionStart(), start) << "an update keeps the selection";
     EXPECT_TRUE(command()->textCursor().hasSelection());
 }
 
@@ -137,7 +137,7 @@ TEST_F(CommandSheetViewTest, SaysWhetherTheCommandWasCopied) {
     EXPECT_EQ(command()->accessibleDescription(), copied);
 }
 
-TEST_F(CommandSheetViewTest, AsksNobodyToPasteAnUnsafeCommand) {
+TEST_F(CommandSheetViewTest, DoesNotSuggestPastingAnUnsafeCommand) {
     showCommandFor(foreign);
     EXPECT_EQ(state(), "(hidden)");
     pressCopy();
@@ -146,7 +146,7 @@ TEST_F(CommandSheetViewTest, AsksNobodyToPasteAnUnsafeCommand) {
     EXPECT_EQ(state(), "Copy this command and paste it into Terminal.");
 }
 
-TEST_F(CommandSheetViewTest, TheButtonThatCopiesAnswers) {
+TEST_F(CommandSheetViewTest, TheCopyButtonConfirmsTheCopy) {
     showCommandFor(plain);
     const auto picture = [this] { return copyButton()->icon().pixmap(20, 20).toImage(); };
     const QImage before = picture();
@@ -172,7 +172,7 @@ TEST_F(CommandSheetViewTest, NamesTheAgent) {
     EXPECT_EQ(agent->text(), "com.frimbolate.a';touch pwned;'.plist");
 }
 
-TEST_F(CommandSheetViewTest, StaysInsideTheFormWhateverItHasToSay) {
+TEST_F(CommandSheetViewTest, StaysInsideTheFormWithAnyText) {
     const std::string length = std::string(500, 'x') + ".plist";
     for (const auto& path : {"/a" + length, "/a'" + length, "/a'\n" + length}) {
         showCommandFor(path);

@@ -1,4 +1,4 @@
-// The drawer where it does not fit the screen beside the form: it slides over the form.
+// The drawer on screens where it fits beside the form, and where it slides over the form.
 #include "tests/widgets/window_test.h"
 #include "widgets/drawer/drawer_panel.h"
 #include "widgets/style/tokens.h"
@@ -27,7 +27,7 @@ class DrawerOnScreens : public WindowTest {
         ADD_FAILURE() << "no screen " << screenName.toStdString();
         return {};
     }
-    /// Puts the window's frame so far from the corner of the screen.
+    /// Moves the window's frame to this offset from the corner of the screen.
     void moveTo(const QString& screenName, int x, int y) {
         window.move(available(screenName).topLeft() + QPoint(x, y));
         QCoreApplication::processEvents();
@@ -37,7 +37,7 @@ class DrawerOnScreens : public WindowTest {
         find<QAction>("advancedToolbarItem")->toggle();
         QCoreApplication::processEvents();
     }
-    /// In pixels of what is below the toolbar.
+    /// The drawer's rectangle, in pixels of the content below the toolbar.
     QRect drawer() { return find("advancedDrawer")->geometry(); }
     QPoint place() const { return window.frameGeometry().topLeft(); }
 
@@ -65,7 +65,7 @@ TEST_F(DrawerOnScreens, NarrowItLiesOverTheFormAndTheWindowKeepsItsSize) {
     EXPECT_EQ(window.size(), QSize(680, 472));
 }
 
-TEST_F(DrawerOnScreens, NarrowItThrowsASoftShadowOnALiveForm) {
+TEST_F(DrawerOnScreens, NarrowItCastsAShadowOnAnEnabledForm) {
     moveTo("narrow", 172, 60);
     const auto pixel = [this](int x) {
         return window.centralWidget()->grab().toImage().pixelColor(x, 6);
@@ -82,7 +82,7 @@ TEST_F(DrawerOnScreens, NarrowItThrowsASoftShadowOnALiveForm) {
     EXPECT_EQ(pixel(279), plain);
 }
 
-TEST_F(DrawerOnScreens, NarrowNoControlWithTheKeyboardIsHidden) {
+TEST_F(DrawerOnScreens, NarrowTheFocusedControlIsNeverCovered) {
     moveTo("narrow", 172, 60);
     QWidget* name = find("agentNameTextField");
     name->setFocus();
@@ -100,7 +100,7 @@ TEST_F(DrawerOnScreens, NarrowNoControlWithTheKeyboardIsHidden) {
     EXPECT_EQ(window.focusWidget(), find("agentActionButton"));
 }
 
-TEST_F(DrawerOnScreens, NarrowEscapeAndTheToolbarCloseItAndGiveTheKeyboardBack) {
+TEST_F(DrawerOnScreens, NarrowEscapeAndTheToolbarCloseItAndRestoreTheFocus) {
     moveTo("narrow", 172, 60);
     const std::function<void()> ways[] = {
         [this] { QTest::keyClick(window.focusWidget(), Qt::Key_Escape); }, [this] { toggle(); }};
@@ -115,7 +115,7 @@ TEST_F(DrawerOnScreens, NarrowEscapeAndTheToolbarCloseItAndGiveTheKeyboardBack) 
     }
 }
 
-TEST_F(DrawerOnScreens, NarrowTheWindowComesOntoTheScreenAndGoesBack) {
+TEST_F(DrawerOnScreens, NarrowTheWindowMovesOntoTheScreenAndBack) {
     moveTo("narrow", 500, 300);
     const QPoint before = place();
     toggle();
@@ -124,7 +124,7 @@ TEST_F(DrawerOnScreens, NarrowTheWindowComesOntoTheScreenAndGoesBack) {
     EXPECT_EQ(place(), before);
 }
 
-TEST_F(DrawerOnScreens, WideItStandsBesideTheFormAndTheKeyboardStays) {
+TEST_F(DrawerOnScreens, WideItLiesBesideTheFormAndTheFocusStays) {
     moveTo("wide", 100, 60);
     find("agentNameTextField")->setFocus();
     toggle();
@@ -135,7 +135,7 @@ TEST_F(DrawerOnScreens, WideItStandsBesideTheFormAndTheKeyboardStays) {
     EXPECT_TRUE(form().advancedDrawer.open);
 }
 
-TEST_F(DrawerOnScreens, WideTheWindowGoesBackToWhereItStood) {
+TEST_F(DrawerOnScreens, WideTheWindowMovesBackToItsPosition) {
     const int farRight = available("wide").width() - 700;
     moveTo("wide", farRight, 60);
     const QPoint before = place();
@@ -149,7 +149,7 @@ TEST_F(DrawerOnScreens, WideTheWindowGoesBackToWhereItStood) {
     }
 }
 
-TEST_F(DrawerOnScreens, WideADrawerThatTurnsRoundRemembersWhereTheWindowStood) {
+TEST_F(DrawerOnScreens, WideAReversedSlideKeepsTheWindowsFirstPosition) {
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
     moveTo("wide", available("wide").width() - 700, 60);
     const QPoint before = place();
@@ -172,7 +172,7 @@ TEST_F(DrawerOnScreens, WideItSlidesBehindTheFormAlsoAfterItLayOverIt) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return drawer().x() == 680; }));
 }
 
-TEST_F(DrawerOnScreens, WideTheWindowStaysWhereTheUserMovedItMeanwhile) {
+TEST_F(DrawerOnScreens, WideTheWindowStaysWhereTheUserMovedIt) {
     moveTo("wide", available("wide").width() - 700, 60);
     toggle();
     moveTo("wide", 200, 100);

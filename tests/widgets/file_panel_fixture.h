@@ -1,4 +1,4 @@
-// A folder with a few files in it, panels over it, and a journal of what they answered.
+// A temporary folder with files, panels that show it, and a journal of their answers.
 #pragma once
 
 #include "tests/widgets/sheet_fixture.h"
@@ -67,7 +67,7 @@ class FilePanel : public SheetFixture {
     }
     QLineEdit* nameField() { return dialog->findChild<QLineEdit*>("fileNameEdit"); }
     void type(const std::string& name) {
-        // The dialog takes the name of what is selected while the field is without the keyboard.
+        // While the field has no focus, the dialog replaces its text by the selected name.
         dialog->activateWindow();
         nameField()->setFocus();
         ASSERT_TRUE(QTest::qWaitFor([&] { return nameField()->hasFocus(); }));
@@ -77,14 +77,14 @@ class FilePanel : public SheetFixture {
         auto* shown = dialog->findChild<WrappedText*>("panelRejection");
         return shown->isVisible() ? shown->text().toStdString() : "";
     }
-    /// The question before a file is replaced, or null.
+    /// The alert that asks before a file is replaced, or null.
     AlertDialog* replaceAlert() {
         for (auto* alert : dialog->findChildren<AlertDialog*>("sheetAlert"))
             if (alert->isVisible())
                 return alert;
         return nullptr;
     }
-    /// The row of an item in the list, once the panel has read the folder.
+    /// The index of an item in the list; waits until the panel has listed it.
     QModelIndex item(const char* name) {
         auto* view = dialog->findChild<QTreeView*>("treeView");
         QModelIndex found;

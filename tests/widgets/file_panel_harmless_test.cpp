@@ -1,4 +1,4 @@
-// No file panel changes what is on the disk, but for the new folder that it offers.
+// File panels change nothing on the disk, except by creating a new folder.
 #include "tests/widgets/file_panel_fixture.h"
 
 #include <QAction>
@@ -16,7 +16,7 @@ namespace {
 
 struct HarmlessRow {
     std::string name;
-    std::optional<OpenPanel> open; ///< a save panel where there is none
+    std::optional<OpenPanel> open; ///< none for a save panel
     std::string view;              ///< object name
 };
 
@@ -41,7 +41,7 @@ std::vector<HarmlessRow> harmlessRows() {
 class HarmlessPanel : public FilePanel, public testing::WithParamInterface<HarmlessRow> {
   protected:
     HarmlessPanel() {
-        QObject::connect(&watch_, &QTimer::timeout, [this] { dismissWhatCameUp(); });
+        QObject::connect(&watch_, &QTimer::timeout, [this] { closeUnexpected(); });
     }
 
     void openPanel() {
@@ -49,12 +49,12 @@ class HarmlessPanel : public FilePanel, public testing::WithParamInterface<Harml
         dialog->setViewMode(row.view == "treeView" ? QFileDialog::Detail : QFileDialog::List);
         dialog->setSidebarUrls({QUrl::fromLocalFile(root.filePath("folder"))});
         view = dialog->findChild<QAbstractItemView*>(QString::fromStdString(row.view));
-        item("folder"); // the folder has been read
+        item("folder"); // waits until the folder is listed
         watch_.start(0);
     }
-    /// Gives an item of the view the keyboard and the selection.
+    /// Focuses and selects an item of the view.
     void select(const char* name) {
-        dialog->setDirectory(root.path()); // keys may have led elsewhere
+        dialog->setDirectory(root.path()); // earlier keys may have changed the folder
         const QModelIndex index = row.view == "sidebar" ? view->model()->index(0, 0) : item(name);
         dialog->activateWindow();
         view->setFocus();
@@ -63,7 +63,7 @@ class HarmlessPanel : public FilePanel, public testing::WithParamInterface<Harml
         view->selectionModel()->select(index, QItemSelectionModel::ClearAndSelect |
                                                   QItemSelectionModel::Rows);
     }
-    /// Every file and folder below the root, with what it holds.
+    /// Every file and folder below the root, with its content.
     QMap<QString, QByteArray> disk() const {
         QMap<QString, QByteArray> found;
         QDirIterator all(root.path(), QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
@@ -77,7 +77,7 @@ class HarmlessPanel : public FilePanel, public testing::WithParamInterface<Harml
     void expectNothingHappened() {
         settle();
         EXPECT_EQ(disk(), before_);
-        EXPECT_EQ(cameUp_, QStringList());
+        EXPECT_EQ(unexpected_, QStringList());
         EXPECT_TRUE(view->findChildren<QLineEdit*>().isEmpty()) << "a name can be edited in place";
         EXPECT_TRUE(dialog->isVisible());
         EXPECT_EQ(dialog->sidebarUrls(), QList{QUrl::fromLocalFile(root.filePath("folder"))});
@@ -88,19 +88,19 @@ class HarmlessPanel : public FilePanel, public testing::WithParamInterface<Harml
     QAbstractItemView* view = nullptr;
 
   private:
-    /// A question in an event loop of its own would keep the test waiting for ever.
-    void dismissWhatCameUp() {
+    /// Closes modal dialogs: a question in a nested event loop would block the test forever.
+    void closeUnexpected() {
         QWidget* up = QApplication::activePopupWidget();
         if (!up)
             up = QApplication::activeModalWidget();
         if (!up || up == dialog)
             return;
-        cameUp_.append(up->metaObject()->className());
+        unexpected_.append(up->metaObject()->className());
         up->close();
     }
 
     const QMap<QString, QByteArray> before_ = disk();
-    QStringList cameUp_;
+    QStringList unexpected_;
     QTimer watch_;
 };
 
@@ -137,7 +137,7 @@ TEST_P(HarmlessPanel, ChangesNothingByAnyKey) {
         }
 }
 
-TEST_P(HarmlessPanel, ChangesNothingByAnEntryOfAMenu) {
+TEST_P(HarmlessPanel, ChangesNothingByAMenuItem) {
     openPanel();
     select("folder");
     const QPoint place = view->visualRect(view->currentIndex()).center();
@@ -150,7 +150,7 @@ TEST_P(HarmlessPanel, ChangesNothingByAnEntryOfAMenu) {
     expectNothingHappened();
 }
 
-TEST_P(HarmlessPanel, LetsNoNameBeEditedInPlace) {
+TEST_P(HarmlessPanel, AllowsNoEditingInPlace) {
     openPanel();
     select("folder");
     QTest::ignoreMessage(QtWarningMsg, "edit: editing failed");

@@ -16,7 +16,7 @@ struct OpenRow {
     const char* name;
     OpenPanel panel;
     const char* typed;
-    const char* chosen; ///< inside the folder; null where the panel stays open
+    const char* chosen; ///< path inside the folder; null if the panel stays open
 };
 
 OpenPanel files(std::vector<std::string> types = {}) {
@@ -60,7 +60,7 @@ const OpenRow openRows[] = {
 
 class OpenChoice : public FilePanel, public testing::WithParamInterface<OpenRow> {};
 
-TEST_P(OpenChoice, IsMadeByTheRulesOfThePanel) {
+TEST_P(OpenChoice, FollowsTheRulesOfThePanel) {
     const OpenRow& row = GetParam();
     make("Tidy.workflow/document.wflow");
     make("file.app");
@@ -115,7 +115,7 @@ TEST_F(FilePanel, KeepsItsPromptWhateverIsTyped) {
     }
 }
 
-TEST_F(FilePanel, WaitsForTheSheetBefore) {
+TEST_F(FilePanel, WaitsForTheSheetBeforeIt) {
     open(files());
     panels.save({}, [](const auto&) {});
     EXPECT_EQ(shown("savePanel"), nullptr);
@@ -123,7 +123,7 @@ TEST_F(FilePanel, WaitsForTheSheetBefore) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown("savePanel") != nullptr; }));
 }
 
-TEST_F(FilePanel, ResolvesLinksOnlyWhereAsked) {
+TEST_F(FilePanel, ResolvesLinksOnlyIfRequested) {
     ASSERT_TRUE(QFile::link(root.filePath("agent.plist"), root.filePath("link.plist")));
     for (const bool resolves : {true, false}) {
         OpenPanel panel;
@@ -154,15 +154,15 @@ TEST_F(FilePanel, ChoosesABundleBySelectingIt) {
     EXPECT_EQ(journal.front(), path("Foo.app"));
 }
 
-TEST_F(FilePanel, NamesAFileThatIsSelected) {
+TEST_F(FilePanel, SelectingAFilePutsItsNameIntoTheField) {
     open(files());
     select("notes.txt");
     EXPECT_EQ(nameField()->text(), "notes.txt");
 }
 
-TEST_F(FilePanel, KeepsWhatIsTypedWhileTheKeyboardIsAway) {
+TEST_F(FilePanel, KeepsTypedTextWhenTheWindowLosesTheFocus) {
     open(folders());
-    select("folder"); // the folder's content is known by then
+    select("folder"); // waits until the folder is listed
     dialog->findChild<QTreeView*>("treeView")->setFocus();
     for (const char* typed : {"folder", "Foo.app", "folder/"}) {
         nameField()->setText(typed);
@@ -222,7 +222,7 @@ TEST_F(FilePanel, StartsWithTheSuggestedEntrySelected) {
     EXPECT_EQ(journal.front(), path("folder"));
 }
 
-TEST_F(FilePanel, StartsWithNothingSelectedWhereTheSuggestedEntryIsMissing) {
+TEST_F(FilePanel, StartsWithNothingSelectedIfTheSuggestedEntryIsMissing) {
     OpenPanel panel = folders();
     panel.suggestedName = "LaunchAgents";
     open(panel);
@@ -239,7 +239,7 @@ struct TitleRow {
 };
 class PanelTitle : public FilePanel, public testing::WithParamInterface<TitleRow> {};
 
-TEST_P(PanelTitle, SaysWhatIsAsked) {
+TEST_P(PanelTitle, IsTheFirstSentenceOfTheMessage) {
     OpenPanel panel;
     panel.message = GetParam().message;
     open(panel);
@@ -259,7 +259,7 @@ const TitleRow titleRows[] = {
 INSTANTIATE_TEST_SUITE_P(Table, PanelTitle, testing::ValuesIn(titleRows),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(FilePanel, OffersPlaces) {
+TEST_F(FilePanel, ListsPlacesInTheSideBar) {
     const QByteArray home = qgetenv("HOME");
     make("home/Desktop/x");
     make("home/Library/LaunchAgents/x");
@@ -274,14 +274,14 @@ TEST_F(FilePanel, OffersPlaces) {
     qputenv("HOME", home);
     const auto at = [this](const char* name) { return QString::fromStdString(path(name)); };
     places.removeIf([](const QString& place) {
-        return place.endsWith("pplications"); // wherever this desktop keeps them
+        return place.endsWith("pplications"); // the path depends on the desktop
     });
     EXPECT_EQ(places, (QStringList{root.filePath("home"), root.filePath("home/Desktop"),
                                    root.filePath("home/Library/LaunchAgents"),
                                    at("granted/LaunchAgents")}));
 }
 
-TEST_F(FilePanel, LeavesThePlacesOfOtherProgramsAlone) {
+TEST_F(FilePanel, KeepsThePlacesOfOtherPrograms) {
     const QList<QUrl> places = {QUrl::fromLocalFile(root.filePath("folder"))};
     {
         QFileDialog other;
@@ -300,7 +300,7 @@ TEST_F(FilePanel, LeavesThePlacesOfOtherProgramsAlone) {
     EXPECT_FALSE(next.findChild<QTreeView*>("treeView")->isColumnHidden(1));
 }
 
-TEST_F(FilePanel, OffersNewFoldersOnlyWhereAllowed) {
+TEST_F(FilePanel, OffersNewFoldersOnlyIfAllowed) {
     for (const bool allowed : {true, false}) {
         OpenPanel panel;
         panel.canCreateDirectories = allowed;
@@ -313,7 +313,7 @@ TEST_F(FilePanel, OffersNewFoldersOnlyWhereAllowed) {
     }
 }
 
-TEST_F(FilePanel, StartsElsewhereWhenItsFolderIsMissing) {
+TEST_F(FilePanel, StartsElsewhereIfItsFolderIsMissing) {
     OpenPanel panel;
     panel.directory = root.filePath("missing").toStdString();
     open(panel);
@@ -328,7 +328,7 @@ TEST_F(FilePanel, StartsInItsFolder) {
     EXPECT_EQ(dialog->directory().dirName(), "folder");
 }
 
-TEST_F(FilePanel, SaysWhyItRefuses) {
+TEST_F(FilePanel, ShowsTheRejectionReason) {
     open(files({"plist"}));
     type("missing.plist");
     click(dialog, "Select");
@@ -340,7 +340,7 @@ TEST_F(FilePanel, SaysWhyItRefuses) {
     EXPECT_THAT(rejectionReason(), HasSubstr("notes.txt"));
 }
 
-TEST_F(FilePanel, RefusesALinkToANameThatIsNoText) {
+TEST_F(FilePanel, RejectsALinkToANameThatIsNotUtf8) {
     const QByteArray target = QFile::encodeName(root.path()) + "/na\xFFme.plist";
     FILE* file = std::fopen(target.constData(), "w");
     ASSERT_NE(file, nullptr);
@@ -353,10 +353,10 @@ TEST_F(FilePanel, RefusesALinkToANameThatIsNoText) {
     settle();
     EXPECT_THAT(rejectionReason(), HasSubstr("cannot be read as text"));
     EXPECT_THAT(journal, ElementsAre());
-    ::unlink(target.constData()); // the temporary folder cannot remove what it cannot read
+    ::unlink(target.constData()); // QTemporaryDir cannot remove a name that is not UTF-8
 }
 
-TEST_F(FilePanel, HasNamesForAssistiveTechnology) {
+TEST_F(FilePanel, HasAccessibleNames) {
     open(files());
     EXPECT_FALSE(nameField()->accessibleName().isEmpty());
     EXPECT_FALSE(dialog->findChild<QTreeView*>("treeView")->accessibleName().isEmpty());

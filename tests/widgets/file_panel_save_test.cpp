@@ -27,7 +27,7 @@ const SaveRow saveRows[] = {
 
 class SavePreset : public FilePanel, public testing::WithParamInterface<SaveRow> {};
 
-TEST_P(SavePreset, IsHandedOnUntouched) {
+TEST_P(SavePreset, IsReturnedUnchanged) {
     save(named(GetParam().preset));
     EXPECT_EQ(nameField()->text().toStdString(), GetParam().preset);
     click(dialog, "Save");
@@ -68,7 +68,7 @@ TEST_F(FilePanel, AsksBeforeItReplaces) {
     EXPECT_THAT(journal, ElementsAre(path("agent.plist"), "agent.plist", "afterwards"));
 }
 
-TEST_F(FilePanel, LeavesTheFileAloneWhenTheReplacingIsEscaped) {
+TEST_F(FilePanel, KeepsTheFileIfTheQuestionIsEscaped) {
     save(named("agent.plist"));
     for (const bool closed : {false, true}) {
         click(dialog, "Save");
@@ -85,7 +85,7 @@ TEST_F(FilePanel, LeavesTheFileAloneWhenTheReplacingIsEscaped) {
     }
 }
 
-TEST_F(FilePanel, IsTitledByWhatItSaves) {
+TEST_F(FilePanel, HasATitleThatNamesWhatItSaves) {
     save(named("agent.plist"));
     EXPECT_EQ(dialog->windowTitle(), "Save agent.plist");
 }
@@ -98,7 +98,7 @@ TEST_F(FilePanel, EntersAFolderTypedAsName) {
     EXPECT_EQ(dialog->directory().dirName(), "folder");
 }
 
-TEST_F(FilePanel, RefusesToSaveWhereThereIsNoFolder) {
+TEST_F(FilePanel, RejectsAPathInAMissingFolder) {
     save(named("missing/new.plist"));
     click(dialog, "Save");
     settle();
@@ -106,7 +106,7 @@ TEST_F(FilePanel, RefusesToSaveWhereThereIsNoFolder) {
     EXPECT_THAT(journal, ElementsAre());
 }
 
-TEST_F(FilePanel, RefusesANameThatNoDiskTakes) {
+TEST_F(FilePanel, RejectsANameThatIsTooLong) {
     save(named(std::string(256, 'x')));
     click(dialog, "Save");
     settle();

@@ -1,4 +1,4 @@
-// The program's longest alerts can be read to their end, by the keyboard too.
+// The program's longest alerts can be read to the end, by keyboard too.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/wrapped_text.h"
@@ -13,7 +13,7 @@ namespace {
 struct LongestAlertsRow {
     const char* name;
     void (*ask)(AppDelegate& delegate);
-    bool fits; ///< without scrolling, at the usual size of type
+    bool fits; ///< without scrolling, at the default font size
 };
 
 class LongestAlerts : public WindowTest, public testing::WithParamInterface<LongestAlertsRow> {
@@ -28,7 +28,7 @@ class LongestAlerts : public WindowTest, public testing::WithParamInterface<Long
     QtAlerts alerts{queue, window};
 };
 
-TEST_P(LongestAlerts, IsReadToItsEnd) {
+TEST_P(LongestAlerts, CanBeReadToItsEnd) {
     AlertDialog* dialog = shown();
     ASSERT_NE(dialog, nullptr);
     EXPECT_LE(dialog->panelRect().height(), 348);
@@ -44,7 +44,7 @@ TEST_P(LongestAlerts, IsReadToItsEnd) {
         return;
     const auto placeAfter = [&](Qt::Key key) {
         QTest::keyClick(button, key);
-        EXPECT_EQ(dialog->focusWidget(), button) << "the answer keeps the keyboard";
+        EXPECT_EQ(dialog->focusWidget(), button) << "the button keeps the focus";
         return bar->value();
     };
     const int line = placeAfter(Qt::Key_Down);
@@ -66,7 +66,7 @@ constexpr LongestAlertsRow rows[] = {
     {"ScheduleTip", [](AppDelegate& delegate) { delegate.showTip("agentScheduleTipButton"); },
      true},
     {"DrawerTip", [](AppDelegate& delegate) { delegate.showTip("advancedDrawerTipButton"); }, true},
-    // The longest of all others, with a box to suppress it.
+    // The longest of all other alerts, with a suppression box.
     {"LoadedAgent", [](AppDelegate& delegate) { delegate.deleteLaunchAgent(); }, true},
     {"AllFaults",
      [](AppDelegate& delegate) {

@@ -10,7 +10,7 @@ namespace frimbolate::test {
 namespace {
 
 const QString ellipsis(QChar(0x2026));
-/// A character of two units.
+/// A character of two UTF-16 units.
 const QString smile = QString::fromUcs4(U"\U0001F600", 1);
 
 QString xs(qsizetype count) { return QString(count, u'x'); }
@@ -24,7 +24,7 @@ struct LabelRow {
 
 class LabelText : public testing::TestWithParam<LabelRow> {};
 
-TEST_P(LabelText, HoldsNoMoreThanALabelMay) {
+TEST_P(LabelText, IsLimitedInLength) {
     const LabelRow& row = GetParam();
     const QString shown = labelText(row.text, row.mode);
     EXPECT_EQ(shown, row.expected);
@@ -55,7 +55,7 @@ struct AbbreviationRow {
 
 class Abbreviation : public testing::TestWithParam<AbbreviationRow> {};
 
-TEST_P(Abbreviation, StandsForTheWholeText) {
+TEST_P(Abbreviation, ExpandsToTheWholeText) {
     AbbreviatedText text;
     EXPECT_EQ(text.abbreviate(GetParam().whole), GetParam().shown);
     EXPECT_EQ(text.expand(GetParam().shown), GetParam().whole);
@@ -76,14 +76,14 @@ const AbbreviationRow abbreviations[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, Abbreviation, testing::ValuesIn(abbreviations), NamedAfterRow());
 
-TEST(AbbreviatedText, MeansWhatItIsEditedTo) {
+TEST(AbbreviatedText, ExpandsAfterAnEdit) {
     AbbreviatedText text;
     const QString rest = QString(900, u'r');
     const QString shown = text.abbreviate(xs(4096) + rest);
     EXPECT_EQ(text.expand("ab" + shown), "ab" + xs(4096) + rest);
     EXPECT_EQ(text.expand(shown + "z"), xs(4096) + rest + "z");
     EXPECT_EQ(text.expand(xs(4096)), xs(4096)) << "the sign was deleted";
-    EXPECT_EQ(text.expand(ellipsis), rest) << "and has come back";
+    EXPECT_EQ(text.expand(ellipsis), rest) << "after it was restored";
     text.abbreviate("short");
     EXPECT_EQ(text.expand("short" + ellipsis), "short" + ellipsis);
 }

@@ -10,12 +10,12 @@
 
 namespace {
 
-/// A wide screen, on which every window of a test comes up, and a narrow one to its right.
+/// A wide screen, on which windows open, and a narrow one to its right.
 constexpr const char* screens = R"({"screens": [
     {"name": "wide", "x": 0, "y": 0, "width": 2800, "height": 2000},
     {"name": "narrow", "x": 2800, "y": 0, "width": 1024, "height": 600}]})";
 
-/// The platform of the tests, with its screens described in a file of that name.
+/// The platform argument for the tests; writes the description of the screens to `path`.
 QByteArray offscreenPlatform(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(screens) < 0)
@@ -26,8 +26,8 @@ QByteArray offscreenPlatform(const QString& path) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Before the application exists: no display is needed, no preference of the person is touched,
-    // and the desktop that the tests happen to run on decides nothing.
+    // Set before the application exists, so that the tests need no display, do not touch the user's
+    // preferences and do not depend on the current desktop.
     const QTemporaryDir settings; // the toolkit stores the state of its file dialogs
     qputenv("QT_QPA_PLATFORM", offscreenPlatform(settings.filePath("screens.json")));
     qputenv("QT_QPA_PLATFORMTHEME", "");
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     application.setApplicationName("frimbolate-widgets-test");
     application.setQuitOnLastWindowClosed(false);
-    frimbolate::test::wearChosenFont();
+    frimbolate::test::setChosenFont();
     frimbolate::style::install(application);
     return RUN_ALL_TESTS();
 }

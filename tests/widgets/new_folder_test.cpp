@@ -1,4 +1,4 @@
-// The one change that a file panel makes: a new folder, named before it is made.
+// Creating a new folder in a file panel: it is named before it is created.
 #include "tests/widgets/file_panel_fixture.h"
 #include "widgets/sheets/new_folder_sheet.h"
 
@@ -24,7 +24,7 @@ class NewFolder : public FilePanel {
         return sheet = dialog->findChild<NewFolderSheet*>("newFolderSheet");
     }
     QLineEdit* field() { return sheet->findChild<QLineEdit*>("newFolderName"); }
-    std::string refusalOfName() {
+    std::string shownRejection() {
         auto* shown = sheet->findChild<WrappedText*>("newFolderRefusal");
         return shown->isVisible() ? shown->text().toStdString() : "";
     }
@@ -37,7 +37,7 @@ class NewFolder : public FilePanel {
     NewFolderSheet* sheet = nullptr;
 };
 
-TEST_F(NewFolder, BearsTheProposedNameAndIsChosenByReturn) {
+TEST_F(NewFolder, HasTheProposedNameAndIsChosenByReturn) {
     open(grant());
     ASSERT_NE(ask(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), sheet);
@@ -53,7 +53,7 @@ TEST_F(NewFolder, BearsTheProposedNameAndIsChosenByReturn) {
     EXPECT_EQ(journal.front(), path("LaunchAgents"));
 }
 
-TEST_F(NewFolder, BearsTheNameThatIsTyped) {
+TEST_F(NewFolder, HasTheTypedName) {
     open(grant());
     ask();
     QTest::keyClicks(field(), "My agents");
@@ -77,7 +77,7 @@ TEST_F(NewFolder, IsEnteredByASavePanelWhichKeepsItsName) {
     EXPECT_EQ(journal.front(), path("inner/new.plist"));
 }
 
-TEST_F(NewFolder, IsNotMadeWhenItIsGivenUp) {
+TEST_F(NewFolder, IsNotCreatedIfTheSheetIsCancelled) {
     open(grant());
     const QStringList before = QDir(root.path()).entryList();
     for (const bool escaped : {true, false}) {
@@ -93,34 +93,34 @@ TEST_F(NewFolder, IsNotMadeWhenItIsGivenUp) {
     EXPECT_THAT(journal, ElementsAre());
 }
 
-TEST_F(NewFolder, IsRefusedWhereItCannotBeMade) {
+TEST_F(NewFolder, IsRejectedIfItCannotBeCreated) {
     open(grant());
     ask();
     field()->setText("later");
     QDir(root.path()).removeRecursively();
     click(sheet, "Create");
-    EXPECT_EQ(refusalOfName(), "No folder can be made here.");
+    EXPECT_EQ(shownRejection(), "No folder can be made here.");
     EXPECT_EQ(field()->accessibleDescription(), "No folder can be made here.");
     EXPECT_TRUE(sheet->isVisible());
     field()->setText("another");
-    EXPECT_EQ(refusalOfName(), "");
+    EXPECT_EQ(shownRejection(), "");
     EXPECT_EQ(field()->accessibleDescription(), "");
 }
 
 struct NameRow {
     const char* name;
     std::string typed;
-    const char* rejectionReason; ///< a part of it
+    const char* rejectionReason; ///< a substring of the shown reason
 };
 class NewFolderName : public NewFolder, public testing::WithParamInterface<NameRow> {};
 
-TEST_P(NewFolderName, ThatCannotBeHadIsRefused) {
+TEST_P(NewFolderName, ThatIsInvalidIsRejected) {
     open(grant());
     const QStringList before = QDir(root.path()).entryList();
     ask();
     field()->setText(QString::fromStdString(GetParam().typed));
     QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_THAT(refusalOfName(), testing::HasSubstr(GetParam().rejectionReason));
+    EXPECT_THAT(shownRejection(), testing::HasSubstr(GetParam().rejectionReason));
     EXPECT_TRUE(sheet->isVisible());
     EXPECT_EQ(QDir(root.path()).entryList(), before);
 }

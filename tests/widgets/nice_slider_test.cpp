@@ -1,4 +1,4 @@
-// The nice level: a file may hold any number, the slider only those from -20 to 20.
+// The nice level: a file may hold any number, the slider only -20 to 20.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 

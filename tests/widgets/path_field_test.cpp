@@ -1,4 +1,4 @@
-// The path fields of the drawer: what is dropped, what is chosen, and what is said of a "~".
+// The path fields of the drawer: drops, the panel, and the hint about "~".
 #include "widgets/drawer/path_field.h"
 
 #include "tests/support/rows.h"
@@ -45,12 +45,12 @@ class PathFieldTest : public WindowTest {
         QCoreApplication::sendEvent(field, &event);
         return event.isAccepted();
     }
-    /// Whether the drop was taken.
+    /// Whether the drop was accepted.
     bool drop(PathField* field, const QMimeData& data,
               Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction) {
         const bool entered = enter(field, data, offered);
         QDropEvent event(QPointF(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
-        event.setDropAction(Qt::MoveAction); // what a source proposes when nothing is held
+        event.setDropAction(Qt::MoveAction); // the default without modifier keys
         QCoreApplication::sendEvent(field, &event);
         EXPECT_EQ(entered, event.isAccepted());
         if (event.isAccepted()) {
@@ -68,7 +68,7 @@ class PathFieldTest : public WindowTest {
 
 class EachField : public PathFieldTest, public testing::WithParamInterface<FieldRow> {};
 
-TEST_P(EachField, TakesADroppedFileOrFolderAsItsText) {
+TEST_P(EachField, AcceptsADroppedFileOrFolder) {
     show([](FormModel& model) { (model.*GetParam().member).stringValue = "/earlier"; });
     for (const auto& [url, path] : {std::pair("file:///no/such/a%20b.log", "/no/such/a b.log"),
                                     std::pair("file:///Users/maya/Logs/", "/Users/maya/Logs")}) {
@@ -117,21 +117,21 @@ TEST_P(EachField, SaysThatATildeIsNotExpanded) {
 
 INSTANTIATE_TEST_SUITE_P(Table, EachField, testing::ValuesIn(fields), NamedAfterRow());
 
-struct RefusedRow {
+struct RejectedRow {
     std::string_view name;
     QList<QUrl> urls;
     Qt::DropActions offered = Qt::CopyAction;
 };
 
-class RefusedPath : public PathFieldTest, public testing::WithParamInterface<RefusedRow> {};
+class RejectedDrop : public PathFieldTest, public testing::WithParamInterface<RejectedRow> {};
 
-TEST_P(RefusedPath, ChangesNothing) {
+TEST_P(RejectedDrop, ChangesNothing) {
     show([](FormModel& model) { model.rootDirectoryField.stringValue = "/earlier"; });
     EXPECT_FALSE(drop(field("rootDirectoryField"), *urls(GetParam().urls), GetParam().offered));
     EXPECT_EQ(form().rootDirectoryField.stringValue, "/earlier");
 }
 
-const RefusedRow refusedRows[] = {
+const RejectedRow rejectedRows[] = {
     {"Two", {QUrl("file:///a"), QUrl("file:///b")}},
     {"Remote", {QUrl("https://example.org/a")}},
     {"OtherHost", {QUrl("file://elsewhere/a")}},
@@ -139,9 +139,9 @@ const RefusedRow refusedRows[] = {
     {"OnlyToBeMoved", {QUrl("file:///a")}, Qt::MoveAction},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, RefusedPath, testing::ValuesIn(refusedRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, RejectedDrop, testing::ValuesIn(rejectedRows), NamedAfterRow());
 
-TEST_F(PathFieldTest, ADraggedTextIsInsertedAsAnywhereElse) {
+TEST_F(PathFieldTest, ADraggedTextIsInserted) {
     QMimeData text;
     text.setText("/typed/elsewhere");
     PathField* target = field("rootDirectoryField");
@@ -153,7 +153,7 @@ TEST_F(PathFieldTest, ADraggedTextIsInsertedAsAnywhereElse) {
     EXPECT_EQ(form().rootDirectoryField.stringValue, "/typed/elsewhere");
 }
 
-TEST_F(PathFieldTest, ASheetKeepsDropsOut) {
+TEST_F(PathFieldTest, NoDropIsAcceptedWhileASheetIsShown) {
     find<QAction>("about")->trigger();
     ASSERT_NE(queue.current(), nullptr);
     EXPECT_FALSE(drop(field("rootDirectoryField"), *urls({QUrl("file:///a")})));
@@ -161,7 +161,7 @@ TEST_F(PathFieldTest, ASheetKeepsDropsOut) {
     queue.current()->reject();
 }
 
-TEST_F(PathFieldTest, ShowsThatItWouldTakeWhatIsOverIt) {
+TEST_F(PathFieldTest, HighlightsAnAcceptableDrag) {
     PathField* target = field("rootDirectoryField");
     const auto edge = [target] {
         return target->grab().toImage().pixelColor(target->width() / 2, 0);

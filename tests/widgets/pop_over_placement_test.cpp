@@ -70,7 +70,7 @@ const PopOverRow popOverRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, PlacePopOver, testing::ValuesIn(popOverRows), NamedAfterRow());
 
-TEST(PlacePopOver, KeepsItsLeastWidthOnTheScreenWhereEvenThatHasNoRoom) {
+TEST(PlacePopOver, KeepsItsLeastWidthIfEvenThatDoesNotFit) {
     const QRect tiny(0, 0, 300, 200);
     const PopOverPlacement found = placePopOver(button(150, 100), tiny, measures);
     EXPECT_EQ(found.panel.size(), QSize(280, 200));

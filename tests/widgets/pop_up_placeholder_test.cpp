@@ -1,4 +1,4 @@
-// What stands for nothing chosen is as quiet as the placeholder of a field.
+// The item that means "nothing chosen" has the colour of a field's placeholder.
 #include "core/pop_up_items.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/style/tokens.h"
@@ -18,9 +18,9 @@ class PopUpPlaceholder : public testing::TestWithParam<bool> {
 
     void setScheme() {
         QApplication::setPalette(style::palette(GetParam()));
-        QCoreApplication::processEvents(); // the widgets are told later
+        QCoreApplication::processEvents(); // palette changes reach the widgets as events
     }
-    /// The strongest foreground in a part of a picture: how far it is from the colour behind it.
+    /// The largest difference from the background colour in a part of an image.
     static int strength(const QImage& picture, const QRect& part) {
         const int behind = picture.pixelColor(part.topLeft()).lightness();
         int strongest = 0;
@@ -37,11 +37,11 @@ class PopUpPlaceholder : public testing::TestWithParam<bool> {
     int strengthInList(int item) {
         QAbstractItemView* list = button.view();
         const QRect row = list->visualRect(button.model()->index(item, 0));
-        // From behind the check mark on.
+        // Right of the check mark.
         return strength(list->viewport()->grab(row).toImage(),
                         QRect(32, 2, row.width() - 48, row.height() - 4));
     }
-    /// How much the colours of a text and of what is behind it differ.
+    /// The difference between a text colour and its background.
     static int contrast(const QColor& foreground, const QColor& behind) {
         return std::abs(foreground.lightness() - behind.lightness());
     }
@@ -50,8 +50,8 @@ class PopUpPlaceholder : public testing::TestWithParam<bool> {
     const style::Tokens& t = style::tokens(GetParam());
 };
 
-TEST_P(PopUpPlaceholder, IsQuietOnTheButtonUntilSomethingIsChosen) {
-    // After the button was made: the scheme may change while the program runs.
+TEST_P(PopUpPlaceholder, HasThePlaceholderColourOnTheButtonUntilAChoice) {
+    // Set after the button was created, because the scheme may change while the program runs.
     setScheme();
     const int quiet = contrast(t.secondaryText, t.button);
     EXPECT_LE(strengthOnButton(0), quiet);
@@ -62,9 +62,9 @@ TEST_P(PopUpPlaceholder, IsQuietOnTheButtonUntilSomethingIsChosen) {
     EXPECT_GT(strengthOnButton(0), quiet) << "a file's name is no placeholder";
 }
 
-TEST_P(PopUpPlaceholder, IsQuietInTheList) {
+TEST_P(PopUpPlaceholder, HasThePlaceholderColourInTheList) {
     setScheme();
-    button.setCurrentIndex(3); // which is the one that is lit
+    button.setCurrentIndex(3); // the highlighted item
     button.show();
     button.showPopup();
     const int quiet = contrast(t.secondaryText, t.surface);

@@ -20,7 +20,7 @@ const Tokens& t() { return tokens(false); }
 
 QColor pixel(QWidget& widget, QPoint where) { return widget.grab().toImage().pixelColor(where); }
 
-/// In the middle of the left edge, where the border is one straight line.
+/// The middle of the left edge, where the border is a straight line.
 QColor border(QWidget& widget) { return pixel(widget, {0, widget.height() / 2}); }
 
 template <typename Widget>
@@ -84,7 +84,7 @@ TEST(Style, ACheckedBoxHasTheAccent) {
 TEST(Style, ASliderIsFilledFromZero) {
     QSlider slider(Qt::Horizontal);
     slider.setRange(-20, 20);
-    slider.resize(216, 24); // the handle's middle runs from 8 to 208, zero is at 108
+    slider.resize(216, 24); // the handle's centre ranges from 8 to 208; zero is at 108
     slider.setValue(10);
     EXPECT_EQ(pixel(slider, {130, 12}), t().accent);
     EXPECT_EQ(pixel(slider, {80, 12}), t().controlBorder);
@@ -115,7 +115,7 @@ TEST(Style, MnemonicsAreUnderlinedWhileAltIsHeld) {
     EXPECT_EQ(picture(), plain);
 }
 
-TEST_F(Fonts, HaveTheSizesOfThePicturesOnAnOrdinaryDesktop) {
+TEST_F(Fonts, HaveTheirBaseSizesOnADefaultDesktop) {
     setDesktopFont(usual(9));
     EXPECT_EQ(font(FontRole::control).pixelSize(), 13);
     EXPECT_EQ(font(FontRole::hint).pixelSize(), 12);
@@ -125,19 +125,19 @@ TEST_F(Fonts, HaveTheSizesOfThePicturesOnAnOrdinaryDesktop) {
     EXPECT_EQ(scaled(32), 32);
 }
 
-TEST_F(Fonts, GrowWithTheDesktops) {
+TEST_F(Fonts, GrowWithTheDesktopsFont) {
     setDesktopFont(usual(9 * 1.2));
     EXPECT_NEAR(fontScale(), 1.2, 0.05);
     EXPECT_THAT(font(FontRole::control).pixelSize(), testing::AnyOf(15, 16));
     EXPECT_THAT(font(FontRole::welcomeTitle).pixelSize(), testing::AnyOf(26, 27));
 }
 
-TEST_F(Fonts, AreNeverSmallerThanThePictures) {
+TEST_F(Fonts, AreNeverSmallerThanTheirBaseSizes) {
     setDesktopFont(usual(6));
     EXPECT_EQ(font(FontRole::control).pixelSize(), 13);
 }
 
-TEST_F(Fonts, TellWeightsApart) {
+TEST_F(Fonts, DifferInWeight) {
     EXPECT_EQ(font(FontRole::control).weight(), QFont::Normal);
     EXPECT_EQ(font(FontRole::rowLabel).weight(), QFont::Medium);
     EXPECT_EQ(font(FontRole::defaultButton).weight(), QFont::DemiBold);

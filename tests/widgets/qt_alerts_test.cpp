@@ -17,7 +17,7 @@ using testing::ElementsAre;
 
 class AlertSheetTest : public SheetFixture {
   protected:
-    /// Shows the alert and writes its outcome into the journal.
+    /// Shows the alert and records its outcome in the journal.
     AlertDialog* show(const Alert& alert) {
         alerts.show(alert, [this](AlertOutcome outcome) {
             journal.push_back(std::to_string(outcome.answer) + "/" +
@@ -35,7 +35,7 @@ class AlertSheetTest : public SheetFixture {
 struct AnswerRow {
     const char* name;
     std::vector<std::string> buttons;
-    const char* click; ///< a title
+    const char* click; ///< title of the clicked button
     const char* outcome;
 };
 
@@ -77,7 +77,7 @@ TEST_F(AlertSheetTest, PutsTheDefaultInTheCorner) {
     EXPECT_LT(left("Two"), left("One"));
 }
 
-TEST_F(AlertSheetTest, ShowsItsTextsAsTheyAre) {
+TEST_F(AlertSheetTest, ShowsItsTextsUnchanged) {
     QDialog* dialog = show({"A <b>bold</b> & plain title", "First\n\n<i>Second</i>"});
     EXPECT_EQ(text(dialog, "messageText"), "A <b>bold</b> & plain title");
     EXPECT_EQ(text(dialog, "informativeText"), "First\n\n<i>Second</i>");
@@ -93,12 +93,12 @@ TEST_F(AlertSheetTest, HasNoEmptyLineAboveItsButtons) {
     EXPECT_EQ(text(show({"Message", "One\n\nTwo\n"}), "informativeText"), "One\n\nTwo");
 }
 
-TEST_F(AlertSheetTest, OffersSuppressionOnlyWhereAsked) {
+TEST_F(AlertSheetTest, OffersSuppressionOnlyIfRequested) {
     QDialog* plain = show({"Message", "Text"});
     EXPECT_EQ(plain->findChild<QCheckBox*>("suppressionButton"), nullptr);
 }
 
-TEST_F(AlertSheetTest, TellsWhetherItIsToBeSuppressed) {
+TEST_F(AlertSheetTest, ReportsWhetherItIsSuppressed) {
     QDialog* dialog = show({"Message", "Text", {"Continue", "Cancel"}, true});
     auto* box = dialog->findChild<QCheckBox*>("suppressionButton");
     ASSERT_NE(box, nullptr);
@@ -110,7 +110,7 @@ TEST_F(AlertSheetTest, TellsWhetherItIsToBeSuppressed) {
     EXPECT_EQ(journal.front(), "1000/1");
 }
 
-TEST_F(AlertSheetTest, BlocksTheWindowAndHangsUnderTheToolbar) {
+TEST_F(AlertSheetTest, BlocksTheWindowAndLiesUnderTheToolbar) {
     AlertDialog* dialog = show({"Message", "Text"});
     EXPECT_EQ(QApplication::activeModalWidget(), dialog);
     EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
@@ -135,7 +135,7 @@ std::string words(int number) {
     return result;
 }
 
-TEST_F(AlertSheetTest, OfUsualLengthShowsAllOfItsText) {
+TEST_F(AlertSheetTest, ShowsATextOfUsualLengthWhole) {
     AlertDialog* dialog = show({"Message", words(100), {"Continue", "Cancel"}, true});
     EXPECT_LE(dialog->panelRect().height(), 348);
     const auto* shown = dialog->findChild<WrappedText*>("informativeText");
@@ -146,7 +146,7 @@ TEST_F(AlertSheetTest, OfUsualLengthShowsAllOfItsText) {
 struct LongRow {
     const char* name;
     Alert alert;
-    const char* scrolls; ///< which of its texts
+    const char* scrolls; ///< object name of the text that scrolls
 };
 
 class LongAlert : public AlertSheetTest, public testing::WithParamInterface<LongRow> {};
@@ -182,7 +182,7 @@ TEST_F(AlertSheetTest, BreaksAWordThatIsLongerThanItsLine) {
     }
 }
 
-TEST_F(AlertSheetTest, CopiesAndTellsItsTextsAsTheyAre) {
+TEST_F(AlertSheetTest, CopiesAndExposesItsTextsUnchanged) {
     installAccessibility();
     for (const char16_t* odd : {u"two\nlines", u"no\u00A0break", u"a\r\nb", u"a\u2028b\u2029c",
                                 u"an\uFFFCobject", u"of\u200Bno\u00ADwidth", u"🚀 rocket"}) {
@@ -212,7 +212,7 @@ TEST_F(AlertSheetTest, CopiesThePartThatIsSelected) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "/a b.");
 }
 
-TEST_F(AlertSheetTest, KeepsItsColoursWithTheDesktops) {
+TEST_F(AlertSheetTest, FollowsTheDesktopsColours) {
     AlertDialog* dialog = show({"Message", "Text"});
     const auto* shown = dialog->findChild<WrappedText*>("informativeText");
     for (const bool isDark : {true, false}) {
@@ -221,7 +221,7 @@ TEST_F(AlertSheetTest, KeepsItsColoursWithTheDesktops) {
     }
 }
 
-TEST_F(AlertSheetTest, IsToldToAssistiveTechnology) {
+TEST_F(AlertSheetTest, IsExposedToAssistiveTools) {
     QDialog* dialog = show({"Message", "Text"});
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(dialog);
     ASSERT_NE(interface, nullptr);
@@ -229,7 +229,7 @@ TEST_F(AlertSheetTest, IsToldToAssistiveTechnology) {
     EXPECT_EQ(interface->text(QAccessible::Description), "Text");
 }
 
-TEST_F(AlertSheetTest, AskedForInOneBreathAreShownOneAfterTheOther) {
+TEST_F(AlertSheetTest, RequestedTogetherAreShownOneAfterTheOther) {
     show({"First", "Text"});
     show({"Second", "Text"});
     EXPECT_EQ(text(shown("sheetAlert"), "messageText"), "First");
@@ -243,7 +243,7 @@ TEST_F(AlertSheetTest, AskedForInOneBreathAreShownOneAfterTheOther) {
     EXPECT_EQ(journal.size(), 4U);
 }
 
-TEST_F(AlertSheetTest, AskedForByACompletionWaitsForThoseBefore) {
+TEST_F(AlertSheetTest, RequestedByACompletionWaitsForThoseQueuedBefore) {
     alerts.show({"First", "Text"}, [this](AlertOutcome) {
         journal.push_back("first");
         alerts.show({"Third", "Text"}, [this](AlertOutcome) { journal.push_back("third"); });
@@ -259,7 +259,7 @@ TEST_F(AlertSheetTest, AskedForByACompletionWaitsForThoseBefore) {
                 ElementsAre("first", "afterwards", "second", "afterwards", "third", "afterwards"));
 }
 
-TEST_F(AlertSheetTest, CompletesOnlyWhenItHasLeftTheScreen) {
+TEST_F(AlertSheetTest, CompletesOnlyAfterItIsHidden) {
     bool wasGone = false;
     alerts.show({"Message", "Text"}, [&](AlertOutcome) {
         wasGone = shown("sheetAlert") == nullptr;
@@ -271,7 +271,7 @@ TEST_F(AlertSheetTest, CompletesOnlyWhenItHasLeftTheScreen) {
     EXPECT_TRUE(wasGone);
 }
 
-TEST_F(AlertSheetTest, WithoutCompletionGoesAway) {
+TEST_F(AlertSheetTest, WithoutCompletionIsClosed) {
     alerts.show({"Message", "Text"});
     click(shown("sheetAlert"), "Ok");
     ASSERT_TRUE(journalReaches(1));

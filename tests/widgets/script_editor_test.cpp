@@ -39,7 +39,7 @@ class ScriptEditorTest : public testing::Test {
             longest = std::max<qsizetype>(longest, block.text().size());
         return longest;
     }
-    /// A failure prints no million characters.
+    /// Compares outside the assertion, so that a failure does not print a million characters.
     bool holds(const QString& text) const { return editor.wholeText() == text; }
     void press(QKeySequence::StandardKey key) { QTest::keySequence(&editor, key); }
     void moveTo(int position) {
@@ -55,7 +55,7 @@ class ScriptEditorTest : public testing::Test {
     const QString script = "#!/bin/sh\n" + longLine + "\nexit 0\n" + longLine;
 };
 
-TEST_F(ScriptEditorTest, HoldsAnyTextAsItWasSet) {
+TEST_F(ScriptEditorTest, KeepsAnyTextAsItWasSet) {
     const QString texts[] = {"",
                              "a",
                              "\n",
@@ -75,7 +75,7 @@ TEST_F(ScriptEditorTest, HoldsAnyTextAsItWasSet) {
     }
 }
 
-TEST_F(ScriptEditorTest, GivesEveryLineBreakBackAsOne) {
+TEST_F(ScriptEditorTest, NormalisesLineBreaks) {
     editor.setWholeText("a\r\nb\rc\nd");
     EXPECT_EQ(editor.wholeText(), "a\nb\nc\nd");
 }
@@ -87,7 +87,7 @@ TEST_F(ScriptEditorTest, LaysOutNoMoreThanTheBeginningOfALongLine) {
     EXPECT_FALSE(editor.document()->isUndoAvailable());
 }
 
-TEST_F(ScriptEditorTest, AnEditChangesThatPartAlone) {
+TEST_F(ScriptEditorTest, AnEditChangesOnlyTheEditedPart) {
     editor.setWholeText(script);
     moveTo(2);
     QTest::keyClicks(&editor, "new");
@@ -97,7 +97,7 @@ TEST_F(ScriptEditorTest, AnEditChangesThatPartAlone) {
     EXPECT_TRUE(holds("#!new" + script.sliced(2) + "!"));
 }
 
-TEST_F(ScriptEditorTest, TheRestOfALineIsDeletedAndBroughtBackAsOneCharacter) {
+TEST_F(ScriptEditorTest, AFoldedPartIsDeletedAndRestoredAsOneCharacter) {
     editor.setWholeText(longLine);
     editor.moveCursor(QTextCursor::End);
     QTest::keyClick(&editor, Qt::Key_Backspace);
@@ -120,7 +120,7 @@ TEST_F(ScriptEditorTest, CopiesAndMovesTheWholeText) {
     EXPECT_EQ(editor.wholeText(), "");
 }
 
-TEST_F(ScriptEditorTest, CopiesAPartOfIt) {
+TEST_F(ScriptEditorTest, CopiesASelection) {
     editor.setWholeText("one\u00a0two\nthree");
     QTextCursor cursor = editor.textCursor();
     cursor.setPosition(2);
@@ -140,10 +140,10 @@ TEST_F(ScriptEditorTest, ALongPasteReplacesTheSelection) {
     press(QKeySequence::Paste);
     EXPECT_TRUE(holds("keep " + longLine + "\nend"));
     QTest::keyClicks(&editor, "!");
-    EXPECT_TRUE(editor.wholeText().endsWith("end!")) << "the caret stands behind it";
+    EXPECT_TRUE(editor.wholeText().endsWith("end!")) << "the caret is after it";
 }
 
-TEST_F(ScriptEditorTest, TabTypesATabOfFourColumns) {
+TEST_F(ScriptEditorTest, TabInsertsATabOfFourColumns) {
     QTest::keyClick(&editor, Qt::Key_Tab);
     EXPECT_EQ(editor.wholeText(), "\t");
     EXPECT_TRUE(editor.hasFocus());
@@ -168,8 +168,8 @@ TEST_F(ScriptEditorTest, ControlTabAndShiftTabLeaveIt) {
     EXPECT_TRUE(editor.accessibleDescription().contains("Ctrl+Tab"));
 }
 
-TEST_F(ScriptEditorTest, AWrappedLineHasAMarkInTheMarginWhereItGoesOn) {
-    // Rows of the margin in which something is drawn.
+TEST_F(ScriptEditorTest, AWrappedLineHasAMarkInTheMargin) {
+    // The pixel rows of the margin in which something is drawn.
     const auto marks = [this] {
         const QImage image = editor.viewport()->grab().toImage();
         const int margin = static_cast<int>(editor.document()->documentMargin());
@@ -197,7 +197,7 @@ TEST_F(ScriptEditorTest, AWrappedLineHasAMarkInTheMarginWhereItGoesOn) {
     EXPECT_EQ(marks(), lines - 1);
 }
 
-TEST_F(ScriptEditorTest, APlateStandsForTheRestOfALine) {
+TEST_F(ScriptEditorTest, ABoxRepresentsTheRestOfALine) {
     editor.setWholeText(longLine);
     QCoreApplication::processEvents();
     editor.moveCursor(QTextCursor::End);
@@ -209,14 +209,14 @@ TEST_F(ScriptEditorTest, APlateStandsForTheRestOfALine) {
 
 using ScriptField = WindowTest;
 
-TEST_F(ScriptField, AnEditedLongScriptIsHeldWholeByTheModel) {
+TEST_F(ScriptField, AnEditedLongScriptReachesTheModelWhole) {
     const std::string script = "first\n" + std::string(1'000'000, 'x') + "\nlast";
     show([&](FormModel& model) { model.scriptPopOverScriptField.stringValue = script; });
     auto* editor = find<ScriptEditor>("scriptPopOverScriptField");
     EXPECT_TRUE(form().scriptPopOverScriptField.stringValue == script);
     editor->insertPlainText("a ");
     EXPECT_TRUE(form().scriptPopOverScriptField.stringValue == "a " + script);
-    EXPECT_EQ(editor->textCursor().position(), 2) << "the mirror leaves the caret";
+    EXPECT_EQ(editor->textCursor().position(), 2) << "an update keeps the caret";
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The script pop-over beside its window.
+// The position, size and closing of the script pop-over.
 #include "tests/widgets/window_test.h"
 
 #include <QScreen>
@@ -19,7 +19,7 @@ class ScriptPopOverTest : public WindowTest {
     }
 };
 
-TEST_F(ScriptPopOverTest, ClosingTheWindowClosesItForGood) {
+TEST_F(ScriptPopOverTest, ClosingTheWindowClosesItPermanently) {
     open();
     window.close();
     window.mirror();
@@ -56,7 +56,7 @@ TEST_F(ScriptPopOverTest, NearTheEdgeOfTheScreenItOpensOnTheOtherSideOfItsButton
     }
 }
 
-TEST_F(ScriptPopOverTest, ItsContentLeavesTheArrowFree) {
+TEST_F(ScriptPopOverTest, ItsContentDoesNotCoverTheArrow) {
     const QRect free = window.screen()->availableGeometry();
     for (const bool isAtTheRight : {false, true}) {
         window.move(isAtTheRight ? free.right() - 690 : 60, 60);
@@ -71,7 +71,7 @@ TEST_F(ScriptPopOverTest, ItsContentLeavesTheArrowFree) {
     }
 }
 
-TEST_F(ScriptPopOverTest, ItIsMadeLargerOnDemandBesideItsButton) {
+TEST_F(ScriptPopOverTest, TheUserCanEnlargeItBesideItsButton) {
     for (const int x : {60, 2100}) {
         window.move(x, 60);
         open();

@@ -1,4 +1,4 @@
-// The real window over the scripted desktop; only the sheets are real ones too.
+// The real window and sheets with the scripted desktop services.
 #pragma once
 
 #include "tests/support/scripted_platform.h"
@@ -17,7 +17,7 @@ class ScriptedWindow {
     static constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
 
     explicit ScriptedWindow(bool blendsWindows = false) : window(blendsWindows) {
-        // Nothing here waits for a drawer to slide.
+        // Without animations no test has to wait for the drawer.
         qputenv("FRIMBOLATE_REDUCED_MOTION", "1");
         platform.files.folders = {agents};
         platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
@@ -32,7 +32,7 @@ class ScriptedWindow {
         platform.journal.clear();
     }
 
-    /// The widget or action with this object name; a miss tells the names that are there.
+    /// The widget or action with this object name. Throws, listing the existing names, if none.
     template <typename Kind = QWidget>
     Kind* find(const std::string& name) {
         if (auto* found = window.findChild<Kind*>(QString::fromStdString(name)))
@@ -44,7 +44,7 @@ class ScriptedWindow {
         throw std::runtime_error("No " + name + " of that kind. There are:" + names);
     }
 
-    /// Changes the model as a rule does, and mirrors it.
+    /// Changes the model and updates the window, as an action does.
     template <typename Change>
     void show(Change change) {
         change(delegate.form());

@@ -1,4 +1,4 @@
-// A window with a toolbar, a queue of sheets on it, and a journal of what happened.
+// A window with a toolbar, its sheet queue, and a journal of events.
 #pragma once
 
 #include "widgets/sheets/sheet_queue.h"
@@ -19,7 +19,7 @@ namespace frimbolate {
 class SheetFixture : public testing::Test {
   protected:
     SheetFixture() {
-        qputenv("FRIMBOLATE_REDUCED_MOTION", "1"); // whatever an earlier test has left behind
+        qputenv("FRIMBOLATE_REDUCED_MOTION", "1"); // an earlier test may have unset it
         toolBar->setFixedHeight(64);
         window.setCentralWidget(new QWidget);
         window.setFixedSize(680, 472);
@@ -28,7 +28,7 @@ class SheetFixture : public testing::Test {
         queue.setAfterCompletion([this] { journal.push_back("afterwards"); });
     }
 
-    /// The one dialog of this name that is on the screen, or null.
+    /// The visible dialog of this name, or null.
     template <typename Dialog = QDialog>
     Dialog* shown(const char* name) {
         for (auto* dialog : window.findChildren<Dialog*>(name))
@@ -50,11 +50,11 @@ class SheetFixture : public testing::Test {
         QTest::mouseClick(found, Qt::LeftButton);
     }
 
-    /// Works off the event loop until so many entries stand in the journal.
+    /// Processes events until the journal has this many entries; false on timeout.
     bool journalReaches(std::size_t entries) {
         return QTest::qWaitFor([&] { return journal.size() >= entries; });
     }
-    /// Works off all that is under way, so that whatever came once too often would have come.
+    /// Processes all pending events, so that an event delivered once too often is detected.
     static void settle() {
         for (int round = 0; round < 5; ++round)
             QCoreApplication::processEvents();

@@ -10,7 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class Stack : public SheetFixture {
+class SheetQueueTest : public SheetFixture {
   protected:
     SheetDialog* make(const char* name) {
         auto* sheet = new SheetDialog(name, 520, &window);
@@ -19,7 +19,7 @@ class Stack : public SheetFixture {
     }
 };
 
-TEST_F(Stack, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
+TEST_F(SheetQueueTest, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
     queue.present(first);
@@ -31,7 +31,7 @@ TEST_F(Stack, ShowsTheFirstAtOnceAndTheNextWhenItIsGone) {
     EXPECT_EQ(queue.current(), second);
 }
 
-TEST_F(Stack, ShowsTheWindowBeforeItsFirstSheet) {
+TEST_F(SheetQueueTest, ShowsTheWindowBeforeItsFirstSheet) {
     window.hide();
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
@@ -49,7 +49,7 @@ TEST_F(Stack, ShowsTheWindowBeforeItsFirstSheet) {
     EXPECT_EQ(QApplication::activeWindow(), first);
 }
 
-TEST_F(Stack, ShowsASheetAskedForTwiceOnce) {
+TEST_F(SheetQueueTest, ShowsASheetRequestedTwiceOnce) {
     SheetDialog* sheet = make("sheet");
     queue.present(sheet);
     queue.present(sheet);
@@ -59,7 +59,7 @@ TEST_F(Stack, ShowsASheetAskedForTwiceOnce) {
     EXPECT_EQ(queue.current(), nullptr);
 }
 
-TEST_F(Stack, ShowsASheetAgainAfterItWasClosed) {
+TEST_F(SheetQueueTest, ShowsASheetAgainAfterItWasClosed) {
     SheetDialog* sheet = make("sheet");
     for (int round = 0; round < 3; ++round) {
         queue.present(sheet);
@@ -69,7 +69,7 @@ TEST_F(Stack, ShowsASheetAgainAfterItWasClosed) {
     }
 }
 
-TEST_F(Stack, DismissesTheCurrentAndTheWaiting) {
+TEST_F(SheetQueueTest, DismissesTheCurrentAndTheWaiting) {
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
     SheetDialog* third = make("third");
@@ -87,7 +87,7 @@ TEST_F(Stack, DismissesTheCurrentAndTheWaiting) {
     EXPECT_FALSE(second->isVisible());
 }
 
-TEST_F(Stack, GoesOnWhenASheetIsDestroyed) {
+TEST_F(SheetQueueTest, ShowsTheNextSheetWhenOneIsDestroyed) {
     SheetDialog* first = make("first");
     SheetDialog* waiting = make("waiting");
     SheetDialog* last = make("last");
@@ -98,7 +98,7 @@ TEST_F(Stack, GoesOnWhenASheetIsDestroyed) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return last->isVisible(); }));
 }
 
-TEST_F(Stack, RunsCompletionsInOrderEachFollowedByAfterwards) {
+TEST_F(SheetQueueTest, RunsAfterCompletionAfterEachCompletion) {
     queue.complete([this] {
         journal.push_back("one");
         queue.complete([this] { journal.push_back("three"); });
@@ -111,7 +111,7 @@ TEST_F(Stack, RunsCompletionsInOrderEachFollowedByAfterwards) {
                 ElementsAre("one", "afterwards", "two", "afterwards", "three", "afterwards"));
 }
 
-TEST_F(Stack, ShowsTheNextSheetAfterTheCompletionOfTheLast) {
+TEST_F(SheetQueueTest, ShowsTheNextSheetAfterTheCompletionOfTheLast) {
     SheetDialog* first = make("first");
     SheetDialog* second = make("second");
     queue.present(first);
@@ -129,7 +129,7 @@ TEST_F(Stack, ShowsTheNextSheetAfterTheCompletionOfTheLast) {
     EXPECT_THAT(journal, ElementsAre("completed", "afterwards"));
 }
 
-TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
+TEST_F(SheetQueueTest, DimsTheWindowBelowTheToolbarWhileASheetIsShown) {
     auto* scrim = window.findChild<QWidget*>("sheetScrim");
     EXPECT_FALSE(scrim->isVisible());
     SheetDialog* sheet = make("sheet");
@@ -142,16 +142,16 @@ TEST_F(Stack, DimsWhatIsUnderTheToolbarWhileASheetIsUp) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !scrim->isVisible(); }));
 }
 
-TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
+TEST_F(SheetQueueTest, AnimatesASheetUnlessMotionIsReduced) {
     SheetDialog* sheet = make("sheet");
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
     queue.present(sheet);
     const QRect place = sheet->geometry();
-    QPointer<QWidget> curtain = sheet->findChild<QWidget*>("sheetCurtain");
-    ASSERT_NE(curtain, nullptr);
-    EXPECT_EQ(curtain->geometry(), sheet->rect());
-    EXPECT_TRUE(curtain->testAttribute(Qt::WA_TransparentForMouseEvents));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return curtain.isNull(); }));
+    QPointer<QWidget> overlay = sheet->findChild<QWidget*>("sheetCurtain");
+    ASSERT_NE(overlay, nullptr);
+    EXPECT_EQ(overlay->geometry(), sheet->rect());
+    EXPECT_TRUE(overlay->testAttribute(Qt::WA_TransparentForMouseEvents));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return overlay.isNull(); }));
     EXPECT_EQ(sheet->geometry(), place) << "only its picture slides";
     sheet->accept();
     settle();
@@ -162,7 +162,7 @@ TEST_F(Stack, LetsASheetSlideOutUnlessMotionIsReduced) {
     EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
 }
 
-TEST_F(Stack, TakesTheCurtainAwayWithASheetThatIsClosedAtOnce) {
+TEST_F(SheetQueueTest, RemovesTheOverlayOfASheetThatIsClosedAtOnce) {
     SheetDialog* sheet = make("sheet");
     qunsetenv("FRIMBOLATE_REDUCED_MOTION");
     queue.present(sheet);
@@ -171,7 +171,7 @@ TEST_F(Stack, TakesTheCurtainAwayWithASheetThatIsClosedAtOnce) {
     EXPECT_EQ(sheet->findChild<QWidget*>("sheetCurtain"), nullptr);
 }
 
-TEST_F(Stack, MakesASheetAsHighAsItsContent) {
+TEST_F(SheetQueueTest, FitsTheHeightOfASheetToItsContent) {
     SheetDialog* sheet = make("sheet");
     queue.present(sheet);
     const int before = sheet->panelRect().height();
@@ -181,7 +181,7 @@ TEST_F(Stack, MakesASheetAsHighAsItsContent) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return sheet->panelRect().height() == before + 50; }));
 }
 
-TEST_F(Stack, CentresASheetOverTheFormWhenTheDrawerIsOpen) {
+TEST_F(SheetQueueTest, CentresASheetOverTheFormWhenTheDrawerIsOpen) {
     auto* form = new QWidget(&window);
     form->setObjectName("form");
     form->setGeometry(0, 92, 680, 380);

@@ -1,4 +1,4 @@
-// The start over the real window and real panels: what stands on the screen, and in which order.
+// The start with the real window and real panels: what is shown, and in which order.
 #include "tests/support/scripted_platform.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
@@ -15,7 +15,7 @@
 namespace frimbolate {
 namespace {
 
-/// Writes down which windows are shown.
+/// Records which windows are shown.
 class Shown : public QObject {
   public:
     Shown() { qApp->installEventFilter(this); }
@@ -89,7 +89,7 @@ TEST_F(StartUp, ShowsTheWindowBeforeTheWelcome) {
     EXPECT_THAT(shown.names, testing::ElementsAre("mainWindow", "welcomeWindow"));
 }
 
-TEST_F(StartUp, ShowsTheWindowAloneWhereTheFolderIsGranted) {
+TEST_F(StartUp, ShowsOnlyTheWindowIfTheFolderIsGranted) {
     platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
     platform.defaults.contents["Bookmark"] = test::bookmarkOf("/Users/maya/Library/LaunchAgents");
     start();

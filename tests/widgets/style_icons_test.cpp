@@ -15,7 +15,7 @@ using testing::Gt;
 constexpr QRgb lightInk = 0xFF3A4544;
 constexpr QRgb darkInk = 0xFFD3DBD9;
 
-/// How many pixels have exactly this colour, so no half-covered edges.
+/// The number of pixels of exactly this colour; excludes antialiased edges.
 int count(const QImage& image, QColor colour) {
     int result = 0;
     for (int y = 0; y < image.height(); ++y)
@@ -34,7 +34,7 @@ class Icons : public testing::Test {
     ~Icons() override { QApplication::setPalette(palette(false)); }
 };
 
-TEST_F(Icons, AreDrawnAtTheSizeAskedFor) {
+TEST_F(Icons, AreDrawnAtTheRequestedSize) {
     for (const int side : {16, 20, 32, 40, 64, 128}) {
         const QImage image = drawn(toolIcon("save"), side);
         EXPECT_EQ(image.size(), QSize(side, side));
@@ -44,8 +44,8 @@ TEST_F(Icons, AreDrawnAtTheSizeAskedFor) {
     EXPECT_EQ(doubled.devicePixelRatio(), 2);
 }
 
-TEST_F(Icons, AreCrispAndNotEnlarged) {
-    // Scaled up from 20 pixels there would be no hard corner within two pixels of each other.
+TEST_F(Icons, AreSharpAtEverySize) {
+    // An image enlarged from 20 pixels would have no sharp edge within two pixels.
     const QImage image = drawn(toolIcon("save"), 128);
     int steepest = 0;
     for (int x = 1; x < image.width(); ++x)
@@ -54,7 +54,7 @@ TEST_F(Icons, AreCrispAndNotEnlarged) {
     EXPECT_THAT(steepest, Gt(100));
 }
 
-TEST_F(Icons, TakeTheirInkFromThePalette) {
+TEST_F(Icons, TakeTheirForegroundFromThePalette) {
     const QIcon icon = toolIcon("save");
     EXPECT_THAT(count(drawn(icon, 64), lightInk), Gt(0));
     EXPECT_EQ(count(drawn(icon, 64), darkInk), 0);
@@ -75,7 +75,7 @@ const StateRow stateRows[] = {
     {"Selected", QIcon::Selected, QIcon::Off, &Tokens::onAccent},
 };
 
-TEST_F(Icons, TakeTheirInkFromTheState) {
+TEST_F(Icons, TakeTheirForegroundFromTheState) {
     for (const bool dark : {false, true}) {
         QApplication::setPalette(palette(dark));
         for (const StateRow& row : stateRows)
@@ -100,7 +100,7 @@ TEST_F(Icons, ShowNothingForNoImageAndForUnknownNames) {
 
 struct FileRow {
     const char* file;
-    const char* sameAs; ///< the resource whose picture it has
+    const char* sameAs; ///< the resource with the same image
 };
 constexpr FileRow fileRows[] = {
     {"/nowhere/backup.sh", "iconScriptBash.png"},
@@ -119,7 +119,7 @@ TEST_F(Icons, ShowTheTileOfAScriptForItsFile) {
             << row.file;
 }
 
-TEST_F(Icons, ShowANeutralTileForApplicationsAndForWhatIsNotThere) {
+TEST_F(Icons, ShowANeutralTileForApplicationsAndMissingFiles) {
     const QTemporaryDir folder;
     QDir(folder.path()).mkpath("There.app/Contents");
     const std::string there = folder.filePath("There.app").toStdString();
@@ -129,7 +129,7 @@ TEST_F(Icons, ShowANeutralTileForApplicationsAndForWhatIsNotThere) {
     EXPECT_NE(application, own);
     EXPECT_NE(application, file);
     for (const QImage& tile : {application, file})
-        EXPECT_THAT(count(tile, 0xE3EAE8), Gt(100)); // a plate like the others
+        EXPECT_THAT(count(tile, 0xE3EAE8), Gt(100)); // the background of every tile
     EXPECT_EQ(drawn(imageIcon(Image::iconForFile("/Applications/Any.app")), 32), application);
 #ifndef Q_OS_MACOS
     EXPECT_EQ(drawn(imageIcon(Image::iconForFile(there)), 32), application);

@@ -12,7 +12,7 @@ namespace {
 constexpr QSize panel(200, 100);
 constexpr int tipBehindCorner = 32;
 
-/// What a frame paints for a panel, at the place of its arrow's tip.
+/// The image of a frame, and the position of its arrow's tip.
 struct Painted {
     struct Window : QWidget {
         explicit Window(const Painted& p) : painted(p) {
@@ -37,7 +37,7 @@ struct Painted {
     PopOverFrame frame;
     Qt::Edge edge;
     QSize size;
-    int tipY; ///< x, where the arrow stands above or below
+    int tipY; ///< the x instead if the arrow is above or below
     QImage image;
 };
 
@@ -107,7 +107,7 @@ TEST(PopOverFrame, CutOutHasOnePixelOfBorderAllRound) {
     EXPECT_EQ(p.at(PopOverFrame::arrow + 1, p.tipY), t.surface) << "panel and arrow are one";
 }
 
-TEST(PopOverFrame, BlendedThrowsAShadowThatFadesOut) {
+TEST(PopOverFrame, BlendedCastsAShadowThatFadesOut) {
     for (const bool dark : {false, true}) {
         const Painted p(true, dark);
         const Tokens& t = tokens(dark);

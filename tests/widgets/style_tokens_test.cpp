@@ -22,8 +22,8 @@ double contrast(const QColor& one, const QColor& other) {
     return (light + 0.05) / (dark + 0.05);
 }
 
-constexpr double text = 4.5;    // what WCAG AA asks of texts
-constexpr double graphic = 3.0; // and of what must be seen to use a control
+constexpr double text = 4.5;    // WCAG AA for texts
+constexpr double graphic = 3.0; // WCAG AA for the visible parts of controls
 
 struct Row {
     const char* name;
@@ -62,7 +62,7 @@ const Row rows[] = {
 
 class Contrast : public testing::TestWithParam<std::tuple<bool, Row>> {};
 
-TEST_P(Contrast, IsEnoughToRead) {
+TEST_P(Contrast, IsSufficient) {
     const auto& [dark, row] = GetParam();
     const Tokens& t = tokens(dark);
     EXPECT_GE(contrast(t.*row.foreground, t.*row.plane), row.least) << row.name;

@@ -1,5 +1,4 @@
-// The schedule row of a window that has the keyboard, in either clock, worked with real keys and
-// clicks.
+// The schedule row of an active window, in either clock format, driven by key and mouse events.
 #pragma once
 
 #include "core/time_of_day.h"
@@ -18,7 +17,7 @@
 
 namespace frimbolate::test {
 
-/// The toolkit's locale for as long as it lives. Nothing needs to be installed for it.
+/// Sets the toolkit's default locale during its lifetime. Needs no installed system locale.
 class ChosenLocale {
   public:
     explicit ChosenLocale(const char* name) { QLocale::setDefault(QLocale(name)); }
@@ -27,7 +26,7 @@ class ChosenLocale {
     ChosenLocale& operator=(const ChosenLocale&) = delete;
 };
 
-/// Its locale has to be chosen before the window is made.
+/// ChosenLocale is the first base, because the locale must be set before the window is created.
 class TimeFieldFixture : private ChosenLocale, public WindowTest {
   protected:
     explicit TimeFieldFixture(ClockFormat clock)
@@ -53,7 +52,7 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
         QTest::keyClick(focused, key, modifiers);
     }
     void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    /// A press and release at a place of the window, as they come from the window system.
+    /// A press and release sent to the native window, as the window system sends them.
     void click(QWidget* widget, const QPoint& place) {
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&window, place));
     }
@@ -65,19 +64,19 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
     }
     void enterByClick() {
         find("agentNameTextField")->setFocus();
-        click(line(), placeOf(1));
+        click(line(), positionBefore(1));
         ASSERT_TRUE(field()->hasFocus());
     }
-    /// In the line of the field, before the character of that index.
-    QPoint placeOf(int position) {
+    /// The point before the character of that index, in the line edit's coordinates.
+    QPoint positionBefore(int position) {
         const QFontMetrics metrics(line()->font());
         const int x = metrics.horizontalAdvance(line()->text().left(position));
         return {2 + x, line()->height() / 2};
     }
-    /// Enters the field, and puts the cursor before the character of that index.
+    /// Enters the field and sets the cursor before the character of that index.
     void enterAt(int position) {
         enterByClick();
-        click(line(), placeOf(position));
+        click(line(), positionBefore(position));
         ASSERT_EQ(line()->cursorPosition(), position);
     }
     void turnWheel(int steps) {
@@ -87,7 +86,7 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
         QApplication::sendEvent(field(), &turn);
     }
 
-    /// Fails unless field, model and hint tell that time, and no row a warning.
+    /// Fails unless field, model and hint show that time without a warning.
     void expectTime(int hour, int minute) {
         EXPECT_EQ(line()->text().toStdString(), shown(hour, minute).toStdString());
         expectModel(hour, minute);
@@ -102,7 +101,7 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
         EXPECT_EQ(date.day, platform.time.day);
         EXPECT_EQ(date.second, platform.time.second);
     }
-    /// Fails unless the row tells that 9:41 stays because of that text.
+    /// Fails unless the row warns of that text and keeps 9:41.
     void expectRejected(const std::string& typed) {
         EXPECT_EQ(line()->text().toStdString(), shown(9, 41).toStdString());
         expectModel(9, 41);

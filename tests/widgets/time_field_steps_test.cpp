@@ -1,4 +1,5 @@
-// Arrow keys and the wheel step a time; and what was told of a text goes when it is mended.
+// Arrow keys and the wheel step a time; the warning about an unreadable text and when it is
+// cleared.
 #include "tests/widgets/time_field_fixture.h"
 
 namespace frimbolate::test {
@@ -32,7 +33,7 @@ TEST_F(In24Hours, ArrowsStepThePartUnderTheCursor) {
     expectTime(8, 50);
 }
 
-TEST_F(In24Hours, EachPartGoesRound) {
+TEST_F(In24Hours, EachPartWrapsAround) {
     show([](FormModel& model) { model.agentScheduleDatePicker.dateValue.hour = 23; });
     show([](FormModel& model) { model.agentScheduleDatePicker.dateValue.minute = 59; });
     enterAt(0);
@@ -63,7 +64,7 @@ TEST_F(In24Hours, APendingTextIsReadBeforeItSteps) {
     EXPECT_EQ(line()->selectedText(), "08:30");
 }
 
-TEST_F(In24Hours, AnUnreadableTextIsToldInsteadOfAStep) {
+TEST_F(In24Hours, AnUnreadableTextIsReportedInsteadOfAStep) {
     enterByTab();
     type("25:00");
     press(Qt::Key_Up);
@@ -73,7 +74,7 @@ TEST_F(In24Hours, AnUnreadableTextIsToldInsteadOfAStep) {
     expectTime(10, 41);
 }
 
-TEST_F(In24Hours, TheWheelStepsOnlyWhileTheFieldHasTheKeyboard) {
+TEST_F(In24Hours, TheWheelStepsOnlyWhileTheFieldHasTheFocus) {
     find("agentNameTextField")->setFocus();
     turnWheel(1);
     expectTime(9, 41);
@@ -111,9 +112,9 @@ TEST_F(In12Hours, HoursStepThroughNoonAndMidnight) {
     EXPECT_EQ(line()->text(), "12:41 AM");
 }
 
-// What is told of a text that is no time
+// The warning about an unreadable text
 
-TEST_F(In24Hours, TheWarningGoesWithTheNextKey) {
+TEST_F(In24Hours, TheNextKeyClearsTheWarning) {
     enterByTab();
     type("25:00");
     press(Qt::Key_Return);
@@ -123,7 +124,7 @@ TEST_F(In24Hours, TheWarningGoesWithTheNextKey) {
     EXPECT_EQ(field()->accessibleDescription(), "");
 }
 
-TEST_F(In24Hours, TheWarningGoesWhenTheTimeThatStaysIsConfirmed) {
+TEST_F(In24Hours, ReturnOnTheKeptTimeClearsTheWarning) {
     enterByTab();
     type("25:00");
     press(Qt::Key_Return);
@@ -131,7 +132,7 @@ TEST_F(In24Hours, TheWarningGoesWhenTheTimeThatStaysIsConfirmed) {
     expectTime(9, 41);
 }
 
-TEST_F(In24Hours, TheWarningStaysWhenTheFieldIsOnlyLeft) {
+TEST_F(In24Hours, LeavingTheFieldKeepsTheWarning) {
     enterByTab();
     type("25:00");
     press(Qt::Key_Return);
@@ -142,7 +143,7 @@ TEST_F(In24Hours, TheWarningStaysWhenTheFieldIsOnlyLeft) {
     expectRejected("25:00");
 }
 
-TEST_F(In24Hours, TheWarningGoesWithAResetAndWithTheField) {
+TEST_F(In24Hours, AResetAndHidingTheFieldClearTheWarning) {
     for (const bool reset : {true, false}) {
         enterByTab();
         type("25:00");
@@ -172,7 +173,7 @@ TEST_F(In24Hours, AResetWhileATextIsPendingShowsTheTimeOfTheReset) {
     expectTime(9, 41);
 }
 
-TEST_F(In24Hours, AnEmptyFieldIsToldAsWell) {
+TEST_F(In24Hours, AnEmptyFieldIsReported) {
     enterByTab();
     press(Qt::Key_Delete);
     press(Qt::Key_Return);
@@ -180,7 +181,7 @@ TEST_F(In24Hours, AnEmptyFieldIsToldAsWell) {
     EXPECT_EQ(line()->text(), "09:41");
 }
 
-TEST_F(In24Hours, AFaultOfTheRowIsToldBesideTheWarning) {
+TEST_F(In24Hours, AFaultOfTheRowIsShownTogetherWithTheWarning) {
     show([](FormModel& model) {
         model.agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
         model.onMonthTextBox.hidden = false;
@@ -194,10 +195,10 @@ TEST_F(In24Hours, AFaultOfTheRowIsToldBesideTheWarning) {
     const std::string warning = "\u201c25:00\u201d is not a time of day; the field keeps 09:41";
     EXPECT_EQ(hint().toStdString(), fault + "; " + warning);
     EXPECT_EQ(field()->accessibleDescription().toStdString(), warning);
-    EXPECT_NE(field()->property("faulty"), true); // what it holds is sound
+    EXPECT_NE(field()->property("faulty"), true); // the field holds a valid time
 }
 
-TEST_F(In12Hours, TheSentenceAtTheFootHasTheSameClock) {
+TEST_F(In12Hours, TheSummaryUsesTheSameClock) {
     show([](FormModel& model) {
         model.agentNameTextField.stringValue = "Backup";
         model.agentTargetButton.selectedItem = TargetType::Script;

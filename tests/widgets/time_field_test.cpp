@@ -1,5 +1,5 @@
-// Whatever a user types as a time is what the form then holds, however the field was entered and is
-// left; and what is no time is told.
+// Every typed time reaches the form, however the field is entered and left; an unreadable text is
+// reported.
 #include "tests/widgets/time_field_fixture.h"
 
 #include <QMenuBar>
@@ -11,7 +11,7 @@ namespace {
 
 struct Typed {
     const char* text;
-    int hour, minute; ///< -1 where the text means no time
+    int hour, minute; ///< -1 if the text is no time
 };
 
 constexpr Typed typed[] = {
@@ -27,7 +27,7 @@ class TimeFieldTest : public TimeFieldFixture, public testing::WithParamInterfac
   protected:
     TimeFieldTest() : TimeFieldFixture(GetParam()) {}
 
-    /// Enters, types and leaves by the given steps with every text of the table.
+    /// Enters, types and leaves by the given steps, for every text of the table.
     void expectEachRead(const std::function<void(const char* text)>& steps) {
         for (const Typed& row : typed) {
             SCOPED_TRACE(row.text);
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(Clocks, TimeFieldTest,
 
 // Every text of the table
 
-TEST_P(TimeFieldTest, ATextIsReadAfterTabWhenTabLeadsOn) {
+TEST_P(TimeFieldTest, ATextEnteredByTabIsReadOnTab) {
     expectEachRead([this](const char* text) {
         enterByTab();
         type(text);
@@ -61,7 +61,7 @@ TEST_P(TimeFieldTest, ATextIsReadAfterTabWhenTabLeadsOn) {
     });
 }
 
-TEST_P(TimeFieldTest, ATextIsReadAfterAClickAtReturn) {
+TEST_P(TimeFieldTest, ATextEnteredByClickIsReadOnReturn) {
     expectEachRead([this](const char* text) {
         enterByClick();
         type(text);
@@ -71,7 +71,7 @@ TEST_P(TimeFieldTest, ATextIsReadAfterAClickAtReturn) {
     });
 }
 
-TEST_P(TimeFieldTest, ATextIsReadAfterSelectAllWhenTheFormIsSaved) {
+TEST_P(TimeFieldTest, ATextEnteredBySelectAllIsReadOnSave) {
     expectEachRead([this](const char* text) {
         enterAt(1);
         press(Qt::Key_A, Qt::ControlModifier);
@@ -81,7 +81,7 @@ TEST_P(TimeFieldTest, ATextIsReadAfterSelectAllWhenTheFormIsSaved) {
     });
 }
 
-TEST_P(TimeFieldTest, ATextIsReadAfterAClickByAClickElsewhere) {
+TEST_P(TimeFieldTest, ATextEnteredByClickIsReadOnAClickElsewhere) {
     expectEachRead([this](const char* text) {
         enterByClick();
         type(text);
@@ -103,7 +103,7 @@ TEST_P(TimeFieldTest, TabAndTheFirstClickSelectTheWholeTime) {
     EXPECT_EQ(line()->selectedText(), line()->text());
 }
 
-TEST_P(TimeFieldTest, AFocusThatCameWhileAMenuWasOpenSelectsTheWholeTimeToo) {
+TEST_P(TimeFieldTest, AFocusReceivedFromAMenuSelectsTheWholeTime) {
     for (const auto reason :
          {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason, Qt::MenuBarFocusReason}) {
         enterByClick();
@@ -111,9 +111,9 @@ TEST_P(TimeFieldTest, AFocusThatCameWhileAMenuWasOpenSelectsTheWholeTimeToo) {
         find("agentNameTextField")->setFocus();
         field()->setFocus(reason);
         EXPECT_EQ(line()->selectedText(), line()->text());
-        click(line(), placeOf(4));
+        click(line(), positionBefore(4));
         EXPECT_EQ(line()->selectedText(), line()->text()) << "the first click";
-        click(line(), placeOf(4));
+        click(line(), positionBefore(4));
         EXPECT_EQ(line()->cursorPosition(), 4);
         EXPECT_EQ(line()->selectedText(), "");
     }
@@ -121,7 +121,7 @@ TEST_P(TimeFieldTest, AFocusThatCameWhileAMenuWasOpenSelectsTheWholeTimeToo) {
 
 TEST_P(TimeFieldTest, ASecondClickPlacesTheCursor) {
     enterByClick();
-    click(line(), placeOf(4));
+    click(line(), positionBefore(4));
     EXPECT_EQ(line()->selectedText(), "");
     EXPECT_EQ(line()->cursorPosition(), 4);
     press(Qt::Key_Backspace);
@@ -130,28 +130,30 @@ TEST_P(TimeFieldTest, ASecondClickPlacesTheCursor) {
     expectTime(9, 51);
 }
 
-TEST_P(TimeFieldTest, AShakyFirstClickSelectsTheWholeTimeAllTheSame) {
+TEST_P(TimeFieldTest, AFirstClickWithAMouseMoveSelectsTheWholeTime) {
     find("agentNameTextField")->setFocus();
     QWindow* handle = window.windowHandle();
-    const auto at = [this](int position) { return line()->mapTo(&window, placeOf(position)); };
+    const auto at = [this](int position) {
+        return line()->mapTo(&window, positionBefore(position));
+    };
     QTest::mousePress(handle, Qt::LeftButton, {}, at(1));
     QTest::mouseMove(handle, at(3));
     QTest::mouseRelease(handle, Qt::LeftButton, {}, at(3));
     EXPECT_EQ(line()->selectedText(), line()->text());
 }
 
-TEST_P(TimeFieldTest, AClickOnAStepperIsNotTheFirstOneIntoTheText) {
+TEST_P(TimeFieldTest, AClickOnAStepperDoesNotCountAsTheFirstClick) {
     find("agentNameTextField")->setFocus();
     click(field(), {field()->width() - 8, 8});
     expectTime(10, 41);
     EXPECT_EQ(line()->selectedText(), line()->text());
-    click(line(), placeOf(4));
+    click(line(), positionBefore(4));
     EXPECT_EQ(line()->cursorPosition(), 4);
     click(field(), {field()->width() - 8, field()->height() - 8});
     expectTime(10, 40);
 }
 
-TEST_P(TimeFieldTest, AfterReturnOrACommandTheNextClickIsAFirstOne) {
+TEST_P(TimeFieldTest, AfterReturnOrACommandTheNextClickCountsAsTheFirst) {
     const std::pair<int, std::function<void()>> ways[] = {
         {30, [this] { press(Qt::Key_Return); }},
         {30, [this] { press(Qt::Key_T, Qt::ControlModifier); }},
@@ -163,16 +165,16 @@ TEST_P(TimeFieldTest, AfterReturnOrACommandTheNextClickIsAFirstOne) {
          }},
     };
     enterByTab();
-    press(Qt::Key_Return); // with nothing typed
-    click(line(), placeOf(3));
+    press(Qt::Key_Return); // without a pending text
+    click(line(), positionBefore(3));
     EXPECT_EQ(line()->selectedText(), line()->text());
     for (const auto& [minute, read] : ways) {
         type("0730");
         read();
         EXPECT_EQ(line()->selectedText(), shown(7, minute));
-        click(line(), placeOf(3));
+        click(line(), positionBefore(3));
         EXPECT_EQ(line()->selectedText(), shown(7, minute));
-        click(line(), placeOf(3));
+        click(line(), positionBefore(3));
         EXPECT_EQ(line()->selectedText(), "");
         press(Qt::Key_A, Qt::ControlModifier);
     }
@@ -180,7 +182,7 @@ TEST_P(TimeFieldTest, AfterReturnOrACommandTheNextClickIsAFirstOne) {
 
 // Leaving
 
-TEST_P(TimeFieldTest, WhatIsTypedIsPendingUntilThen) {
+TEST_P(TimeFieldTest, ATypedTextIsPendingUntilTheFieldIsLeft) {
     enterByTab();
     type("0730");
     EXPECT_EQ(line()->text(), "0730");
@@ -189,7 +191,7 @@ TEST_P(TimeFieldTest, WhatIsTypedIsPendingUntilThen) {
     EXPECT_EQ(line()->text(), "0730");
 }
 
-TEST_P(TimeFieldTest, EveryCommandReadsItFirst) {
+TEST_P(TimeFieldTest, EveryCommandReadsAPendingTextFirst) {
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"shortcut", [this] { press(Qt::Key_T, Qt::ControlModifier); }},
         {"action", [this] { find<QAction>("advancedToolbarItem")->trigger(); }},
@@ -209,7 +211,7 @@ TEST_P(TimeFieldTest, EveryCommandReadsItFirst) {
     }
 }
 
-TEST_P(TimeFieldTest, SavingWritesWhatWasJustTyped) {
+TEST_P(TimeFieldTest, SavingWritesAPendingText) {
     show([](FormModel& model) {
         model.agentNameTextField.stringValue = "Backup";
         model.agentTargetButton.selectedItem = TargetType::Script;
@@ -226,7 +228,7 @@ TEST_P(TimeFieldTest, SavingWritesWhatWasJustTyped) {
     platform.press("Skip");
 }
 
-TEST_P(TimeFieldTest, AnotherProgramForAWhileLosesNothingThatWasTyped) {
+TEST_P(TimeFieldTest, SwitchingToAnotherProgramKeepsTheTypedText) {
     enterByTab();
     type("07");
     QWidget other;
@@ -235,7 +237,7 @@ TEST_P(TimeFieldTest, AnotherProgramForAWhileLosesNothingThatWasTyped) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return !window.isActiveWindow(); }));
     EXPECT_EQ(line()->text(), "07");
     expectModel(7, 0);
-    QTest::keyClicks(field(), "3"); // was on its way already
+    QTest::keyClicks(field(), "3"); // a key event that was queued before the switch
     EXPECT_EQ(line()->text(), "073");
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([this] { return field()->hasFocus(); }));
@@ -245,7 +247,7 @@ TEST_P(TimeFieldTest, AnotherProgramForAWhileLosesNothingThatWasTyped) {
     expectTime(7, 30);
 }
 
-TEST_P(TimeFieldTest, AHalfTypedTimeIsNotRejectedForAnotherProgram) {
+TEST_P(TimeFieldTest, SwitchingToAnotherProgramDoesNotRejectAnIncompleteTime) {
     enterByTab();
     type("07:");
     QWidget other;
@@ -257,7 +259,7 @@ TEST_P(TimeFieldTest, AHalfTypedTimeIsNotRejectedForAnotherProgram) {
     expectModel(9, 41);
 }
 
-TEST_P(TimeFieldTest, AMinimisedWindowHoldsNothingPending) {
+TEST_P(TimeFieldTest, MinimisingTheWindowReadsAPendingText) {
     for (const char* text : {"0730", "25:00"}) {
         enterByTab();
         type(text);
@@ -270,13 +272,13 @@ TEST_P(TimeFieldTest, AMinimisedWindowHoldsNothingPending) {
     EXPECT_EQ(form().agentScheduleDatePicker.unreadableText, "25:00");
 }
 
-TEST_P(TimeFieldTest, AMenuLeavesTheTextAsItIs) {
+TEST_P(TimeFieldTest, AMenuKeepsAPendingText) {
     enterByTab();
     type("07:");
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {5, 5},
                             field()->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(field(), &event);
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr); // and the event has returned
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr); // the event handler has returned
     EXPECT_EQ(line()->text(), "07:");
     QApplication::activePopupWidget()->close();
     window.menuBar()->setFocus(Qt::MenuBarFocusReason);
@@ -287,7 +289,7 @@ TEST_P(TimeFieldTest, AMenuLeavesTheTextAsItIs) {
     expectTime(7, 30);
 }
 
-TEST_P(TimeFieldTest, AnAssistiveToolSetsItAtOnce) {
+TEST_P(TimeFieldTest, ATextSetByAnAssistiveToolIsReadAtOnce) {
     find("agentNameTextField")->setFocus();
     line()->setText("7.30");
     expectTime(7, 30);
@@ -296,7 +298,7 @@ TEST_P(TimeFieldTest, AnAssistiveToolSetsItAtOnce) {
     expectModel(7, 30);
 }
 
-TEST(TimeFieldAlone, GoesWithTheKeyboardWithoutReadingAnything) {
+TEST(TimeFieldAlone, IsDestroyedWithTheFocusWithoutReadingItsText) {
     QWidget around;
     auto* field = new TimeField(&around);
     around.show();

@@ -1,4 +1,4 @@
-// What a person does changes the model and sends the control's one action.
+// Input in a control changes the model and sends the control's one action.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/style/tokens.h"
@@ -24,7 +24,7 @@ void choose(QComboBox* button, int item) {
     emit button->activated(item);
 }
 
-/// What an action that asks for a file leaves in the journal.
+/// The journal entry of an action that asks for a file.
 constexpr const char* targetPanel = "Please choose an application, script, or workflow (.app, .sh, "
                                     ".py, .rb, .pl, .scpt, .workflow):";
 
@@ -221,7 +221,7 @@ TEST_F(WindowTest, CommandsSendTheirActions) {
     }
 }
 
-TEST_F(WindowTest, EditCommandsActOnTheFieldThatHasTheKeyboard) {
+TEST_F(WindowTest, EditCommandsActOnTheFocusedField) {
     window.activateWindow();
     auto* field = find<QLineEdit>("agentNameTextField");
     field->setFocus();
@@ -239,19 +239,19 @@ TEST_F(WindowTest, EditCommandsActOnTheFieldThatHasTheKeyboard) {
     EXPECT_EQ(form().agentNameTextField.stringValue, "backup");
 }
 
-TEST_F(WindowTest, APopUpForgetsAMouseThatWentAwayBehindItsList) {
+TEST_F(WindowTest, APopUpIsNotHoveredAfterTheMouseLeftDuringItsList) {
     QWidget* button = find("agentActionButton");
-    button->setAttribute(Qt::WA_UnderMouse); // as it stays when the list closes
-    const auto plate = [button] {
+    button->setAttribute(Qt::WA_UnderMouse); // the toolkit does not reset it when the list closes
+    const auto background = [button] {
         return button->grab().toImage().pixelColor(button->width() - 40, 5);
     };
     QCursor::setPos(button->mapToGlobal(button->rect().center()));
-    EXPECT_EQ(plate(), style::tokens(false).hover);
+    EXPECT_EQ(background(), style::tokens(false).hover);
     QCursor::setPos(window.mapToGlobal(QPoint(1, 1)));
-    EXPECT_EQ(plate(), style::tokens(false).button);
+    EXPECT_EQ(background(), style::tokens(false).button);
 }
 
-TEST_F(WindowTest, NothingIsChosenByTheWheelOrByAnArrowAlone) {
+TEST_F(WindowTest, TheWheelAndArrowKeysChooseNothing) {
     auto* button = find<QComboBox>("agentActionButton");
     QWheelEvent turn({5, 5}, button->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
                      Qt::NoModifier, Qt::NoScrollPhase, false);

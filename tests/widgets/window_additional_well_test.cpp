@@ -1,4 +1,4 @@
-// A press on the well of the additional watch path chooses it anew.
+// A click on the well of the additional watch path asks for another path.
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/image_well_button.h"
 
@@ -9,7 +9,7 @@ namespace {
 
 class AdditionalWellTest : public WindowTest {
   protected:
-    /// With the drawer open and a path chosen.
+    /// Opens the drawer and chooses a path.
     void SetUp() override {
         WindowTest::SetUp();
         show([](FormModel& model) {
@@ -21,11 +21,11 @@ class AdditionalWellTest : public WindowTest {
 
     ImageWellButton* well() { return find<ImageWellButton>("alsoRunPathChangeImageWell"); }
 
-    /// Presses the well as the mouse does.
+    /// Clicks the well with the mouse.
     void press() { QTest::mouseClick(well(), Qt::LeftButton); }
 };
 
-TEST_F(AdditionalWellTest, APressAsksOnceForAPath) {
+TEST_F(AdditionalWellTest, AClickAsksOnceForAPath) {
     press();
     EXPECT_EQ(platform.journal.lines(),
               std::vector<std::string>{"open panel: Please choose folder:"});
@@ -34,7 +34,7 @@ TEST_F(AdditionalWellTest, APressAsksOnceForAPath) {
     platform.abandonQuestions();
 }
 
-TEST_F(AdditionalWellTest, WhatIsChosenTakesThePlaceOfThePath) {
+TEST_F(AdditionalWellTest, AChoiceReplacesThePath) {
     press();
     platform.choose("/Users/maya/Pictures");
     window.mirror();

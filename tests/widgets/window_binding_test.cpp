@@ -1,4 +1,4 @@
-// Whatever the model holds, the window shows.
+// The window shows what the model holds.
 #include "core/form_summary.h"
 #include "core/pop_up_items.h"
 #include "tests/core/rendered_form.h"
@@ -85,7 +85,7 @@ constexpr ButtonRow buttonRows[] = {
     {"advancedDrawerTipButton", &FormModel::advancedDrawerTipButton},
 };
 
-TEST_F(WindowTest, MirrorsTexts) {
+TEST_F(WindowTest, ShowsTexts) {
     for (const TextRow& row : textRows) {
         for (const char* shown : {"first", "h\u00e9 \u2603", ""}) {
             show([&](FormModel& model) { (model.*row.member).stringValue = shown; });
@@ -98,7 +98,7 @@ TEST_F(WindowTest, MirrorsTexts) {
     }
 }
 
-TEST_F(WindowTest, MirrorsPopUps) {
+TEST_F(WindowTest, ShowsPopUps) {
     for (const PopUpRow& row : popUpRows) {
         auto* button = find<QComboBox>(row.name);
         const auto items = row.items();
@@ -146,7 +146,7 @@ TEST_F(WindowTest, ReservedIndexesAreSeparators) {
     EXPECT_EQ(separators("agentScheduleTypeButton"), (std::vector{1, 9, 11, 13}));
 }
 
-TEST_F(WindowTest, GreysOutDisabledItemsAndBringsThemBack) {
+TEST_F(WindowTest, DisablesAndEnablesItems) {
     const auto* list = qobject_cast<const QStandardItemModel*>(
         find<QComboBox>("agentScheduleTypeButton")->model());
     for (const bool disabled : {true, false, true}) {
@@ -160,7 +160,7 @@ TEST_F(WindowTest, GreysOutDisabledItemsAndBringsThemBack) {
     }
 }
 
-TEST_F(WindowTest, MirrorsTheWidthsOfTheSchedule) {
+TEST_F(WindowTest, ShowsTheWidthsOfTheSchedule) {
     for (const int width : {160, 311, 160}) {
         show([width](FormModel& model) { model.agentScheduleTypeButton.width = width; });
         EXPECT_EQ(find("agentScheduleTypeButton")->minimumWidth(), width);
@@ -173,7 +173,7 @@ TEST_F(WindowTest, MirrorsTheWidthsOfTheSchedule) {
     }
 }
 
-TEST_F(WindowTest, MirrorsCheckBoxesWithTheirMixedState) {
+TEST_F(WindowTest, ShowsCheckBoxesWithTheirMixedState) {
     const std::pair<int, Qt::CheckState> states[] = {{CheckState::On, Qt::Checked},
                                                      {CheckState::Mixed, Qt::PartiallyChecked},
                                                      {CheckState::Off, Qt::Unchecked}};
@@ -190,7 +190,7 @@ TEST_F(WindowTest, MirrorsCheckBoxesWithTheirMixedState) {
     }
 }
 
-TEST_F(WindowTest, MirrorsButtonsAndMarkers) {
+TEST_F(WindowTest, ShowsButtonsAndMarkers) {
     for (const ButtonRow& row : buttonRows)
         for (const bool hidden : {true, false}) {
             show([&](FormModel& model) { (model.*row.member).hidden = hidden; });
@@ -210,7 +210,7 @@ TEST_F(WindowTest, MirrorsButtonsAndMarkers) {
     EXPECT_EQ(find("showPopOverScriptButton")->toolTip(), "Click to edit script");
 }
 
-TEST_F(WindowTest, MirrorsTheRestOfTheForm) {
+TEST_F(WindowTest, ShowsTheRestOfTheForm) {
     show([](FormModel& model) {
         model.agentScheduleDatePicker.dateValue = {2026, 11, 21, 23, 59, 30};
         model.agentScheduleDatePicker.hidden = true;
@@ -245,15 +245,15 @@ TEST_F(WindowTest, TogglesTheToolbarWithTipsAndDrawer) {
     }
 }
 
-TEST_F(WindowTest, MirroringSendsNothingAndChangesNothing) {
+TEST_F(WindowTest, AnUpdateSendsNothingAndChangesNothing) {
     show([](FormModel& model) {
         model.agentNameTextField.stringValue = "x";
         model.agentTargetButton.selectedItem = TargetType::File;
         model.agentActionButton.selectedItem = AgentAction::PathModified;
         model.agentScheduleTypeButton.selectedItem = ScheduleType::OnInterval;
-        model.agentIntervalField.stringValue = "30"; // which the schedule's action would clear
+        model.agentIntervalField.stringValue = "30"; // the schedule's action would clear it
         model.alsoRunPathChangeCheckbox.state = CheckState::On;
-        model.niceLevelSlider.value = 7; // the text of which its action would set
+        model.niceLevelSlider.value = 7; // its action would set the text
         model.enableGlobbingCheckbox.state = CheckState::Mixed;
     });
     EXPECT_TRUE(platform.journal.lines().empty());
@@ -262,7 +262,7 @@ TEST_F(WindowTest, MirroringSendsNothingAndChangesNothing) {
     EXPECT_EQ(form().enableGlobbingCheckbox.state, CheckState::Mixed);
 }
 
-TEST_F(WindowTest, CaretAndUndoSurviveAMirroring) {
+TEST_F(WindowTest, CaretAndUndoSurviveAnUpdate) {
     auto* field = find<QLineEdit>("agentNameTextField");
     QTest::keyClicks(field, "backup");
     field->setCursorPosition(2);
@@ -275,7 +275,7 @@ TEST_F(WindowTest, CaretAndUndoSurviveAMirroring) {
     EXPECT_TRUE(script->document()->isUndoAvailable());
 }
 
-TEST_F(WindowTest, AForeignLineBreakInAScriptIsNotSetAgainAndAgain) {
+TEST_F(WindowTest, AnUpdateDoesNotResetAScriptWithForeignLineBreaks) {
     show([](FormModel& model) { model.scriptPopOverScriptField.stringValue = "a\r\nb\rc"; });
     auto* script = find<QPlainTextEdit>("scriptPopOverScriptField");
     script->moveCursor(QTextCursor::End);
@@ -296,7 +296,7 @@ TEST_F(WindowTest, TheTargetButtonShowsTheFilesName) {
     EXPECT_EQ(button->currentIndex(), TargetType::File);
 }
 
-TEST_F(WindowTest, AMendedRowLooksSoundBesideItsMarker) {
+TEST_F(WindowTest, AnEditedRowIsNotFaultyBesideItsMarker) {
     show([](FormModel& model) {
         model.nameErrorImageWell.hidden = false;
         model.agentNameTextField.stringValue = "Backup";
@@ -306,7 +306,7 @@ TEST_F(WindowTest, AMendedRowLooksSoundBesideItsMarker) {
     EXPECT_FALSE(find("nameErrorImageWell")->isHidden());
 }
 
-TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
+TEST_F(WindowTest, HintsDescribeTheFormAndTheFaults) {
     const std::string home = QDir::homePath().toStdString();
     show([](FormModel& model) { model.agentNameTextField.stringValue = "back up"; });
     const auto* hint = find<ElidedLabel>("nameHint");
@@ -324,7 +324,7 @@ TEST_F(WindowTest, HintsTellTheFormAndTheFaults) {
     EXPECT_NE(find("agentNameTextField")->property("faulty"), true);
 }
 
-TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
+TEST_F(WindowTest, TheStatusLineSaysWhatLaunchdWillDo) {
     const auto* plan = find<ElidedLabel>("summary");
     const std::string home = QDir::homePath().toStdString();
     EXPECT_EQ(plan->text().toStdString(), sentenceOf(agentForm(form()), home));
@@ -333,7 +333,7 @@ TEST_F(WindowTest, TheLineAtTheFootSaysWhatLaunchdWillDo) {
     EXPECT_EQ(plan->toolTip(), plan->text());
 }
 
-TEST_F(WindowTest, TheDotAtTheFootIsLitOnlyBesideACompletePlan) {
+TEST_F(WindowTest, TheDotIsLitOnlyBesideACompleteSummary) {
     const auto isLit = [this] {
         auto* foot = find("summary")->parentWidget();
         const QPoint dot(style::cardMargin + style::statusDotSide / 2, foot->height() / 2);

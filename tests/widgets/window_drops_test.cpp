@@ -1,4 +1,4 @@
-// A file or folder dropped on a well is taken by the rules of the well's panel, and by no others.
+// A file or folder dropped on a well follows the rules of the well's panel.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/image_well_button.h"
@@ -35,7 +35,7 @@ class WindowDropsTest : public WindowTest {
         bool hovered; ///< the drag was accepted
         bool taken;   ///< and the drop
     };
-    /// Drags what these addresses name over the well and lets go of it there.
+    /// Drags these URLs over the well and drops them.
     Outcome drop(const char* well, const QList<QUrl>& urls,
                  Qt::DropActions offered = Qt::CopyAction | Qt::LinkAction | Qt::MoveAction) {
         QMimeData data;
@@ -47,7 +47,7 @@ class WindowDropsTest : public WindowTest {
         QDragEnterEvent enter({5, 5}, offered, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(target, &enter);
         QDropEvent event(QPointF(5, 5), offered, &data, Qt::LeftButton, Qt::NoModifier);
-        event.setDropAction(Qt::MoveAction); // what a source proposes when nothing is held
+        event.setDropAction(Qt::MoveAction); // the default without modifier keys
         QCoreApplication::sendEvent(target, &event);
         EXPECT_NE(event.isAccepted() ? event.dropAction() : Qt::IgnoreAction, Qt::MoveAction)
             << "the source would take its file away";
@@ -80,14 +80,14 @@ TEST_F(WindowDropsTest, AScriptOrApplicationBecomesTheTarget) {
         EXPECT_TRUE(hovered && taken) << name;
         EXPECT_EQ(form().agentTargetImageWell.toolTip, path(name).toStdString());
         EXPECT_EQ(form().agentTargetButton.selectedItem, TargetType::File);
-        EXPECT_EQ(find("agentTargetImageWell")->toolTip(), path(name)) << "is mirrored";
+        EXPECT_EQ(find("agentTargetImageWell")->toolTip(), path(name)) << "the window is updated";
     }
     const std::string bundle = path("My.app").toStdString();
     platform.files.contents[bundle + "/Contents/Info.plist"] =
         Dictionary{{"CFBundleExecutable", "My"}};
     platform.files.contents[bundle + "/Contents/MacOS/My"] = std::nullopt;
     QUrl url = QUrl::fromLocalFile(path("My.app"));
-    url.setPath(url.path() + "/"); // as a file manager names a folder
+    url.setPath(url.path() + "/"); // file managers append a slash to folders
     EXPECT_TRUE(drop("agentTargetImageWell", {url}).taken);
     EXPECT_EQ(form().agentTargetImageWell.toolTip, bundle + "/Contents/MacOS/My");
 }
@@ -111,15 +111,16 @@ TEST_F(WindowDropsTest, AFileOrFolderBecomesTheWatchedPath) {
     EXPECT_TRUE(platform.journal.lines().empty());
 }
 
-struct RefusalRow {
+struct RejectionRow {
     std::string_view name;
     std::function<QList<QUrl>(const QString& root)> urls;
     Qt::DropActions offered = Qt::CopyAction;
 };
 
-class RefusedDrop : public WindowDropsTest, public testing::WithParamInterface<RefusalRow> {};
+class RejectedWellDrop : public WindowDropsTest,
+                         public testing::WithParamInterface<RejectionRow> {};
 
-TEST_P(RefusedDrop, ChangesNothing) {
+TEST_P(RejectedWellDrop, ChangesNothing) {
     const auto [hovered, taken] =
         drop("agentTargetImageWell", GetParam().urls(path("")), GetParam().offered);
     EXPECT_FALSE(hovered);
@@ -131,7 +132,7 @@ TEST_P(RefusedDrop, ChangesNothing) {
 
 QUrl local(const QString& path) { return QUrl::fromLocalFile(path); }
 
-const RefusalRow refusals[] = {
+const RejectionRow rejectedDrops[] = {
     {"Nothing", [](const QString&) { return QList<QUrl>{}; }},
     {"Two",
      [](const QString& root) {
@@ -148,16 +149,17 @@ const RefusalRow refusals[] = {
      Qt::MoveAction},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, RefusedDrop, testing::ValuesIn(refusals), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, RejectedWellDrop, testing::ValuesIn(rejectedDrops),
+                         NamedAfterRow());
 
-TEST_F(WindowDropsTest, OfATextIsRefused) {
+TEST_F(WindowDropsTest, OfATextAreRejected) {
     QMimeData text;
     text.setText(path("run.sh"));
     EXPECT_FALSE(drop("agentTargetImageWell", text, Qt::CopyAction).taken);
     EXPECT_EQ(form().agentTargetImageWell.toolTip, "");
 }
 
-TEST_F(WindowDropsTest, ThePathOfVolumesIsNotToBeChanged) {
+TEST_F(WindowDropsTest, ThePathOfVolumesCannotBeChanged) {
     show([](FormModel& model) {
         model.agentActionButton.selectedItem = AgentAction::VolumeMounted;
         model.agentWatchPathImageWell = {Image::resource("iconVolumes.png"), "/Volumes"};
@@ -169,7 +171,7 @@ TEST_F(WindowDropsTest, ThePathOfVolumesIsNotToBeChanged) {
     EXPECT_TRUE(find("agentWatchPathImageWell")->acceptDrops());
 }
 
-TEST_F(WindowDropsTest, ASheetKeepsThemOut) {
+TEST_F(WindowDropsTest, AreNotAcceptedWhileASheetIsShown) {
     find<QAction>("about")->trigger();
     ASSERT_NE(queue.current(), nullptr);
     const auto [hovered, taken] = dropFile("agentTargetImageWell", "run.sh");
@@ -180,7 +182,7 @@ TEST_F(WindowDropsTest, ASheetKeepsThemOut) {
     EXPECT_TRUE(dropFile("agentTargetImageWell", "run.sh").taken);
 }
 
-TEST_F(WindowDropsTest, AWellShowsThatItWouldTakeWhatIsOverIt) {
+TEST_F(WindowDropsTest, AnAcceptableDragIsHighlighted) {
     auto* well = find<ImageWellButton>("agentTargetImageWell");
     const auto edge = [well] {
         return well->grab().toImage().pixelColor(well->width() / 2, 0).rgb();

@@ -1,4 +1,4 @@
-// Where things stand: the window, the drawer, the columns of the card.
+// The geometry of the window, the drawer and the columns of the card.
 #include "tests/widgets/window_test.h"
 
 #include <QAction>
@@ -30,7 +30,7 @@ TEST_F(WindowGeometryTest, TheWindowCannotBeResized) {
     }
 }
 
-TEST_F(WindowGeometryTest, TheCardStandsInItsColumns) {
+TEST_F(WindowGeometryTest, TheCardFollowsItsColumns) {
     settle();
     show([](FormModel& model) {
         model.showPopOverScriptButton.hidden = false;
@@ -71,7 +71,7 @@ TEST_F(WindowGeometryTest, TheScheduleRowFillsItsColumn) {
     EXPECT_EQ(inWindow("agentIntervalTypeButton").right() + 1, 24 + 152 + 311);
 }
 
-TEST_F(WindowGeometryTest, NothingMovesWhenAMarkerOrATipGoes) {
+TEST_F(WindowGeometryTest, NothingMovesWhenAMarkerOrATipIsHidden) {
     settle();
     const QRect before = inWindow("agentNameTextField");
     for (const bool hidden : {false, true})
@@ -84,7 +84,7 @@ TEST_F(WindowGeometryTest, NothingMovesWhenAMarkerOrATipGoes) {
     EXPECT_EQ(inWindow("agentNameTextField"), before);
 }
 
-TEST_F(WindowGeometryTest, TheDrawerStandsRightOfTheForm) {
+TEST_F(WindowGeometryTest, TheDrawerLiesRightOfTheForm) {
     setDrawerOpen(true);
     EXPECT_TRUE(find("advancedDrawer")->isVisible());
     EXPECT_EQ(inWindow("advancedDrawer"), QRect(680, 92, 400, 380));

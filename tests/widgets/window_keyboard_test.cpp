@@ -1,4 +1,4 @@
-// Everything by keyboard alone: Tab follows the reading, and no two letters mean the same.
+// Use by keyboard: tab order, focus after alerts, unique mnemonics.
 #include "tests/widgets/window_test.h"
 
 #include <QAbstractButton>
@@ -14,7 +14,7 @@ namespace {
 
 class WindowKeyboardTest : public WindowTest {
   protected:
-    /// What Tab reaches in the form, from the name on, and where it stands.
+    /// The controls that Tab reaches in the form, starting at the name, with their positions.
     struct Stop {
         std::string name;
         QPoint middle;
@@ -37,7 +37,7 @@ class WindowKeyboardTest : public WindowTest {
         return std::ranges::any_of(stops, [&](const Stop& stop) { return stop.name == name; });
     }
 
-    /// The letters of the mnemonics of what shows in the dialog or is a label's control there.
+    /// The mnemonics of the visible controls and labels in the dialog.
     static void expectOwnLetters(const QWidget* dialog) {
         QStringList taken;
         const auto take = [&](const QString& words) {
@@ -56,7 +56,7 @@ class WindowKeyboardTest : public WindowTest {
     }
 };
 
-TEST_F(WindowKeyboardTest, TabFollowsTheReadingInEverySchedule) {
+TEST_F(WindowKeyboardTest, TabFollowsTheReadingOrderInEverySchedule) {
     const std::pair<int, const char*> rows[] = {
         {ScheduleType::EveryDay, "agentScheduleDatePicker"},
         {ScheduleType::OnceAMonth, "onMonthTextField"},
@@ -72,7 +72,7 @@ TEST_F(WindowKeyboardTest, TabFollowsTheReadingInEverySchedule) {
         EXPECT_TRUE(has(met, control)) << schedule;
         ASSERT_GE(met.size(), 5u);
         for (std::size_t i = 1; i < met.size(); ++i) {
-            constexpr int sameRow = 20; // the rows stand 72 apart
+            constexpr int sameRow = 20; // pixels; rows are 72 high
             const QPoint step = met[i].middle - met[i - 1].middle;
             EXPECT_TRUE(step.y() > sameRow || (std::abs(step.y()) <= sameRow && step.x() > 0))
                 << "from " << met[i - 1].name << " to " << met[i].name << ", schedule " << schedule;
@@ -80,7 +80,7 @@ TEST_F(WindowKeyboardTest, TabFollowsTheReadingInEverySchedule) {
     }
 }
 
-TEST_F(WindowKeyboardTest, ANewAgentBeginsWithItsName) {
+TEST_F(WindowKeyboardTest, TheNameFieldHasTheFocusAtFirst) {
     for (const char* before : {"agentActionButton", "standardInPathField"}) {
         find(before)->setFocus();
         ASSERT_EQ(window.focusWidget(), find(before));
@@ -91,7 +91,7 @@ TEST_F(WindowKeyboardTest, ANewAgentBeginsWithItsName) {
 
 struct FaultRow {
     const char* control;
-    std::function<void(FormModel&)> mend; ///< together with those of the rows before it
+    std::function<void(FormModel&)> mend; ///< fixes the fault; applied after those of earlier rows
 };
 const FaultRow faultRows[] = {
     {"agentNameTextField", [](FormModel&) {}},
@@ -112,7 +112,7 @@ const FaultRow faultRows[] = {
      }},
 };
 
-TEST_F(WindowKeyboardTest, AClosedAlertOfValidationLeadsToTheFirstFault) {
+TEST_F(WindowKeyboardTest, AfterTheValidationAlertTheFirstFaultHasTheFocus) {
     window.show();
     for (const FaultRow& row : faultRows) {
         show(row.mend);
@@ -128,7 +128,7 @@ TEST_F(WindowKeyboardTest, AClosedAlertOfValidationLeadsToTheFirstFault) {
     }
 }
 
-TEST_F(WindowKeyboardTest, AFormWithoutFaultsLeavesTheKeyboardWhereItIs) {
+TEST_F(WindowKeyboardTest, AFormWithoutFaultsKeepsTheFocus) {
     show([](FormModel& form) {
         form.agentNameTextField.stringValue = "a";
         form.agentTargetButton.selectedItem = TargetType::Script;
@@ -141,7 +141,7 @@ TEST_F(WindowKeyboardTest, AFormWithoutFaultsLeavesTheKeyboardWhereItIs) {
     EXPECT_EQ(window.focusWidget(), find("agentScheduleTypeButton"));
 }
 
-TEST_F(WindowKeyboardTest, NoTwoLettersOfASheetAreTheSame) {
+TEST_F(WindowKeyboardTest, NoTwoMnemonicsOfASheetAreTheSame) {
     for (const char* sheet : {"welcomeWindow", "preferencesWindow", "executeScriptWindow"})
         expectOwnLetters(find(sheet));
     find<QAction>("about")->trigger();
@@ -160,7 +160,7 @@ TEST_F(WindowKeyboardTest, EverySheetHasOneDefaultButtonAndTabReachesAllOfIt) {
     }
 }
 
-TEST_F(WindowKeyboardTest, ReturnAndEscapeCloseTheWordsAboutTheProgram) {
+TEST_F(WindowKeyboardTest, ReturnAndEscapeCloseTheAboutBox) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         find<QAction>("about")->trigger();
         ASSERT_TRUE(QTest::qWaitFor([&] { return queue.current() != nullptr; }));

@@ -1,4 +1,4 @@
-// Every control is there under its outlet's name, and says what it is.
+// Every control has its outlet's name, the expected class and an accessible name.
 #include "tests/support/rows.h"
 #include "tests/widgets/window_test.h"
 #include "ui/actions.h"
@@ -18,7 +18,7 @@ namespace {
 
 struct Outlet {
     const char* name;
-    const char* className; ///< which it must inherit
+    const char* className; ///< a base class of the control
 };
 
 constexpr Outlet outlets[] = {
@@ -82,7 +82,7 @@ constexpr Outlet outlets[] = {
     {"closeExecuteScriptWindow", "QPushButton"},
 };
 
-TEST_F(WindowTest, EveryOutletIsThereUnderItsName) {
+TEST_F(WindowTest, EveryOutletExistsUnderItsName) {
     EXPECT_EQ(window.objectName(), "mainWindow");
     for (const Outlet& outlet : outlets) {
         const QWidget* widget = nullptr;
@@ -91,7 +91,7 @@ TEST_F(WindowTest, EveryOutletIsThereUnderItsName) {
     }
 }
 
-TEST_F(WindowTest, NoNameIsGivenToTwoWidgetsOfAKind) {
+TEST_F(WindowTest, NoTwoWidgetsOfAKindShareAName) {
     for (const Outlet& outlet : outlets)
         EXPECT_EQ(window.findChildren<QWidget*>(outlet.name).size(), 1) << outlet.name;
 }
@@ -161,7 +161,7 @@ TEST_F(WindowTest, NoTwoMnemonicsOfTheFormAreTheSame) {
     EXPECT_EQ(taken.size(), 6 + 4 + 8 + 5); // menus, rows, drawer captions, check boxes
 }
 
-TEST_F(WindowTest, ALabelLeadsToItsControl) {
+TEST_F(WindowTest, ALabelHasItsControlAsBuddy) {
     const std::pair<const char*, const char*> rows[] = {
         {"Name", "agentNameTextField"},          {"What to launch", "agentTargetButton"},
         {"When to launch", "agentActionButton"}, {"Schedule", "agentScheduleTypeButton"},
@@ -176,7 +176,7 @@ TEST_F(WindowTest, ALabelLeadsToItsControl) {
     }
 }
 
-TEST_F(WindowTest, ImageWellsTellTheirPath) {
+TEST_F(WindowTest, ImageWellsExposeTheirPath) {
     const std::pair<const char*, ImageWell FormModel::*> wells[] = {
         {"agentTargetImageWell", &FormModel::agentTargetImageWell},
         {"agentWatchPathImageWell", &FormModel::agentWatchPathImageWell},
@@ -193,7 +193,7 @@ TEST_F(WindowTest, ImageWellsTellTheirPath) {
     }
 }
 
-TEST_F(WindowTest, TabFollowsTheReading) {
+TEST_F(WindowTest, TabFollowsTheReadingOrder) {
     show([](FormModel& model) {
         model.agentWatchPathImageWell = {Image::iconForFile("/Users/maya"), "/Users/maya"};
         model.agentActionButton.selectedItem = AgentAction::PathModified;

@@ -1,4 +1,4 @@
-// The program's own sheets and the script pop-over, over the real window.
+// The program's own sheets and the script pop-over, on the real window.
 #include "tests/widgets/window_test.h"
 
 #include <QAction>
@@ -120,7 +120,7 @@ TEST_F(WindowSheetsTest, EscapeClosesTheCommandSheetAsItsButtonDoes) {
     EXPECT_EQ(platform.defaults.contents["AutoCopyScriptsKey"], Value("True"));
 }
 
-TEST_F(WindowSheetsTest, AboutTellsTheProgramsName) {
+TEST_F(WindowSheetsTest, AboutShowsTheProgramsName) {
     find<QAction>("about")->trigger();
     ASSERT_TRUE(comes("aboutWindow"));
     EXPECT_TRUE(find("aboutWindow")->accessibleName().startsWith("Frimbolate"));
@@ -142,7 +142,7 @@ TEST_F(WindowSheetsTest, ClosingTheWindowHidesItUntilItIsReopened) {
 
 TEST_F(WindowSheetsTest, ThePopOverFollowsTheModel) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    window.move(-300, 40); // so that there is room on the small screen of the tests
+    window.move(-300, 40); // makes space on the small screen of the tests
     for (const bool shown : {true, false, true}) {
         show([shown](FormModel& model) {
             model.showPopOverScriptButton.hidden = false;
@@ -165,7 +165,7 @@ TEST_F(WindowSheetsTest, ThePopOverStaysOnTheScreen) {
     EXPECT_TRUE(free.contains(find("popoverScriptObject")->geometry()));
 }
 
-TEST_F(WindowSheetsTest, EscapeDismissesThePopOverAndTellsTheModel) {
+TEST_F(WindowSheetsTest, EscapeDismissesThePopOverAndUpdatesTheModel) {
     show([](FormModel& model) { model.popoverScriptObject.shown = true; });
     ASSERT_TRUE(comes("popoverScriptObject"));
     QTest::keyClick(find("scriptPopOverScriptField"), Qt::Key_Escape);
@@ -173,7 +173,7 @@ TEST_F(WindowSheetsTest, EscapeDismissesThePopOverAndTellsTheModel) {
     EXPECT_FALSE(form().popoverScriptObject.shown);
 }
 
-TEST_F(WindowSheetsTest, AClickBesideThePopOverDismissesIt) {
+TEST_F(WindowSheetsTest, AClickOutsideThePopOverDismissesIt) {
     show([](FormModel& model) { model.popoverScriptObject.shown = true; });
     ASSERT_TRUE(comes("popoverScriptObject"));
     QTest::mouseClick(find("popoverScriptObject"), Qt::LeftButton, {}, {-100, -60});
@@ -194,7 +194,7 @@ TEST(BlendedPopOver, IsDismissedByAClickInItsShadow) {
     EXPECT_FALSE(blended.form().popoverScriptObject.shown);
 }
 
-TEST_F(WindowSheetsTest, ThePopOverWaitsWhileASheetIsUp) {
+TEST_F(WindowSheetsTest, ThePopOverWaitsWhileASheetIsShown) {
     find<QAction>("preferencesMenuItem")->trigger();
     ASSERT_TRUE(comes("preferencesWindow"));
     show([](FormModel& model) { model.popoverScriptObject.shown = true; });

@@ -1,4 +1,4 @@
-// A test over the real window.
+// The base of tests that use the real window.
 #pragma once
 
 #include "tests/widgets/scripted_window.h"

@@ -34,9 +34,9 @@ int sliderPosition(const QSlider& slider, double value) {
 void FormBinder::connectTo(AppDelegate& delegate) { delegate_ = &delegate; }
 
 void FormBinder::mirror() {
-    if (!delegate_ || mirroring_)
+    if (!delegate_ || updating_)
         return;
-    const QScopedValueRollback guard(mirroring_, true);
+    const QScopedValueRollback guard(updating_, true);
     const FormModel& form = delegate_->form();
     const std::string home = QDir::homePath().toStdString();
     const FormPresentation presentation = present(form, {home, localeClockFormat()});
@@ -45,7 +45,7 @@ void FormBinder::mirror() {
 }
 
 void FormBinder::edit(const std::function<void(FormModel&)>& change, const Send& send) {
-    if (!delegate_ || mirroring_)
+    if (!delegate_ || updating_)
         return;
     if (send)
         finishTyping();

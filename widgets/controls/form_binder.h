@@ -75,7 +75,7 @@ class FormBinder : public QObject {
 
   private:
     AppDelegate* delegate_ = nullptr;
-    bool mirroring_ = false;
+    bool updating_ = false;
     std::vector<std::function<void(const FormModel&, const FormPresentation&)>> updaters_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window
 };
