@@ -68,7 +68,7 @@ class TimeField : public QAbstractSpinBox {
     TimeOfDay time_;
     ClockFormat clock_ = ClockFormat::TwentyFourHours;
     bool showsTime_ = false; ///< while the field itself sets its text
-    bool isNew_ = false;     ///< the next press into the selected text selects the whole again
+    bool isNew_ = false;     ///< the next press into the text keeps the whole time selected
     bool isPressed_ = false; ///< that press is still held
     bool isLeft_ = true;     ///< another control had the focus since the field had it
 };

@@ -21,7 +21,7 @@ DrawerHost::DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, Drawe
     escape_->setEnabled(false);
     connect(escape_, &QShortcut::activated, this,
             [this] { binder_.send(&AppDelegate::closeAdvancedDrawer); });
-    connect(drawer_, &DrawerPanel::needsRoom, this, &DrawerHost::setRoom);
+    connect(drawer_, &DrawerPanel::needsSpace, this, &DrawerHost::makeSpace);
     connect(drawer_, &DrawerPanel::openChanged, this, &DrawerHost::openChanged);
     // Queued: an update of the form may move the focus, and no action is sent during an update.
     connect(qApp, &QApplication::focusChanged, this, &DrawerHost::closeIfFocusIsHidden,
@@ -30,11 +30,11 @@ DrawerHost::DrawerHost(FormBinder& binder, QWidget& window, QWidget* form, Drawe
 
 bool DrawerHost::isOverForm() const { return drawer_->isOpen() && !drawer_->isBesideForm(); }
 
-void DrawerHost::setRoom(bool room) {
-    if (room == hasRoom_)
+void DrawerHost::makeSpace(bool needed) {
+    if (needed == hasSpace_)
         return; // the drawer reopened before it was fully closed
-    hasRoom_ = room;
-    if (room) {
+    hasSpace_ = needed;
+    if (needed) {
         closedAt_ = window_.frameGeometry().topLeft();
         openAt_ = closedAt_;
         return fit(Moves::Allowed);
@@ -77,7 +77,7 @@ void DrawerHost::followScreen() {
 
 void DrawerHost::fitToChangedScreen() {
     followScreen();
-    if (!hasRoom_)
+    if (!hasSpace_)
         return;
     fit(Moves::None); // the user may be dragging the window
     if (drawer_->isOpen())

@@ -35,7 +35,7 @@ class DrawerHost : public QObject {
   private:
     enum class Moves { Allowed, None };
 
-    void setRoom(bool room);
+    void makeSpace(bool needed);
     void fit(Moves moves);
     void followScreen();
     void fitToChangedScreen();
@@ -50,7 +50,7 @@ class DrawerHost : public QObject {
     DrawerPanel* drawer_;
     QShortcut* escape_;
     QSize closedSize_;
-    bool hasRoom_ = false;
+    bool hasSpace_ = false;
     QPoint closedAt_;             ///< position of the window's frame before the drawer opened
     QPoint openAt_;               ///< position of the window's frame with the drawer open
     QPointer<QWidget> lastFocus_; ///< the focused widget before the drawer covered it

@@ -96,7 +96,7 @@ void DrawerPanel::setOpen(bool open) {
         return;
     open_ = open;
     if (open) {
-        emit needsRoom(true);
+        emit needsSpace(true);
         // A drawer that is still closing reverses from its current position.
         if (isHidden())
             move(closedPosition());
@@ -151,7 +151,7 @@ void DrawerPanel::slideEnded() {
     if (open_)
         return;
     hide();
-    emit needsRoom(false);
+    emit needsSpace(false);
 }
 
 void DrawerPanel::paintEvent(QPaintEvent*) { style::paintDrawer(*this, besideForm_); }

@@ -37,7 +37,7 @@ class DrawerPanel : public QWidget {
   signals:
     /// The window must grow for the drawer (true) or may shrink again (false). The receiver calls
     /// setBesideForm().
-    void needsRoom(bool room);
+    void needsSpace(bool needed);
     /// Emitted when the animation begins.
     void openChanged(bool open);
 

@@ -29,8 +29,7 @@ double fontScale();
 /// Converts a length of the 1x layout to pixels for the user's font size.
 int scaled(int pixels);
 
-/// Stores the desktop's font, from which fontScale() follows. Call it before the application's font
-/// is changed.
+/// Stores the desktop's font, from which fontScale() is computed; 1 before the first call.
 void setDesktopFont(const QFont& desktopFont);
 
 } // namespace frimbolate::style
