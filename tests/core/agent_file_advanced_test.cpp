@@ -10,7 +10,7 @@ namespace {
 
 class AdvancedKey : public testing::TestWithParam<ConditionRow> {};
 
-TEST_P(AdvancedKey, isWritten) {
+TEST_P(AdvancedKey, IsWritten) {
     for (const auto& start : starts()) {
         SCOPED_TRACE(start.name);
         EXPECT_EQ(fileOf(start.form, GetParam().change), joined(start.file, GetParam().keys));

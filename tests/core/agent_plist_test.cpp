@@ -29,7 +29,7 @@ struct ArgumentsRow {
 
 class ProgramArguments : public testing::TestWithParam<ArgumentsRow> {};
 
-TEST_P(ProgramArguments, areWritten) {
+TEST_P(ProgramArguments, AreWritten) {
     for (const auto& start : starts()) {
         SCOPED_TRACE(start.name);
         const auto file = fileOf(start.form, [](AgentForm& form) {
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Targets, ProgramArguments, testing::ValuesIn(arguments)
 
 class LaunchCondition : public testing::TestWithParam<ConditionRow> {};
 
-TEST_P(LaunchCondition, isWritten) {
+TEST_P(LaunchCondition, IsWritten) {
     for (const auto& start : starts()) {
         SCOPED_TRACE(start.name);
         const auto expected = joined(joined(start.file, GetParam().keys), start.additional);
@@ -184,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(Schedules, LaunchCondition, testing::ValuesIn(schedules
 INSTANTIATE_TEST_SUITE_P(Actions, LaunchCondition, testing::ValuesIn(actions), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(KeepAlive, LaunchCondition, testing::ValuesIn(keepAlive), NamedAfterRow());
 
-TEST(AgentPlist, writesTheTimeOfDayAlone) {
+TEST(AgentPlist, WritesTheTimeOfDayAlone) {
     auto form = idleForm();
     form.action = AgentAction::OnSchedule;
     form.scheduleTime = {1999, 12, 31, 23, 59, 59};
@@ -192,7 +192,7 @@ TEST(AgentPlist, writesTheTimeOfDayAlone) {
     EXPECT_EQ(buildAgentPlist(form, "x").at("StartCalendarInterval"), Value(expected));
 }
 
-TEST(AgentPlist, doesNotDependOnTheScriptLanguageOrTheName) {
+TEST(AgentPlist, DoesNotDependOnTheScriptLanguageOrTheName) {
     auto form = idleForm();
     const auto before = buildAgentPlist(form, label);
     form.scriptLanguage = 3;
@@ -200,7 +200,7 @@ TEST(AgentPlist, doesNotDependOnTheScriptLanguageOrTheName) {
     EXPECT_EQ(buildAgentPlist(form, label), before);
 }
 
-TEST(AgentPlist, takesAnyLabel) {
+TEST(AgentPlist, TakesAnyLabel) {
     EXPECT_EQ(buildAgentPlist(idleForm(), "").at("Label"), Value(""));
     EXPECT_EQ(buildAgentPlist(idleForm(), "renamed").at("Label"), Value("renamed"));
 }
@@ -213,7 +213,7 @@ struct LabelRow {
 
 class LabelOfFile : public testing::TestWithParam<LabelRow> {};
 
-TEST_P(LabelOfFile, losesItsLastSuffix) {
+TEST_P(LabelOfFile, LosesItsLastSuffix) {
     EXPECT_EQ(labelForFileName(GetParam().fileName), GetParam().expected);
 }
 
@@ -232,14 +232,14 @@ const LabelRow labels[] = {
 
 INSTANTIATE_TEST_SUITE_P(Names, LabelOfFile, testing::ValuesIn(labels), NamedAfterRow());
 
-TEST(AgentPlist, isProposedUnderThePrefix) {
+TEST(AgentPlist, IsProposedUnderThePrefix) {
     EXPECT_EQ(proposedFileName("Backup"), "com.frimbolate.Backup.plist");
     EXPECT_EQ(proposedFileName(" as typed"), "com.frimbolate. as typed.plist");
     EXPECT_EQ(proposedFileName(""), "com.frimbolate..plist");
     EXPECT_EQ(labelForFileName(proposedFileName("Backup")), label);
 }
 
-TEST(AgentPlist, knowsBothPrefixes) {
+TEST(AgentPlist, KnowsBothPrefixes) {
     EXPECT_EQ(labelPrefix, "com.frimbolate.");
     EXPECT_EQ(earlierLabelPrefix, "com.fr\xC4\xB1mbolate.");
 }

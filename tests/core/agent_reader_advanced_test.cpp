@@ -32,8 +32,8 @@ std::vector<ReaderRow> globbing() {
                          {},
                          lines};
     };
-    return {row("off", false, false), row("on", true, true), row("text_on", "Yes", true),
-            row("text_off", "off", false), row("number", 4, true)};
+    return {row("Off", false, false), row("On", true, true), row("TextOn", "Yes", true),
+            row("TextOff", "off", false), row("Number", 4, true)};
 }
 INSTANTIATE_TEST_SUITE_P(Globbing, AdvancedKeys, testing::ValuesIn(globbing()), NamedAfterRow());
 
@@ -56,8 +56,8 @@ std::vector<ReaderRow> priorities() {
                          {},
                          lines};
     };
-    return {low("low", true),        low("low_number", 3),     low("low_text", "t"),
-            normal("normal", false), normal("normal_zero", 0), normal("normal_text", "low")};
+    return {low("Low", true),        low("LowNumber", 3),     low("LowText", "t"),
+            normal("Normal", false), normal("NormalZero", 0), normal("NormalText", "low")};
 }
 INSTANTIATE_TEST_SUITE_P(Priority, AdvancedKeys, testing::ValuesIn(priorities()), NamedAfterRow());
 
@@ -76,15 +76,15 @@ std::vector<ReaderRow> niceLevels() {
                          lines +
                              Lines{"log: Nice key is not 0, opening drawer " + level, "drawer"}};
     };
-    return {row("zero", 0, "0", "0.000000"),
-            row("most_favoured", -20, "-20", "-20.000000"),
-            row("least_favoured", 20, "20", "20.000000"),
-            row("beyond_the_slider", 99, "99", "99.000000"),
-            row("text", "5", "5", "5.000000"),
-            row("word", "nice", "0", "0.000000"),
-            row("fraction", 0.5, "0", "0.000000"),
-            row("boolean", true, "1", "1.000000"),
-            row("least", std::numeric_limits<std::int64_t>::min(), "-9223372036854775808",
+    return {row("Zero", 0, "0", "0.000000"),
+            row("MostFavoured", -20, "-20", "-20.000000"),
+            row("LeastFavoured", 20, "20", "20.000000"),
+            row("BeyondTheSlider", 99, "99", "99.000000"),
+            row("Text", "5", "5", "5.000000"),
+            row("Word", "nice", "0", "0.000000"),
+            row("Fraction", 0.5, "0", "0.000000"),
+            row("Boolean", true, "1", "1.000000"),
+            row("Least", std::numeric_limits<std::int64_t>::min(), "-9223372036854775808",
                 "-9223372036854775808.000000")};
 }
 INSTANTIATE_TEST_SUITE_P(Nice, AdvancedKeys, testing::ValuesIn(niceLevels()), NamedAfterRow());
@@ -99,13 +99,13 @@ std::vector<ReaderRow> texts() {
                          {},
                          lines};
     };
-    return {row("working_directory", "WorkingDirectory", "workingDirectoryField", "/w"),
-            row("root_directory", "RootDirectory", "rootDirectoryField", "/r"),
-            row("in", "StandardInPath", "standardInPathField", "/i"),
-            row("out", "StandardOutPath", "standardOutPathField", "/o"),
-            row("error", "StandardErrorPath", "standardErrorPathField", "/e"),
-            row("only_a_blank", "StandardOutPath", "standardOutPathField", " "),
-            row("empty_is_present", "RootDirectory", "rootDirectoryField", "")};
+    return {row("WorkingDirectory", "WorkingDirectory", "workingDirectoryField", "/w"),
+            row("RootDirectory", "RootDirectory", "rootDirectoryField", "/r"),
+            row("In", "StandardInPath", "standardInPathField", "/i"),
+            row("Out", "StandardOutPath", "standardOutPathField", "/o"),
+            row("Error", "StandardErrorPath", "standardErrorPathField", "/e"),
+            row("OnlyABlank", "StandardOutPath", "standardOutPathField", " "),
+            row("EmptyIsPresent", "RootDirectory", "rootDirectoryField", "")};
 }
 INSTANTIATE_TEST_SUITE_P(Text, AdvancedKeys, testing::ValuesIn(texts()), NamedAfterRow());
 
@@ -120,10 +120,10 @@ std::vector<ReaderRow> queues() {
     const auto shown = [](const std::string& path) {
         return drawerOpen + Snapshot{{"queueDirectoryField.stringValue", '"' + path + '"'}};
     };
-    return {row("one_folder", {Value("/q")}, shown("/q"), "/q", "drawer"),
-            row("last_of_two", {Value("/q"), Value("/r s")}, shown("/r s"), "/r s", "drawer"),
-            row("no_folder", {}, {}, "(null)", keysAlert),
-            row("a_number", {Value("/q"), Value(5)}, {}, "5", keysAlert)};
+    return {row("OneFolder", {Value("/q")}, shown("/q"), "/q", "drawer"),
+            row("LastOfTwo", {Value("/q"), Value("/r s")}, shown("/r s"), "/r s", "drawer"),
+            row("NoFolder", {}, {}, "(null)", keysAlert),
+            row("ANumber", {Value("/q"), Value(5)}, {}, "5", keysAlert)};
 }
 INSTANTIATE_TEST_SUITE_P(Queue, AdvancedKeys, testing::ValuesIn(queues()), NamedAfterRow());
 
@@ -136,16 +136,16 @@ std::vector<ReaderRow> additional() {
     };
     const Snapshot mounted = drawerOpen + Snapshot{{"alsoRunVolumeCheckbox.state", "1"}};
     const Value paths = Array{Value("/a"), Value("/b")};
-    return {{"mount", {{"StartOnMount", true}}, mounted, {}, {"drawer"}},
-            {"mount_text", {{"StartOnMount", "y"}}, mounted, {}, {"drawer"}},
-            {"mount_false", {{"StartOnMount", false}}, {}},
-            {"mount_empty_text", {{"StartOnMount", ""}}, {}},
-            {"mount_dictionary", {{"StartOnMount", Dictionary{}}}, {}, {}, {keysAlert}},
-            {"watch", {{"WatchPaths", paths}}, watched("/b"), {}, {"drawer"}},
-            {"watch_empty_path", {{"WatchPaths", Array{Value("")}}}, watched(""), {}, {"drawer"}},
-            {"watch_nothing", {{"WatchPaths", Array{}}}, watched(""), {}, {"drawer"}},
-            {"watch_text", {{"WatchPaths", "/b"}}, {}, {}, {keysAlert}},
-            {"watch_number", {{"WatchPaths", Array{Value(1)}}}, {}, {}, {keysAlert}}};
+    return {{"Mount", {{"StartOnMount", true}}, mounted, {}, {"drawer"}},
+            {"MountText", {{"StartOnMount", "y"}}, mounted, {}, {"drawer"}},
+            {"MountFalse", {{"StartOnMount", false}}, {}},
+            {"MountEmptyText", {{"StartOnMount", ""}}, {}},
+            {"MountDictionary", {{"StartOnMount", Dictionary{}}}, {}, {}, {keysAlert}},
+            {"Watch", {{"WatchPaths", paths}}, watched("/b"), {}, {"drawer"}},
+            {"WatchEmptyPath", {{"WatchPaths", Array{Value("")}}}, watched(""), {}, {"drawer"}},
+            {"WatchNothing", {{"WatchPaths", Array{}}}, watched(""), {}, {"drawer"}},
+            {"WatchText", {{"WatchPaths", "/b"}}, {}, {}, {keysAlert}},
+            {"WatchNumber", {{"WatchPaths", Array{Value(1)}}}, {}, {}, {keysAlert}}};
 }
 INSTANTIATE_TEST_SUITE_P(Also, AdvancedKeys, testing::ValuesIn(additional()), NamedAfterRow());
 
@@ -251,14 +251,14 @@ const Lines wasNormal = {"log: Priority key: 0 is does not match default: 1, ope
                          "drawer"};
 const Lines wasLow = {"log: Priority key: 1 is does not match default: 0, opening drawer",
                       "drawer"};
-const DefaultRow priorityDefaults[] = {{"normal_and_normal", "0", false, {}},
-                                       {"normal_and_low", "0", true, wasNormal},
-                                       {"low_and_normal", "1", false, wasLow},
-                                       {"low_and_low", "1", true, {}},
-                                       {"none_and_normal", std::nullopt, false, {}},
-                                       {"none_and_low", std::nullopt, true, {}},
-                                       {"number_and_low", 1, true, {}},
-                                       {"without_truth", Array{}, true, {keysAlert}}};
+const DefaultRow priorityDefaults[] = {{"NormalAndNormal", "0", false, {}},
+                                       {"NormalAndLow", "0", true, wasNormal},
+                                       {"LowAndNormal", "1", false, wasLow},
+                                       {"LowAndLow", "1", true, {}},
+                                       {"NoneAndNormal", std::nullopt, false, {}},
+                                       {"NoneAndLow", std::nullopt, true, {}},
+                                       {"NumberAndLow", 1, true, {}},
+                                       {"WithoutTruth", Array{}, true, {keysAlert}}};
 INSTANTIATE_TEST_SUITE_P(Reader, PriorityDefault, testing::ValuesIn(priorityDefaults),
                          NamedAfterRow());
 

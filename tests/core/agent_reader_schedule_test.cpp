@@ -78,17 +78,17 @@ std::vector<ReaderRow> days() {
         return ReaderRow{name, calendar(Dictionary{{"Hour", hour}, {"Minute", minute}}),
                          daily(time), lines};
     };
-    return {row("every_day", 7, 5, "7:5"),
-            row("midnight", 0, 0, "0:0"),
-            row("last_minute", 23, 59, "23:59"),
-            row("texts", "6", " 30 minutes", "6:30"),
-            row("fractions", 6.9, 30.5, "6:30"),
-            row("minutes_beyond_the_hour", 6, 75, "7:15"),
-            row("hours_beyond_the_day", 25, 0, "1:0"),
-            row("negative", 0, -1, "23:59"),
-            row("huge", std::numeric_limits<std::int64_t>::max(), 0, "7:0"),
-            row("least", 0, std::numeric_limits<std::int64_t>::min(), "5:52"),
-            {"any_two_entries", calendar(Dictionary{{"Day", 3}, {"Weekday", 4}}), daily("0:0"),
+    return {row("EveryDay", 7, 5, "7:5"),
+            row("Midnight", 0, 0, "0:0"),
+            row("LastMinute", 23, 59, "23:59"),
+            row("Texts", "6", " 30 minutes", "6:30"),
+            row("Fractions", 6.9, 30.5, "6:30"),
+            row("MinutesBeyondTheHour", 6, 75, "7:15"),
+            row("HoursBeyondTheDay", 25, 0, "1:0"),
+            row("Negative", 0, -1, "23:59"),
+            row("Huge", std::numeric_limits<std::int64_t>::max(), 0, "7:0"),
+            row("Least", 0, std::numeric_limits<std::int64_t>::min(), "5:52"),
+            {"AnyTwoEntries", calendar(Dictionary{{"Day", 3}, {"Weekday", 4}}), daily("0:0"),
              hourAndMinute("(null)", "(null)") + everyDay}};
 }
 INSTANTIATE_TEST_SUITE_P(Calendar, ScheduleKeys, testing::ValuesIn(days()), NamedAfterRow());
@@ -115,22 +115,22 @@ ReaderRow monthly(const char* name, Value day, const std::string& text) {
 
 std::vector<ReaderRow> weekdays() {
     const Snapshot nothing; // the selection stays as it was
-    return {weekly("sunday", 0, selected(ScheduleType::EverySunday)),
-            weekly("monday", 1, selected(ScheduleType::EveryMonday)),
-            weekly("tuesday", 2, selected(ScheduleType::EveryTuesday)),
-            weekly("wednesday", 3, selected(ScheduleType::EveryWednesday)),
-            weekly("thursday", 4, selected(ScheduleType::EveryThursday)),
-            weekly("friday", 5, selected(ScheduleType::EveryFriday)),
-            weekly("saturday", 6, selected(ScheduleType::EverySaturday)),
-            weekly("sunday_as_seven", 7, selected(ScheduleType::EverySunday)),
-            weekly("eighth_day", 8, nothing),
-            weekly("day_before_sunday", -1, nothing),
-            weekly("beyond_64_bits", std::numeric_limits<std::uint64_t>::max(), nothing),
-            weekly("text", "3", selected(ScheduleType::EveryWednesday)),
-            weekly("word", "Friday", selected(ScheduleType::EverySunday)),
-            weekly("fraction", 5.9, selected(ScheduleType::EveryFriday)),
-            weekly("boolean", true, selected(ScheduleType::EveryMonday)),
-            {"no_weekday", calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Month", 2}}),
+    return {weekly("Sunday", 0, selected(ScheduleType::EverySunday)),
+            weekly("Monday", 1, selected(ScheduleType::EveryMonday)),
+            weekly("Tuesday", 2, selected(ScheduleType::EveryTuesday)),
+            weekly("Wednesday", 3, selected(ScheduleType::EveryWednesday)),
+            weekly("Thursday", 4, selected(ScheduleType::EveryThursday)),
+            weekly("Friday", 5, selected(ScheduleType::EveryFriday)),
+            weekly("Saturday", 6, selected(ScheduleType::EverySaturday)),
+            weekly("SundayAsSeven", 7, selected(ScheduleType::EverySunday)),
+            weekly("EighthDay", 8, nothing),
+            weekly("DayBeforeSunday", -1, nothing),
+            weekly("Beyond64Bits", std::numeric_limits<std::uint64_t>::max(), nothing),
+            weekly("Text", "3", selected(ScheduleType::EveryWednesday)),
+            weekly("Word", "Friday", selected(ScheduleType::EverySunday)),
+            weekly("Fraction", 5.9, selected(ScheduleType::EveryFriday)),
+            weekly("Boolean", true, selected(ScheduleType::EveryMonday)),
+            {"NoWeekday", calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Month", 2}}),
              at("7:5") + shown + selected(ScheduleType::EverySunday),
              hourAndMinute("7", "5") + specificDay +
                  Lines{"log: Agent runs once a week on day : (null)"}}};
@@ -138,14 +138,14 @@ std::vector<ReaderRow> weekdays() {
 INSTANTIATE_TEST_SUITE_P(Weekday, ScheduleKeys, testing::ValuesIn(weekdays()), NamedAfterRow());
 
 std::vector<ReaderRow> monthDays() {
-    return {monthly("first", 1, "1"),
-            monthly("last", 31, "31"),
-            monthly("beyond_the_month", 99, "99"),
-            monthly("negative_day", -3, "-3"),
-            monthly("day_text", "12", "12"),
-            monthly("day_word", "none", "none"),
-            monthly("day_fraction", 2.5, "2.5"),
-            {"day_and_weekday", calendar(Dictionary{{"Hour", 7}, {"Weekday", 2}, {"Day", 9}}),
+    return {monthly("First", 1, "1"),
+            monthly("Last", 31, "31"),
+            monthly("BeyondTheMonth", 99, "99"),
+            monthly("NegativeDay", -3, "-3"),
+            monthly("DayText", "12", "12"),
+            monthly("DayWord", "none", "none"),
+            monthly("DayFraction", 2.5, "2.5"),
+            {"DayAndWeekday", calendar(Dictionary{{"Hour", 7}, {"Weekday", 2}, {"Day", 9}}),
              monthly("", 9, "9").sets +
                  Snapshot{{"agentScheduleDatePicker.dateValue", "2000-1-1 7:0:0"}},
              hourAndMinute("7", "(null)") + specificDay + Lines{"log: Agent runs once a month 9"}}};
@@ -163,21 +163,21 @@ std::vector<ReaderRow> oddCalendars() {
         return ReaderRow{"", calendar(dictionary), anyCalendar + interval(""), lines};
     };
     auto hour = broken("Hour", Array{}, hourAndMinute("(\n)", "5") + asInterval);
-    hour.name = "hour_without_a_number";
+    hour.name = "HourWithoutANumber";
     auto minute = broken("Minute", Data{{1}}, hourAndMinute("7", "<01>") + asInterval);
-    minute.name = "minute_without_a_number";
+    minute.name = "MinuteWithoutANumber";
     auto day = broken("Day", Data{{1}},
                       hourAndMinute("7", "5") + specificDay +
                           Lines{"log: Agent runs once a month <01>"} + asInterval);
-    day.name = "day_without_a_number", day.sets = at("7:5") + interval("");
+    day.name = "DayWithoutANumber", day.sets = at("7:5") + interval("");
     auto weekday = broken("Weekday", Data{{1}},
                           hourAndMinute("7", "5") + specificDay +
                               Lines{"log: Agent runs once a week on day : <01>"} + asInterval);
-    weekday.name = "weekday_without_a_number", weekday.sets = at("7:5") + interval("");
-    return {{"one_entry", calendar(one), at("0:5"), hourAndMinute("(null)", "5")},
-            {"four_entries", calendar(four), at("7:5"), hourAndMinute("7", "5")},
-            {"an_array", calendar(Array{one, four}), interval(""), asInterval},
-            {"a_text", calendar("daily"), interval(""), asInterval},
+    weekday.name = "WeekdayWithoutANumber", weekday.sets = at("7:5") + interval("");
+    return {{"OneEntry", calendar(one), at("0:5"), hourAndMinute("(null)", "5")},
+            {"FourEntries", calendar(four), at("7:5"), hourAndMinute("7", "5")},
+            {"AnArray", calendar(Array{one, four}), interval(""), asInterval},
+            {"AText", calendar("daily"), interval(""), asInterval},
             hour,
             minute,
             day,
@@ -191,22 +191,22 @@ std::vector<ReaderRow> intervals() {
     const auto row = [](const char* name, Value seconds, const std::string& text) {
         return ReaderRow{name, {{"StartInterval", seconds}}, interval(text), asInterval};
     };
-    return {row("an_hour", 3600, "3600"),
-            row("seconds", 15, "15"),
-            row("zero", 0, "0"),
-            row("negative_seconds", -294967296, "-294967296"),
-            row("greatest", std::numeric_limits<std::uint64_t>::max(), "18446744073709551615"),
-            row("a_fraction", 1.5, "1.5"),
-            row("seconds_as_text", "300", "300"),
-            row("an_empty_text", "", ""),
-            row("true_is_a_number", true, "1"),
-            {"before_the_calendar",
+    return {row("AnHour", 3600, "3600"),
+            row("Seconds", 15, "15"),
+            row("Zero", 0, "0"),
+            row("NegativeSeconds", -294967296, "-294967296"),
+            row("Greatest", std::numeric_limits<std::uint64_t>::max(), "18446744073709551615"),
+            row("AFraction", 1.5, "1.5"),
+            row("SecondsAsText", "300", "300"),
+            row("AnEmptyText", "", ""),
+            row("TrueIsANumber", true, "1"),
+            {"BeforeTheCalendar",
              {{"StartInterval", 60}, {"StartCalendarInterval", daily()}},
              interval("60"),
              asInterval},
-            {"a_dictionary_is_none", with(calendar(daily()), "StartInterval", Dictionary{{"a", 1}}),
+            {"ADictionaryIsNone", with(calendar(daily()), "StartInterval", Dictionary{{"a", 1}}),
              dailyPicture(), dailyLines()},
-            {"an_empty_dictionary_is_none", with(calendar(daily()), "StartInterval", Dictionary{}),
+            {"AnEmptyDictionaryIsNone", with(calendar(daily()), "StartInterval", Dictionary{}),
              dailyPicture(), dailyLines()}};
 }
 INSTANTIATE_TEST_SUITE_P(Interval, ScheduleKeys, testing::ValuesIn(intervals()), NamedAfterRow());
@@ -248,43 +248,43 @@ std::vector<ReaderRow> triggers() {
     const Lines kept = {
         "log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines noCalendar = hourAndMinute("(null)", "(null)");
-    return {{"nothing_at_all", {}, atLoad + at("0:0"), onDemand},
-            {"an_empty_calendar", calendar(Dictionary{}), atLoad + at("0:0"), onDemand},
-            {"an_empty_interval", {{"StartInterval", Dictionary{}}}, atLoad + at("0:0"), onDemand},
-            {"an_odd_interval", {{"StartInterval", Dictionary{{"a", 1}}}}, at("0:0"), noCalendar},
-            {"at_load", {{"RunAtLoad", true}}, atLoad + at("0:0"), noCalendar},
-            {"at_load_though_false", {{"RunAtLoad", false}}, atLoad + at("0:0"), noCalendar},
-            {"at_load_and_watching",
+    return {{"NothingAtAll", {}, atLoad + at("0:0"), onDemand},
+            {"AnEmptyCalendar", calendar(Dictionary{}), atLoad + at("0:0"), onDemand},
+            {"AnEmptyInterval", {{"StartInterval", Dictionary{}}}, atLoad + at("0:0"), onDemand},
+            {"AnOddInterval", {{"StartInterval", Dictionary{{"a", 1}}}}, at("0:0"), noCalendar},
+            {"AtLoad", {{"RunAtLoad", true}}, atLoad + at("0:0"), noCalendar},
+            {"AtLoadThoughFalse", {{"RunAtLoad", false}}, atLoad + at("0:0"), noCalendar},
+            {"AtLoadAndWatching",
              {{"RunAtLoad", true}, {"WatchPaths", paths}},
              atLoad + at("0:0") + alsoWatched,
              noCalendar,
              {"drawer"}},
-            {"at_load_and_mounting",
+            {"AtLoadAndMounting",
              {{"RunAtLoad", true}, {"StartOnMount", true}},
              atLoad + at("0:0") + alsoMounted,
              noCalendar,
              {"drawer"}},
-            {"watching", {{"WatchPaths", paths}}, watched("/b"), watchLines("/b")},
-            {"watching_nothing", {{"WatchPaths", Array{}}}, watched(""), watchLines("(null)")},
-            {"watching_and_mounting",
+            {"Watching", {{"WatchPaths", paths}}, watched("/b"), watchLines("/b")},
+            {"WatchingNothing", {{"WatchPaths", Array{}}}, watched(""), watchLines("(null)")},
+            {"WatchingAndMounting",
              {{"WatchPaths", paths}, {"StartOnMount", true}},
              watched("/b") + alsoMounted,
              watchLines("/b"),
              {"drawer"}},
-            {"watching_though_kept_alive",
+            {"WatchingThoughKeptAlive",
              {{"WatchPaths", paths}, {"KeepAlive", true}},
              watched("/b") + keptAlive,
              kept + watchLines("/b")},
-            {"mounting", {{"StartOnMount", true}}, mounted, mountLines("1")},
-            {"mounting_though_false", {{"StartOnMount", false}}, mounted, mountLines("0")},
-            {"mounting_by_a_text", {{"StartOnMount", "no"}}, mounted, mountLines("no")},
-            {"mounting_by_an_empty_text", {{"StartOnMount", ""}}, atLoad + at("0:0"), onDemand},
-            {"watching_a_text",
+            {"Mounting", {{"StartOnMount", true}}, mounted, mountLines("1")},
+            {"MountingThoughFalse", {{"StartOnMount", false}}, mounted, mountLines("0")},
+            {"MountingByAText", {{"StartOnMount", "no"}}, mounted, mountLines("no")},
+            {"MountingByAnEmptyText", {{"StartOnMount", ""}}, atLoad + at("0:0"), onDemand},
+            {"WatchingAText",
              {{"WatchPaths", "/b"}},
              at("0:0") + interval(""),
              onDemand + asInterval,
              {keysAlert}},
-            {"watching_a_number",
+            {"WatchingANumber",
              {{"WatchPaths", Array{Value(5)}}},
              at("0:0") + interval("") +
                  Snapshot{{"agentActionButton.selectedItem", "4"},
@@ -298,9 +298,9 @@ std::vector<ReaderRow> afterRunAtLoad() {
     const Snapshot also = {{"alsoRunAtLoadCheckbox.state", "1"},
                            {"alsoRunAtLoadCheckbox.enabled", "yes"},
                            {"advancedDrawer.open", "yes"}};
-    auto weekday = weekly("weekly", 3, selected(ScheduleType::EveryWednesday));
-    auto monthDay = monthly("monthly", 3, "3");
-    ReaderRow seconds{"interval", {{"StartInterval", 60}}, interval("60"), asInterval};
+    auto weekday = weekly("Weekly", 3, selected(ScheduleType::EveryWednesday));
+    auto monthDay = monthly("Monthly", 3, "3");
+    ReaderRow seconds{"Interval", {{"StartInterval", 60}}, interval("60"), asInterval};
     std::vector<ReaderRow> rows = {weekday, monthDay, seconds};
     for (auto& row : rows) {
         row.keys.emplace("RunAtLoad", true);
@@ -308,10 +308,10 @@ std::vector<ReaderRow> afterRunAtLoad() {
         row.advanced = {"drawer"};
     }
     // An eighth day and a fourth entry select nothing, so that run at load stays selected.
-    auto eighth = weekly("eighth_day_after", 8, {});
+    auto eighth = weekly("EighthDayAfter", 8, {});
     eighth.sets = atLoad + eighth.sets;
     const Value one = Dictionary{{"Minute", 5}};
-    ReaderRow single{"one_entry_after", calendar(one), atLoad + at("0:5"),
+    ReaderRow single{"OneEntryAfter", calendar(one), atLoad + at("0:5"),
                      hourAndMinute("(null)", "5")};
     for (auto* row : {&eighth, &single}) {
         row->keys.emplace("RunAtLoad", true);
@@ -322,7 +322,7 @@ std::vector<ReaderRow> afterRunAtLoad() {
 INSTANTIATE_TEST_SUITE_P(RunAtLoad, ScheduleKeys, testing::ValuesIn(afterRunAtLoad()),
                          NamedAfterRow());
 
-TEST(TheTimeOfAFile, replacesATextThatCouldNotBeRead) {
+TEST(TheTimeOfAFile, ReplacesATextThatCouldNotBeRead) {
     for (const Dictionary& schedule :
          {calendar(daily()), Dictionary{{"StartInterval", 60}}, Dictionary{{"RunAtLoad", true}},
           Dictionary{{"WatchPaths", Array{Value("/a")}}}}) {

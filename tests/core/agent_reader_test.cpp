@@ -23,17 +23,17 @@ class Origin : public testing::TestWithParam<OriginRow> {};
 TEST_P(Origin, IsToldByThePath) { EXPECT_EQ(agentOrigin(GetParam().path), GetParam().origin); }
 
 constexpr OriginRow origins[] = {
-    {"own", "/L/com.frimbolate.Backup.plist", AgentOrigin::Own},
-    {"earlier", "/L/com.fr\u0131mbolate.Backup.plist", AgentOrigin::EarlierVersion},
-    {"foreign", "/L/org.example.Backup.plist", AgentOrigin::Foreign},
-    {"empty_path", "", AgentOrigin::Foreign},
-    {"both_marks", "/com.frimbolate.d/com.fr\u0131mbolate.B.plist", AgentOrigin::EarlierVersion},
-    {"both_marks_reversed", "/com.fr\u0131mbolate./com.frimbolate.B", AgentOrigin::EarlierVersion},
-    {"mark_in_a_folder", "/com.frimbolate.things/other.plist", AgentOrigin::Own},
-    {"mark_in_mid_name", "/L/my.com.frimbolate.x.plist", AgentOrigin::Own},
-    {"without_the_last_dot", "/L/com.frimbolate", AgentOrigin::Foreign},
-    {"other_case", "/L/com.Frimbolate.x.plist", AgentOrigin::Foreign},
-    {"dotted_capital", "/L/com.fr\u0130mbolate.x.plist", AgentOrigin::Foreign}};
+    {"Own", "/L/com.frimbolate.Backup.plist", AgentOrigin::Own},
+    {"Earlier", "/L/com.fr\u0131mbolate.Backup.plist", AgentOrigin::EarlierVersion},
+    {"Foreign", "/L/org.example.Backup.plist", AgentOrigin::Foreign},
+    {"EmptyPath", "", AgentOrigin::Foreign},
+    {"BothMarks", "/com.frimbolate.d/com.fr\u0131mbolate.B.plist", AgentOrigin::EarlierVersion},
+    {"BothMarksReversed", "/com.fr\u0131mbolate./com.frimbolate.B", AgentOrigin::EarlierVersion},
+    {"MarkInAFolder", "/com.frimbolate.things/other.plist", AgentOrigin::Own},
+    {"MarkInMidName", "/L/my.com.frimbolate.x.plist", AgentOrigin::Own},
+    {"WithoutTheLastDot", "/L/com.frimbolate", AgentOrigin::Foreign},
+    {"OtherCase", "/L/com.Frimbolate.x.plist", AgentOrigin::Foreign},
+    {"DottedCapital", "/L/com.fr\u0130mbolate.x.plist", AgentOrigin::Foreign}};
 INSTANTIATE_TEST_SUITE_P(Reader, Origin, testing::ValuesIn(origins), NamedAfterRow());
 
 // Name
@@ -60,23 +60,23 @@ TEST_P(BareName, IsWhatTheFormShows) {
 }
 
 constexpr NameRow bareNames[] = {
-    {"own", "com.frimbolate.Backup", "Backup"},
-    {"earlier", "com.fr\u0131mbolate.Backup", "Backup"},
-    {"foreign", "org.example.Backup", "org.example.Backup"},
-    {"file_name", "com.frimbolate.Backup.plist", "Backup"},
-    {"empty", "", ""},
-    {"prefix_alone", "com.frimbolate.", ""},
-    {"every_prefix", "com.frimbolate.a.com.frimbolate.b", "a.b"},
-    {"every_earlier_prefix", "com.fr\u0131mbolate.com.fr\u0131mbolate.b", "b"},
-    {"every_suffix", ".plista.plist.plistb", "ab"},
-    {"suffix_in_the_middle", "com.frimbolate.x.plist.old", "x.old"},
-    {"other_case", "COM.frimbolate.x.PLIST", "COM.frimbolate.x.PLIST"},
-    {"one_pass_only", "com.frimcom.frimbolate.bolate.x", "com.frimbolate.x"},
+    {"Own", "com.frimbolate.Backup", "Backup"},
+    {"Earlier", "com.fr\u0131mbolate.Backup", "Backup"},
+    {"Foreign", "org.example.Backup", "org.example.Backup"},
+    {"FileName", "com.frimbolate.Backup.plist", "Backup"},
+    {"Empty", "", ""},
+    {"PrefixAlone", "com.frimbolate.", ""},
+    {"EveryPrefix", "com.frimbolate.a.com.frimbolate.b", "a.b"},
+    {"EveryEarlierPrefix", "com.fr\u0131mbolate.com.fr\u0131mbolate.b", "b"},
+    {"EverySuffix", ".plista.plist.plistb", "ab"},
+    {"SuffixInTheMiddle", "com.frimbolate.x.plist.old", "x.old"},
+    {"OtherCase", "COM.frimbolate.x.PLIST", "COM.frimbolate.x.PLIST"},
+    {"OnePassOnly", "com.frimcom.frimbolate.bolate.x", "com.frimbolate.x"},
     // The order of the three removals shows where one uncovers another.
-    {"earlier_uncovered_by_own", "com.fr\u0131mcom.frimbolate.bolate.x", "x"},
-    {"own_uncovered_by_earlier", "com.frimcom.fr\u0131mbolate.bolate.x", "com.frimbolate.x"},
-    {"suffix_uncovered_by_own", ".plicom.frimbolate.st", ""},
-    {"own_uncovered_by_suffix", "com.frim.plistbolate.x", "com.frimbolate.x"}};
+    {"EarlierUncoveredByOwn", "com.fr\u0131mcom.frimbolate.bolate.x", "x"},
+    {"OwnUncoveredByEarlier", "com.frimcom.fr\u0131mbolate.bolate.x", "com.frimbolate.x"},
+    {"SuffixUncoveredByOwn", ".plicom.frimbolate.st", ""},
+    {"OwnUncoveredBySuffix", "com.frim.plistbolate.x", "com.frimbolate.x"}};
 INSTANTIATE_TEST_SUITE_P(Reader, BareName, testing::ValuesIn(bareNames), NamedAfterRow());
 
 TEST(AgentReader, HasNoNameWithoutALabel) {
@@ -131,35 +131,35 @@ std::vector<ReaderRow> targets() {
     const Value sh("/bin/sh");
     const Value three{Dictionary{{"a", "1"}, {"b", "2"}, {"c", "3"}}};
     return {
-        {"one_argument", arguments(Array{Value("/a/tool")}), file("/a/tool"), {"target: /a/tool"}},
-        {"two_arguments", arguments(Array{sh, Value("/a.py")}), file("/a.py"), {"target: /a.py"}},
-        {"three_arguments",
+        {"OneArgument", arguments(Array{Value("/a/tool")}), file("/a/tool"), {"target: /a/tool"}},
+        {"TwoArguments", arguments(Array{sh, Value("/a.py")}), file("/a.py"), {"target: /a.py"}},
+        {"ThreeArguments",
          arguments(Array{sh, Value("-c"), Value("ls\n")}),
          script("ls\n"),
          {"pop-over"}},
-        {"three_ending_in_a_path",
+        {"ThreeEndingInAPath",
          arguments(Array{Value(1), Value(2), Value("/x.sh")}),
          script("/x.sh"),
          {"pop-over"}},
-        {"three_ending_in_nothing",
+        {"ThreeEndingInNothing",
          arguments(Array{sh, Value("-c"), Value("")}),
          script(""),
          {"pop-over"}},
-        {"four_arguments",
+        {"FourArguments",
          arguments(Array{sh, Value("-c"), Value("x"), Value("/y")}),
          file("/y"),
          {"target: /y"}},
-        {"no_arguments", arguments(Array{}), file(""), {"target: "}},
-        {"a_single_text", arguments("/a/tool"), file("/a/tool"), {"target: /a/tool"}},
-        {"an_empty_text", arguments(""), file(""), {"target: "}},
-        {"a_number_last", arguments(Array{sh, Value(5)}), noTarget, unreadableTarget},
-        {"a_number_last_of_three", arguments(Array{sh, sh, Value(5)}), noTarget, unreadableTarget},
-        {"a_number_first", arguments(Array{Value(5), Value("/x")}), file("/x"), {"target: /x"}},
-        {"an_array_last", arguments(Array{Value(Array{sh})}), noTarget, unreadableTarget},
-        {"a_dictionary", arguments(Dictionary{{"a", "/x"}}), noTarget, unreadableTarget},
-        {"a_dictionary_of_three", arguments(three), noTarget, unreadableTarget},
-        {"a_number", arguments(3), noTarget, unreadableTarget},
-        {"data", arguments(Data{{47}}), noTarget, unreadableTarget}};
+        {"NoArguments", arguments(Array{}), file(""), {"target: "}},
+        {"ASingleText", arguments("/a/tool"), file("/a/tool"), {"target: /a/tool"}},
+        {"AnEmptyText", arguments(""), file(""), {"target: "}},
+        {"ANumberLast", arguments(Array{sh, Value(5)}), noTarget, unreadableTarget},
+        {"ANumberLastOfThree", arguments(Array{sh, sh, Value(5)}), noTarget, unreadableTarget},
+        {"ANumberFirst", arguments(Array{Value(5), Value("/x")}), file("/x"), {"target: /x"}},
+        {"AnArrayLast", arguments(Array{Value(Array{sh})}), noTarget, unreadableTarget},
+        {"ADictionary", arguments(Dictionary{{"a", "/x"}}), noTarget, unreadableTarget},
+        {"ADictionaryOfThree", arguments(three), noTarget, unreadableTarget},
+        {"ANumber", arguments(3), noTarget, unreadableTarget},
+        {"Data", arguments(Data{{47}}), noTarget, unreadableTarget}};
 }
 INSTANTIATE_TEST_SUITE_P(Target, PrimaryKeys, testing::ValuesIn(targets()), NamedAfterRow());
 
@@ -185,26 +185,26 @@ std::vector<ReaderRow> actions() {
     };
     const Lines on = {"log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines off = {"log: KeepAlive key does not exist or has unexpected value"};
-    return {{"not_kept_alive", {}, {}},
-            {"kept_alive", keepAlive(true), running, on},
-            {"kept_alive_by_a_number", keepAlive(-1), running, on},
-            {"kept_alive_by_a_text", keepAlive("yes"), running, on},
-            {"false_still_keeps_running", keepAlive(false), odd, off},
-            {"zero", keepAlive(0), odd, off},
-            {"a_text_that_is_no_yes", keepAlive("no"), odd, off},
-            {"an_array", keepAlive(Array{Value(true)}), odd, off},
-            {"keep_alive_data", keepAlive(Data{{1}}), odd, off},
-            {"keep_alive_date", keepAlive(Date{1}), odd, off},
-            {"no_conditions", keepAlive(Dictionary{}), kept, dictionaryLines("(null)")},
-            {"after_demand", keepAlive(Dictionary{{"AfterInitialDemand", true}}), kept,
+    return {{"NotKeptAlive", {}, {}},
+            {"KeptAlive", keepAlive(true), running, on},
+            {"KeptAliveByANumber", keepAlive(-1), running, on},
+            {"KeptAliveByAText", keepAlive("yes"), running, on},
+            {"FalseStillKeepsRunning", keepAlive(false), odd, off},
+            {"Zero", keepAlive(0), odd, off},
+            {"ATextThatIsNoYes", keepAlive("no"), odd, off},
+            {"AnArray", keepAlive(Array{Value(true)}), odd, off},
+            {"KeepAliveData", keepAlive(Data{{1}}), odd, off},
+            {"KeepAliveDate", keepAlive(Date{1}), odd, off},
+            {"NoConditions", keepAlive(Dictionary{}), kept, dictionaryLines("(null)")},
+            {"AfterDemand", keepAlive(Dictionary{{"AfterInitialDemand", true}}), kept,
              dictionaryLines("(null)")},
-            {"exit_false", exit(false), allowed, drawn("0")},
-            {"exit_zero", exit(0), allowed, drawn("0")},
-            {"exit_text_no", exit("NO"), allowed, drawn("NO")},
-            {"exit_empty_text", exit(""), allowed, drawn("")},
-            {"exit_true", exit(true), kept, dictionaryLines("1")},
-            {"exit_text_yes", exit("YES"), kept, dictionaryLines("YES")},
-            {"exit_number", exit(7), kept, dictionaryLines("7")}};
+            {"ExitFalse", exit(false), allowed, drawn("0")},
+            {"ExitZero", exit(0), allowed, drawn("0")},
+            {"ExitTextNo", exit("NO"), allowed, drawn("NO")},
+            {"ExitEmptyText", exit(""), allowed, drawn("")},
+            {"ExitTrue", exit(true), kept, dictionaryLines("1")},
+            {"ExitTextYes", exit("YES"), kept, dictionaryLines("YES")},
+            {"ExitNumber", exit(7), kept, dictionaryLines("7")}};
 }
 INSTANTIATE_TEST_SUITE_P(Action, PrimaryKeys, testing::ValuesIn(actions()), NamedAfterRow());
 
@@ -226,12 +226,12 @@ std::vector<ReaderRow> runAtLoad() {
                            {"advancedDrawer.open", "yes"}};
     const Snapshot off = {{"alsoRunAtLoadCheckbox.state", "0"},
                           {"alsoRunAtLoadCheckbox.enabled", "no"}};
-    return {{"run_at_load_true", key(true), also, {}, {"drawer"}},
-            {"run_at_load_number", key(2), also, {}, {"drawer"}},
-            {"run_at_load_text", key("TRUE"), also, {}, {"drawer"}},
-            {"run_at_load_false", key(false), off},
-            {"run_at_load_empty_text", key(""), off},
-            {"run_at_load_array", key(Array{}), off, {}, {keysAlert}}};
+    return {{"RunAtLoadTrue", key(true), also, {}, {"drawer"}},
+            {"RunAtLoadNumber", key(2), also, {}, {"drawer"}},
+            {"RunAtLoadText", key("TRUE"), also, {}, {"drawer"}},
+            {"RunAtLoadFalse", key(false), off},
+            {"RunAtLoadEmptyText", key(""), off},
+            {"RunAtLoadArray", key(Array{}), off, {}, {keysAlert}}};
 }
 INSTANTIATE_TEST_SUITE_P(RunAtLoad, PrimaryKeys, testing::ValuesIn(runAtLoad()), NamedAfterRow());
 

@@ -21,7 +21,7 @@ struct Row {
 
 class CommandWarning : public testing::TestWithParam<Row> {};
 
-TEST_P(CommandWarning, namesWhatTheQuotesDoNotHold) {
+TEST_P(CommandWarning, NamesWhatTheQuotesDoNotHold) {
     const auto& row = GetParam();
     const auto expected =
         row.culprit.empty() ? "" : std::string(beginning).append(row.culprit).append(end);

@@ -24,7 +24,7 @@ struct IntegerRow {
 
 class LeadingInteger : public testing::TestWithParam<IntegerRow> {};
 
-TEST_P(LeadingInteger, isTakenFromTheText) {
+TEST_P(LeadingInteger, IsTakenFromTheText) {
     EXPECT_EQ(leadingInteger(GetParam().text), GetParam().expected);
     EXPECT_EQ(toInteger(Value(GetParam().text)), GetParam().expected);
 }
@@ -74,7 +74,7 @@ struct LastDigitRow {
 
 class LastDigit : public testing::TestWithParam<LastDigitRow> {};
 
-TEST_P(LastDigit, isCountedUntilTheNumberSaturates) {
+TEST_P(LastDigit, IsCountedUntilTheNumberSaturates) {
     const auto& row = GetParam();
     for (int digit = 0; digit <= 9; ++digit) {
         const auto text = row.beginning + std::to_string(digit);
@@ -112,7 +112,7 @@ struct TruncationRow {
 
 class TruncatedTo32Bits : public testing::TestWithParam<TruncationRow> {};
 
-TEST_P(TruncatedTo32Bits, keepsTheLowBits) {
+TEST_P(TruncatedTo32Bits, KeepsTheLowBits) {
     EXPECT_EQ(truncatedTo32Bits(GetParam().number), GetParam().expected);
 }
 
@@ -141,7 +141,7 @@ struct TruthRow {
 
 class Truth : public testing::TestWithParam<TruthRow> {};
 
-TEST_P(Truth, isToldOfTextsAndNumbers) {
+TEST_P(Truth, IsToldOfTextsAndNumbers) {
     EXPECT_EQ(toBool(GetParam().value), GetParam().expected);
     EXPECT_EQ(toBoolOrFalse(GetParam().value), GetParam().expected);
     if (const auto* text = GetParam().value.string()) {
@@ -149,7 +149,7 @@ TEST_P(Truth, isToldOfTextsAndNumbers) {
     }
 }
 
-TEST(TruthOfText, endsWithTheText) {
+TEST(TruthOfText, EndsWithTheText) {
     EXPECT_FALSE(parseBool(std::string_view("0yes", 1)));
     EXPECT_FALSE(parseBool(std::string_view(" 1", 1)));
     EXPECT_FALSE(parseBool(std::string_view("-1", 1)));
@@ -166,9 +166,9 @@ const TruthRow truths[] = {
     {"RealSmall", 0.1, true},
     {"Empty", "", false},
     {"Yes", "Yes", true},
-    {"y", "y", true},
+    {"Y", "y", true},
     {"True", "True", true},
-    {"t", "t", true},
+    {"T", "t", true},
     {"One", "1", true},
     {"Nine", "9", true},
     {"Zero", "0", false},
@@ -195,7 +195,7 @@ struct NumberRow {
 
 class IntegerValue : public testing::TestWithParam<NumberRow> {};
 
-TEST_P(IntegerValue, isTakenFromNumbers) {
+TEST_P(IntegerValue, IsTakenFromNumbers) {
     EXPECT_EQ(toInteger(GetParam().value), GetParam().expected);
 }
 
@@ -219,7 +219,7 @@ INSTANTIATE_TEST_SUITE_P(Values, IntegerValue, testing::ValuesIn(numbers), Named
 
 class NoNumber : public testing::TestWithParam<TruthRow> {};
 
-TEST_P(NoNumber, failsTheStepButIsSimplyNotTrue) {
+TEST_P(NoNumber, FailsTheStepButIsSimplyNotTrue) {
     const auto& value = GetParam().value;
     try {
         toInteger(value);
@@ -244,7 +244,7 @@ const TruthRow noNumbers[] = {
 
 INSTANTIATE_TEST_SUITE_P(Values, NoNumber, testing::ValuesIn(noNumbers), NamedAfterRow());
 
-TEST(Conversions, textOfTextsAndNumbers) {
+TEST(Conversions, TextOfTextsAndNumbers) {
     EXPECT_EQ(toDisplayString(Value("as it is \"so\"")), "as it is \"so\"");
     EXPECT_EQ(toDisplayString(Value("")), "");
     EXPECT_EQ(toDisplayString(Value(-20)), "-20");
@@ -263,7 +263,7 @@ struct PiecesRow {
 
 class Pieces : public testing::TestWithParam<PiecesRow> {};
 
-TEST_P(Pieces, standBeforeTheFirstSeparatorAndBehindTheLast) {
+TEST_P(Pieces, StandBeforeTheFirstSeparatorAndBehindTheLast) {
     EXPECT_EQ(beforeFirst(GetParam().text, GetParam().separator), GetParam().first);
     EXPECT_EQ(afterLast(GetParam().text, GetParam().separator), GetParam().last);
 }
@@ -283,7 +283,7 @@ const PiecesRow pieces[] = {
 
 INSTANTIATE_TEST_SUITE_P(Texts, Pieces, testing::ValuesIn(pieces), NamedAfterRow());
 
-TEST(Conversions, replaceEveryOccurrence) {
+TEST(Conversions, ReplaceEveryOccurrence) {
     EXPECT_EQ(replacedAll("aXbXc", "X", "--"), "a--b--c");
     EXPECT_EQ(replacedAll("aaa", "aa", "b"), "ba") << "left to right, not overlapping";
     EXPECT_EQ(replacedAll("XX", "X", "XX"), "XXXX") << "what was put in is not replaced again";
@@ -300,7 +300,7 @@ struct UrlRow {
 
 class FileUrl : public testing::TestWithParam<UrlRow> {};
 
-TEST_P(FileUrl, isPercentEncoded) { EXPECT_EQ(fileUrl(GetParam().path), GetParam().expected); }
+TEST_P(FileUrl, IsPercentEncoded) { EXPECT_EQ(fileUrl(GetParam().path), GetParam().expected); }
 
 const UrlRow urls[] = {
     {"Plain", "/Users/u/run.sh", "file:///Users/u/run.sh"},

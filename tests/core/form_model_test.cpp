@@ -42,7 +42,7 @@ FieldRow row(std::string_view name, CheckBox FormModel::*outlet, bool AgentForm:
 
 class RecordField : public testing::TestWithParam<FieldRow> {};
 
-TEST_P(RecordField, isReadFromItsControlAlone) {
+TEST_P(RecordField, IsReadFromItsControlAlone) {
     for (const bool flag : {false, true}) {
         auto model = test::nonDefaultForm(flag);
         model.enableGlobbingCheckbox.state = CheckState::Off;
@@ -53,7 +53,7 @@ TEST_P(RecordField, isReadFromItsControlAlone) {
     }
 }
 
-TEST_P(RecordField, followsItsControl) {
+TEST_P(RecordField, FollowsItsControl) {
     auto model = test::nonDefaultForm(false);
     model.enableGlobbingCheckbox.state = CheckState::Off;
     const auto before = agentForm(model);
@@ -107,7 +107,7 @@ struct BoxRow {
 
 class BoxState : public testing::TestWithParam<BoxRow> {};
 
-TEST_P(BoxState, countsAsOn) {
+TEST_P(BoxState, CountsAsOn) {
     const auto& [name, state, isOn, globs] = GetParam();
     FormModel model;
     for (auto* box : {&model.allowSuccessfulExitCheckbox, &model.enableGlobbingCheckbox,
@@ -139,7 +139,7 @@ struct SliderRow {
 
 class NiceSlider : public testing::TestWithParam<SliderRow> {};
 
-TEST_P(NiceSlider, givesItsIntegerValue) {
+TEST_P(NiceSlider, GivesItsIntegerValue) {
     FormModel model;
     model.niceLevelSlider.value = GetParam().value;
     EXPECT_EQ(agentForm(model).niceLevel, GetParam().expected);
@@ -152,14 +152,14 @@ const SliderRow sliders[] = {
 
 INSTANTIATE_TEST_SUITE_P(Values, NiceSlider, testing::ValuesIn(sliders), NamedAfterRow());
 
-TEST(Image, isEqualWhenItIsTheSame) {
+TEST(Image, IsEqualWhenItIsTheSame) {
     EXPECT_EQ(Image::none(), Image());
     EXPECT_EQ(Image::resource("a"), Image::resource("a"));
     EXPECT_FALSE(Image::resource("a") == Image::iconForFile("a"));
     EXPECT_FALSE(Image::resource("a") == Image::resource("b"));
 }
 
-TEST(ImageWell, losesItsImageAndPathButStaysInSight) {
+TEST(ImageWell, LosesItsImageAndPathButStaysInSight) {
     ImageWell well{Image::iconForFile("/a"), "/a", true};
     well.clear();
     EXPECT_EQ(well.image, Image::none());

@@ -120,7 +120,7 @@ std::string rowName(const testing::TestParamInfo<Row>& info) {
 
 class PlanSentence : public testing::TestWithParam<Row> {};
 
-TEST_P(PlanSentence, saysWhatWillHappen) {
+TEST_P(PlanSentence, SaysWhatWillHappen) {
     EXPECT_EQ(sentenceOf(changed(GetParam().change), home), GetParam().expected);
 }
 
@@ -244,7 +244,7 @@ const Row sentences[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, PlanSentence, testing::ValuesIn(sentences), rowName);
 
-TEST(PlanSentenceAlone, showsPathsInFullWithoutAHome) {
+TEST(PlanSentenceAlone, ShowsPathsInFullWithoutAHome) {
     EXPECT_EQ(sentenceOf(changed(action(AgentAction::PathModified, "/Users/ada/Pictures"))),
               "Runs backup.sh when /Users/ada/Pictures changes.");
 }
@@ -263,12 +263,12 @@ std::string hintRowName(const testing::TestParamInfo<HintRow>& info) {
 
 class RowHint : public testing::TestWithParam<HintRow> {};
 
-TEST_P(RowHint, saysWhatTheRowMeans) {
+TEST_P(RowHint, SaysWhatTheRowMeans) {
     const auto hints = hintsOf(changed(GetParam().change), {}, home);
     EXPECT_EQ(hints.*GetParam().hint, GetParam().expected);
 }
 
-TEST_P(RowHint, saysTheFaultOnceItIsMarked) {
+TEST_P(RowHint, SaysTheFaultOnceItIsMarked) {
     const auto form = changed(GetParam().change);
     const auto hints = hintsOf(form, faultyRows(form), home);
     EXPECT_EQ(hints.*GetParam().hint, GetParam().expectedFault);
@@ -339,13 +339,13 @@ const HintRow hintRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, RowHint, testing::ValuesIn(hintRows), hintRowName);
 
-TEST(RowHintAlone, goesBackToItsMeaningWhenTheFaultIsMended) {
+TEST(RowHintAlone, GoesBackToItsMeaningWhenTheFaultIsMended) {
     const RowFlags shownMarkers = {true, false, false, false};
     EXPECT_EQ(hintsOf(soundForm(), shownMarkers).name, "com.frimbolate.Backup.plist");
 }
 
 /// A line that validation knows and the hints do not would leave a marked row without its words.
-TEST(RowHintAlone, leavesNoMarkedRowWithoutItsFault) {
+TEST(RowHintAlone, LeavesNoMarkedRowWithoutItsFault) {
     for (const auto& row : hintRows) {
         const auto form = changed(row.change);
         const auto faulty = faultyRows(form);

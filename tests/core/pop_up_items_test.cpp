@@ -21,31 +21,31 @@ struct MenuRow {
 
 class Menu : public testing::TestWithParam<MenuRow> {};
 
-TEST_P(Menu, saysAtEachIndexWhatItMeans) {
+TEST_P(Menu, SaysAtEachIndexWhatItMeans) {
     std::vector<std::string_view> titles;
     for (const auto& item : GetParam().items)
         titles.push_back(item.title);
     EXPECT_EQ(titles, GetParam().titles);
 }
 
-TEST_P(Menu, keepsInertIndexesUnchoosable) {
+TEST_P(Menu, KeepsInertIndexesUnchoosable) {
     for (const auto& item : GetParam().items)
         EXPECT_EQ(item.kind == PopUpItem::Kind::Separator, item.title.empty()) << item.title;
 }
 
-TEST_P(Menu, findsEveryChoiceByItsTitle) {
+TEST_P(Menu, FindsEveryChoiceByItsTitle) {
     for (std::size_t i = 0; i < GetParam().titles.size(); ++i)
         if (const auto title = GetParam().titles[i]; !title.empty()) {
             EXPECT_EQ(itemWithTitle(GetParam().items, title), static_cast<int>(i));
         }
 }
 
-TEST_P(Menu, findsNoOtherTitle) {
+TEST_P(Menu, FindsNoOtherTitle) {
     EXPECT_EQ(itemWithTitle(GetParam().items, ""), -1);
     EXPECT_EQ(itemWithTitle(GetParam().items, "Every Other Day"), -1);
 }
 
-TEST_P(Menu, sparesThePlaceholdersColourForNothingChosen) {
+TEST_P(Menu, SparesThePlaceholdersColourForNothingChosen) {
     for (std::size_t i = 0; i < GetParam().items.size(); ++i)
         EXPECT_EQ(GetParam().items[i].isPlaceholder,
                   GetParam().items[i].title == "None" ||
@@ -81,7 +81,7 @@ struct TitleRow {
 
 class ScheduleTitle : public testing::TestWithParam<TitleRow> {};
 
-TEST_P(ScheduleTitle, standsAtItsIndex) {
+TEST_P(ScheduleTitle, StandsAtItsIndex) {
     EXPECT_EQ(itemWithTitle(agentScheduleTypeItems(), GetParam().title), GetParam().index);
     EXPECT_EQ(GetParam().enumerator, GetParam().index);
 }
@@ -102,18 +102,18 @@ const TitleRow titles[] = {
 
 INSTANTIATE_TEST_SUITE_P(Titles, ScheduleTitle, testing::ValuesIn(titles), NamedAfterRow());
 
-TEST(PopUpItems, lookTitlesUpExactly) {
+TEST(PopUpItems, LookTitlesUpExactly) {
     EXPECT_EQ(itemWithTitle(agentScheduleTypeItems(), "every day"), -1);
     EXPECT_EQ(itemWithTitle(agentScheduleTypeItems(), "Every Day "), -1);
     EXPECT_EQ(itemWithTitle({}, "Every Day"), -1);
 }
 
-TEST(PopUpItems, nameTheActionThatTheTipsReferTo) {
+TEST(PopUpItems, NameTheActionThatTheTipsReferTo) {
     EXPECT_EQ(itemWithTitle(agentActionItems(), "Launch on schedule and keep alive"),
               AgentAction::KeepRunning);
 }
 
-TEST(PopUpItems, keepTheirNumbers) {
+TEST(PopUpItems, KeepTheirNumbers) {
     EXPECT_EQ(AgentAction::None, 0);
     EXPECT_EQ(AgentAction::OnSchedule, 2);
     EXPECT_EQ(AgentAction::KeepRunning, 3);

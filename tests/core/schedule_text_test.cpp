@@ -36,7 +36,7 @@ AgentForm formOf(const ClockRow& row) {
 
 class ScheduleClock : public testing::TestWithParam<ClockRow> {};
 
-TEST_P(ScheduleClock, isThatOfAllWords) {
+TEST_P(ScheduleClock, IsThatOfAllWords) {
     const auto form = formOf(GetParam());
     for (const auto& [clock, expected] :
          {std::pair(ClockFormat::TwentyFourHours, GetParam().in24Hours),
@@ -61,7 +61,7 @@ const ClockRow clocks[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, ScheduleClock, testing::ValuesIn(clocks), NamedAfterRow());
 
-TEST(ScheduleClocks, tellAFaultyDayInBoth) {
+TEST(ScheduleClocks, TellAFaultyDayInBoth) {
     AgentForm form;
     form.scheduleType = ScheduleType::OnceAMonth;
     form.scheduleTime.hour = 19;
@@ -79,7 +79,7 @@ struct UnreadableRow {
 
 class UnreadableTime : public testing::TestWithParam<UnreadableRow> {};
 
-TEST_P(UnreadableTime, isToldWithTheTimeThatIsKept) {
+TEST_P(UnreadableTime, IsToldWithTheTimeThatIsKept) {
     const std::string expected(GetParam().expected);
     EXPECT_EQ(unreadableTimeWords(GetParam().typed, {19, 30}, ClockFormat::TwentyFourHours),
               expected + "; the field keeps 19:30");

@@ -54,7 +54,7 @@ struct MissingRow {
 
 class Missing : public testing::TestWithParam<MissingRow> {};
 
-TEST_P(Missing, isListedInTheOrderOfTheRows) {
+TEST_P(Missing, IsListedInTheOrderOfTheRows) {
     auto form = completeForm();
     GetParam().change(form);
     EXPECT_EQ(sentenceOf(form), GetParam().expected);
@@ -87,7 +87,7 @@ const MissingRow missingRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Sentences, Missing, testing::ValuesIn(missingRows), test::NamedAfterRow());
 
-TEST(Plan, isCompleteExactlyWhenTheSentenceTellsWhatRuns) {
+TEST(Plan, IsCompleteExactlyWhenTheSentenceTellsWhatRuns) {
     int complete = 0;
     forEveryForm([&](const AgentForm& form) {
         const auto sentence = sentenceOf(form);
@@ -97,7 +97,7 @@ TEST(Plan, isCompleteExactlyWhenTheSentenceTellsWhatRuns) {
     EXPECT_GT(complete, 0);
 }
 
-TEST(Plan, isNotCompleteForEveryFormThatPassesValidation) {
+TEST(Plan, IsNotCompleteForEveryFormThatPassesValidation) {
     auto form = completeForm();
     form.targetPath.clear();
     EXPECT_TRUE(validate(form).empty());
@@ -106,7 +106,7 @@ TEST(Plan, isNotCompleteForEveryFormThatPassesValidation) {
     EXPECT_TRUE(isCompletePlan(form));
 }
 
-TEST(Hint, endsWithoutFullStopOrDots) {
+TEST(Hint, EndsWithoutFullStopOrDots) {
     constexpr std::string RowHints::*hints[] = {&RowHints::name, &RowHints::target,
                                                 &RowHints::action, &RowHints::schedule};
     forEveryForm([&](const AgentForm& form) {

@@ -27,7 +27,7 @@ void PrintTo(const TextRow& row, std::ostream* out) { *out << row.text; }
 
 class TypedTime : public testing::TestWithParam<TextRow> {};
 
-TEST_P(TypedTime, isReadAsMeantOrNotAtAll) {
+TEST_P(TypedTime, IsReadAsMeantOrNotAtAll) {
     EXPECT_EQ(parseTimeOfDay(GetParam().text), GetParam().expected);
 }
 
@@ -166,7 +166,7 @@ struct FormatRow {
 
 class ShownTime : public testing::TestWithParam<FormatRow> {};
 
-TEST_P(ShownTime, followsTheClock) {
+TEST_P(ShownTime, FollowsTheClock) {
     const FormatRow& row = GetParam();
     EXPECT_EQ(formatTimeOfDay(row.time, ClockFormat::TwentyFourHours), row.in24Hours);
     EXPECT_EQ(formatTimeOfDay(row.time, ClockFormat::TwelveHours), row.in12Hours);
@@ -182,7 +182,7 @@ const FormatRow shown[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, ShownTime, testing::ValuesIn(shown), NamedAfterRow());
 
-TEST(ShownTimes, areReadAsTheyAreMeant) {
+TEST(ShownTimes, AreReadAsTheyAreMeant) {
     for (int minutes = 0; minutes < 24 * 60; ++minutes) {
         const TimeOfDay time{minutes / 60, minutes % 60};
         for (const auto clock : {ClockFormat::TwentyFourHours, ClockFormat::TwelveHours})
@@ -190,7 +190,7 @@ TEST(ShownTimes, areReadAsTheyAreMeant) {
     }
 }
 
-TEST(TimeParts, lieWhereTheyAreShown) {
+TEST(TimeParts, LieWhereTheyAreShown) {
     const auto shownAt = [](TimePart part) {
         const auto [position, length] = spanOf(part);
         return formatTimeOfDay({19, 30}, ClockFormat::TwelveHours).substr(position, length);
@@ -200,7 +200,7 @@ TEST(TimeParts, lieWhereTheyAreShown) {
     EXPECT_EQ(shownAt(TimePart::Meridiem), "PM");
 }
 
-TEST(TimeParts, areFoundAtTheCursor) {
+TEST(TimeParts, AreFoundAtTheCursor) {
     using enum TimePart;
     const TimePart expected[] = {Hours,   Hours,    Hours,    Minutes, Minutes,
                                  Minutes, Meridiem, Meridiem, Meridiem};
@@ -222,7 +222,7 @@ struct StepRow {
 
 class SteppedTime : public testing::TestWithParam<StepRow> {};
 
-TEST_P(SteppedTime, goesRound) {
+TEST_P(SteppedTime, GoesRound) {
     const StepRow& row = GetParam();
     EXPECT_EQ(stepTimeOfDay(row.from, row.part, row.steps), row.to);
 }

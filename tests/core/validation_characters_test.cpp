@@ -59,7 +59,7 @@ std::array<std::string, 4> places(const std::string& text, const std::string& so
     return {text, text + sound, sound + text, sound + text + sound};
 }
 
-TEST(AllowedCharacters, ofANameAreAsciiLettersDigitsAndTheUnderscore) {
+TEST(AllowedCharacters, OfANameAreAsciiLettersDigitsAndTheUnderscore) {
     for (int byte = 0; byte < 256; ++byte) {
         SCOPED_TRACE(byte);
         for (const auto& name : places(std::string(1, static_cast<char>(byte)), "a"))
@@ -67,7 +67,7 @@ TEST(AllowedCharacters, ofANameAreAsciiLettersDigitsAndTheUnderscore) {
     }
 }
 
-TEST(AllowedCharacters, ofADayAreAsciiDigits) {
+TEST(AllowedCharacters, OfADayAreAsciiDigits) {
     for (int byte = 0; byte < 256; ++byte) {
         SCOPED_TRACE(byte);
         const std::string text(1, static_cast<char>(byte));
@@ -77,7 +77,7 @@ TEST(AllowedCharacters, ofADayAreAsciiDigits) {
     }
 }
 
-TEST(AllowedCharacters, ofAnIntervalAreAsciiDigits) {
+TEST(AllowedCharacters, OfAnIntervalAreAsciiDigits) {
     for (int byte = 0; byte < 256; ++byte) {
         SCOPED_TRACE(byte);
         for (const auto& interval : places(std::string(1, static_cast<char>(byte)), "1"))
@@ -92,7 +92,7 @@ struct CharacterRow {
 
 class ForeignCharacter : public testing::TestWithParam<CharacterRow> {};
 
-TEST_P(ForeignCharacter, isNeverAllowed) {
+TEST_P(ForeignCharacter, IsNeverAllowed) {
     for (const auto& name : places(GetParam().text, "a"))
         EXPECT_EQ(reportOfName(name), badName);
     for (const auto& number : places(GetParam().text, "1")) {

@@ -32,7 +32,7 @@ struct Row {
 
 class Validation : public testing::TestWithParam<Row> {};
 
-TEST_P(Validation, reports) {
+TEST_P(Validation, Reports) {
     auto form = soundForm();
     GetParam().change(form);
     const auto faults = validate(form);

@@ -27,9 +27,9 @@ struct Row {
 
 class ValueOfKind : public testing::TestWithParam<Row> {};
 
-TEST_P(ValueOfKind, tellsItsKind) { EXPECT_EQ(GetParam().value.kind(), GetParam().kind); }
+TEST_P(ValueOfKind, TellsItsKind) { EXPECT_EQ(GetParam().value.kind(), GetParam().kind); }
 
-TEST_P(ValueOfKind, givesItselfAsThatKindAlone) {
+TEST_P(ValueOfKind, GivesItselfAsThatKindAlone) {
     const auto& [name, value, kind, text] = GetParam();
     EXPECT_EQ(value.string() != nullptr, kind == "string");
     EXPECT_EQ(value.boolean() != nullptr, kind == "boolean");
@@ -60,19 +60,19 @@ void expectOnly(const Value& value, std::string_view kind, std::string_view want
     }
 }
 
-TEST_P(ValueOfKind, failsTheStepThatTakesItForAnother) {
+TEST_P(ValueOfKind, FailsTheStepThatTakesItForAnother) {
     const auto& [name, value, kind, text] = GetParam();
     expectOnly(value, kind, "string", [](const Value& v) { (void)v.asString(); });
     expectOnly(value, kind, "array", [](const Value& v) { (void)v.asArray(); });
     expectOnly(value, kind, "dictionary", [](const Value& v) { (void)v.asDictionary(); });
 }
 
-TEST_P(ValueOfKind, isDescribed) {
+TEST_P(ValueOfKind, IsDescribed) {
     EXPECT_EQ(description(GetParam().value), GetParam().description);
     EXPECT_EQ(description(&GetParam().value), GetParam().description);
 }
 
-TEST_P(ValueOfKind, equalsItsCopyAndNoOther) {
+TEST_P(ValueOfKind, EqualsItsCopyAndNoOther) {
     const Value copy = GetParam().value;
     EXPECT_EQ(copy, GetParam().value);
     EXPECT_NE(copy, Value(Array{copy}));
@@ -116,7 +116,7 @@ const Row rows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Values, ValueOfKind, testing::ValuesIn(rows), NamedAfterRow());
 
-TEST(Value, quotesInsideAnArrayWhatIsNoBareWord) {
+TEST(Value, QuotesInsideAnArrayWhatIsNoBareWord) {
     for (int byte = 0; byte < 256; ++byte) {
         SCOPED_TRACE(byte);
         const char c = static_cast<char>(byte);
@@ -132,12 +132,12 @@ TEST(Value, quotesInsideAnArrayWhatIsNoBareWord) {
     }
 }
 
-TEST(Value, describesWhatIsMissing) {
+TEST(Value, DescribesWhatIsMissing) {
     const Value* missing = nullptr;
     EXPECT_EQ(description(missing), "(null)");
 }
 
-TEST(Value, isNoBooleanByAccident) {
+TEST(Value, IsNoBooleanByAccident) {
     const int number = 1;
     EXPECT_TRUE(Value("text").string());
     EXPECT_FALSE((std::is_constructible_v<Value, const int*>));
@@ -150,7 +150,7 @@ TEST(Value, isNoBooleanByAccident) {
     EXPECT_NE(Value(1), Value("1"));
 }
 
-TEST(Value, findsWhatADictionaryHolds) {
+TEST(Value, FindsWhatADictionaryHolds) {
     const Dictionary dictionary = {{"Label", "a"}, {"", "no name"}};
     ASSERT_TRUE(find(dictionary, "Label"));
     EXPECT_EQ(*find(dictionary, "Label"), Value("a"));
@@ -159,7 +159,7 @@ TEST(Value, findsWhatADictionaryHolds) {
     EXPECT_EQ(find({}, "Label"), nullptr);
 }
 
-TEST(Value, comparesDictionariesByContentNotByOrder) {
+TEST(Value, ComparesDictionariesByContentNotByOrder) {
     const Value one = Dictionary{{"a", 1}, {"b", Array{Value("x")}}};
     const Value other = Dictionary{{"b", Array{Value("x")}}, {"a", 1}};
     EXPECT_EQ(one, other);

@@ -100,9 +100,9 @@ TEST_P(DeletionSuppression, IsStoredBeforeThePanel) {
     platform.abandonQuestions();
 }
 
-const SuppressionRow suppressions[] = {{"off", 0, {"set: WarnForDelete = 1"}},
-                                       {"on", 1, {"set: WarnForDelete = 0"}},
-                                       {"mixed", -1, {}}};
+const SuppressionRow suppressions[] = {{"Off", 0, {"set: WarnForDelete = 1"}},
+                                       {"On", 1, {"set: WarnForDelete = 0"}},
+                                       {"Mixed", -1, {}}};
 INSTANTIATE_TEST_SUITE_P(Warning, DeletionSuppression, testing::ValuesIn(suppressions),
                          NamedAfterRow());
 
@@ -126,14 +126,14 @@ TEST_P(DeletionWarning, IsShownUnlessTheKeyIsFalse) {
     }
 }
 
-const WarnRow warnings[] = {{"missing", std::nullopt, true},
-                            {"true_value", true, true},
-                            {"false_value", false, false},
-                            {"zero", 0, false},
-                            {"two", 2, true},
-                            {"no_as_text", "NO", false},
-                            {"yes_as_text", "yes", true},
-                            {"neither_true_nor_false", Array{}, true}};
+const WarnRow warnings[] = {{"Missing", std::nullopt, true},
+                            {"TrueValue", true, true},
+                            {"FalseValue", false, false},
+                            {"Zero", 0, false},
+                            {"Two", 2, true},
+                            {"NoAsText", "NO", false},
+                            {"YesAsText", "yes", true},
+                            {"NeitherTrueNorFalse", Array{}, true}};
 INSTANTIATE_TEST_SUITE_P(Stored, DeletionWarning, testing::ValuesIn(warnings), NamedAfterRow());
 
 // Choice and confirmation
@@ -237,9 +237,9 @@ TEST_P(DeletionFault, IsToldWithItsReason) {
 }
 
 const FaultRow faults[] = {
-    {"read_only", [](ScriptedFiles& files) { files.readOnly.insert(agent); }, {}, true},
-    {"vanished", [](ScriptedFiles& files) { files.contents.clear(); }, {}, false},
-    {"not_removed",
+    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(agent); }, {}, true},
+    {"Vanished", [](ScriptedFiles& files) { files.contents.clear(); }, {}, false},
+    {"NotRemoved",
      [](ScriptedFiles& files) { files.removalFails = true; },
      {"log: Writable status: " + agent + "\n1", "remove: " + agent},
      true}};

@@ -119,26 +119,26 @@ TEST_P(EnabledKey, IsFlippedToARealBoolean) {
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
-const EnabledRow enabledRows[] = {{"missing", std::nullopt, true},
-                                  {"true_value", true, true},
-                                  {"false_value", false, false},
-                                  {"one", 1, true},
-                                  {"zero", 0, false},
-                                  {"negative", -1, true},
-                                  {"greatest", 18446744073709551615ULL, true},
-                                  {"small_real", 0.5, true},
-                                  {"zero_real", 0.0, false},
-                                  {"text_yes", "YES", true},
-                                  {"text_true", "true", true},
-                                  {"text_one", " +01", true},
-                                  {"text_no", "NO", false},
-                                  {"text_zero", "0", false},
-                                  {"text_empty", "", false},
-                                  {"text_other", "enabled", false},
-                                  {"data", Data{{1}}, false},
-                                  {"date", Date{1}, false},
-                                  {"array", Array{Value(true)}, false},
-                                  {"dictionary", Dictionary{{"a", true}}, false}};
+const EnabledRow enabledRows[] = {{"Missing", std::nullopt, true},
+                                  {"TrueValue", true, true},
+                                  {"FalseValue", false, false},
+                                  {"One", 1, true},
+                                  {"Zero", 0, false},
+                                  {"Negative", -1, true},
+                                  {"Greatest", 18446744073709551615ULL, true},
+                                  {"SmallReal", 0.5, true},
+                                  {"ZeroReal", 0.0, false},
+                                  {"TextYes", "YES", true},
+                                  {"TextTrue", "true", true},
+                                  {"TextOne", " +01", true},
+                                  {"TextNo", "NO", false},
+                                  {"TextZero", "0", false},
+                                  {"TextEmpty", "", false},
+                                  {"TextOther", "enabled", false},
+                                  {"Data", Data{{1}}, false},
+                                  {"Date", Date{1}, false},
+                                  {"Array", Array{Value(true)}, false},
+                                  {"Dictionary", Dictionary{{"a", true}}, false}};
 INSTANTIATE_TEST_SUITE_P(Stored, EnabledKey, testing::ValuesIn(enabledRows), NamedAfterRow());
 
 TEST_F(AgentSwitchTest, LeavesEverythingWhenCancelled) {
@@ -253,10 +253,10 @@ TEST_P(SwitchFault, IsToldWhenEnabling) {
 }
 
 const FaultRow faults[] = {
-    {"read_only", [](ScriptedFiles& files) { files.readOnly.insert(agent); }},
-    {"vanished", [](ScriptedFiles& files) { files.contents.clear(); }},
-    {"unwritable_content", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }},
-    {"full_disk", [](ScriptedFiles& files) { files.diskIsFull = true; }, true}};
+    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(agent); }},
+    {"Vanished", [](ScriptedFiles& files) { files.contents.clear(); }},
+    {"UnwritableContent", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }},
+    {"FullDisk", [](ScriptedFiles& files) { files.diskIsFull = true; }, true}};
 INSTANTIATE_TEST_SUITE_P(Write, SwitchFault, testing::ValuesIn(faults), NamedAfterRow());
 
 TEST_F(AgentSwitchTest, DoesNothingOnceItsOwnerIsGone) {

@@ -60,7 +60,7 @@ void PrintTo(const BoundsRow& row, std::ostream* out) { *out << row.name; }
 
 class Bounds : public testing::TestWithParam<BoundsRow> {};
 
-TEST_P(Bounds, ofMemoryAreKept) {
+TEST_P(Bounds, OfMemoryAreKept) {
     const std::string file = GetParam().file();
     bool isRead = true;
     const MemoryMeter meter;
@@ -74,7 +74,7 @@ TEST_P(Bounds, ofMemoryAreKept) {
 }
 
 /// The bytes that a reader of XML searches are counted, whatever the file.
-TEST_P(Bounds, areSearchedAFewTimes) {
+TEST_P(Bounds, AreSearchedAFewTimes) {
     const std::string file = GetParam().file();
     TextCursor in(file);
     try {
@@ -86,36 +86,36 @@ TEST_P(Bounds, areSearchedAFewTimes) {
 }
 
 const BoundsRow boundsRows[] = {
-    {"attributes", [] { return "<plist" + filled(" a=\"b\"") + "><true/></plist>"; }, true},
-    {"tagsWithAttributes", [] { return "<array>" + filled("<true a='b'/>") + "</array>"; }, true},
-    {"comments",
+    {"Attributes", [] { return "<plist" + filled(" a=\"b\"") + "><true/></plist>"; }, true},
+    {"TagsWithAttributes", [] { return "<array>" + filled("<true a='b'/>") + "</array>"; }, true},
+    {"Comments",
      [] { return filled("<!---->") + "<plist>" + filled("<!---->") + "<true/></plist>"; }, true},
-    {"commentOfDashes", [] { return "<!--" + filled("-") + "><true/>"; }, true},
-    {"openComments", [] { return "<plist>" + filled("<!--"); }, false},
-    {"instructions",
+    {"CommentOfDashes", [] { return "<!--" + filled("-") + "><true/>"; }, true},
+    {"OpenComments", [] { return "<plist>" + filled("<!--"); }, false},
+    {"Instructions",
      [] { return filled("<? ?>") + "<plist>" + filled("<? ?>") + "<true/></plist>"; }, true},
-    {"instructionOfQuestions", [] { return "<?" + filled("?") + "><true/>"; }, true},
-    {"documentTypes", [] { return filled("<!DOCTYPE a>") + "<true/>"; }, true},
-    {"declarations", [] { return filled("<?xml encoding='utf-8") + "'?><true/>"; }, false},
-    {"sections", [] { return "<string>" + filled("<![CDATA[]]>") + "</string>"; }, true},
-    {"sectionOfBrackets", [] { return "<string><![CDATA[" + filled("]") + "]>a</string>"; }, true},
-    {"openSections", [] { return "<string>" + filled("<![CDATA["); }, false},
-    {"references", [] { return "<string>" + filled("&amp;") + "</string>"; }, true},
-    {"ampersands", [] { return "<string>" + filled("&"); }, false},
-    {"digitsOfReference", [] { return "<string>&#" + filled("0") + "65;</string>"; }, true},
-    {"textWithoutEnd", [] { return "<string>" + filled("é&lt;"); }, false},
-    {"emptyTexts", [] { return "<array>" + filled("<string/>") + "</array>"; }, true},
-    {"booleans", [] { return "<array>" + filled("<true/>") + "</array>"; }, true},
-    {"emptyArrays", [] { return "<array>" + filled("<array/>") + "</array>"; }, true},
-    {"shortArrays", [] { return "<array>" + filled("<array><true/></array>") + "</array>"; }, true},
-    {"shortData", [] { return "<array>" + filled("<data>AAAA</data>") + "</array>"; }, true},
-    {"longData", [] { return "<data>" + filled("AAAA\n") + "</data>"; }, true},
-    {"paddingOfData", [] { return "<data>" + filled("=") + "</data>"; }, true},
-    {"digitsOfInteger", [] { return "<integer>" + filled("0") + "</integer>"; }, true},
-    {"digitsOfReal", [] { return "<real>0." + filled("0") + "1</real>"; }, true},
-    {"digitsOfDate", [] { return "<date>" + filled("0") + "1-01-01T00:00:00Z</date>"; }, true},
-    {"sameKey", [] { return "<dict>" + filled("<key>a</key><true/>") + "</dict>"; }, true},
-    {"longKeys",
+    {"InstructionOfQuestions", [] { return "<?" + filled("?") + "><true/>"; }, true},
+    {"DocumentTypes", [] { return filled("<!DOCTYPE a>") + "<true/>"; }, true},
+    {"Declarations", [] { return filled("<?xml encoding='utf-8") + "'?><true/>"; }, false},
+    {"Sections", [] { return "<string>" + filled("<![CDATA[]]>") + "</string>"; }, true},
+    {"SectionOfBrackets", [] { return "<string><![CDATA[" + filled("]") + "]>a</string>"; }, true},
+    {"OpenSections", [] { return "<string>" + filled("<![CDATA["); }, false},
+    {"References", [] { return "<string>" + filled("&amp;") + "</string>"; }, true},
+    {"Ampersands", [] { return "<string>" + filled("&"); }, false},
+    {"DigitsOfReference", [] { return "<string>&#" + filled("0") + "65;</string>"; }, true},
+    {"TextWithoutEnd", [] { return "<string>" + filled("é&lt;"); }, false},
+    {"EmptyTexts", [] { return "<array>" + filled("<string/>") + "</array>"; }, true},
+    {"Booleans", [] { return "<array>" + filled("<true/>") + "</array>"; }, true},
+    {"EmptyArrays", [] { return "<array>" + filled("<array/>") + "</array>"; }, true},
+    {"ShortArrays", [] { return "<array>" + filled("<array><true/></array>") + "</array>"; }, true},
+    {"ShortData", [] { return "<array>" + filled("<data>AAAA</data>") + "</array>"; }, true},
+    {"LongData", [] { return "<data>" + filled("AAAA\n") + "</data>"; }, true},
+    {"PaddingOfData", [] { return "<data>" + filled("=") + "</data>"; }, true},
+    {"DigitsOfInteger", [] { return "<integer>" + filled("0") + "</integer>"; }, true},
+    {"DigitsOfReal", [] { return "<real>0." + filled("0") + "1</real>"; }, true},
+    {"DigitsOfDate", [] { return "<date>" + filled("0") + "1-01-01T00:00:00Z</date>"; }, true},
+    {"SameKey", [] { return "<dict>" + filled("<key>a</key><true/>") + "</dict>"; }, true},
+    {"LongKeys",
      [] {
          const std::string beginning(1000, 'k');
          return "<dict>" +
@@ -124,42 +124,42 @@ const BoundsRow boundsRows[] = {
                 "</dict>";
      },
      true},
-    {"keys",
+    {"Keys",
      [] {
          return "<dict>" +
                 manyNames(60000, [](auto name) { return "<key>" + name + "</key><true/>"; }) +
                 "</dict>";
      },
      true},
-    {"nestedPlists",
+    {"NestedPlists",
      [] { return times("<plist>", 100000) + "<true/>" + times("</plist>", 100000); }, true},
-    {"openPlists", [] { return filled("<plist>"); }, false},
-    {"openArrays", [] { return filled("<array>"); }, false},
-    {"openDictionaries", [] { return filled("<dict><key/>"); }, false},
-    {"closedArrays", [] { return filled("</array>"); }, false},
-    {"blanks", [] { return filled(" \n"); }, true},
-    {"oldStyleTexts", [] { return "(" + filled("a,") + ")"; }, true},
-    {"oldStyleArrays", [] { return "(" + filled("(),") + ")"; }, true},
-    {"oldStyleShortArrays", [] { return "(" + filled("(a),") + ")"; }, true},
-    {"oldStyleDeepArrays",
+    {"OpenPlists", [] { return filled("<plist>"); }, false},
+    {"OpenArrays", [] { return filled("<array>"); }, false},
+    {"OpenDictionaries", [] { return filled("<dict><key/>"); }, false},
+    {"ClosedArrays", [] { return filled("</array>"); }, false},
+    {"Blanks", [] { return filled(" \n"); }, true},
+    {"OldStyleTexts", [] { return "(" + filled("a,") + ")"; }, true},
+    {"OldStyleArrays", [] { return "(" + filled("(),") + ")"; }, true},
+    {"OldStyleShortArrays", [] { return "(" + filled("(a),") + ")"; }, true},
+    {"OldStyleDeepArrays",
      [] { return "(" + filled(times("(", 511) + times(")", 511) + ",") + ")"; }, true},
-    {"oldStyleDictionaries", [] { return "(" + filled("{a;},") + ")"; }, true},
-    {"oldStyleData", [] { return "(" + filled("<>,") + ")"; }, true},
-    {"oldStyleLongData", [] { return "<" + filled("0f") + ">"; }, true},
-    {"oldStyleSameKey", [] { return filled("a;"); }, true},
-    {"oldStyleKeys", [] { return manyNames(100000, [](auto name) { return name + ";"; }); }, true},
-    {"oldStyleComments", [] { return filled("/**/") + "a" + filled("//\n"); }, true},
-    {"oldStyleCommentOfStars", [] { return "/*" + filled("*"); }, true},
-    {"oldStyleOpenComments", [] { return filled("/* "); }, true},
-    {"oldStyleEscapes", [] { return "\"" + filled("\\\"") + "\""; }, true},
-    {"oldStyleBackslashes", [] { return "\"" + filled("\\\\"); }, false},
-    {"oldStyleOpenArrays", [] { return filled("("); }, false},
-    {"oldStyleOpenDictionaries", [] { return filled("{a="); }, false},
-    {"dataThatIsNoXml", [] { return "<" + filled("00") + "g>"; }, false},
-    {"latin1", [] { return "<?xml encoding='latin1'?><string>" + filled("\xe9") + "</string>"; },
+    {"OldStyleDictionaries", [] { return "(" + filled("{a;},") + ")"; }, true},
+    {"OldStyleData", [] { return "(" + filled("<>,") + ")"; }, true},
+    {"OldStyleLongData", [] { return "<" + filled("0f") + ">"; }, true},
+    {"OldStyleSameKey", [] { return filled("a;"); }, true},
+    {"OldStyleKeys", [] { return manyNames(100000, [](auto name) { return name + ";"; }); }, true},
+    {"OldStyleComments", [] { return filled("/**/") + "a" + filled("//\n"); }, true},
+    {"OldStyleCommentOfStars", [] { return "/*" + filled("*"); }, true},
+    {"OldStyleOpenComments", [] { return filled("/* "); }, true},
+    {"OldStyleEscapes", [] { return "\"" + filled("\\\"") + "\""; }, true},
+    {"OldStyleBackslashes", [] { return "\"" + filled("\\\\"); }, false},
+    {"OldStyleOpenArrays", [] { return filled("("); }, false},
+    {"OldStyleOpenDictionaries", [] { return filled("{a="); }, false},
+    {"DataThatIsNoXml", [] { return "<" + filled("00") + "g>"; }, false},
+    {"Latin1", [] { return "<?xml encoding='latin1'?><string>" + filled("\xe9") + "</string>"; },
      true},
-    {"utf16", [] { return "\xfe\xff" + filled("\x4e\x00"s); }, false},
-    {"binaryDoubling",
+    {"Utf16", [] { return "\xfe\xff" + filled("\x4e\x00"s); }, false},
+    {"BinaryDoubling",
      [] {
          std::vector<std::string> objects;
          for (int i = 1; i <= 40; ++i)
@@ -168,7 +168,7 @@ const BoundsRow boundsRows[] = {
          return binaryOf(std::move(objects));
      },
      false},
-    {"binaryDoublingOfNothing",
+    {"BinaryDoublingOfNothing",
      [] {
          std::vector<std::string> objects;
          for (int i = 1; i <= 40; ++i)
@@ -178,20 +178,20 @@ const BoundsRow boundsRows[] = {
          return binaryOf(std::move(objects));
      },
      false},
-    {"binarySharedText",
+    {"BinarySharedText",
      [] {
          return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'),
                           "\x5f\x12" + bigEndian(100000, 4) + std::string(100000, 'a')});
      },
      false},
-    {"binarySharedKey",
+    {"BinarySharedKey",
      [] {
          return binaryOf({"\xdf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01') +
                               std::string(100000, '\x02'),
                           "\x5f\x12" + bigEndian(100000, 4) + std::string(100000, 'a'), "\x09"});
      },
      false},
-    {"binarySharedDictionary",
+    {"BinarySharedDictionary",
      [] {
          // Short keys, so that the entries take most of the memory.
          constexpr std::size_t keys = 200;
@@ -210,39 +210,39 @@ const BoundsRow boundsRows[] = {
          return binaryOf(std::move(objects));
      },
      false},
-    {"binarySharedData",
+    {"BinarySharedData",
      [] {
          return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'),
                           "\x4f\x12" + bigEndian(100000, 4) + std::string(100000, 'a')});
      },
      false},
-    {"binarySharedBoolean",
+    {"BinarySharedBoolean",
      [] {
          return binaryOf({"\xaf\x12" + bigEndian(100000, 4) + std::string(100000, '\x01'), "\x09"});
      },
      false},
-    {"binaryBooleans",
+    {"BinaryBooleans",
      [] {
          Array booleans(100000, true);
          return binaryPlist(booleans);
      },
      true},
-    {"binaryShortTexts", [] { return binaryPlist(Array(100000, "")); }, true},
-    {"binaryUtf16", [] { return binaryPlist(filled("\u4e00")); }, true},
-    {"binarySharedUtf16",
+    {"BinaryShortTexts", [] { return binaryPlist(Array(100000, "")); }, true},
+    {"BinaryUtf16", [] { return binaryPlist(filled("\u4e00")); }, true},
+    {"BinarySharedUtf16",
      [] {
          return binaryOf({"\xaf\x10\x40" + std::string(64, '\x01'),
                           "\x6f\x12" + bigEndian(100000, 4) + times("\x4e\x00"s, 100000)});
      },
      false},
-    {"binarySharedBooleans",
+    {"BinarySharedBooleans",
      [] {
          return binaryOf(
              {"\xaf\x12" + bigEndian(1000000, 4) + std::string(std::size_t{2} << 20, '\x01'),
               "\x09"});
      },
      true},
-    {"binaryCycle",
+    {"BinaryCycle",
      [] {
          return binaryOf({"\xa2\x01\x01", "\xa2\x00\x01"s});
      },
@@ -251,7 +251,7 @@ const BoundsRow boundsRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Rows, Bounds, testing::ValuesIn(boundsRows), NamedAfterRow());
 
-TEST(MemoryMeter, seesWhatIsTaken) {
+TEST(MemoryMeter, SeesWhatIsTaken) {
     const MemoryMeter meter;
     { const std::string large(1000000, 'a'); }
     EXPECT_GE(meter.peak(), 1000000U);

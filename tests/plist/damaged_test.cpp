@@ -30,7 +30,7 @@ int readBeginnings(const std::string& file) {
     return read;
 }
 
-TEST(DamagedPlists, everyBeginningIsRefused) {
+TEST(DamagedPlists, EveryBeginningIsRefused) {
     ASSERT_NE(verdictOn(binary), "error");
     EXPECT_EQ(readBeginnings(binary), 8) << "\"b\" to \"bplist00\" are words of the older form";
     // The last line end may be missing.
@@ -55,11 +55,11 @@ void flipBytes(const std::string& file, bool isRead = true) {
     EXPECT_LT(read, rounds);
 }
 
-TEST(DamagedPlists, flippedBytesInXml) { flipBytes(xml()); }
-TEST(DamagedPlists, flippedBytesInBinary) { flipBytes(binary); }
-TEST(DamagedPlists, flippedBytesInOldStyle) { flipBytes(oldStyle); }
+TEST(DamagedPlists, FlippedBytesInXml) { flipBytes(xml()); }
+TEST(DamagedPlists, FlippedBytesInBinary) { flipBytes(binary); }
+TEST(DamagedPlists, FlippedBytesInOldStyle) { flipBytes(oldStyle); }
 
-TEST(DamagedPlists, everyByteOfABinaryFileWithEveryValue) {
+TEST(DamagedPlists, EveryByteOfABinaryFileWithEveryValue) {
     std::size_t judged = 0;
     for (std::size_t place = 0; place < binary.size(); ++place)
         for (int byte = 0; byte < 256; ++byte) {

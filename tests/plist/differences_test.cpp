@@ -58,68 +58,68 @@ void PrintTo(const RefusedRow& row, std::ostream* out) { *out << row.name << ": 
 
 class RefusedHere : public testing::TestWithParam<RefusedRow> {};
 
-TEST_P(RefusedHere, thoughThePlatformReadsIt) {
+TEST_P(RefusedHere, ThoughThePlatformReadsIt) {
     EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason))
         << GetParam().why;
 }
 
 const RefusedRow refusedRows[] = {
-    {"over16MiB", "memory is bounded", "<string>" + sixteenMiB + "a</string>", "over 16 MiB"},
-    {"oldStyleOver512Levels", "the stack is bounded where a value is copied or destroyed",
+    {"Over16MiB", "memory is bounded", "<string>" + sixteenMiB + "a</string>", "over 16 MiB"},
+    {"OldStyleOver512Levels", "the stack is bounded where a value is copied or destroyed",
      repeated("(", 513) + repeated(")", 513), "nested too deeply (line 1)"},
-    {"binaryOver512Levels", "the stack is bounded where a value is copied or destroyed",
+    {"BinaryOver512Levels", "the stack is bounded where a value is copied or destroyed",
      nestedBinary(513), "nested too deeply"},
-    {"sharedObjects", "a value holds what it refers to, so sharing costs memory: 40 times the file",
+    {"SharedObjects", "a value holds what it refers to, so sharing costs memory: 40 times the file",
      doublingFile(40), "too much memory"},
-    {"sharedTexts", "a value holds what it refers to, so sharing costs memory: 40 times the file",
+    {"SharedTexts", "a value holds what it refers to, so sharing costs memory: 40 times the file",
      BinaryFile{{"\xaf\x11" + bigEndian(100, 2) + std::string(100, '\x01'),
                  "\x5f\x12" + bigEndian(200000, 4) + std::string(200000, 'a')},
                 4}
          .bytes(),
      "too much memory"},
-    {"integerOver64Bits", "a value holds 64 bits, and readers disagree on the rest",
+    {"IntegerOver64Bits", "a value holds 64 bits, and readers disagree on the rest",
      BinaryFile{{"\x14" + bigEndian(1, 8) + bigEndian(0, 8)}}.bytes(), "more than 64 bits"},
-    {"negativeIntegerOf128Bits", "readers disagree on its sign",
+    {"NegativeIntegerOf128Bits", "readers disagree on its sign",
      BinaryFile{{"\x14" + bigEndian(~std::uint64_t{0}, 8) + bigEndian(~std::uint64_t{0}, 8)}}
          .bytes(),
      "more than 64 bits"},
-    {"null", "a value cannot be null, nor can XML", BinaryFile{{"\x00"s}}.bytes(), "a null"},
-    {"set", "a value cannot be a set, nor can XML", BinaryFile{{"\xc1\x01", "\x09"}}.bytes(),
+    {"Null", "a value cannot be null, nor can XML", BinaryFile{{"\x00"s}}.bytes(), "a null"},
+    {"Set", "a value cannot be a set, nor can XML", BinaryFile{{"\xc1\x01", "\x09"}}.bytes(),
      "unknown kind"},
-    {"highSurrogateAlone", "a text is UTF-8, which has no half characters",
+    {"HighSurrogateAlone", "a text is UTF-8, which has no half characters",
      BinaryFile{{"\x61\xd8\x3d"}}.bytes(), "half a character"},
-    {"highSurrogateBeforeOther", "a text is UTF-8, which has no half characters",
+    {"HighSurrogateBeforeOther", "a text is UTF-8, which has no half characters",
      BinaryFile{{"\x62\xd8\x3d\x00\x41"s}}.bytes(), "half a character"},
-    {"surrogatesSwapped", "a text is UTF-8, which has no half characters",
+    {"SurrogatesSwapped", "a text is UTF-8, which has no half characters",
      BinaryFile{{"\x62\xde\x00\xd8\x3d"s}}.bytes(), "half a character"},
-    {"surrogateByNumber", "a text is UTF-8, which has no half characters",
+    {"SurrogateByNumber", "a text is UTF-8, which has no half characters",
      "<string>&#xd83d;&#xde00;</string>", "half a character"},
-    {"surrogateInOldStyle", "a text is UTF-8, which has no half characters", R"({a = "\Ud83d";})",
+    {"SurrogateInOldStyle", "a text is UTF-8, which has no half characters", R"({a = "\Ud83d";})",
      "no character"},
-    {"characterNumberThatWraps", "a number is not cut to fit", "<string>&#4294967361;</string>",
+    {"CharacterNumberThatWraps", "a number is not cut to fit", "<string>&#4294967361;</string>",
      "names no character"},
-    {"octalOverAByte", "a number is not cut to fit", R"({a = "\501";})", "no character"},
-    {"octalWithoutCharacter", "the encoding has no such character", R"({a = "\376";})",
+    {"OctalOverAByte", "a number is not cut to fit", R"({a = "\501";})", "no character"},
+    {"OctalWithoutCharacter", "the encoding has no such character", R"({a = "\376";})",
      "no character"},
-    {"dateNotANumber", "a date counts seconds",
+    {"DateNotANumber", "a date counts seconds",
      binaryDate(std::numeric_limits<double>::quiet_NaN()), "out of range"},
-    {"dateInfinite", "a date counts seconds", binaryDate(std::numeric_limits<double>::infinity()),
+    {"DateInfinite", "a date counts seconds", binaryDate(std::numeric_limits<double>::infinity()),
      "out of range"},
-    {"dateOfTheLastMonths", "no calendar says where month 14 begins",
+    {"DateOfTheLastMonths", "no calendar says where month 14 begins",
      "<date>2001-14-01T00:00:00Z</date>", "<date> cannot be read"},
-    {"dateBeyondExactSeconds", "the platform counts in doubles, which round there",
+    {"DateBeyondExactSeconds", "the platform counts in doubles, which round there",
      "<date>285430000-01-01T00:00:00Z</date>", "<date> cannot be read"},
-    {"otherEncodings", "an encoding that is not known is not guessed",
+    {"OtherEncodings", "an encoding that is not known is not guessed",
      "<?xml version=\"1.0\" encoding=\"koi8-r\"?><true/>", "not known: \"koi8-r\" (line 1)"},
-    {"unassignedInWindows1252", "a byte without a character is not guessed",
+    {"UnassignedInWindows1252", "a byte without a character is not guessed",
      "<?xml encoding='windows-1252'?><string>\x81</string>", "its encoding does not know"},
-    {"textBehindStrings", "what follows would be lost when the file is written again",
+    {"TextBehindStrings", "what follows would be lost when the file is written again",
      "a = b;\n) c", "where a key is expected (line 2)"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, RefusedHere, testing::ValuesIn(refusedRows), NamedAfterRow());
 
-TEST(RefusedHere, butNotJustBelowTheBounds) {
+TEST(RefusedHere, ButNotJustBelowTheBounds) {
     ASSERT_EQ(maximumPlistBytes, 16U << 20);
     EXPECT_EQ(rejectionReasonFor("<string>" + sixteenMiB + "</string>"),
               "read as S\"" + sixteenMiB + "\"");
@@ -140,17 +140,17 @@ void PrintTo(const OtherRow& row, std::ostream* out) { *out << row.name << ": " 
 
 class ReadOtherwise : public testing::TestWithParam<OtherRow> {};
 
-TEST_P(ReadOtherwise, thanOnThePlatform) {
+TEST_P(ReadOtherwise, ThanOnThePlatform) {
     EXPECT_EQ(verdictOn(GetParam().file), "ok\t"s + GetParam().value) << GetParam().why;
 }
 
 const OtherRow otherRows[] = {
-    {"uid", "a value has no UID; this is its form in XML", BinaryFile{{"\x80\x07"}}.bytes(),
+    {"Uid", "a value has no UID; this is its form in XML", BinaryFile{{"\x80\x07"}}.bytes(),
      "{\"CF$UID\"=I7}"},
-    {"uidInXml", "a value has no UID; this is its form in XML",
+    {"UidInXml", "a value has no UID; this is its form in XML",
      "<dict><key>CF$UID</key><integer>7</integer></dict>", "{\"CF$UID\"=I7}"},
-    {"partsOfASecond", "a date counts whole seconds, as in XML", binaryDate(1.75), "T978307201"},
-    {"partsOfAnEarlySecond", "a date counts whole seconds, as in XML", binaryDate(-0.25),
+    {"PartsOfASecond", "a date counts whole seconds, as in XML", binaryDate(1.75), "T978307201"},
+    {"PartsOfAnEarlySecond", "a date counts whole seconds, as in XML", binaryDate(-0.25),
      "T978307199"},
 };
 

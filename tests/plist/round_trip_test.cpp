@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::uint32_t rounds = 2000;
 
-TEST(RoundTrip, ofRandomValuesThroughTheWriter) {
+TEST(RoundTrip, OfRandomValuesThroughTheWriter) {
     for (std::uint32_t seed = 0; seed < rounds; ++seed) {
         const Dictionary dictionary = RandomValues(seed).dictionary(4);
         const std::string text = xmlPropertyList(dictionary);
@@ -27,14 +27,14 @@ TEST(RoundTrip, ofRandomValuesThroughTheWriter) {
     }
 }
 
-TEST(RoundTrip, ofRandomValuesInBinary) {
+TEST(RoundTrip, OfRandomValuesInBinary) {
     for (std::uint32_t seed = 0; seed < rounds; ++seed) {
         const Value value = RandomValues(seed).dictionary(4);
         ASSERT_EQ(readPropertyList(binaryPlist(value)), value) << "seed " << seed;
     }
 }
 
-TEST(RoundTrip, ofTheEdges) {
+TEST(RoundTrip, OfTheEdges) {
     const Dictionary dictionary = {
         {"lines", "a\rb\nc\r\nd"},
         {"byteOrderMarkInside", "a\xef\xbb\xbf"},

@@ -33,40 +33,40 @@ void PrintTo(const EncodingRow& row, std::ostream* out) { *out << row.name; }
 
 class KnownEncoding : public testing::TestWithParam<EncodingRow> {};
 
-TEST_P(KnownEncoding, isRead) { EXPECT_EQ(verdictOn(GetParam().file), "ok\t" + GetParam().value); }
+TEST_P(KnownEncoding, IsRead) { EXPECT_EQ(verdictOn(GetParam().file), "ok\t" + GetParam().value); }
 
 constexpr std::string_view list = "<?xml version=\"1.0\" encoding=\"x\"?><string>a</string>";
 
 const EncodingRow knownRows[] = {
-    {"utf16Little", "\xff\xfe" + wide(list, 2, Order::little), "S\"a\""},
-    {"utf16Big", "\xfe\xff" + wide(list, 2, Order::big), "S\"a\""},
-    {"utf32Little", "\xff\xfe\0\0"s + wide(list, 4, Order::little), "S\"a\""},
-    {"utf32Big", "\0\0\xfe\xff"s + wide(list, 4, Order::big), "S\"a\""},
-    {"utf8Mark", "\xef\xbb\xbf" + std::string(list), "S\"a\""},
-    {"oldStyleInUtf16", "\xfe\xff" + wide("{a=b;}", 2, Order::big), "{\"a\"=S\"b\"}"},
-    {"pairInUtf16",
+    {"Utf16Little", "\xff\xfe" + wide(list, 2, Order::little), "S\"a\""},
+    {"Utf16Big", "\xfe\xff" + wide(list, 2, Order::big), "S\"a\""},
+    {"Utf32Little", "\xff\xfe\0\0"s + wide(list, 4, Order::little), "S\"a\""},
+    {"Utf32Big", "\0\0\xfe\xff"s + wide(list, 4, Order::big), "S\"a\""},
+    {"Utf8Mark", "\xef\xbb\xbf" + std::string(list), "S\"a\""},
+    {"OldStyleInUtf16", "\xfe\xff" + wide("{a=b;}", 2, Order::big), "{\"a\"=S\"b\"}"},
+    {"PairInUtf16",
      "\xfe\xff" + wide("<string>", 2, Order::big) + "\xd8\x3d\xde\x00"s +
          wide("</string>", 2, Order::big),
      "S\"\\ud83d\\ude00\""},
-    {"highPlaneInUtf32",
+    {"HighPlaneInUtf32",
      "\0\0\xfe\xff"s + wide("<string>", 4, Order::big) + "\x00\x01\xf6\x00"s +
          wide("</string>", 4, Order::big),
      "S\"\\ud83d\\ude00\""},
-    {"latin1", "<?xml encoding='ISO-8859-1'?><string>\xe9\x80</string>", "S\"\\u00e9\\u0080\""},
-    {"latin1ByOtherName", "<?xml encoding='Latin1'?><string>\xe9</string>", "S\"\\u00e9\""},
-    {"windows1252", "<?xml encoding='WINDOWS-1252'?><string>\x80\x9f\xe9</string>",
+    {"Latin1", "<?xml encoding='ISO-8859-1'?><string>\xe9\x80</string>", "S\"\\u00e9\\u0080\""},
+    {"Latin1ByOtherName", "<?xml encoding='Latin1'?><string>\xe9</string>", "S\"\\u00e9\""},
+    {"Windows1252", "<?xml encoding='WINDOWS-1252'?><string>\x80\x9f\xe9</string>",
      "S\"\\u20ac\\u0178\\u00e9\""},
-    {"windows1252WithNul", "<?xml encoding='cp1252'?><string>\0</string>"s, "S\"\\u0000\""},
-    {"ascii", "<?xml encoding='us-ascii'?><string>a\0</string>"s, "S\"a\\u0000\""},
-    {"utf8InSingleQuotes", "<?xml encoding='utf-8'?><string>é</string>", "S\"\\u00e9\""},
-    {"blanksAroundEqualsCountForNothing", "<?xml encoding = 'koi8-r'?><string>é</string>",
+    {"Windows1252WithNul", "<?xml encoding='cp1252'?><string>\0</string>"s, "S\"\\u0000\""},
+    {"Ascii", "<?xml encoding='us-ascii'?><string>a\0</string>"s, "S\"a\\u0000\""},
+    {"Utf8InSingleQuotes", "<?xml encoding='utf-8'?><string>é</string>", "S\"\\u00e9\""},
+    {"BlanksAroundEqualsCountForNothing", "<?xml encoding = 'koi8-r'?><string>é</string>",
      "S\"\\u00e9\""},
-    {"withoutQuotesCountsForNothing", "<?xml encoding=koi8-r?><true/>", "B1"},
-    {"openQuotesCountForNothing", "<?xml encoding='koi8-r?><true/>", "B1"},
-    {"behindTheHeaderCountsForNothing", "<?xml?><!-- encoding='koi8-r' --><true/>", "B1"},
-    {"behindGreaterCountsForNothing", "<?xml > encoding='koi8-r'?><true/>", "B1"},
-    {"behindBlanksCountsForNothing", "\n<?xml encoding='koi8-r'?><true/>", "B1"},
-    {"markBeforeDeclaration", "\xef\xbb\xbf<?xml encoding='latin1'?><string>é</string>",
+    {"WithoutQuotesCountsForNothing", "<?xml encoding=koi8-r?><true/>", "B1"},
+    {"OpenQuotesCountForNothing", "<?xml encoding='koi8-r?><true/>", "B1"},
+    {"BehindTheHeaderCountsForNothing", "<?xml?><!-- encoding='koi8-r' --><true/>", "B1"},
+    {"BehindGreaterCountsForNothing", "<?xml > encoding='koi8-r'?><true/>", "B1"},
+    {"BehindBlanksCountsForNothing", "\n<?xml encoding='koi8-r'?><true/>", "B1"},
+    {"MarkBeforeDeclaration", "\xef\xbb\xbf<?xml encoding='latin1'?><string>é</string>",
      "S\"\\u00e9\""},
 };
 
@@ -82,25 +82,25 @@ void PrintTo(const UnknownRow& row, std::ostream* out) { *out << row.name; }
 
 class UnknownEncoding : public testing::TestWithParam<UnknownRow> {};
 
-TEST_P(UnknownEncoding, isRefused) {
+TEST_P(UnknownEncoding, IsRefused) {
     EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
 }
 
 const UnknownRow unknownRows[] = {
-    {"otherName", "<?xml encoding='klingon'?><true/>", "not known: \"klingon\""},
-    {"emptyName", "<?xml encoding=''?><true/>", "not known: \"\""},
-    {"nameInOtherQuotes", "<?xml encoding='utf-8\"?><string a='b'/>", "not known: \"utf-8\"?>"},
-    {"utf16WithoutMark", wide("<true/>", 2, Order::little), "is no known element"},
-    {"utf16ThatIsNone", "<?xml encoding='utf-16'?><true/>", "not known: \"utf-16\""},
-    {"utf32WithoutMark", wide("<true/>", 4, Order::big), "\"\\x00\" stands where"},
-    {"asciiThatIsNone", "<?xml encoding='ascii'?><string>\xe9</string>", "does not know"},
-    {"oddUtf16", "\xfe\xff" + wide("<true/>", 2, Order::big) + "x", "half a character"},
-    {"oddUtf32", "\0\0\xfe\xff"s + wide("<true/>", 4, Order::big) + "x", "inside of a character"},
-    {"highHalfInUtf16", "\xfe\xff\xd8\x3d\x00\x41"s, "half a character"},
-    {"highHalfAtTheEnd", "\xfe\xff\x00\x41\xd8\x3d"s, "half a character"},
-    {"lowHalfInUtf16", "\xfe\xff\xde\x00\x00\x41"s, "half a character"},
-    {"surrogateInUtf32", "\0\0\xfe\xff\0\0\xd8\x3d"s, "no character"},
-    {"beyondUnicodeInUtf32", "\0\0\xfe\xff\0\x11\0\0"s, "no character"},
+    {"OtherName", "<?xml encoding='klingon'?><true/>", "not known: \"klingon\""},
+    {"EmptyName", "<?xml encoding=''?><true/>", "not known: \"\""},
+    {"NameInOtherQuotes", "<?xml encoding='utf-8\"?><string a='b'/>", "not known: \"utf-8\"?>"},
+    {"Utf16WithoutMark", wide("<true/>", 2, Order::little), "is no known element"},
+    {"Utf16ThatIsNone", "<?xml encoding='utf-16'?><true/>", "not known: \"utf-16\""},
+    {"Utf32WithoutMark", wide("<true/>", 4, Order::big), "\"\\x00\" stands where"},
+    {"AsciiThatIsNone", "<?xml encoding='ascii'?><string>\xe9</string>", "does not know"},
+    {"OddUtf16", "\xfe\xff" + wide("<true/>", 2, Order::big) + "x", "half a character"},
+    {"OddUtf32", "\0\0\xfe\xff"s + wide("<true/>", 4, Order::big) + "x", "inside of a character"},
+    {"HighHalfInUtf16", "\xfe\xff\xd8\x3d\x00\x41"s, "half a character"},
+    {"HighHalfAtTheEnd", "\xfe\xff\x00\x41\xd8\x3d"s, "half a character"},
+    {"LowHalfInUtf16", "\xfe\xff\xde\x00\x00\x41"s, "half a character"},
+    {"SurrogateInUtf32", "\0\0\xfe\xff\0\0\xd8\x3d"s, "no character"},
+    {"BeyondUnicodeInUtf32", "\0\0\xfe\xff\0\x11\0\0"s, "no character"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, UnknownEncoding, testing::ValuesIn(unknownRows), NamedAfterRow());

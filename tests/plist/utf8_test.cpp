@@ -17,7 +17,7 @@ void PrintTo(const Utf8Row& row, std::ostream* out) { *out << row.name; }
 class Utf8 : public testing::TestWithParam<Utf8Row> {};
 
 /// Behind so many plain characters that each place within a machine word is tried.
-TEST_P(Utf8, isJudgedAtEveryPlace) {
+TEST_P(Utf8, IsJudgedAtEveryPlace) {
     for (std::size_t before = 0; before < 17; ++before)
         for (std::size_t behind = 0; behind < 17; ++behind) {
             const std::string text =
@@ -27,25 +27,25 @@ TEST_P(Utf8, isJudgedAtEveryPlace) {
 }
 
 const Utf8Row utf8Rows[] = {
-    {"nothing", "", true},
-    {"delete", "\x7f", true},
-    {"twoBytes", "\xc2\x80\xdf\xbf", true},
-    {"threeBytes", "\xe0\xa0\x80\xef\xbf\xbf", true},
-    {"aroundSurrogates", "\xed\x9f\xbf\xee\x80\x80", true},
-    {"fourBytes", "\xf0\x90\x80\x80\xf4\x8f\xbf\xbf", true},
-    {"continuationAlone", "\x80", false},
-    {"twoBytesCut", "\xc3", false},
-    {"threeBytesCut", "\xe2\x82", false},
-    {"fourBytesCut", "\xf0\x9f\x98", false},
-    {"missingContinuation", "\xc3(", false},
-    {"overlongTwo", "\xc1\xbf", false},
-    {"overlongThree", "\xe0\x9f\xbf", false},
-    {"overlongFour", "\xf0\x8f\xbf\xbf", false},
-    {"firstSurrogate", "\xed\xa0\x80", false},
-    {"lastSurrogate", "\xed\xbf\xbf", false},
-    {"beyondUnicode", "\xf4\x90\x80\x80", false},
-    {"fiveBytes", "\xf8\x88\x80\x80\x80", false},
-    {"noLead", "\xff", false},
+    {"Nothing", "", true},
+    {"Delete", "\x7f", true},
+    {"TwoBytes", "\xc2\x80\xdf\xbf", true},
+    {"ThreeBytes", "\xe0\xa0\x80\xef\xbf\xbf", true},
+    {"AroundSurrogates", "\xed\x9f\xbf\xee\x80\x80", true},
+    {"FourBytes", "\xf0\x90\x80\x80\xf4\x8f\xbf\xbf", true},
+    {"ContinuationAlone", "\x80", false},
+    {"TwoBytesCut", "\xc3", false},
+    {"ThreeBytesCut", "\xe2\x82", false},
+    {"FourBytesCut", "\xf0\x9f\x98", false},
+    {"MissingContinuation", "\xc3(", false},
+    {"OverlongTwo", "\xc1\xbf", false},
+    {"OverlongThree", "\xe0\x9f\xbf", false},
+    {"OverlongFour", "\xf0\x8f\xbf\xbf", false},
+    {"FirstSurrogate", "\xed\xa0\x80", false},
+    {"LastSurrogate", "\xed\xbf\xbf", false},
+    {"BeyondUnicode", "\xf4\x90\x80\x80", false},
+    {"FiveBytes", "\xf8\x88\x80\x80\x80", false},
+    {"NoLead", "\xff", false},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, Utf8, testing::ValuesIn(utf8Rows), NamedAfterRow());

@@ -6,14 +6,14 @@ namespace frimbolate::test {
 
 namespace {
 
-TEST(Verdicts, areAllThere) {
+TEST(Verdicts, AreAllThere) {
     EXPECT_EQ(verdictRows().size(), 194U);
     EXPECT_EQ(readableRows().size(), 117U);
 }
 
 class Verdict : public testing::TestWithParam<VerdictRow> {};
 
-TEST_P(Verdict, isThePlatforms) { EXPECT_EQ(verdictOn(GetParam().file()), GetParam().verdict); }
+TEST_P(Verdict, IsThePlatforms) { EXPECT_EQ(verdictOn(GetParam().file()), GetParam().verdict); }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Verdict, testing::ValuesIn(verdictRows()), NamedAfterRow());
 
@@ -26,7 +26,7 @@ class Beginnings : public testing::TestWithParam<VerdictRow> {};
 
 /// A file that was cut off must not be read as less than it held. What follows the root of an XML
 /// list counts for nothing, and texts of the older form have no end of their own.
-TEST_P(Beginnings, areRefusedOrReadAsTheWhole) {
+TEST_P(Beginnings, AreRefusedOrReadAsTheWhole) {
     const std::string file = GetParam().file();
     const bool hasEnd = file.find_first_of("<{(") != std::string::npos;
     int refused = 0;

@@ -19,7 +19,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(Writer, writesTheWholeFile) {
+TEST(Writer, WritesTheWholeFile) {
     const Dictionary dictionary = {
         {"Label", "com.frimbolate.Backup"},
         {"Empty", Array{}},
@@ -71,7 +71,7 @@ TEST(Writer, writesTheWholeFile) {
                                            "</plist>\n");
 }
 
-TEST(Writer, breaksLongDataIntoLines) {
+TEST(Writer, BreaksLongDataIntoLines) {
     const auto text = xmlPropertyList({{"d", Data{std::vector<std::uint8_t>(52, 0)}}});
     EXPECT_THAT(text, testing::HasSubstr("\n\t" + std::string(68, 'A') + "\n\tAA==\n\t</data>"));
 }
@@ -85,7 +85,7 @@ void PrintTo(const UnwritableRow& row, std::ostream* out) { *out << row.name; }
 
 class Unwritable : public testing::TestWithParam<UnwritableRow> {};
 
-TEST_P(Unwritable, isRefusedWhereverItStands) {
+TEST_P(Unwritable, IsRefusedWhereverItStands) {
     const auto& value = GetParam().value;
     EXPECT_NE(reasonOf("Unwritable content",
                        [&] {
@@ -99,27 +99,27 @@ TEST_P(Unwritable, isRefusedWhereverItStands) {
 }
 
 const UnwritableRow unwritableRows[] = {
-    {"nul", "a\0b"s},
-    {"firstControl", "\x01"},
-    {"escape", "\x1b[1m"},
-    {"lastControl", "\x1f"},
-    {"noCharacter", "\xef\xbf\xbe"},
-    {"otherNoCharacter", "\xef\xbf\xbf"},
-    {"surrogate", "\xed\xa0\x80"},
-    {"lonelyContinuation", "\x80"},
-    {"cutCharacter", "\xe2\x82"},
-    {"missingContinuation", "\xc3("},
-    {"overlong", "\xc0\xaf"},
-    {"overlongThree", "\xe0\x80\xaf"},
-    {"overlongFour", "\xf0\x80\x80\xaf"},
-    {"aboveUnicode", "\xf4\x90\x80\x80"},
-    {"noLeadByte", "\xff"},
-    {"byteOrderMark", "\xef\xbb\xbf"},
-    {"byteOrderMarkFirst", "\xef\xbb\xbf-"},
-    {"yearZero", Date{-62135596801}},
-    {"year10000", Date{253402300800}},
-    {"endOfTime", Date{std::numeric_limits<std::int64_t>::max()}},
-    {"beginningOfTime", Date{std::numeric_limits<std::int64_t>::min()}},
+    {"Nul", "a\0b"s},
+    {"FirstControl", "\x01"},
+    {"Escape", "\x1b[1m"},
+    {"LastControl", "\x1f"},
+    {"NoCharacter", "\xef\xbf\xbe"},
+    {"OtherNoCharacter", "\xef\xbf\xbf"},
+    {"Surrogate", "\xed\xa0\x80"},
+    {"LonelyContinuation", "\x80"},
+    {"CutCharacter", "\xe2\x82"},
+    {"MissingContinuation", "\xc3("},
+    {"Overlong", "\xc0\xaf"},
+    {"OverlongThree", "\xe0\x80\xaf"},
+    {"OverlongFour", "\xf0\x80\x80\xaf"},
+    {"AboveUnicode", "\xf4\x90\x80\x80"},
+    {"NoLeadByte", "\xff"},
+    {"ByteOrderMark", "\xef\xbb\xbf"},
+    {"ByteOrderMarkFirst", "\xef\xbb\xbf-"},
+    {"YearZero", Date{-62135596801}},
+    {"Year10000", Date{253402300800}},
+    {"EndOfTime", Date{std::numeric_limits<std::int64_t>::max()}},
+    {"BeginningOfTime", Date{std::numeric_limits<std::int64_t>::min()}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, Unwritable, testing::ValuesIn(unwritableRows), NamedAfterRow());
@@ -133,44 +133,44 @@ void PrintTo(const WritableRow& row, std::ostream* out) { *out << row.name; }
 
 class Writable : public testing::TestWithParam<WritableRow> {};
 
-TEST_P(Writable, isReadAgainAsItWas) {
+TEST_P(Writable, IsReadAgainAsItWas) {
     const auto text = xmlPropertyList({{"k", GetParam().value}});
     EXPECT_EQ(readPropertyList(text), Value(Dictionary{{"k", GetParam().value}}));
 }
 
 const WritableRow writableRows[] = {
-    {"allAscii",
+    {"AllAscii",
      [] {
          std::string text = "\t\n\r";
          for (char c = ' '; c < 0x7f; ++c)
              text += c;
          return text + '\x7f';
      }()},
-    {"lineEnds", "a\rb\nc\r\nd"},
-    {"outerBlanks", "\t a \n"},
-    {"onlyBlanks", " \n "},
-    {"sectionEnd", "]]>"},
-    {"looksLikeXml", "<!-- a --><b c=\"d\">&amp;</b>"},
-    {"combiningMark", "e\u0301"},
-    {"byteOrderMarkInside", "-\xef\xbb\xbf"},
-    {"lastOfBasicPlane", "\xef\xbf\xbd"},
-    {"lastOfAll", "\xf4\x8f\xbf\xbd"},
-    {"nextLine", "\xc2\x85"},
-    {"lineSeparator", "\xe2\x80\xa8"},
-    {"negativeZero", -0.0},
-    {"smallestReal", std::numeric_limits<double>::denorm_min()},
-    {"largestReal", std::numeric_limits<double>::max()},
-    {"third", 1.0 / 3},
-    {"wholeReal", 1e22},
-    {"infinity", std::numeric_limits<double>::infinity()},
-    {"negativeInfinity", -std::numeric_limits<double>::infinity()},
-    {"firstDate", Date{-62135596800}},
-    {"lastDate", Date{253402300799}},
+    {"LineEnds", "a\rb\nc\r\nd"},
+    {"OuterBlanks", "\t a \n"},
+    {"OnlyBlanks", " \n "},
+    {"SectionEnd", "]]>"},
+    {"LooksLikeXml", "<!-- a --><b c=\"d\">&amp;</b>"},
+    {"CombiningMark", "e\u0301"},
+    {"ByteOrderMarkInside", "-\xef\xbb\xbf"},
+    {"LastOfBasicPlane", "\xef\xbf\xbd"},
+    {"LastOfAll", "\xf4\x8f\xbf\xbd"},
+    {"NextLine", "\xc2\x85"},
+    {"LineSeparator", "\xe2\x80\xa8"},
+    {"NegativeZero", -0.0},
+    {"SmallestReal", std::numeric_limits<double>::denorm_min()},
+    {"LargestReal", std::numeric_limits<double>::max()},
+    {"Third", 1.0 / 3},
+    {"WholeReal", 1e22},
+    {"Infinity", std::numeric_limits<double>::infinity()},
+    {"NegativeInfinity", -std::numeric_limits<double>::infinity()},
+    {"FirstDate", Date{-62135596800}},
+    {"LastDate", Date{253402300799}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, Writable, testing::ValuesIn(writableRows), NamedAfterRow());
 
-TEST(Writer, keepsTheSignOfZeroAndNotANumber) {
+TEST(Writer, KeepsTheSignOfZeroAndNotANumber) {
     EXPECT_EQ(plistTextOf(-0.0), "-0");
     const auto again = [](double number) {
         return *readPropertyList(xmlPropertyList({{"k", number}})).asDictionary().at("k").real();
@@ -189,20 +189,20 @@ void PrintTo(const TextRow& row, std::ostream* out) { *out << row.name; }
 
 class UnwritableText : public testing::TestWithParam<TextRow> {};
 
-TEST_P(UnwritableText, saysWhy) { EXPECT_EQ(reasonUnwritable(GetParam().text), GetParam().reason); }
+TEST_P(UnwritableText, SaysWhy) { EXPECT_EQ(reasonUnwritable(GetParam().text), GetParam().reason); }
 
 const TextRow textRows[] = {
-    {"control", "a\x01", "it holds the character U+0001"},
-    {"lastControl", "é\x1f", "it holds the character U+001F"},
-    {"noCharacter", "\xef\xbf\xbd\xef\xbf\xbe", "it holds the character U+FFFE"},
-    {"otherNoCharacter", "\xef\xbf\xbf", "it holds the character U+FFFF"},
-    {"cutCharacter", "a\xef\xbf", "it is not valid UTF-8"},
-    {"byteOrderMark", "\xef\xbb\xbf", "it begins with the character U+FEFF, which readers drop"},
+    {"Control", "a\x01", "it holds the character U+0001"},
+    {"LastControl", "é\x1f", "it holds the character U+001F"},
+    {"NoCharacter", "\xef\xbf\xbd\xef\xbf\xbe", "it holds the character U+FFFE"},
+    {"OtherNoCharacter", "\xef\xbf\xbf", "it holds the character U+FFFF"},
+    {"CutCharacter", "a\xef\xbf", "it is not valid UTF-8"},
+    {"ByteOrderMark", "\xef\xbb\xbf", "it begins with the character U+FEFF, which readers drop"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, UnwritableText, testing::ValuesIn(textRows), NamedAfterRow());
 
-TEST(Writer, padsBase64) {
+TEST(Writer, PadsBase64) {
     constexpr const char* texts[] = {"", "AA==", "AP8=", "AP8Q", "AP8Q+w=="};
     Data data;
     for (const char* text : texts) {

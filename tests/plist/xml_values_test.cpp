@@ -37,80 +37,80 @@ void PrintTo(const GoodRow& row, std::ostream* out) { *out << row.name; }
 
 class XmlValue : public testing::TestWithParam<GoodRow> {};
 
-TEST_P(XmlValue, isRead) {
+TEST_P(XmlValue, IsRead) {
     EXPECT_EQ(readPropertyList(xmlFile(GetParam().body)), GetParam().value);
 }
 
 constexpr auto infinity = std::numeric_limits<double>::infinity();
 
 const GoodRow goodRows[] = {
-    {"text", "<string>a b</string>", "a b"},
-    {"emptyText", "<string/>", ""},
-    {"textKeepsBlanks", "<string> a\n\tb </string>", " a\n\tb "},
-    {"textWithEntities", "<string>&lt;&amp;&gt;&quot;&apos;&#233;&#x1F600;</string>", "<&>\"'é😀"},
-    {"textWithCarriageReturn", "<string>a&#13;b</string>", "a\rb"},
-    {"lineEndsAreKept", "<string>a\r\nb\rc</string>", "a\r\nb\rc"},
-    {"textInSections", "<string>a<![CDATA[<&]]>b</string>", "a<&b"},
-    {"textWithByteOrderMark", "<string>\xef\xbb\xbf-</string>", "-"},
-    {"textWithNulByNumber", "<string>a&#0;b</string>", "a\0b"s},
-    {"controlCharacterByNumber", "<string>&#1;</string>", "\x01"},
-    {"controlCharacter", "<string>\x01</string>", "\x01"},
-    {"noCharacterByNumber", "<string>&#xFFFE;</string>", "\xef\xbf\xbe"},
-    {"textWithAttribute", "<string lang=\"en\">a</string>", "a"},
-    {"keyAlone", "<key>a</key>", "a"},
-    {"processingInstruction", "<?stop?><true/>", true},
-    {"true", "<true/>", true},
-    {"false", "<false></false>", false},
-    {"zero", "<integer>0</integer>", 0},
-    {"leadingZeroIsNotOctal", "<integer>022</integer>", 22},
-    {"negative", "<integer>-7</integer>", -7},
-    {"plus", "<integer>+7</integer>", 7},
-    {"hexadecimal", "<integer>0x1F</integer>", 31},
-    {"negativeHexadecimal", "<integer>-0x10</integer>", -16},
-    {"blanksBeforeInteger", "<integer>\n\t5</integer>", 5},
-    {"lowestInteger", "<integer>-9223372036854775808</integer>",
+    {"Text", "<string>a b</string>", "a b"},
+    {"EmptyText", "<string/>", ""},
+    {"TextKeepsBlanks", "<string> a\n\tb </string>", " a\n\tb "},
+    {"TextWithEntities", "<string>&lt;&amp;&gt;&quot;&apos;&#233;&#x1F600;</string>", "<&>\"'é😀"},
+    {"TextWithCarriageReturn", "<string>a&#13;b</string>", "a\rb"},
+    {"LineEndsAreKept", "<string>a\r\nb\rc</string>", "a\r\nb\rc"},
+    {"TextInSections", "<string>a<![CDATA[<&]]>b</string>", "a<&b"},
+    {"TextWithByteOrderMark", "<string>\xef\xbb\xbf-</string>", "-"},
+    {"TextWithNulByNumber", "<string>a&#0;b</string>", "a\0b"s},
+    {"ControlCharacterByNumber", "<string>&#1;</string>", "\x01"},
+    {"ControlCharacter", "<string>\x01</string>", "\x01"},
+    {"NoCharacterByNumber", "<string>&#xFFFE;</string>", "\xef\xbf\xbe"},
+    {"TextWithAttribute", "<string lang=\"en\">a</string>", "a"},
+    {"KeyAlone", "<key>a</key>", "a"},
+    {"ProcessingInstruction", "<?stop?><true/>", true},
+    {"True", "<true/>", true},
+    {"False", "<false></false>", false},
+    {"Zero", "<integer>0</integer>", 0},
+    {"LeadingZeroIsNotOctal", "<integer>022</integer>", 22},
+    {"Negative", "<integer>-7</integer>", -7},
+    {"Plus", "<integer>+7</integer>", 7},
+    {"Hexadecimal", "<integer>0x1F</integer>", 31},
+    {"NegativeHexadecimal", "<integer>-0x10</integer>", -16},
+    {"BlanksBeforeInteger", "<integer>\n\t5</integer>", 5},
+    {"LowestInteger", "<integer>-9223372036854775808</integer>",
      std::numeric_limits<std::int64_t>::min()},
-    {"highestSignedInteger", "<integer>9223372036854775807</integer>",
+    {"HighestSignedInteger", "<integer>9223372036854775807</integer>",
      std::numeric_limits<std::int64_t>::max()},
-    {"firstUnsignedInteger", "<integer>9223372036854775808</integer>", std::uint64_t{1} << 63},
-    {"highestInteger", "<integer>18446744073709551615</integer>",
+    {"FirstUnsignedInteger", "<integer>9223372036854775808</integer>", std::uint64_t{1} << 63},
+    {"HighestInteger", "<integer>18446744073709551615</integer>",
      std::numeric_limits<std::uint64_t>::max()},
-    {"real", "<real>1.5</real>", 1.5},
-    {"wholeReal", "<real>3</real>", 3.0},
-    {"realWithExponent", "<real>-2.5e-3</real>", -0.0025},
-    {"realWithPlus", "<real>+0.5</real>", 0.5},
-    {"infinity", "<real>inf</real>", infinity},
-    {"infinityWithPlus", "<real>+Infinity</real>", infinity},
-    {"negativeInfinity", "<real>-infinity</real>", -infinity},
-    {"hugeReal", "<real>1e999</real>", infinity},
-    {"data", "<data>AAEC/w==</data>", Data{{0, 1, 2, 255}}},
-    {"dataOverLines", "<data>\n\tAA\n\tEC\n</data>", Data{{0, 1, 2}}},
-    {"unpaddedData", "<data>AAE</data>", Data{}},
-    {"paddingInside", "<data>AA==AAEC</data>", Data{{0, 0, 1, 2}}},
-    {"otherAlphabet", "<data>AA-_</data>", Data{}},
-    {"leftOverBits", "<data>AAF=</data>", Data{{0, 1}}},
-    {"noBase64", "<data>a.b!</data>", Data{}},
-    {"date", "<date>2001-02-03T04:05:06Z</date>", Date{981173106}},
-    {"dateBeforeEpoch", "<date>1969-12-31T23:59:59Z</date>", Date{-1}},
-    {"leapDay", "<date>2024-02-29T00:00:00Z</date>", Date{1709164800}},
-    {"firstDate", "<date>0001-01-01T00:00:00Z</date>", Date{-62135596800}},
-    {"lastDate", "<date>9999-12-31T23:59:59Z</date>", Date{253402300799}},
-    {"thirteenthMonth", "<date>2001-13-03T04:05:06Z</date>", Date{1010030706}},
-    {"noLeapDay", "<date>2023-02-29T00:00:00Z</date>", Date{1677628800}},
-    {"midnightAsTwentyFour", "<date>2001-02-03T24:00:00Z</date>", Date{981244800}},
-    {"sixtiethMinute", "<date>2001-02-03T04:60:06Z</date>", Date{981176406}},
-    {"leapSecond", "<date>2016-12-31T23:59:60Z</date>", Date{1483228800}},
-    {"yearZero", "<date>0000-01-01T00:00:00Z</date>", Date{-62167219200}},
-    {"emptyArray", "<array/>", Array{}},
-    {"array", "<array>\n<integer>1</integer> <!-- two --> <integer>2</integer></array>",
+    {"Real", "<real>1.5</real>", 1.5},
+    {"WholeReal", "<real>3</real>", 3.0},
+    {"RealWithExponent", "<real>-2.5e-3</real>", -0.0025},
+    {"RealWithPlus", "<real>+0.5</real>", 0.5},
+    {"Infinity", "<real>inf</real>", infinity},
+    {"InfinityWithPlus", "<real>+Infinity</real>", infinity},
+    {"NegativeInfinity", "<real>-infinity</real>", -infinity},
+    {"HugeReal", "<real>1e999</real>", infinity},
+    {"Data", "<data>AAEC/w==</data>", Data{{0, 1, 2, 255}}},
+    {"DataOverLines", "<data>\n\tAA\n\tEC\n</data>", Data{{0, 1, 2}}},
+    {"UnpaddedData", "<data>AAE</data>", Data{}},
+    {"PaddingInside", "<data>AA==AAEC</data>", Data{{0, 0, 1, 2}}},
+    {"OtherAlphabet", "<data>AA-_</data>", Data{}},
+    {"LeftOverBits", "<data>AAF=</data>", Data{{0, 1}}},
+    {"NoBase64", "<data>a.b!</data>", Data{}},
+    {"Date", "<date>2001-02-03T04:05:06Z</date>", Date{981173106}},
+    {"DateBeforeEpoch", "<date>1969-12-31T23:59:59Z</date>", Date{-1}},
+    {"LeapDay", "<date>2024-02-29T00:00:00Z</date>", Date{1709164800}},
+    {"FirstDate", "<date>0001-01-01T00:00:00Z</date>", Date{-62135596800}},
+    {"LastDate", "<date>9999-12-31T23:59:59Z</date>", Date{253402300799}},
+    {"ThirteenthMonth", "<date>2001-13-03T04:05:06Z</date>", Date{1010030706}},
+    {"NoLeapDay", "<date>2023-02-29T00:00:00Z</date>", Date{1677628800}},
+    {"MidnightAsTwentyFour", "<date>2001-02-03T24:00:00Z</date>", Date{981244800}},
+    {"SixtiethMinute", "<date>2001-02-03T04:60:06Z</date>", Date{981176406}},
+    {"LeapSecond", "<date>2016-12-31T23:59:60Z</date>", Date{1483228800}},
+    {"YearZero", "<date>0000-01-01T00:00:00Z</date>", Date{-62167219200}},
+    {"EmptyArray", "<array/>", Array{}},
+    {"Array", "<array>\n<integer>1</integer> <!-- two --> <integer>2</integer></array>",
      Array{1, 2}},
-    {"emptyDictionary", "<dict></dict>", Dictionary{}},
-    {"dictionary", "<dict><key>b</key><true/><key>a</key><array><string/></array></dict>",
+    {"EmptyDictionary", "<dict></dict>", Dictionary{}},
+    {"Dictionary", "<dict><key>b</key><true/><key>a</key><array><string/></array></dict>",
      Dictionary{{"a", Array{""}}, {"b", true}}},
-    {"keyWithAttribute", "<dict><key a=\"b\">a</key><true/></dict>", Dictionary{{"a", true}}},
-    {"keyAsValue", "<dict><key>a</key><key>b</key></dict>", Dictionary{{"a", "b"}}},
-    {"doubleKey", "<dict><key>a</key><true/><key>a</key><false/></dict>", Dictionary{{"a", false}}},
-    {"emptyKey", "<dict><key/><string/></dict>", Dictionary{{"", ""}}},
+    {"KeyWithAttribute", "<dict><key a=\"b\">a</key><true/></dict>", Dictionary{{"a", true}}},
+    {"KeyAsValue", "<dict><key>a</key><key>b</key></dict>", Dictionary{{"a", "b"}}},
+    {"DoubleKey", "<dict><key>a</key><true/><key>a</key><false/></dict>", Dictionary{{"a", false}}},
+    {"EmptyKey", "<dict><key/><string/></dict>", Dictionary{{"", ""}}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, XmlValue, testing::ValuesIn(goodRows), NamedAfterRow());
@@ -125,7 +125,7 @@ void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 
 class XmlRefusal : public testing::TestWithParam<BadRow> {};
 
-TEST_P(XmlRefusal, isRefused) {
+TEST_P(XmlRefusal, IsRefused) {
     const std::string_view body = GetParam().body;
     const bool isWhole = body.starts_with("<?xml") || body.starts_with("<!");
     const std::string file = isWhole ? std::string(body) : xmlFile(body);
@@ -141,74 +141,74 @@ constexpr const char* declaredEntities =
     "<plist><string>&e;</string></plist>";
 
 const BadRow badRows[] = {
-    {"noXml", "<?xml version=\"1.0\"?>", "it ends where an element"},
-    {"otherRoot", "<!-- x --><list><true/></list>", "<list> is no known element"},
-    {"unknownEncoding", "<?xml version=\"1.0\" encoding=\"klingon\"?><plist><true/></plist>",
+    {"NoXml", "<?xml version=\"1.0\"?>", "it ends where an element"},
+    {"OtherRoot", "<!-- x --><list><true/></list>", "<list> is no known element"},
+    {"UnknownEncoding", "<?xml version=\"1.0\" encoding=\"klingon\"?><plist><true/></plist>",
      "not known: \"klingon\""},
-    {"entities", declaredEntities, "document type"},
-    {"attributeDefaults",
+    {"Entities", declaredEntities, "document type"},
+    {"AttributeDefaults",
      "<!DOCTYPE plist [<!ATTLIST string x CDATA \"y\">]><plist><string/></plist>", "document type"},
-    {"unknownEntity", "<string>&nbsp;</string>", ""},
-    {"nothing", "", "is empty"},
-    {"twoValues", "<true/><true/>", "more than one value"},
-    {"textBesideValue", "<true/>x", "text stands between"},
-    {"textInArray", "<array>x</array>", "text stands between"},
-    {"textInDictionary", "<dict>x</dict>", "text stands between"},
-    {"unknownElement", "<set/>", "<set> is no known element"},
-    {"otherCase", "<True/>", "<True> is no known element"},
-    {"prefixedElement", "<p:true xmlns:p=\"x\"/>", ""},
-    {"elementInText", "<string>a<b/></string>", "where </string> is expected"},
-    {"commentInText", "<string>a<!-- no -->b</string>", "a text holds another element"},
-    {"elementInKey", "<dict><key><b/></key><true/></dict>", "where </key> is expected"},
-    {"textInTrue", "<true>x</true>", "where </true> is expected"},
-    {"elementInFalse", "<false><true/></false>", "where </false> is expected"},
-    {"missingValue", "<dict><key>a</key></dict>", "the last key of <dict> has no value"},
-    {"missingKey", "<dict><true/></dict>", "<true> has no key"},
-    {"emptyInteger", "<integer/>", "<integer> is empty"},
-    {"blanksBehindInteger", "<integer>5 </integer>", "\"5 \""},
-    {"word", "<integer>abc</integer>", "\"abc\""},
-    {"fraction", "<integer>1.5</integer>", "\"1.5\""},
-    {"twoSigns", "<integer>--5</integer>", "\"--5\""},
-    {"plusMinus", "<integer>+-5</integer>", "\"+-5\""},
-    {"onlySign", "<integer>-</integer>", "\"-\""},
-    {"onlyHexPrefix", "<integer>0x</integer>", "\"0x\""},
-    {"trailingText", "<integer>5 apples</integer>", "\"5 apples\""},
-    {"thousandsSeparator", "<integer>1,000</integer>", "\"1,000\""},
-    {"foreignDigits", "<integer>٣</integer>", "cannot be read"},
-    {"aboveAll", "<integer>18446744073709551616</integer>", "cannot be read"},
-    {"belowAll", "<integer>-9223372036854775809</integer>", "cannot be read"},
-    {"emptyReal", "<real></real>", "<real> cannot be read"},
-    {"decimalComma", "<real>1,5</real>", "\"1,5\""},
-    {"hexReal", "<real>0x1p3</real>", "\"0x1p3\""},
-    {"realPlusMinus", "<real>+-1</real>", "\"+-1\""},
-    {"nanWithPayload", "<real>nan(1)</real>", "\"nan(1)\""},
-    {"emptyData", "<data/>", "<data> is empty"},
-    {"emptyDate", "<date/>", "<date> is empty"},
-    {"dateWithoutZone", "<date>2001-02-03T04:05:06</date>", "cannot be read"},
-    {"dateWithOffset", "<date>2001-02-03T04:05:06+01:00</date>", "cannot be read"},
-    {"dateWithFraction", "<date>2001-02-03T04:05:06.5Z</date>", "cannot be read"},
-    {"shortDate", "<date>2001-2-3T04:05:06Z</date>", "cannot be read"},
-    {"invalidUtf8", "<string>\xff</string>", ""},
-    {"overlongUtf8", "<string>\xc0\xaf</string>", ""},
-    {"surrogateInUtf8", "<string>\xed\xa0\x80</string>", ""},
-    {"surrogateReference", "<string>&#xD800;</string>", ""},
-    {"bareAmpersand", "<string>a & b</string>", ""},
-    {"unclosed", "<string>a", ""},
+    {"UnknownEntity", "<string>&nbsp;</string>", ""},
+    {"Nothing", "", "is empty"},
+    {"TwoValues", "<true/><true/>", "more than one value"},
+    {"TextBesideValue", "<true/>x", "text stands between"},
+    {"TextInArray", "<array>x</array>", "text stands between"},
+    {"TextInDictionary", "<dict>x</dict>", "text stands between"},
+    {"UnknownElement", "<set/>", "<set> is no known element"},
+    {"OtherCase", "<True/>", "<True> is no known element"},
+    {"PrefixedElement", "<p:true xmlns:p=\"x\"/>", ""},
+    {"ElementInText", "<string>a<b/></string>", "where </string> is expected"},
+    {"CommentInText", "<string>a<!-- no -->b</string>", "a text holds another element"},
+    {"ElementInKey", "<dict><key><b/></key><true/></dict>", "where </key> is expected"},
+    {"TextInTrue", "<true>x</true>", "where </true> is expected"},
+    {"ElementInFalse", "<false><true/></false>", "where </false> is expected"},
+    {"MissingValue", "<dict><key>a</key></dict>", "the last key of <dict> has no value"},
+    {"MissingKey", "<dict><true/></dict>", "<true> has no key"},
+    {"EmptyInteger", "<integer/>", "<integer> is empty"},
+    {"BlanksBehindInteger", "<integer>5 </integer>", "\"5 \""},
+    {"Word", "<integer>abc</integer>", "\"abc\""},
+    {"Fraction", "<integer>1.5</integer>", "\"1.5\""},
+    {"TwoSigns", "<integer>--5</integer>", "\"--5\""},
+    {"PlusMinus", "<integer>+-5</integer>", "\"+-5\""},
+    {"OnlySign", "<integer>-</integer>", "\"-\""},
+    {"OnlyHexPrefix", "<integer>0x</integer>", "\"0x\""},
+    {"TrailingText", "<integer>5 apples</integer>", "\"5 apples\""},
+    {"ThousandsSeparator", "<integer>1,000</integer>", "\"1,000\""},
+    {"ForeignDigits", "<integer>٣</integer>", "cannot be read"},
+    {"AboveAll", "<integer>18446744073709551616</integer>", "cannot be read"},
+    {"BelowAll", "<integer>-9223372036854775809</integer>", "cannot be read"},
+    {"EmptyReal", "<real></real>", "<real> cannot be read"},
+    {"DecimalComma", "<real>1,5</real>", "\"1,5\""},
+    {"HexReal", "<real>0x1p3</real>", "\"0x1p3\""},
+    {"RealPlusMinus", "<real>+-1</real>", "\"+-1\""},
+    {"NanWithPayload", "<real>nan(1)</real>", "\"nan(1)\""},
+    {"EmptyData", "<data/>", "<data> is empty"},
+    {"EmptyDate", "<date/>", "<date> is empty"},
+    {"DateWithoutZone", "<date>2001-02-03T04:05:06</date>", "cannot be read"},
+    {"DateWithOffset", "<date>2001-02-03T04:05:06+01:00</date>", "cannot be read"},
+    {"DateWithFraction", "<date>2001-02-03T04:05:06.5Z</date>", "cannot be read"},
+    {"ShortDate", "<date>2001-2-3T04:05:06Z</date>", "cannot be read"},
+    {"InvalidUtf8", "<string>\xff</string>", ""},
+    {"OverlongUtf8", "<string>\xc0\xaf</string>", ""},
+    {"SurrogateInUtf8", "<string>\xed\xa0\x80</string>", ""},
+    {"SurrogateReference", "<string>&#xD800;</string>", ""},
+    {"BareAmpersand", "<string>a & b</string>", ""},
+    {"Unclosed", "<string>a", ""},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, XmlRefusal, testing::ValuesIn(badRows), NamedAfterRow());
 
-TEST(XmlFile, takesNulForACharacter) {
+TEST(XmlFile, TakesNulForACharacter) {
     EXPECT_EQ(readPropertyList(xmlFile("<string>a\0b</string>"s)), Value("a\0b"s));
     EXPECT_THROW(readPropertyList(xmlFile("<integer>5\0x</integer>"s)), NamedError);
 }
 
-TEST(XmlFile, readsNothingBehindItsRoot) {
+TEST(XmlFile, ReadsNothingBehindItsRoot) {
     for (const auto& behind : {"x"s, "<plist/>"s, "\0"s})
         EXPECT_EQ(readPropertyList(xmlFile("<true/>") + behind), Value(true));
 }
 
-TEST(XmlFile, readsNotANumber) {
+TEST(XmlFile, ReadsNotANumber) {
     for (const char* text : {"<real>nan</real>", "<real>NaN</real>"}) {
         const Value value = readPropertyList(xmlFile(text));
         ASSERT_TRUE(value.real());
@@ -216,7 +216,7 @@ TEST(XmlFile, readsNotANumber) {
     }
 }
 
-TEST(XmlFile, readsUtf16) {
+TEST(XmlFile, ReadsUtf16) {
     std::string file = "\xff\xfe";
     for (const char16_t unit :
          std::u16string_view(u"<?xml version=\"1.0\" "
@@ -230,21 +230,21 @@ TEST(XmlFile, readsUtf16) {
     EXPECT_THROW(readPropertyList(file), NamedError);
 }
 
-TEST(XmlFile, goesWithoutHeaderVersionAndLastLineEnd) {
+TEST(XmlFile, GoesWithoutHeaderVersionAndLastLineEnd) {
     EXPECT_EQ(readPropertyList("<plist><true/></plist>"), Value(true));
     EXPECT_EQ(readPropertyList("\xef\xbb\xbf<plist version='0.9'><true/></plist>"), Value(true));
     EXPECT_EQ(readPropertyList("<plist kind=\"x\"><true/></plist>"), Value(true));
     EXPECT_EQ(readPropertyList("<!-- a --><plist><true/></plist>\n<!-- b -->"), Value(true));
 }
 
-TEST(XmlFile, namesTheLine) {
+TEST(XmlFile, NamesTheLine) {
     const auto reason = reasonOf("Unreadable property list", [] {
         readPropertyList("<plist>\n<dict>\n<key>a</key>\n<integer>x</integer></dict></plist>");
     });
     EXPECT_EQ(reason, "this <integer> cannot be read: \"x\" (line 4)");
 }
 
-TEST(XmlFile, readsNumbersTheSameInEveryLocale) {
+TEST(XmlFile, ReadsNumbersTheSameInEveryLocale) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     for (const char* locale : {"de_DE.UTF-8", "C.UTF-8", "C"})
         if (std::setlocale(LC_ALL, locale)) {
@@ -260,7 +260,7 @@ std::string nested(std::size_t levels) {
     return body;
 }
 
-TEST(XmlFile, boundsTheDepth) {
+TEST(XmlFile, BoundsTheDepth) {
     EXPECT_NO_THROW(readPropertyList(xmlFile(nested(maximumPlistDepth))));
     for (const std::size_t levels : {maximumPlistDepth + 1, std::size_t{20000}})
         EXPECT_THAT(reasonOf("Unreadable property list",
@@ -268,7 +268,7 @@ TEST(XmlFile, boundsTheDepth) {
                     HasSubstr("nested too deeply"));
 }
 
-TEST(XmlFile, boundsTheSize) {
+TEST(XmlFile, BoundsTheSize) {
     std::string file = xmlFile("<string>a</string>");
     const auto room = maximumPlistBytes - file.size();
     file.replace(file.find(">a<"), 3, ">" + std::string(room + 1, 'a') + "<");

@@ -49,7 +49,7 @@ class AtomicFile : public testing::Test {
     std::string file = folder / "a.plist";
 };
 
-TEST_F(AtomicFile, createsAFile) {
+TEST_F(AtomicFile, CreatesAFile) {
     const mode_t umaskBefore = ::umask(022);
     expectWritten(file, {"a.plist"});
     EXPECT_EQ(modeOf(file), 0644U);
@@ -59,12 +59,12 @@ TEST_F(AtomicFile, createsAFile) {
     ::umask(umaskBefore);
 }
 
-TEST_F(AtomicFile, createsAFileOfAnotherMode) {
+TEST_F(AtomicFile, CreatesAFileOfAnotherMode) {
     EXPECT_EQ(writeFileAtomically(file, after, 0600), std::nullopt);
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(AtomicFile, replacesAFileAndKeepsItsMode) {
+TEST_F(AtomicFile, ReplacesAFileAndKeepsItsMode) {
     for (const unsigned mode : {0600U, 0644U, 0666U, 0755U, 0640U}) {
         writeBytes(file, before);
         ASSERT_EQ(::chmod(file.c_str(), mode), 0);
@@ -73,7 +73,7 @@ TEST_F(AtomicFile, replacesAFileAndKeepsItsMode) {
     }
 }
 
-TEST_F(AtomicFile, replacesAReadOnlyFile) {
+TEST_F(AtomicFile, ReplacesAReadOnlyFile) {
     // The folder decides who may put another file in place, as everywhere on the system.
     writeBytes(file, before);
     TemporaryFolder::forbidWriting(file);
@@ -82,7 +82,7 @@ TEST_F(AtomicFile, replacesAReadOnlyFile) {
     EXPECT_EQ(modeOf(file), mode);
 }
 
-TEST_F(AtomicFile, keepsTheOwnerWhereItMay) {
+TEST_F(AtomicFile, KeepsTheOwnerWhereItMay) {
     writeBytes(file, before);
     const bool given = ::chown(file.c_str(), 65534, 65534) == 0;
     expectWritten(file, {"a.plist"});
@@ -91,7 +91,7 @@ TEST_F(AtomicFile, keepsTheOwnerWhereItMay) {
     EXPECT_EQ(status.st_uid, given ? 65534 : ::geteuid());
 }
 
-TEST_F(AtomicFile, putsANewFileInPlaceOfTheOldOne) {
+TEST_F(AtomicFile, PutsANewFileInPlaceOfTheOldOne) {
     writeBytes(file, before);
     std::ifstream reader(file, std::ios::binary);
     expectWritten(file, {"a.plist"});
@@ -99,7 +99,7 @@ TEST_F(AtomicFile, putsANewFileInPlaceOfTheOldOne) {
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), before);
 }
 
-TEST_F(AtomicFile, writesNothingAndMuch) {
+TEST_F(AtomicFile, WritesNothingAndMuch) {
     EXPECT_EQ(writeFileAtomically(file, ""), std::nullopt);
     EXPECT_EQ(bytesOf(file), "");
     const std::string much(5'000'000, 'x');
@@ -109,7 +109,7 @@ TEST_F(AtomicFile, writesNothingAndMuch) {
     EXPECT_EQ(bytesOf(file), "a\0b"s);
 }
 
-TEST_F(AtomicFile, takesNamesOfEveryKind) {
+TEST_F(AtomicFile, TakesNamesOfEveryKind) {
     for (const std::string& name :
          {"a'b\"c"s, "line\nbreak"s, "😀"s, "e\u0301"s, "\u00e9"s, " blank "s, "-rf"s, "\xff\xfe"s,
           std::string(255, 'n'), std::string(63, 'x') + "😀"s}) {
@@ -121,7 +121,7 @@ TEST_F(AtomicFile, takesNamesOfEveryKind) {
     expectRefused(folder / std::string(256, 'n'));
 }
 
-TEST_F(AtomicFile, followsALinkAndLeavesItALink) {
+TEST_F(AtomicFile, FollowsALinkAndLeavesItALink) {
     const std::string target = folder / "target";
     writeBytes(target, before);
     std::filesystem::create_directory(folder / "sub");
@@ -134,25 +134,25 @@ TEST_F(AtomicFile, followsALinkAndLeavesItALink) {
     EXPECT_EQ(bytesOf(target), after);
 }
 
-TEST_F(AtomicFile, createsTheTargetOfADanglingLink) {
+TEST_F(AtomicFile, CreatesTheTargetOfADanglingLink) {
     std::filesystem::create_symlink("target", file);
     expectWritten(file, {"a.plist", "target"});
     EXPECT_TRUE(std::filesystem::is_symlink(file));
 }
 
-TEST_F(AtomicFile, refusesALinkIntoNowhere) {
+TEST_F(AtomicFile, RefusesALinkIntoNowhere) {
     std::filesystem::create_symlink(folder / "gone/target", file);
     expectRefused(file);
     EXPECT_TRUE(std::filesystem::is_symlink(file));
 }
 
-TEST_F(AtomicFile, refusesLinksInACircle) {
+TEST_F(AtomicFile, RefusesLinksInACircle) {
     std::filesystem::create_symlink("b", file);
     std::filesystem::create_symlink("a.plist", folder / "b");
     expectRefused(file);
 }
 
-TEST_F(AtomicFile, refusesWhatIsNoRegularFile) {
+TEST_F(AtomicFile, RefusesWhatIsNoRegularFile) {
     std::filesystem::create_directory(folder / "folder");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
@@ -172,7 +172,7 @@ TEST_F(AtomicFile, refusesWhatIsNoRegularFile) {
     ::close(socket);
 }
 
-TEST_F(AtomicFile, refusesPathsThatLeadNowhere) {
+TEST_F(AtomicFile, RefusesPathsThatLeadNowhere) {
     writeBytes(file, before);
     expectRefused(folder / "gone/a.plist");
     expectRefused(file + "/b");
@@ -182,7 +182,7 @@ TEST_F(AtomicFile, refusesPathsThatLeadNowhere) {
     EXPECT_EQ(bytesOf(file), before);
 }
 
-TEST_F(AtomicFile, leavesTheOriginalOnAFullDisk) {
+TEST_F(AtomicFile, LeavesTheOriginalOnAFullDisk) {
     writeBytes(file, before);
     const std::string much(100'000, 'x');
     // Full at once, in the middle, and for the last byte
@@ -203,7 +203,7 @@ TEST_F(AtomicFile, leavesTheOriginalOnAFullDisk) {
     EXPECT_EQ(writeFileAtomically(file, much), std::nullopt);
 }
 
-TEST(AtomicFileOfOrdinaryUser, leavesTheOriginalInAReadOnlyFolder) {
+TEST(AtomicFileOfOrdinaryUser, LeavesTheOriginalInAReadOnlyFolder) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     const std::string file = folder / "a.plist";
@@ -215,7 +215,7 @@ TEST(AtomicFileOfOrdinaryUser, leavesTheOriginalInAReadOnlyFolder) {
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
-TEST(AtomicFileOfOrdinaryUser, writesOverAFileOfSomebodyElse) {
+TEST(AtomicFileOfOrdinaryUser, WritesOverAFileOfSomebodyElse) {
     TemporaryFolder folder;
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     const std::string file = folder / "a.plist";

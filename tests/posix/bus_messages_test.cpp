@@ -23,7 +23,7 @@ std::string broken(std::string bytes, std::size_t position, char byte) {
 
 class ParsedBusMessage : public testing::TestWithParam<Row> {};
 
-TEST_P(ParsedBusMessage, isReadAndMeasured) {
+TEST_P(ParsedBusMessage, IsReadAndMeasured) {
     const Row& row = GetParam();
     const BusMessage message = parsedBusMessage(row.bytes);
     EXPECT_EQ(message.answers, row.answers);
@@ -46,19 +46,19 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"SizeBeyondTheHeader", broken(busReturn(7, address), 31, '\x7f'), 7, ""}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(BusMessages, areMeasuredByTheirFirstBytes) {
+TEST(BusMessages, AreMeasuredByTheirFirstBytes) {
     EXPECT_EQ(busMessageSize(""), 0U);
     EXPECT_EQ(busMessageSize(busReturn(1, "x").substr(0, 15)), 0U);
     EXPECT_EQ(busMessageSize("HTTP/1.1 200 OK\r\n"), std::nullopt);
 }
 
-TEST(BusMessages, everyPrefixIsParsed) {
+TEST(BusMessages, EveryPrefixIsParsed) {
     const std::string whole = busReturn(7, address);
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_LE(parsedBusMessage(whole.substr(0, size)).text.size(), address.size());
 }
 
-TEST(BusMessages, aCallNamesWhatIsCalled) {
+TEST(BusMessages, ACallNamesWhatIsCalled) {
     const std::string call = busCall({5, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "Get"});
     EXPECT_EQ(call.size(), busMessageSize(call));
     EXPECT_EQ(call.substr(1, 3), std::string("\1\2\1"));

@@ -50,7 +50,7 @@ void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 
 class ConnectedBus : public testing::TestWithParam<Row> {};
 
-TEST_P(ConnectedBus, endsWhereTheBusFallsSilent) {
+TEST_P(ConnectedBus, EndsWhereTheBusFallsSilent) {
     const Watchdog watchdog;
     int ends[2] = {-1, -1};
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
@@ -97,14 +97,14 @@ class BusProbeTest : public testing::Test {
     std::string address = "unix:path=" + path;
 };
 
-TEST_F(BusProbeTest, aListenerThatTakesNoConnectionIsMute) {
+TEST_F(BusProbeTest, AListenerThatTakesNoConnectionIsMute) {
     EXPECT_FALSE(probeBus(address, Question::greeting, Deadline()).isUnresponsive)
         << "nobody listens";
     const Listening listening(path);
     EXPECT_TRUE(probeBus(address, Question::greeting, Deadline()).isUnresponsive);
 }
 
-TEST_F(BusProbeTest, aListenerWithAFullQueueIsMute) {
+TEST_F(BusProbeTest, AListenerWithAFullQueueIsMute) {
     const Listening listening(path, 0);
     std::vector<FileDescriptor> queue;
     sockaddr_un name{};
@@ -118,7 +118,7 @@ TEST_F(BusProbeTest, aListenerWithAFullQueueIsMute) {
     EXPECT_TRUE(probeBus(address, Question::greeting, Deadline::max()).isUnresponsive);
 }
 
-TEST_F(BusProbeTest, theFirstThatTakesTheConnectionCounts) {
+TEST_F(BusProbeTest, TheFirstThatTakesTheConnectionCounts) {
     const Listening listening(path);
     const std::string gone = "unix:path=" + (folder / "gone");
     EXPECT_TRUE(probeBus(gone + ";" + address, Question::greeting, Deadline()).isUnresponsive);
@@ -128,7 +128,7 @@ TEST_F(BusProbeTest, theFirstThatTakesTheConnectionCounts) {
         << "an address of another kind is not tried";
 }
 
-TEST_F(BusProbeTest, eachBusCanBeMute) {
+TEST_F(BusProbeTest, EachBusCanBeMute) {
     using namespace std::chrono_literals;
     const Listening listening(path);
     for (const auto& [addresses, session, accessibility] :
@@ -143,7 +143,7 @@ TEST_F(BusProbeTest, eachBusCanBeMute) {
     }
 }
 
-TEST_F(BusProbeTest, theAccessibilityBusMayBeInSeveralPlaces) {
+TEST_F(BusProbeTest, TheAccessibilityBusMayBeInSeveralPlaces) {
     BusStatus session;
     session.accessibilityAddress = "told";
     using Addresses = std::vector<std::string>;
@@ -163,7 +163,7 @@ void PrintTo(const AddressRow& row, std::ostream* out) { *out << row.name; }
 
 class BusAddress : public testing::TestWithParam<AddressRow> {};
 
-TEST_P(BusAddress, namesItsSockets) {
+TEST_P(BusAddress, NamesItsSockets) {
     EXPECT_EQ(busSockets(GetParam().address), GetParam().sockets);
 }
 

@@ -74,7 +74,7 @@ class FullOutput : public testing::TestWithParam<Row> {
     Ends ends = GetParam().make();
 };
 
-TEST_P(FullOutput, dropsLinesAndTellsHowMany) {
+TEST_P(FullOutput, DropsLinesAndTellsHowMany) {
     const auto writer = makeWriter();
     writer->write("first");
     EXPECT_EQ(drained(ends.reading.number()), "first\n");
@@ -91,7 +91,7 @@ TEST_P(FullOutput, dropsLinesAndTellsHowMany) {
     EXPECT_EQ(drained(ends.reading.number()), "e\n");
 }
 
-TEST_P(FullOutput, isToldOfAtTheEndAtTheLatest) {
+TEST_P(FullOutput, IsToldOfAtTheEndAtTheLatest) {
     auto writer = makeWriter();
     fill(ends.writing.number());
     writer->write("a");
@@ -100,7 +100,7 @@ TEST_P(FullOutput, isToldOfAtTheEndAtTheLatest) {
     EXPECT_EQ(drained(ends.reading.number()), "1 line of the log was dropped here\n");
 }
 
-TEST_P(FullOutput, keepsALongLineWhole) {
+TEST_P(FullOutput, KeepsALongLineWhole) {
     const std::string line(3000000, 'x');
     const auto writer = makeWriter();
     writer->write(line);
@@ -116,7 +116,7 @@ TEST_P(FullOutput, keepsALongLineWhole) {
     EXPECT_TRUE(all == line + "\n" + notice + "\nnext\n") << all.substr(all.find('\n'));
 }
 
-TEST_P(FullOutput, leavesTheSharedDescriptorBlocking) {
+TEST_P(FullOutput, LeavesTheSharedDescriptorBlocking) {
     const int before = ::fcntl(ends.writing.number(), F_GETFL);
     const auto writer = makeWriter();
     writer->write("a");
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(LineWriter, FullOutput,
                                          Row{"Socket", makeSocket}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(LineWriterTest, outlivesTheReader) {
+TEST(LineWriterTest, OutlivesTheReader) {
     const Watchdog watchdog;
     for (const auto make : {makePipe, makeSocket}) {
         const int status = statusOfChild([make] {
@@ -146,7 +146,7 @@ TEST(LineWriterTest, outlivesTheReader) {
     }
 }
 
-TEST(LineWriterTest, doesNotWaitForAStoppedTerminal) {
+TEST(LineWriterTest, DoesNotWaitForAStoppedTerminal) {
     const Watchdog watchdog;
     const FileDescriptor screen(::posix_openpt(O_RDWR | O_NOCTTY));
     ASSERT_TRUE(screen);
@@ -164,7 +164,7 @@ TEST(LineWriterTest, doesNotWaitForAStoppedTerminal) {
     EXPECT_EQ(drained(screen.number()), "2 lines of the log were dropped here\r\nc\r\n");
 }
 
-TEST(LineWriterTest, addsToAFileWhereItEnds) {
+TEST(LineWriterTest, AddsToAFileWhereItEnds) {
     const TemporaryFolder folder;
     const std::string path = folder / "log";
     writeBytes(path, "before\n");
@@ -176,7 +176,7 @@ TEST(LineWriterTest, addsToAFileWhereItEnds) {
     EXPECT_EQ(bytesOf(path), "before\n1\n2\n3\n");
 }
 
-TEST(LineWriterTest, takesNoLineWithoutADescriptor) {
+TEST(LineWriterTest, TakesNoLineWithoutADescriptor) {
     LineWriter writer(-1);
     writer.write("a");
     EXPECT_EQ(writer.dropped(), 1U);

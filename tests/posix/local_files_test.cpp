@@ -44,7 +44,7 @@ class LocalFilesTest : public testing::Test {
     const Dictionary agent = {{"Label", "x"}, {"Nice", -5}};
 };
 
-TEST_F(LocalFilesTest, readsEveryForm) {
+TEST_F(LocalFilesTest, ReadsEveryForm) {
     writeBytes(file, xmlPropertyList(agent));
     EXPECT_EQ(files.readDictionary(file), agent);
     const auto binary = BinaryFile{{"\xd1\x01\x02", "\x55Label", "\x51x"}}.bytes();
@@ -57,7 +57,7 @@ TEST_F(LocalFilesTest, readsEveryForm) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(LocalFilesTest, tellsWhyAFileCannotBeRead) {
+TEST_F(LocalFilesTest, TellsWhyAFileCannotBeRead) {
     expectUnreadable(file, "No such file or directory");
     expectUnreadable(folder.path(), "it is not a regular file");
     expectUnreadable(file + "\0b"s, "its path holds a NUL");
@@ -71,14 +71,14 @@ TEST_F(LocalFilesTest, tellsWhyAFileCannotBeRead) {
     expectUnreadable(folder / "link", "No such file or directory");
 }
 
-TEST_F(LocalFilesTest, doesNotWaitForAPipe) {
+TEST_F(LocalFilesTest, DoesNotWaitForAPipe) {
     ASSERT_EQ(::mkfifo(file.c_str(), 0666), 0);
     expectUnreadable(file, "it is not a regular file");
     std::filesystem::create_symlink("a.plist", folder / "link");
     expectUnreadable(folder / "link", "it is not a regular file");
 }
 
-TEST_F(LocalFilesTest, readsUpTo16MiB) {
+TEST_F(LocalFilesTest, ReadsUpTo16MiB) {
     std::string content = xmlPropertyList(agent);
     content.resize(maximumPlistBytes, '\n');
     writeBytes(file, content);
@@ -89,7 +89,7 @@ TEST_F(LocalFilesTest, readsUpTo16MiB) {
     expectRefused(file, "it is over 16 MiB");
 }
 
-TEST_F(LocalFilesTest, writesNothingThatItWouldNotRead) {
+TEST_F(LocalFilesTest, WritesNothingThatItWouldNotRead) {
     writeBytes(file, "original");
     const Dictionary large = {{"k", std::string(maximumPlistBytes, 'x')}};
     EXPECT_FALSE(files.writeDictionary(file, large));
@@ -97,7 +97,7 @@ TEST_F(LocalFilesTest, writesNothingThatItWouldNotRead) {
     EXPECT_EQ(bytesOf(file), "original");
 }
 
-TEST_F(LocalFilesTest, unwritableContentRaisesAndLeavesTheOriginal) {
+TEST_F(LocalFilesTest, UnwritableContentRaisesAndLeavesTheOriginal) {
     writeBytes(file, "original");
     EXPECT_NE(reasonOf("Unwritable content",
                        [&] {
@@ -109,14 +109,14 @@ TEST_F(LocalFilesTest, unwritableContentRaisesAndLeavesTheOriginal) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(LocalFilesTest, tellsWhyAFileWasNotWritten) {
+TEST_F(LocalFilesTest, TellsWhyAFileWasNotWritten) {
     const std::string path = folder / "gone/a.plist";
     EXPECT_FALSE(files.writeDictionary(path, agent));
     EXPECT_THAT(log.lines, ElementsAre("Could not write property list " + path +
                                        ": No such file or directory"));
 }
 
-TEST_F(LocalFilesTest, aLinkThatLeadsNowhereDoesNotExist) {
+TEST_F(LocalFilesTest, ALinkThatLeadsNowhereDoesNotExist) {
     std::filesystem::create_symlink("gone", file);
     EXPECT_FALSE(files.exists(file));
     EXPECT_FALSE(files.isWritable(file));
@@ -124,7 +124,7 @@ TEST_F(LocalFilesTest, aLinkThatLeadsNowhereDoesNotExist) {
     EXPECT_THAT(folder.names(), IsEmpty());
 }
 
-TEST_F(LocalFilesTest, removesALinkAndNotItsTarget) {
+TEST_F(LocalFilesTest, RemovesALinkAndNotItsTarget) {
     writeBytes(folder / "target", "x");
     std::filesystem::create_symlink("target", file);
     EXPECT_TRUE(files.exists(file));
@@ -132,13 +132,13 @@ TEST_F(LocalFilesTest, removesALinkAndNotItsTarget) {
     EXPECT_THAT(folder.names(), ElementsAre("target"));
 }
 
-TEST_F(LocalFilesTest, removesNoFolderNotEvenAnEmptyOne) {
+TEST_F(LocalFilesTest, RemovesNoFolderNotEvenAnEmptyOne) {
     std::filesystem::create_directory(folder / "bundle.app");
     EXPECT_FALSE(files.remove(folder / "bundle.app"));
     EXPECT_THAT(folder.names(), ElementsAre("bundle.app"));
 }
 
-TEST_F(LocalFilesTest, aPathEndsNotAtItsNul) {
+TEST_F(LocalFilesTest, APathEndsNotAtItsNul) {
     writeBytes(file, "x");
     EXPECT_FALSE(files.exists(file + "\0b"s));
     EXPECT_FALSE(files.isWritable(file + "\0b"s));
@@ -147,7 +147,7 @@ TEST_F(LocalFilesTest, aPathEndsNotAtItsNul) {
     EXPECT_EQ(bytesOf(file), "x");
 }
 
-TEST(LocalFilesOfOrdinaryUser, mayNotEverything) {
+TEST(LocalFilesOfOrdinaryUser, MayNotEverything) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     RecordingLog log;

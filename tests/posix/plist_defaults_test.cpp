@@ -40,7 +40,7 @@ class PlistDefaultsTest : public testing::Test {
     std::string path = folder / "config/com.qz.Frimbolate.plist";
 };
 
-TEST_F(PlistDefaultsTest, writesNothingUnlessAsked) {
+TEST_F(PlistDefaultsTest, WritesNothingUnlessAsked) {
     PlistDefaults defaults(path, log);
     defaults.synchronize();
     defaults.remove("a");
@@ -48,7 +48,7 @@ TEST_F(PlistDefaultsTest, writesNothingUnlessAsked) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(PlistDefaultsTest, isOnDiskAtOnceForThePersonAlone) {
+TEST_F(PlistDefaultsTest, IsOnDiskAtOnceForThePersonAlone) {
     PlistDefaults defaults(path, log);
     defaults.set("WarnForDelete", true);
     EXPECT_EQ(onDisk(), (Dictionary{{"WarnForDelete", true}}));
@@ -60,7 +60,7 @@ TEST_F(PlistDefaultsTest, isOnDiskAtOnceForThePersonAlone) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(PlistDefaultsTest, twoInstancesKeepEachOthersChanges) {
+TEST_F(PlistDefaultsTest, TwoInstancesKeepEachOthersChanges) {
     PlistDefaults first(path, log);
     PlistDefaults second(path, log);
     first.set("a", 1);
@@ -74,7 +74,7 @@ TEST_F(PlistDefaultsTest, twoInstancesKeepEachOthersChanges) {
     EXPECT_EQ(second.object("b"), std::nullopt);
 }
 
-TEST_F(PlistDefaultsTest, takesNoValueThatNoFileHolds) {
+TEST_F(PlistDefaultsTest, TakesNoValueThatNoFileHolds) {
     PlistDefaults defaults(path, log);
     defaults.set("a", "1");
     defaults.set("a", "\x1b");
@@ -84,7 +84,7 @@ TEST_F(PlistDefaultsTest, takesNoValueThatNoFileHolds) {
     EXPECT_EQ(onDisk(), (Dictionary{{"a", "1"}}));
 }
 
-TEST_F(PlistDefaultsTest, setsADamagedFileAside) {
+TEST_F(PlistDefaultsTest, SetsADamagedFileAside) {
     std::filesystem::create_directory(folder / "config");
     const std::string large(maximumPlistBytes + 1, ' ');
     const std::string rubbish[] = {"", "rubbish", "<plist><array/></plist>", "bplist00", large};
@@ -104,7 +104,7 @@ TEST_F(PlistDefaultsTest, setsADamagedFileAside) {
     }
 }
 
-TEST_F(PlistDefaultsTest, keepsWhatItKnewWhenTheFileIsDamagedMeanwhile) {
+TEST_F(PlistDefaultsTest, KeepsWhatItKnewWhenTheFileIsDamagedMeanwhile) {
     PlistDefaults defaults(path, log);
     defaults.set("a", 1);
     defaults.set("b", 2);
@@ -114,7 +114,7 @@ TEST_F(PlistDefaultsTest, keepsWhatItKnewWhenTheFileIsDamagedMeanwhile) {
     EXPECT_EQ(bytesOf(folder / "config/com.qz.Frimbolate.damaged-1.plist"), "rubbish");
 }
 
-TEST_F(PlistDefaultsTest, writesLaterWhatAFullDiskRefused) {
+TEST_F(PlistDefaultsTest, WritesLaterWhatAFullDiskRefused) {
     PlistDefaults defaults(path, log);
     defaults.set("a", 1);
     const auto before = bytesOf(path);
@@ -132,7 +132,7 @@ TEST_F(PlistDefaultsTest, writesLaterWhatAFullDiskRefused) {
     EXPECT_EQ(onDisk(), (Dictionary{{"b", 2}}));
 }
 
-TEST_F(PlistDefaultsTest, keepsALinkALink) {
+TEST_F(PlistDefaultsTest, KeepsALinkALink) {
     writeBytes(folder / "elsewhere.plist", xmlPropertyList({{"a", 1}}));
     std::filesystem::create_symlink("elsewhere.plist", folder / "link.plist");
     path = folder / "link.plist";
@@ -142,7 +142,7 @@ TEST_F(PlistDefaultsTest, keepsALinkALink) {
     EXPECT_EQ(bytesOf(folder / "elsewhere.plist"), xmlPropertyList({{"a", 1}, {"b", 2}}));
 }
 
-TEST_F(PlistDefaultsTest, livesInMemoryWhereAFolderIsInTheWay) {
+TEST_F(PlistDefaultsTest, LivesInMemoryWhereAFolderIsInTheWay) {
     std::filesystem::create_directories(path);
     PlistDefaults defaults(path, log);
     defaults.set("a", 1);
@@ -152,7 +152,7 @@ TEST_F(PlistDefaultsTest, livesInMemoryWhereAFolderIsInTheWay) {
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
-TEST(PlistDefaultsOfOrdinaryUser, neverWritesOverAFileThatItMayNotRead) {
+TEST(PlistDefaultsOfOrdinaryUser, NeverWritesOverAFileThatItMayNotRead) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     const std::string path = folder / "com.qz.Frimbolate.plist";
@@ -174,7 +174,7 @@ TEST(PlistDefaultsOfOrdinaryUser, neverWritesOverAFileThatItMayNotRead) {
     EXPECT_EQ(bytesOf(path), xmlPropertyList({{"a", 1}, {"b", 2}}));
 }
 
-TEST(PlistDefaultsOfOrdinaryUser, leavesADamagedFileThatItCannotSetAside) {
+TEST(PlistDefaultsOfOrdinaryUser, LeavesADamagedFileThatItCannotSetAside) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     const std::string path = folder / "com.qz.Frimbolate.plist";
@@ -204,7 +204,7 @@ class Environment {
     std::string before_;
 };
 
-TEST(PlistDefaultsPath, comesFromTheEnvironment) {
+TEST(PlistDefaultsPath, ComesFromTheEnvironment) {
     {
         const Environment environment("/somewhere/config");
         EXPECT_EQ(PlistDefaults::defaultPath(), "/somewhere/config/com.qz.Frimbolate.plist");

@@ -23,7 +23,7 @@ bool isNull(int file) {
 /// Each row is the set of standard streams that are closed, a bit for each descriptor.
 class StandardStreams : public testing::TestWithParam<unsigned> {};
 
-TEST_P(StandardStreams, areOpenAfterwards) {
+TEST_P(StandardStreams, AreOpenAfterwards) {
     const unsigned closed = GetParam();
     const int status = statusOfChild([closed] {
         const TemporaryFolder folder;
@@ -51,7 +51,7 @@ TEST_P(StandardStreams, areOpenAfterwards) {
 INSTANTIATE_TEST_SUITE_P(ProcessSetup, StandardStreams, testing::Range(0U, 8U),
                          [](const auto& row) { return "Closed" + std::to_string(row.param); });
 
-TEST(FailedWrites, doNotEndTheProcess) {
+TEST(FailedWrites, DoNotEndTheProcess) {
     const int status = statusOfChild([] {
         surviveFailedWrites();
         int ends[2] = {-1, -1};
@@ -69,7 +69,7 @@ TEST(FailedWrites, doNotEndTheProcess) {
     EXPECT_TRUE(endedWell(status)) << status;
 }
 
-TEST(FailedWrites, endAProgramThatWasStarted) {
+TEST(FailedWrites, EndAProgramThatWasStarted) {
     for (const char* signal : {"PIPE", "XFSZ"}) {
         const int status = statusOfChild([signal] {
             surviveFailedWrites();

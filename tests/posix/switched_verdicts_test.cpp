@@ -59,7 +59,7 @@ class SwitchedVerdict : public testing::TestWithParam<VerdictRow> {
     std::string path = folder / "a.plist";
 };
 
-TEST_P(SwitchedVerdict, changesNothingElse) {
+TEST_P(SwitchedVerdict, ChangesNothingElse) {
     const std::string file = GetParam().file();
     ASSERT_EQ(verdictOn(file), GetParam().verdict);
     writeBytes(path, file);
@@ -77,7 +77,7 @@ TEST_P(SwitchedVerdict, changesNothingElse) {
 INSTANTIATE_TEST_SUITE_P(Rows, SwitchedVerdict, testing::ValuesIn(readableRows()), NamedAfterRow());
 
 /// No agent but these few is left alone because it cannot be written.
-TEST(SwitchedVerdicts, areRefusedOnlyForWhatXmlCannotHold) {
+TEST(SwitchedVerdicts, AreRefusedOnlyForWhatXmlCannotHold) {
     std::vector<std::string> refused;
     for (const auto& row : readableRows())
         if (row.verdict.starts_with("ok\t{") && !isWritable(row.file()))

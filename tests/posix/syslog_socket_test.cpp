@@ -61,7 +61,7 @@ class SyslogSocketTest : public testing::Test {
     SyslogSocket log{path};
 };
 
-TEST_F(SyslogSocketTest, sendsEachLineAsARecord) {
+TEST_F(SyslogSocketTest, SendsEachLineAsARecord) {
     Daemon daemon(path);
     using namespace std::string_literals;
     for (const std::string& text :
@@ -74,7 +74,7 @@ TEST_F(SyslogSocketTest, sendsEachLineAsARecord) {
     EXPECT_EQ(daemon.next(), "cut");
 }
 
-TEST_F(SyslogSocketTest, doesNotWaitForADaemonThatDoesNotRead) {
+TEST_F(SyslogSocketTest, DoesNotWaitForADaemonThatDoesNotRead) {
     Daemon daemon(path);
     constexpr std::size_t lines = 5000; // more than any system queues for a socket
     for (std::size_t i = 0; i < lines; ++i)
@@ -88,7 +88,7 @@ TEST_F(SyslogSocketTest, doesNotWaitForADaemonThatDoesNotRead) {
     EXPECT_THAT(daemon.rest(), testing::ElementsAre("c"));
 }
 
-TEST_F(SyslogSocketTest, findsADaemonThatWasStartedAnew) {
+TEST_F(SyslogSocketTest, FindsADaemonThatWasStartedAnew) {
     std::optional<Daemon> daemon(path);
     log.line("a");
     EXPECT_EQ(daemon->next(), "a");
@@ -97,7 +97,7 @@ TEST_F(SyslogSocketTest, findsADaemonThatWasStartedAnew) {
     EXPECT_EQ(daemon->next(), "b");
 }
 
-TEST_F(SyslogSocketTest, leavesADaemonThatHangsForItsSuccessor) {
+TEST_F(SyslogSocketTest, LeavesADaemonThatHangsForItsSuccessor) {
     Daemon hanging(path);
     for (int i = 0; i < 5000; ++i)
         log.line("a");
@@ -108,7 +108,7 @@ TEST_F(SyslogSocketTest, leavesADaemonThatHangsForItsSuccessor) {
     EXPECT_EQ(texts.back(), "b");
 }
 
-TEST_F(SyslogSocketTest, countsWhatCameBeforeTheDaemon) {
+TEST_F(SyslogSocketTest, CountsWhatCameBeforeTheDaemon) {
     log.line("a");
     log.line("b");
     Daemon daemon(path);
@@ -116,7 +116,7 @@ TEST_F(SyslogSocketTest, countsWhatCameBeforeTheDaemon) {
     EXPECT_THAT(daemon.rest(), testing::ElementsAre(droppedLinesNotice(2), "c"));
 }
 
-TEST_F(SyslogSocketTest, goesOnWithAPathThatNoSocketCanHave) {
+TEST_F(SyslogSocketTest, GoesOnWithAPathThatNoSocketCanHave) {
     SyslogSocket lost(folder / std::string(200, 'x'));
     EXPECT_NO_THROW(lost.line("a"));
 }
@@ -141,7 +141,7 @@ std::tm at(int month, int day, int hour, int minute, int second) {
 
 class SyslogRecord : public testing::TestWithParam<Row> {};
 
-TEST_P(SyslogRecord, isInTheClassicForm) {
+TEST_P(SyslogRecord, IsInTheClassicForm) {
     EXPECT_EQ(syslogRecord(GetParam().time, "text"), GetParam().record);
 }
 

@@ -35,7 +35,7 @@ class UserSocketFolderTest : public testing::Test {
     std::string second = temporary + "/frimbolate-" + std::to_string(::geteuid());
 };
 
-TEST_F(UserSocketFolderTest, isMadeInTheRuntimeFolder) {
+TEST_F(UserSocketFolderTest, IsMadeInTheRuntimeFolder) {
     const mode_t before = ::umask(0);
     EXPECT_EQ(found(runtime), first);
     ::umask(before);
@@ -44,7 +44,7 @@ TEST_F(UserSocketFolderTest, isMadeInTheRuntimeFolder) {
     EXPECT_FALSE(fs::exists(second));
 }
 
-TEST_F(UserSocketFolderTest, isMadeAmongTemporaryFilesWithoutARuntimeFolder) {
+TEST_F(UserSocketFolderTest, IsMadeAmongTemporaryFilesWithoutARuntimeFolder) {
     writeBytes(folder / "file", "");
     for (const std::string& wrong :
          {std::string(), std::string("runtime"), folder / "gone", folder / "file"}) {
@@ -53,7 +53,7 @@ TEST_F(UserSocketFolderTest, isMadeAmongTemporaryFilesWithoutARuntimeFolder) {
     }
 }
 
-TEST_F(UserSocketFolderTest, isNotMadeInTheRuntimeFolderOfAnotherUser) {
+TEST_F(UserSocketFolderTest, IsNotMadeInTheRuntimeFolderOfAnotherUser) {
     if (::geteuid() == 0) {
         ASSERT_EQ(::chown(runtime.c_str(), 65534, 65534), 0);
     }
@@ -62,14 +62,14 @@ TEST_F(UserSocketFolderTest, isNotMadeInTheRuntimeFolderOfAnotherUser) {
     EXPECT_FALSE(fs::exists(first));
 }
 
-TEST_F(UserSocketFolderTest, isNotOneThatOthersCanEnter) {
+TEST_F(UserSocketFolderTest, IsNotOneThatOthersCanEnter) {
     fs::create_directory(first);
     fs::permissions(first, fs::perms(0750));
     EXPECT_EQ(found(runtime), second);
     EXPECT_EQ(modeOf(first), 0750U) << "and it stays as it is";
 }
 
-TEST_F(UserSocketFolderTest, isNoSymbolicLinkAndNoFile) {
+TEST_F(UserSocketFolderTest, IsNoSymbolicLinkAndNoFile) {
     fs::create_directory(folder / "own");
     fs::permissions(folder / "own", fs::perms::owner_all);
     fs::create_directory_symlink(folder / "own", first);
@@ -82,7 +82,7 @@ TEST_F(UserSocketFolderTest, isNoSymbolicLinkAndNoFile) {
     EXPECT_EQ(found(runtime), "") << "there is no third place";
 }
 
-TEST_F(UserSocketFolderTest, isNotThatOfAnotherUser) {
+TEST_F(UserSocketFolderTest, IsNotThatOfAnotherUser) {
     // Only root can make one for another user; /proc/1 is root's.
     if (::geteuid() == 0) {
         fs::create_directory(second);
@@ -94,19 +94,19 @@ TEST_F(UserSocketFolderTest, isNotThatOfAnotherUser) {
     }
 }
 
-TEST_F(UserSocketFolderTest, leavesRoomForTheNameOfASocket) {
+TEST_F(UserSocketFolderTest, LeavesRoomForTheNameOfASocket) {
     const std::string deep = runtime + "/" + std::string(100, 'x');
     fs::create_directory(deep);
     EXPECT_EQ(found(deep), second);
     EXPECT_EQ(userSocketFolder(runtime, temporary, 100), "");
 }
 
-TEST_F(UserSocketFolderTest, isNotMadeWhereItWouldDependOnTheWorkingFolder) {
+TEST_F(UserSocketFolderTest, IsNotMadeWhereItWouldDependOnTheWorkingFolder) {
     EXPECT_EQ(userSocketFolder("", "", 16), "");
     EXPECT_EQ(userSocketFolder("", ".", 16), "");
 }
 
-TEST(FileLockTest, oneHasItAtATime) {
+TEST(FileLockTest, OneHasItAtATime) {
     const TemporaryFolder folder;
     const std::string path = folder / "lock";
     FileLock one, other;
@@ -120,7 +120,7 @@ TEST(FileLockTest, oneHasItAtATime) {
     EXPECT_EQ(modeOf(path), 0600U);
 }
 
-TEST(FileLockTest, endsWithItsProcess) {
+TEST(FileLockTest, EndsWithItsProcess) {
     const TemporaryFolder folder;
     const std::string path = folder / "lock";
     EXPECT_TRUE(endedWell(statusOfChild(
@@ -128,7 +128,7 @@ TEST(FileLockTest, endsWithItsProcess) {
     EXPECT_EQ(FileLock().take(path), FileLock::State::held);
 }
 
-TEST(FileLockTest, isNotHandedToAProgramThatIsStarted) {
+TEST(FileLockTest, IsNotHandedToAProgramThatIsStarted) {
     const TemporaryFolder folder;
     const std::string path = folder / "lock";
     FileLock lock;
@@ -140,7 +140,7 @@ TEST(FileLockTest, isNotHandedToAProgramThatIsStarted) {
     })));
 }
 
-TEST(FileLockTest, needsAPlaceForItsFile) {
+TEST(FileLockTest, NeedsAPlaceForItsFile) {
     const TemporaryFolder folder;
     FileLock lock;
     EXPECT_EQ(lock.take(folder / "gone/lock"), FileLock::State::unavailable);

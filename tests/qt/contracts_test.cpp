@@ -124,7 +124,7 @@ TYPED_TEST_SUITE(PasteboardContract, Worlds);
 
 // Files
 
-TYPED_TEST(FilesContract, whatIsNotThere) {
+TYPED_TEST(FilesContract, WhatIsNotThere) {
     const auto path = this->world.path("a.plist");
     EXPECT_FALSE(this->files.exists(path));
     EXPECT_FALSE(this->files.isWritable(path));
@@ -132,7 +132,7 @@ TYPED_TEST(FilesContract, whatIsNotThere) {
     EXPECT_EQ(this->files.readDictionary(path), std::nullopt);
 }
 
-TYPED_TEST(FilesContract, readsWhatWasWritten) {
+TYPED_TEST(FilesContract, ReadsWhatWasWritten) {
     for (const char* name : {"a.plist", "it's \"b\".plist", "line\nbreak", "😀", "e\u0301"}) {
         const auto path = this->world.path(name);
         EXPECT_TRUE(this->files.writeDictionary(path, agent));
@@ -142,7 +142,7 @@ TYPED_TEST(FilesContract, readsWhatWasWritten) {
     }
 }
 
-TYPED_TEST(FilesContract, writesOverAnotherFile) {
+TYPED_TEST(FilesContract, WritesOverAnotherFile) {
     const auto path = this->world.path("a.plist");
     this->world.putGarbage("a.plist");
     EXPECT_TRUE(this->files.exists(path));
@@ -152,7 +152,7 @@ TYPED_TEST(FilesContract, writesOverAnotherFile) {
     EXPECT_EQ(this->files.readDictionary(path), Dictionary{});
 }
 
-TYPED_TEST(FilesContract, folders) {
+TYPED_TEST(FilesContract, Folders) {
     this->world.putFolder("sub");
     const auto path = this->world.path("sub");
     EXPECT_TRUE(this->files.exists(path));
@@ -163,7 +163,7 @@ TYPED_TEST(FilesContract, folders) {
     EXPECT_TRUE(this->files.writeDictionary(path + "/a.plist", agent));
 }
 
-TYPED_TEST(FilesContract, removesAFile) {
+TYPED_TEST(FilesContract, RemovesAFile) {
     const auto path = this->world.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
     EXPECT_TRUE(this->files.remove(path));
@@ -171,12 +171,12 @@ TYPED_TEST(FilesContract, removesAFile) {
     EXPECT_FALSE(this->files.remove(path));
 }
 
-TYPED_TEST(FilesContract, doesNotMakeFolders) {
+TYPED_TEST(FilesContract, DoesNotMakeFolders) {
     EXPECT_FALSE(this->files.writeDictionary(this->world.path("gone/a.plist"), agent));
     EXPECT_FALSE(this->files.exists(this->world.path("gone")));
 }
 
-TYPED_TEST(FilesContract, readOnlyFolder) {
+TYPED_TEST(FilesContract, ReadOnlyFolder) {
     const auto path = this->world.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
     this->world.forbidWriting(this->world.folder());
@@ -187,7 +187,7 @@ TYPED_TEST(FilesContract, readOnlyFolder) {
     EXPECT_EQ(this->files.readDictionary(path), agent);
 }
 
-TYPED_TEST(FilesContract, readOnlyFile) {
+TYPED_TEST(FilesContract, ReadOnlyFile) {
     const auto path = this->world.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
     this->world.forbidWriting(path);
@@ -195,7 +195,7 @@ TYPED_TEST(FilesContract, readOnlyFile) {
     EXPECT_EQ(this->files.readDictionary(path), agent);
 }
 
-TYPED_TEST(FilesContract, fullDisk) {
+TYPED_TEST(FilesContract, FullDisk) {
     const auto path = this->world.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
     EXPECT_FALSE(this->world.onFullDisk([&] {
@@ -206,7 +206,7 @@ TYPED_TEST(FilesContract, fullDisk) {
 
 // Defaults
 
-TYPED_TEST(DefaultsContract, isEmptyAtFirst) {
+TYPED_TEST(DefaultsContract, IsEmptyAtFirst) {
     EXPECT_THAT(this->defaults.keys(), IsEmpty());
     EXPECT_EQ(this->defaults.object("a"), std::nullopt);
     this->defaults.remove("a");
@@ -214,7 +214,7 @@ TYPED_TEST(DefaultsContract, isEmptyAtFirst) {
     EXPECT_THAT(this->defaults.keys(), IsEmpty());
 }
 
-TYPED_TEST(DefaultsContract, keepsEveryKindAsItIs) {
+TYPED_TEST(DefaultsContract, KeepsEveryKindAsItIs) {
     const Array values = {"text",
                           "",
                           true,
@@ -236,7 +236,7 @@ TYPED_TEST(DefaultsContract, keepsEveryKindAsItIs) {
     EXPECT_THAT(this->defaults.keys(), ElementsAre("key"));
 }
 
-TYPED_TEST(DefaultsContract, setsAndRemoves) {
+TYPED_TEST(DefaultsContract, SetsAndRemoves) {
     this->defaults.set("b", "2");
     this->defaults.set("a", "1");
     this->defaults.set("c", "3");
@@ -250,7 +250,7 @@ TYPED_TEST(DefaultsContract, setsAndRemoves) {
     EXPECT_THAT(this->defaults.keys(), IsEmpty());
 }
 
-TYPED_TEST(DefaultsContract, keysAreExact) {
+TYPED_TEST(DefaultsContract, KeysAreExact) {
     this->defaults.set("Key", "1");
     EXPECT_EQ(this->defaults.object("key"), std::nullopt);
     EXPECT_EQ(this->defaults.object("Key "), std::nullopt);
@@ -259,7 +259,7 @@ TYPED_TEST(DefaultsContract, keysAreExact) {
 
 // Folder access
 
-TYPED_TEST(FolderAccessContract, findsTheFolderAgain) {
+TYPED_TEST(FolderAccessContract, FindsTheFolderAgain) {
     for (const char* name : {"LaunchAgents", "it's \"this\"", "😀\n"}) {
         this->world.putFolder(name);
         const auto path = this->world.path(name);
@@ -267,14 +267,14 @@ TYPED_TEST(FolderAccessContract, findsTheFolderAgain) {
     }
 }
 
-TYPED_TEST(FolderAccessContract, aFolderThatIsGone) {
+TYPED_TEST(FolderAccessContract, AFolderThatIsGone) {
     this->world.putFolder("sub");
     const auto bookmark = this->access.createBookmark(this->world.path("sub"));
     this->world.removeFolder("sub");
     EXPECT_EQ(this->access.resolve(bookmark), std::nullopt);
 }
 
-TYPED_TEST(FolderAccessContract, beginsAndEndsOnNothing) {
+TYPED_TEST(FolderAccessContract, BeginsAndEndsOnNothing) {
     const std::optional<std::string> nothing;
     EXPECT_NO_THROW(this->access.begin(nothing));
     EXPECT_NO_THROW(this->access.end(nothing));
@@ -284,7 +284,7 @@ TYPED_TEST(FolderAccessContract, beginsAndEndsOnNothing) {
 
 // Pasteboard
 
-TYPED_TEST(PasteboardContract, holdsTheTextThatWasSetLast) {
+TYPED_TEST(PasteboardContract, HoldsTheTextThatWasSetLast) {
     this->pasteboard.setString("earlier");
     for (const std::string& text :
          {"launchctl load '/a b/é😀.plist'"s, "two\nlines\t"s, "'\"`$"s, "\r \r\n \n\r"s,

@@ -54,9 +54,9 @@ class WorkspaceTest : public testing::Test {
     QtWorkspace workspace;
 };
 
-TEST(WindowBlending, isNotTakenForGrantedOnAPlainDisplay) { EXPECT_FALSE(blendsWindows()); }
+TEST(WindowBlending, IsNotTakenForGrantedOnAPlainDisplay) { EXPECT_FALSE(blendsWindows()); }
 
-TEST_F(WorkspaceTest, opensTheFirstTerminalThereIs) {
+TEST_F(WorkspaceTest, OpensTheFirstTerminalThereIs) {
     putProgram("xterm");
     EXPECT_EQ(openedTerminal(), "xterm|" + home + "|");
     putProgram("konsole");
@@ -72,7 +72,7 @@ TEST_F(WorkspaceTest, opensTheFirstTerminalThereIs) {
     EXPECT_EQ(openedTerminal(), "xdg-terminal-exec|" + home + "|");
 }
 
-TEST_F(WorkspaceTest, opensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
+TEST_F(WorkspaceTest, OpensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
     for (const std::string& chosen : {""s, "   "s, "no-such-terminal -e x"s, "\""s, "\"\""s,
                                       "\"\"\""s, " \" "s, home, "\"no such\""s}) {
         const Variable variable("TERMINAL", chosen);
@@ -87,7 +87,7 @@ TEST_F(WorkspaceTest, opensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
     }
 }
 
-TEST_F(WorkspaceTest, givesATerminalTheEnvironmentAndSignalsOfOrdinaryPrograms) {
+TEST_F(WorkspaceTest, GivesATerminalTheEnvironmentAndSignalsOfOrdinaryPrograms) {
     writeBytes(folder / "xterm",
                "#!/bin/sh\n"
                "{ echo \"$FRIMBOLATE_TEST_BUS\"\n"
@@ -101,13 +101,13 @@ TEST_F(WorkspaceTest, givesATerminalTheEnvironmentAndSignalsOfOrdinaryPrograms) 
     EXPECT_EQ(openedTerminal(), "as it was\nSigIgn:\t0000000000000000\n");
 }
 
-TEST_F(WorkspaceTest, launchesItselfWithAnArgument) {
+TEST_F(WorkspaceTest, LaunchesItselfWithAnArgument) {
     workspace.launchNewInstance();
     ASSERT_TRUE(eventually([&] { return std::filesystem::exists(sign); }));
     EXPECT_EQ(bytesOf(sign), "--new-instance");
 }
 
-TEST_F(WorkspaceTest, knowsWhoseDesktopItIs) {
+TEST_F(WorkspaceTest, KnowsWhoseDesktopItIs) {
     const Variable misleading("USER", "somebody");
     const auto name = workspace.userName();
     EXPECT_NE(name, "");
@@ -120,7 +120,7 @@ TEST_F(WorkspaceTest, knowsWhoseDesktopItIs) {
 
 // Log
 
-TEST(SystemLogTest, writesEachEntryInOnePiece) {
+TEST(SystemLogTest, WritesEachEntryInOnePiece) {
     int ends[2] = {-1, -1};
     // One write to such a socket is one message.
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
@@ -140,7 +140,7 @@ TEST(SystemLogTest, writesEachEntryInOnePiece) {
     ::close(ends[1]);
 }
 
-TEST(SystemLogTest, goesOnWhereNobodyListens) {
+TEST(SystemLogTest, GoesOnWhereNobodyListens) {
     const TemporaryFolder folder;
     SystemLog log(-1, folder / "log");
     EXPECT_NO_THROW(log.line("a"));
@@ -157,7 +157,7 @@ std::int64_t secondsOf(const LocalDateTime& time) {
            time.minute * 60 + time.second;
 }
 
-TEST(LocalClockTest, showsTheTimeOfThePersonsZone) {
+TEST(LocalClockTest, ShowsTheTimeOfThePersonsZone) {
     for (const auto& [zone, offset] :
          {std::pair{"UTC0", 0}, {"ABC-5:30", 19800}, {"DEF11", -39600}}) {
         const Variable variable("TZ", zone);
@@ -172,7 +172,7 @@ TEST(LocalClockTest, showsTheTimeOfThePersonsZone) {
 
 // Application
 
-TEST(QtApplicationTest, quitsAfterTheCallHasReturned) {
+TEST(QtApplicationTest, QuitsAfterTheCallHasReturned) {
     bool quits = false;
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp, [&] { quits = true; });
     QtApplication application([](const std::string&) {});
@@ -187,7 +187,7 @@ TEST(QtApplicationTest, quitsAfterTheCallHasReturned) {
     EXPECT_TRUE(quits);
 }
 
-TEST(QtApplicationTest, handsErrorsOn) {
+TEST(QtApplicationTest, HandsErrorsOn) {
     std::string shown;
     QtApplication application([&](const std::string& text) { shown = text; });
     application.presentError("No bookmark can be made");
@@ -196,7 +196,7 @@ TEST(QtApplicationTest, handsErrorsOn) {
 
 // Folder access
 
-TEST(PathFolderAccessTest, makesNoBookmarkOfWhatIsNoFolder) {
+TEST(PathFolderAccessTest, MakesNoBookmarkOfWhatIsNoFolder) {
     const TemporaryFolder folder;
     PathFolderAccess access;
     writeBytes(folder / "file", "");
@@ -206,7 +206,7 @@ TEST(PathFolderAccessTest, makesNoBookmarkOfWhatIsNoFolder) {
                   "There is no folder " + path);
 }
 
-TEST(PathFolderAccessTest, resolvesOnlyBookmarksOfItsOwn) {
+TEST(PathFolderAccessTest, ResolvesOnlyBookmarksOfItsOwn) {
     const TemporaryFolder folder;
     PathFolderAccess access;
     const Data bookmark = access.createBookmark(folder.path());

@@ -26,7 +26,7 @@ void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 class DisplayRule : public testing::TestWithParam<Row> {};
 
 /// An X server answers under ":0" and a compositor at "/run/wayland-0", and nothing else does.
-TEST_P(DisplayRule, tellsWhetherAWindowCanBeOpened) {
+TEST_P(DisplayRule, TellsWhetherAWindowCanBeOpened) {
     const Row& row = GetParam();
     std::vector<std::string> arguments{"frimbolate"};
     arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
@@ -86,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"NamedDisplayBeatsTheEnvironment", {"-display", ":9"}, {{"DISPLAY", ":0"}}, closed}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST(DisplayProbeTest, connectsToCompositorsAndServers) {
+TEST(DisplayProbeTest, ConnectsToCompositorsAndServers) {
     const TemporaryFolder folder;
     const DisplayProbe probe = DisplayProbe::ofThisProcess();
     const std::string path = folder / "wayland-0";

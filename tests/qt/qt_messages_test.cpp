@@ -45,7 +45,7 @@ class QtMessages : public testing::Test {
     FileDescriptor reading{-1}, writing{-1};
 };
 
-TEST_F(QtMessages, areLinesOnStandardError) {
+TEST_F(QtMessages, AreLinesOnStandardError) {
     EXPECT_TRUE(endedWell(statusWith(writing.number(), [] {
         qWarning("one %d", 1);
         qWarning("two");
@@ -53,7 +53,7 @@ TEST_F(QtMessages, areLinesOnStandardError) {
     EXPECT_EQ(read(), "one 1\ntwo\n");
 }
 
-TEST_F(QtMessages, doNotWaitForAReader) {
+TEST_F(QtMessages, DoNotWaitForAReader) {
     ::fcntl(writing.number(), F_SETFL, O_NONBLOCK);
     while (::write(writing.number(), "-", 1) == 1) {
     }
@@ -61,7 +61,7 @@ TEST_F(QtMessages, doNotWaitForAReader) {
     EXPECT_TRUE(endedWell(statusWith(writing.number(), [] { qWarning("dropped"); })));
 }
 
-TEST_F(QtMessages, endTheProcessWhereTheyAreFatal) {
+TEST_F(QtMessages, EndTheProcessWhereTheyAreFatal) {
     const int told = statusWith(writing.number(), [] {
         fatalMessagesExit(3);
         qFatal("no platform");

@@ -54,12 +54,12 @@ class SingleInstanceTest : public testing::Test {
     int reopened = 0;
 };
 
-TEST_F(SingleInstanceTest, nobodyIsRunning) {
+TEST_F(SingleInstanceTest, NobodyIsRunning) {
     EXPECT_EQ(running.askRunningInstance(), RunningInstance::none);
     EXPECT_FALSE(running.isListening());
 }
 
-TEST_F(SingleInstanceTest, theRunningOneIsTold) {
+TEST_F(SingleInstanceTest, TheRunningOneIsTold) {
     listenAsTheFirst();
     for (int start = 1; start <= 3; ++start) {
         EXPECT_EQ(anotherStart(preferences), RunningInstance::told);
@@ -67,7 +67,7 @@ TEST_F(SingleInstanceTest, theRunningOneIsTold) {
     }
 }
 
-TEST_F(SingleInstanceTest, oneThatListensAndDoesNotAnswerIsSilent) {
+TEST_F(SingleInstanceTest, OneThatListensAndDoesNotAnswerIsSilent) {
     listenAsTheFirst();
     // Its event loop does not run meanwhile.
     EXPECT_EQ(SingleInstance(preferences, {1ms, 60000ms}).askRunningInstance(),
@@ -75,7 +75,7 @@ TEST_F(SingleInstanceTest, oneThatListensAndDoesNotAnswerIsSilent) {
     EXPECT_EQ(anotherStart(preferences), RunningInstance::told) << "once it goes on";
 }
 
-TEST_F(SingleInstanceTest, oneThatIsStillStartingIsWaitedFor) {
+TEST_F(SingleInstanceTest, OneThatIsStillStartingIsWaitedFor) {
     ASSERT_EQ(running.askRunningInstance(), RunningInstance::none);
     EXPECT_EQ(SingleInstance(preferences, impatient).askRunningInstance(), RunningInstance::silent);
     QTimer::singleShot(0, &running, [&] { running.listen([&] { ++reopened; }); });
@@ -83,7 +83,7 @@ TEST_F(SingleInstanceTest, oneThatIsStillStartingIsWaitedFor) {
     EXPECT_EQ(reopened, 1);
 }
 
-TEST_F(SingleInstanceTest, oneOfManyStartsIsTheFirst) {
+TEST_F(SingleInstanceTest, OneOfManyStartsIsTheFirst) {
     std::array<RunningInstance, 8> found{};
     std::atomic<std::size_t> done = 0;
     std::vector<std::thread> starts;
@@ -105,7 +105,7 @@ TEST_F(SingleInstanceTest, oneOfManyStartsIsTheFirst) {
     EXPECT_EQ(std::count(found.begin(), found.end(), RunningInstance::told), 7);
 }
 
-TEST_F(SingleInstanceTest, otherPreferencesAreAnotherInstance) {
+TEST_F(SingleInstanceTest, OtherPreferencesAreAnotherInstance) {
     listenAsTheFirst();
     SingleInstance other(folder / "other.plist");
     EXPECT_EQ(other.askRunningInstance(), RunningInstance::none);
@@ -114,7 +114,7 @@ TEST_F(SingleInstanceTest, otherPreferencesAreAnotherInstance) {
     EXPECT_TRUE(running.isListening());
 }
 
-TEST_F(SingleInstanceTest, theSocketIsForThisUserAlone) {
+TEST_F(SingleInstanceTest, TheSocketIsForThisUserAlone) {
     listenAsTheFirst();
     const std::string name = running.socketName().toStdString();
     for (const std::string& path : {name, std::filesystem::path(name).parent_path().string()}) {
@@ -125,7 +125,7 @@ TEST_F(SingleInstanceTest, theSocketIsForThisUserAlone) {
     }
 }
 
-TEST_F(SingleInstanceTest, theSocketOfACrashIsCleanedAway) {
+TEST_F(SingleInstanceTest, TheSocketOfACrashIsCleanedAway) {
     const std::string name = running.socketName().toStdString();
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un address{};
@@ -140,7 +140,7 @@ TEST_F(SingleInstanceTest, theSocketOfACrashIsCleanedAway) {
     EXPECT_TRUE(eventually([&] { return reopened == 1; }));
 }
 
-TEST_F(SingleInstanceTest, anInstanceStartedBesideAnotherTakesOver) {
+TEST_F(SingleInstanceTest, AnInstanceStartedBesideAnotherTakesOver) {
     auto first = std::make_unique<SingleInstance>(preferences);
     first->listen([&] { ADD_FAILURE() << "the second start did not ask"; });
     ASSERT_TRUE(first->isListening());
@@ -154,7 +154,7 @@ TEST_F(SingleInstanceTest, anInstanceStartedBesideAnotherTakesOver) {
     EXPECT_TRUE(eventually([&] { return reopened == 1; }));
 }
 
-TEST_F(SingleInstanceTest, oneOfSeveralStartedBesideItTakesOver) {
+TEST_F(SingleInstanceTest, OneOfSeveralStartedBesideItTakesOver) {
     auto first = std::make_unique<SingleInstance>(preferences);
     SingleInstance second(preferences);
     first->listen([] {});
@@ -170,7 +170,7 @@ TEST_F(SingleInstanceTest, oneOfSeveralStartedBesideItTakesOver) {
 }
 
 /// The end of a process comes in pieces: a connection may end before the lock and the socket do.
-TEST_F(SingleInstanceTest, anInstanceThatEndsInPiecesIsFollowed) {
+TEST_F(SingleInstanceTest, AnInstanceThatEndsInPiecesIsFollowed) {
     FileLock lock;
     ASSERT_EQ(lock.take(running.socketName().toStdString() + ".lock"), FileLock::State::held);
     auto first = std::make_unique<QLocalServer>();
@@ -186,7 +186,7 @@ TEST_F(SingleInstanceTest, anInstanceThatEndsInPiecesIsFollowed) {
     EXPECT_TRUE(eventually([&] { return running.isListening(); }));
 }
 
-TEST_F(SingleInstanceTest, anInstanceThatEndsBeforeItListensIsFollowed) {
+TEST_F(SingleInstanceTest, AnInstanceThatEndsBeforeItListensIsFollowed) {
     auto first = std::make_unique<SingleInstance>(preferences);
     ASSERT_EQ(first->askRunningInstance(), RunningInstance::none);
     running.listen([&] { ++reopened; });
@@ -196,7 +196,7 @@ TEST_F(SingleInstanceTest, anInstanceThatEndsBeforeItListensIsFollowed) {
     EXPECT_TRUE(eventually([&] { return running.isListening(); }));
 }
 
-TEST_F(SingleInstanceTest, otherMessagesMeanNothing) {
+TEST_F(SingleInstanceTest, OtherMessagesMeanNothing) {
     listenAsTheFirst();
     QLocalSocket stranger;
     stranger.connectToServer(running.socketName());
@@ -208,7 +208,7 @@ TEST_F(SingleInstanceTest, otherMessagesMeanNothing) {
     EXPECT_EQ(reopened, 1);
 }
 
-TEST_F(SingleInstanceTest, aSocketOfSomebodyElseIsNotTrusted) {
+TEST_F(SingleInstanceTest, ASocketOfSomebodyElseIsNotTrusted) {
     const std::string name = running.socketName().toStdString();
     const std::string runtime = std::filesystem::path(name).parent_path().string();
     FileLock lock; // as if an instance were running
@@ -234,7 +234,7 @@ TEST_F(SingleInstanceTest, aSocketOfSomebodyElseIsNotTrusted) {
               isSomebodyElse ? RunningInstance::silent : RunningInstance::told);
 }
 
-TEST_F(SingleInstanceTest, withoutAFolderEveryStartIsOnItsOwn) {
+TEST_F(SingleInstanceTest, WithoutAFolderEveryStartIsOnItsOwn) {
     const std::string runtime = qEnvironmentVariable("XDG_RUNTIME_DIR").toStdString();
     qputenv("XDG_RUNTIME_DIR", "");
     qputenv("TMPDIR", "/proc"); // in which nothing can be made

@@ -80,7 +80,7 @@ class TrashContract : public testing::Test {
 using Backends = testing::Types<RealBackend, FakeBackend>;
 TYPED_TEST_SUITE(TrashContract, Backends);
 
-TYPED_TEST(TrashContract, keepsTheFileAndTellsWhere) {
+TYPED_TEST(TrashContract, KeepsTheFileAndTellsWhere) {
     ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
     const auto place = this->trash.moveToTrash(this->path);
     EXPECT_FALSE(this->files.exists(this->path));
@@ -89,7 +89,7 @@ TYPED_TEST(TrashContract, keepsTheFileAndTellsWhere) {
     EXPECT_EQ(this->files.readDictionary(*place), agent);
 }
 
-TYPED_TEST(TrashContract, keepsFilesOfOneNameApart) {
+TYPED_TEST(TrashContract, KeepsFilesOfOneNameApart) {
     ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
     const auto first = this->trash.moveToTrash(this->path);
     ASSERT_TRUE(this->files.writeDictionary(this->path, another));
@@ -99,20 +99,20 @@ TYPED_TEST(TrashContract, keepsFilesOfOneNameApart) {
     EXPECT_EQ(this->files.readDictionary(*second), another);
 }
 
-TYPED_TEST(TrashContract, leavesTheFileWhereItRefuses) {
+TYPED_TEST(TrashContract, LeavesTheFileWhereItRefuses) {
     ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
     this->backend.refuse();
     EXPECT_EQ(this->trash.moveToTrash(this->path), std::nullopt);
     EXPECT_EQ(this->files.readDictionary(this->path), agent);
 }
 
-TYPED_TEST(TrashContract, takesNoFolder) {
+TYPED_TEST(TrashContract, TakesNoFolder) {
     this->backend.putFolder("bundle.app");
     EXPECT_EQ(this->trash.moveToTrash(this->backend.path("bundle.app")), std::nullopt);
     EXPECT_TRUE(this->files.exists(this->backend.path("bundle.app")));
 }
 
-TYPED_TEST(TrashContract, takesNothingWhereNothingIs) {
+TYPED_TEST(TrashContract, TakesNothingWhereNothingIs) {
     EXPECT_EQ(this->trash.moveToTrash(this->path), std::nullopt);
 }
 
@@ -121,7 +121,7 @@ class QtTrashTest : public testing::Test {
     RealBackend backend;
 };
 
-TEST_F(QtTrashTest, remembersWhereTheFileWas) {
+TEST_F(QtTrashTest, RemembersWhereTheFileWas) {
     writeBytes(backend.path("agent.plist"), "x");
     const auto place = backend.trash().moveToTrash(backend.path("agent.plist"));
     ASSERT_TRUE(place);
@@ -133,7 +133,7 @@ TEST_F(QtTrashTest, remembersWhereTheFileWas) {
     EXPECT_THAT(bytesOf(info.string()), HasSubstr("\nPath=" + backend.path("agent.plist") + "\n"));
 }
 
-TEST_F(QtTrashTest, leavesTheFileWhereTheTrashMayNotBeWritten) {
+TEST_F(QtTrashTest, LeavesTheFileWhereTheTrashMayNotBeWritten) {
     writeBytes(backend.path("agent.plist"), "x");
     ASSERT_TRUE(std::filesystem::create_directories(backend.path("home/data/Trash")));
     TemporaryFolder::forbidWriting(backend.path("home/data/Trash"));
@@ -141,7 +141,7 @@ TEST_F(QtTrashTest, leavesTheFileWhereTheTrashMayNotBeWritten) {
     EXPECT_EQ(bytesOf(backend.path("agent.plist")), "x");
 }
 
-TEST_F(QtTrashTest, takesALinkAndNotItsTarget) {
+TEST_F(QtTrashTest, TakesALinkAndNotItsTarget) {
     writeBytes(backend.path("target"), "x");
     backend.putFolder("bundle.app");
     for (const char* target : {"target", "bundle.app"}) {
@@ -154,7 +154,7 @@ TEST_F(QtTrashTest, takesALinkAndNotItsTarget) {
     }
 }
 
-TEST_F(QtTrashTest, takesNoPathThatItCannotSpell) {
+TEST_F(QtTrashTest, TakesNoPathThatItCannotSpell) {
     writeBytes(backend.path("a"), "x");
     writeBytes(backend.path("\xff"), "x");
     writeBytes(backend.path("\ufffd"), "x");

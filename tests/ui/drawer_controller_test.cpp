@@ -34,7 +34,7 @@ class DrawerControllerTest : public testing::Test {
     std::vector<std::string> calls;
 };
 
-TEST_F(DrawerControllerTest, notifiesInOrderBeforeItOpens) {
+TEST_F(DrawerControllerTest, NotifiesInOrderBeforeItOpens) {
     observe();
     controller.openOnEdge(2);
     EXPECT_THAT(calls, ElementsAre("will open, closed on 1", "will open, second, closed on 1"));
@@ -42,7 +42,7 @@ TEST_F(DrawerControllerTest, notifiesInOrderBeforeItOpens) {
     EXPECT_EQ(drawer.edge, 2);
 }
 
-TEST_F(DrawerControllerTest, notifiesInOrderBeforeItCloses) {
+TEST_F(DrawerControllerTest, NotifiesInOrderBeforeItCloses) {
     drawer.open = true;
     observe();
     controller.close();
@@ -51,7 +51,7 @@ TEST_F(DrawerControllerTest, notifiesInOrderBeforeItCloses) {
     EXPECT_EQ(drawer.edge, 1);
 }
 
-TEST_F(DrawerControllerTest, leavesAnOpenDrawerWhereItIsAndNotifiesNobody) {
+TEST_F(DrawerControllerTest, LeavesAnOpenDrawerWhereItIsAndNotifiesNobody) {
     drawer.open = true;
     observe();
     controller.openOnEdge(2);
@@ -60,14 +60,14 @@ TEST_F(DrawerControllerTest, leavesAnOpenDrawerWhereItIsAndNotifiesNobody) {
     EXPECT_EQ(drawer.edge, 1);
 }
 
-TEST_F(DrawerControllerTest, leavesAClosedDrawerClosedAndNotifiesNobody) {
+TEST_F(DrawerControllerTest, LeavesAClosedDrawerClosedAndNotifiesNobody) {
     observe();
     controller.close();
     EXPECT_THAT(calls, IsEmpty());
     EXPECT_FALSE(drawer.open);
 }
 
-TEST_F(DrawerControllerTest, needsNoObserver) {
+TEST_F(DrawerControllerTest, NeedsNoObserver) {
     controller.openOnEdge(2);
     EXPECT_TRUE(drawer.open);
     controller.close();

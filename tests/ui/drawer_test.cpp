@@ -29,7 +29,7 @@ class DrawerTest : public EditorTest {
     void closeByOtherMeans() { editor.advancedDrawer().close(); }
 };
 
-TEST_F(DrawerTest, opensOnTheRightAndCanThenBeClosed) {
+TEST_F(DrawerTest, OpensOnTheRightAndCanThenBeClosed) {
     form = nonDefaultForm(false);
     form.advancedToolbarItem.action = Action::openAdvancedDrawer;
     const auto expected =
@@ -41,7 +41,7 @@ TEST_F(DrawerTest, opensOnTheRightAndCanThenBeClosed) {
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
 
-TEST_F(DrawerTest, closesAndCanThenBeOpened) {
+TEST_F(DrawerTest, ClosesAndCanThenBeOpened) {
     form = nonDefaultForm(true);
     const auto expected =
         with(snapshot(form),
@@ -51,7 +51,7 @@ TEST_F(DrawerTest, closesAndCanThenBeOpened) {
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
 
-TEST_F(DrawerTest, openingTwiceLeavesItOpen) {
+TEST_F(DrawerTest, OpeningTwiceLeavesItOpen) {
     start();
     editor.openAdvancedDrawer();
     editor.openAdvancedDrawer();
@@ -59,7 +59,7 @@ TEST_F(DrawerTest, openingTwiceLeavesItOpen) {
     EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, closingTwiceLeavesItClosed) {
+TEST_F(DrawerTest, ClosingTwiceLeavesItClosed) {
     start();
     editor.closeAdvancedDrawer();
     editor.closeAdvancedDrawer();
@@ -67,7 +67,7 @@ TEST_F(DrawerTest, closingTwiceLeavesItClosed) {
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, theToolbarItemTogglesBeforeStartUp) {
+TEST_F(DrawerTest, TheToolbarItemTogglesBeforeStartUp) {
     editor.sendAdvancedToolbarItem();
     EXPECT_TRUE(form.advancedDrawer.open);
     EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
@@ -76,7 +76,7 @@ TEST_F(DrawerTest, theToolbarItemTogglesBeforeStartUp) {
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, theToolbarItemTogglesAfterStartUp) {
+TEST_F(DrawerTest, TheToolbarItemTogglesAfterStartUp) {
     start();
     for (int i = 0; i < 2; ++i) {
         editor.sendAdvancedToolbarItem();
@@ -88,7 +88,7 @@ TEST_F(DrawerTest, theToolbarItemTogglesAfterStartUp) {
     }
 }
 
-TEST_F(DrawerTest, openedByOtherMeansLeavesTheItemAtOpening) {
+TEST_F(DrawerTest, OpenedByOtherMeansLeavesTheItemAtOpening) {
     start();
     openByOtherMeans();
     EXPECT_TRUE(form.advancedDrawer.open);
@@ -102,14 +102,14 @@ TEST_F(DrawerTest, openedByOtherMeansLeavesTheItemAtOpening) {
     EXPECT_FALSE(form.advancedDrawer.open);
 }
 
-TEST_F(DrawerTest, theOpeningByOtherMeansItselfSetsTheItemToOpening) {
+TEST_F(DrawerTest, TheOpeningByOtherMeansItselfSetsTheItemToOpening) {
     start();
     form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
     openByOtherMeans();
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, theClosingByOtherMeansItselfSetsTheItemToOpening) {
+TEST_F(DrawerTest, TheClosingByOtherMeansItselfSetsTheItemToOpening) {
     start();
     editor.openAdvancedDrawer();
     closeByOtherMeans();
@@ -117,7 +117,7 @@ TEST_F(DrawerTest, theClosingByOtherMeansItselfSetsTheItemToOpening) {
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, nothingIsRegisteredBeforeStartUp) {
+TEST_F(DrawerTest, NothingIsRegisteredBeforeStartUp) {
     form.advancedToolbarItem.action = Action::closeAdvancedDrawer;
     openByOtherMeans();
     EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
@@ -125,7 +125,7 @@ TEST_F(DrawerTest, nothingIsRegisteredBeforeStartUp) {
     EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, theRegisteredHandlersRunBeforeTheDrawerMoves) {
+TEST_F(DrawerTest, TheRegisteredHandlersRunBeforeTheDrawerMoves) {
     start();
     std::vector<std::string> seen;
     const auto see = [&] {
@@ -142,7 +142,7 @@ TEST_F(DrawerTest, theRegisteredHandlersRunBeforeTheDrawerMoves) {
     EXPECT_THAT(seen, ElementsAre("closed, opens", "open, opens"));
 }
 
-TEST_F(DrawerTest, theActionsSetTheItemOnlyAfterTheDrawer) {
+TEST_F(DrawerTest, TheActionsSetTheItemOnlyAfterTheDrawer) {
     std::vector<Action> seen;
     const auto see = [&] { seen.push_back(itemAction()); };
     editor.advancedDrawer().addWillOpenObserver(see);
@@ -152,7 +152,7 @@ TEST_F(DrawerTest, theActionsSetTheItemOnlyAfterTheDrawer) {
     EXPECT_THAT(seen, ElementsAre(Action::openAdvancedDrawer, Action::closeAdvancedDrawer));
 }
 
-TEST_F(DrawerTest, theRegisteredHandlersLeaveTheToolbarSizeAlone) {
+TEST_F(DrawerTest, TheRegisteredHandlersLeaveTheToolbarSizeAlone) {
     start();
     form.mainWindowToolbar.sizeMode = 2;
     openByOtherMeans();
@@ -160,7 +160,7 @@ TEST_F(DrawerTest, theRegisteredHandlersLeaveTheToolbarSizeAlone) {
     EXPECT_EQ(form.mainWindowToolbar.sizeMode, 2);
 }
 
-TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
+TEST_F(DrawerTest, TheHandlerThatNothingRegistersSetsTheItemAndTheSize) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -172,7 +172,7 @@ TEST_F(DrawerTest, theHandlerThatNothingRegistersSetsTheItemAndTheSize) {
     }
 }
 
-TEST_F(DrawerTest, theClosingHandlerSetsTheItemAlone) {
+TEST_F(DrawerTest, TheClosingHandlerSetsTheItemAlone) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -183,7 +183,7 @@ TEST_F(DrawerTest, theClosingHandlerSetsTheItemAlone) {
     }
 }
 
-TEST_F(DrawerTest, aResetClosesIt) {
+TEST_F(DrawerTest, AResetClosesIt) {
     start();
     editor.openAdvancedDrawer();
     editor.createNewAgent();
@@ -191,7 +191,7 @@ TEST_F(DrawerTest, aResetClosesIt) {
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, aResetClosesWhatOtherMeansOpened) {
+TEST_F(DrawerTest, AResetClosesWhatOtherMeansOpened) {
     start();
     openByOtherMeans();
     editor.createNewAgent();
@@ -199,7 +199,7 @@ TEST_F(DrawerTest, aResetClosesWhatOtherMeansOpened) {
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 }
 
-TEST_F(DrawerTest, hasOneSizeFromStartUpOn) {
+TEST_F(DrawerTest, HasOneSizeFromStartUpOn) {
     start();
     EXPECT_EQ(form.advancedDrawer.contentSize, (Size{400, 380}));
     EXPECT_EQ(form.advancedDrawer.minContentSize, (Size{400, 380}));

@@ -59,7 +59,7 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
     }
 };
 
-TEST_P(Drop, doesWhatThePanelDoes) {
+TEST_P(Drop, DoesWhatThePanelDoes) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         const Story byPanel = live(start.form, [&] {
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(Wells, Drop, testing::ValuesIn(drops), NamedAfterRow())
 
 using DropRefusal = EditorTest;
 
-TEST_F(DropRefusal, aWatchPathNeedsTheActionThatWatchesOne) {
+TEST_F(DropRefusal, AWatchPathNeedsTheActionThatWatchesOne) {
     for (const int action : {AgentAction::None, AgentAction::OnSchedule, AgentAction::KeepRunning,
                              AgentAction::VolumeMounted}) {
         form = nonDefaultForm(true);
@@ -141,7 +141,7 @@ TEST_F(DropRefusal, aWatchPathNeedsTheActionThatWatchesOne) {
     }
 }
 
-TEST_F(DropRefusal, anAdditionalPathNeedsItsBox) {
+TEST_F(DropRefusal, AnAdditionalPathNeedsItsBox) {
     form = nonDefaultForm(true);
     form.alsoRunPathChangeCheckbox.state = CheckState::Off;
     const auto before = snapshot(form);
@@ -149,7 +149,7 @@ TEST_F(DropRefusal, anAdditionalPathNeedsItsBox) {
     EXPECT_THAT(differences(before, snapshot(form)), IsEmpty());
 }
 
-TEST_F(DropRefusal, aDroppedScriptClosesTheTypedOne) {
+TEST_F(DropRefusal, ADroppedScriptClosesTheTypedOne) {
     form.agentTargetButton.selectedItem = TargetType::Script;
     editor.createNewScript();
     editor.targetDropped("/u/run.sh");

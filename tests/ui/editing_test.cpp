@@ -140,9 +140,9 @@ TEST_P(Suppression, IsStoredBeforeThePanelOpens) {
 }
 
 const SuppressionRow suppressions[] = {
-    {"off", CheckState::Off, true, "set: WarnForDelete = 1"},
-    {"on", CheckState::On, false, "set: WarnForDelete = 0"},
-    {"mixed", CheckState::Mixed, std::nullopt, "synchronize: defaults"}};
+    {"Off", CheckState::Off, true, "set: WarnForDelete = 1"},
+    {"On", CheckState::On, false, "set: WarnForDelete = 0"},
+    {"Mixed", CheckState::Mixed, std::nullopt, "synchronize: defaults"}};
 INSTANTIATE_TEST_SUITE_P(Warning, Suppression, testing::ValuesIn(suppressions), NamedAfterRow());
 
 struct WarnRow {
@@ -163,13 +163,13 @@ TEST_P(Warning, IsShownUnlessTheKeyIsFalse) {
     platform.abandonQuestions();
 }
 
-const WarnRow warnings[] = {{"missing", std::nullopt, true},
-                            {"true_value", true, true},
-                            {"false_value", false, false},
-                            {"zero", 0, false},
-                            {"one", 1, true},
-                            {"no_as_text", "NO", false},
-                            {"yes_as_text", "YES", true}};
+const WarnRow warnings[] = {{"Missing", std::nullopt, true},
+                            {"TrueValue", true, true},
+                            {"FalseValue", false, false},
+                            {"Zero", 0, false},
+                            {"One", 1, true},
+                            {"NoAsText", "NO", false},
+                            {"YesAsText", "YES", true}};
 INSTANTIATE_TEST_SUITE_P(Stored, Warning, testing::ValuesIn(warnings), NamedAfterRow());
 
 // The panel

@@ -79,7 +79,7 @@ class FormReset : public EditorTest {
     }
 };
 
-TEST_F(FormReset, setsNoMoreAndNoLess) {
+TEST_F(FormReset, SetsNoMoreAndNoLess) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -91,7 +91,7 @@ TEST_F(FormReset, setsNoMoreAndNoLess) {
     }
 }
 
-TEST_F(FormReset, endsByNormalisingThePreferences) {
+TEST_F(FormReset, EndsByNormalisingThePreferences) {
     editor.createNewAgent();
     EXPECT_THAT(
         platform.journal.lines(),
@@ -108,7 +108,7 @@ TEST_F(FormReset, endsByNormalisingThePreferences) {
                     "set: DefaultPriorityKey = 0"));
 }
 
-TEST_F(FormReset, takesGlobbingAndPriorityFromThePreferences) {
+TEST_F(FormReset, TakesGlobbingAndPriorityFromThePreferences) {
     platform.defaults.contents["DefaultGlobbingKey"] = "0";
     platform.defaults.contents["DefaultPriorityKey"] = "1";
     editor.createNewAgent();
@@ -116,7 +116,7 @@ TEST_F(FormReset, takesGlobbingAndPriorityFromThePreferences) {
     EXPECT_EQ(agentForm(form).priorityLevel, PriorityLevel::Low);
 }
 
-TEST_F(FormReset, takesNoNumberForAPreference) {
+TEST_F(FormReset, TakesNoNumberForAPreference) {
     platform.defaults.contents["DefaultGlobbingKey"] = 0;
     platform.defaults.contents["DefaultPriorityKey"] = 1;
     editor.createNewAgent();
@@ -124,7 +124,7 @@ TEST_F(FormReset, takesNoNumberForAPreference) {
     EXPECT_EQ(agentForm(form).priorityLevel, PriorityLevel::Normal);
 }
 
-TEST_F(FormReset, givesARecordThatIsNew) {
+TEST_F(FormReset, GivesARecordThatIsNew) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -135,7 +135,7 @@ TEST_F(FormReset, givesARecordThatIsNew) {
     }
 }
 
-TEST_F(FormReset, keepsTheTimeAtWhichItRan) {
+TEST_F(FormReset, KeepsTheTimeAtWhichItRan) {
     editor.createNewAgent();
     platform.time.hour = 22;
     EXPECT_EQ(form.agentScheduleDatePicker.dateValue.hour, 9);
@@ -151,7 +151,7 @@ struct LevelRow {
 
 class NiceLevel : public EditorTest, public testing::WithParamInterface<LevelRow> {};
 
-TEST_P(NiceLevel, isMirroredAsText) {
+TEST_P(NiceLevel, IsMirroredAsText) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;

@@ -99,7 +99,7 @@ const RuleRow actions[] = {
 
 class ActionRule : public RuleTest {};
 
-TEST_P(ActionRule, setsNoMoreAndNoLess) {
+TEST_P(ActionRule, SetsNoMoreAndNoLess) {
     expectRule(&FormModel::agentActionButton, &AppDelegate::chooseAgentAction);
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
@@ -146,7 +146,7 @@ const RuleRow schedules[] = {
 
 class ScheduleRule : public RuleTest {};
 
-TEST_P(ScheduleRule, setsNoMoreAndNoLess) {
+TEST_P(ScheduleRule, SetsNoMoreAndNoLess) {
     expectRule(&FormModel::agentScheduleTypeButton, &AppDelegate::chooseAgentSchedule);
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
@@ -173,7 +173,7 @@ class FormRules : public EditorTest {
     }
 };
 
-TEST_F(FormRules, anyOtherActionTakesTheSuccessfulExitAwayAgain) {
+TEST_F(FormRules, AnyOtherActionTakesTheSuccessfulExitAwayAgain) {
     for (const int other : {0, 1, 2, 5, 6}) {
         SCOPED_TRACE(other);
         chooseAction(AgentAction::KeepRunning);
@@ -188,7 +188,7 @@ TEST_F(FormRules, anyOtherActionTakesTheSuccessfulExitAwayAgain) {
     }
 }
 
-TEST_F(FormRules, keepRunningChosenAgainIsOffAgain) {
+TEST_F(FormRules, KeepRunningChosenAgainIsOffAgain) {
     chooseAction(AgentAction::KeepRunning);
     form.allowSuccessfulExitCheckbox.state = CheckState::On;
     chooseAction(AgentAction::KeepRunning);
@@ -196,7 +196,7 @@ TEST_F(FormRules, keepRunningChosenAgainIsOffAgain) {
     EXPECT_TRUE(form.allowSuccessfulExitCheckbox.enabled);
 }
 
-TEST_F(FormRules, atLoadTakesTheAdditionalLoadAwayUntilAnotherScheduleIsChosen) {
+TEST_F(FormRules, AtLoadTakesTheAdditionalLoadAwayUntilAnotherScheduleIsChosen) {
     for (const int schedule : {12, 13}) {
         form.alsoRunAtLoadCheckbox.state = CheckState::On;
         chooseSchedule(schedule);
@@ -207,7 +207,7 @@ TEST_F(FormRules, atLoadTakesTheAdditionalLoadAwayUntilAnotherScheduleIsChosen) 
     }
 }
 
-TEST_F(FormRules, anActionByScheduleLeavesTheAdditionalLoadDisabled) {
+TEST_F(FormRules, AnActionByScheduleLeavesTheAdditionalLoadDisabled) {
     for (const int action : {0, 1, 2, 3}) {
         SCOPED_TRACE(action);
         chooseSchedule(ScheduleType::AtLoad);
@@ -223,7 +223,7 @@ TEST_F(FormRules, anActionByScheduleLeavesTheAdditionalLoadDisabled) {
     EXPECT_TRUE(form.alsoRunAtLoadCheckbox.enabled);
 }
 
-TEST_F(FormRules, aDailyScheduleAfterAMonthlyOneKeepsTheHiddenDay) {
+TEST_F(FormRules, ADailyScheduleAfterAMonthlyOneKeepsTheHiddenDay) {
     chooseSchedule(ScheduleType::OnceAMonth);
     form.onMonthTextField.stringValue = "15";
     chooseSchedule(ScheduleType::EverySaturday);
@@ -232,7 +232,7 @@ TEST_F(FormRules, aDailyScheduleAfterAMonthlyOneKeepsTheHiddenDay) {
     EXPECT_EQ(form.agentScheduleDatePicker.width, 146);
 }
 
-TEST_F(FormRules, aDailyScheduleAfterAnIntervalKeepsTheHiddenNumber) {
+TEST_F(FormRules, ADailyScheduleAfterAnIntervalKeepsTheHiddenNumber) {
     chooseSchedule(ScheduleType::OnInterval);
     form.agentIntervalField.stringValue = "20";
     form.agentIntervalTypeButton.selectedItem = IntervalUnit::Hours;

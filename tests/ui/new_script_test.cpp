@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 class NewScript : public EditorTest {};
 
-TEST_F(NewScript, takesTheTargetAwayAndShowsThePopOver) {
+TEST_F(NewScript, TakesTheTargetAwayAndShowsThePopOver) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -28,7 +28,7 @@ TEST_F(NewScript, takesTheTargetAwayAndShowsThePopOver) {
     }
 }
 
-TEST_F(NewScript, isWarnedOfEvenAfterAnApplication) {
+TEST_F(NewScript, IsWarnedOfEvenAfterAnApplication) {
     platform.defaults.contents["WarnForSuccessfulExit"] = "True";
     form.allowSuccessfulExitCheckbox.state = CheckState::On;
     form.agentActionButton.selectedItem = AgentAction::KeepRunning;
@@ -43,7 +43,7 @@ TEST_F(NewScript, isWarnedOfEvenAfterAnApplication) {
     EXPECT_TRUE(form.popoverScriptObject.shown) << "the person goes on writing";
 }
 
-TEST_F(NewScript, popOverIsAllThatShowingItChanges) {
+TEST_F(NewScript, PopOverIsAllThatShowingItChanges) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -53,7 +53,7 @@ TEST_F(NewScript, popOverIsAllThatShowingItChanges) {
     }
 }
 
-TEST_F(NewScript, popOverClosesWhenATargetActionOrScheduleIsChosen) {
+TEST_F(NewScript, PopOverClosesWhenATargetActionOrScheduleIsChosen) {
     for (const auto action : {&AppDelegate::chooseAgentTarget, &AppDelegate::chooseAgentAction,
                               &AppDelegate::chooseAgentSchedule}) {
         editor.showPopOverScript();
@@ -62,7 +62,7 @@ TEST_F(NewScript, popOverClosesWhenATargetActionOrScheduleIsChosen) {
     }
 }
 
-TEST_F(NewScript, keepsTheTextTypedBefore) {
+TEST_F(NewScript, KeepsTheTextTypedBefore) {
     form.scriptPopOverScriptField.stringValue = "ls";
     editor.createNewScript();
     EXPECT_EQ(form.scriptPopOverScriptField.stringValue, "ls");

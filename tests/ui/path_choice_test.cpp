@@ -23,7 +23,7 @@ struct PathRow {
 
 class PathChoice : public EditorTest, public testing::WithParamInterface<PathRow> {};
 
-TEST_P(PathChoice, asksForAFileOrFolder) {
+TEST_P(PathChoice, AsksForAFileOrFolder) {
     editor.choosePath(GetParam().name);
     const OpenPanel panel = platform.shownOpenPanel();
     EXPECT_EQ(panel.canChooseFiles, !GetParam().isFolder);
@@ -37,7 +37,7 @@ TEST_P(PathChoice, asksForAFileOrFolder) {
     platform.cancelPanel();
 }
 
-TEST_P(PathChoice, setsThatFieldAlone) {
+TEST_P(PathChoice, SetsThatFieldAlone) {
     form = nonDefaultForm(true);
     const auto expected = with(
         snapshot(form), {{std::string(GetParam().name) + ".stringValue", "\"/var/log/a b.log\""}});
@@ -48,7 +48,7 @@ TEST_P(PathChoice, setsThatFieldAlone) {
     EXPECT_EQ(platform.journal.lines().size(), 1u) << "nothing else happens";
 }
 
-TEST_P(PathChoice, changesNothingWhenCancelled) {
+TEST_P(PathChoice, ChangesNothingWhenCancelled) {
     form = nonDefaultForm(true);
     const auto before = snapshot(form);
     editor.choosePath(GetParam().name);
@@ -64,7 +64,7 @@ const PathRow pathRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Fields, PathChoice, testing::ValuesIn(pathRows), NamedAfterRow());
 
-TEST_F(EditorTest, noPathIsChosenForAnythingElse) {
+TEST_F(EditorTest, NoPathIsChosenForAnythingElse) {
     for (const char* name : {"agentNameTextField", "niceLevelTextField", ""})
         editor.choosePath(name);
     EXPECT_FALSE(platform.isAsking());

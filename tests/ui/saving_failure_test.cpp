@@ -51,7 +51,7 @@ std::vector<std::string> savingLines(const std::string& path) {
 
 class SaveFails : public SaveFault {};
 
-TEST_P(SaveFails, andIsReported) {
+TEST_P(SaveFails, AndIsReported) {
     const auto before = snapshot(form);
     const auto& path = GetParam().path;
     platform.saveAs(path, "x.plist");
@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Faults, SaveFails, testing::ValuesIn(failures), NamedAf
 
 class SaveGoesOn : public SaveFault {};
 
-TEST_P(SaveGoesOn, whateverTheWriteTells) {
+TEST_P(SaveGoesOn, WhateverTheWriteTells) {
     const auto& path = GetParam().path;
     platform.saveAs(path, "x.plist");
     auto expected = savingLines(path);
@@ -145,7 +145,7 @@ const FaultRow passes[] = {
 
 INSTANTIATE_TEST_SUITE_P(Faults, SaveGoesOn, testing::ValuesIn(passes), NamedAfterRow());
 
-TEST(SuccessAlert, doesNothingOnceTheControllerIsGone) {
+TEST(SuccessAlert, DoesNothingOnceTheControllerIsGone) {
     test::ScriptedPlatform platform;
     platform.files.folders = {"/u"};
     auto editor = std::make_unique<AppDelegate>(platform.services());
@@ -158,7 +158,7 @@ TEST(SuccessAlert, doesNothingOnceTheControllerIsGone) {
     EXPECT_THAT(platform.shownSheets, IsEmpty());
 }
 
-TEST(SuccessAlert, ofTwoSavesResetsTheFormTwice) {
+TEST(SuccessAlert, OfTwoSavesResetsTheFormTwice) {
     test::ScriptedPlatform platform;
     platform.files.folders = {"/u"};
     AppDelegate editor(platform.services());

@@ -62,7 +62,7 @@ class SavingTest : public EditorTest {
 
 // From the command to the panel
 
-TEST_F(SavingTest, aSoundFormGoesStraightToThePanel) {
+TEST_F(SavingTest, ASoundFormGoesStraightToThePanel) {
     editor.validateAgentConfig();
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre("log: Agent passed initial validation, moving on...",
@@ -74,7 +74,7 @@ TEST_F(SavingTest, aSoundFormGoesStraightToThePanel) {
     platform.cancelPanel();
 }
 
-TEST_F(SavingTest, aFaultyFormIsReportedAndMarked) {
+TEST_F(SavingTest, AFaultyFormIsReportedAndMarked) {
     form = test::nonDefaultForm(false);
     form.agentNameTextField.stringValue = "my agent";
     form.agentActionButton.selectedItem = 0;
@@ -100,7 +100,7 @@ TEST_F(SavingTest, aFaultyFormIsReportedAndMarked) {
     EXPECT_EQ(platform.journal.lines().size(), 2U);
 }
 
-TEST_F(SavingTest, theNextValidationTakesOldMarksAway) {
+TEST_F(SavingTest, TheNextValidationTakesOldMarksAway) {
     form.targetErrorImageWell.hidden = form.nameErrorImageWell.hidden = false;
     form.scheduleErrorImageWell.hidden = form.actionErrorImageWell.hidden = false;
     const auto expected = with(snapshot(form), {{"nameErrorImageWell.hidden", "yes"},
@@ -112,7 +112,7 @@ TEST_F(SavingTest, theNextValidationTakesOldMarksAway) {
     EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
 }
 
-TEST_F(SavingTest, thePanelProposesNameAndFolder) {
+TEST_F(SavingTest, ThePanelProposesNameAndFolder) {
     form.agentNameTextField.stringValue = "as typed";
     editor.saveLaunchAgent();
     const auto panel = platform.shownSavePanel();
@@ -125,7 +125,7 @@ TEST_F(SavingTest, thePanelProposesNameAndFolder) {
     platform.cancelPanel();
 }
 
-TEST_F(SavingTest, withoutAGrantThePanelChoosesItsOwnFolder) {
+TEST_F(SavingTest, WithoutAGrantThePanelChoosesItsOwnFolder) {
     platform.defaults.contents.erase("Bookmark");
     editor.saveLaunchAgent();
     EXPECT_EQ(platform.shownSavePanel().directory, std::nullopt);
@@ -135,7 +135,7 @@ TEST_F(SavingTest, withoutAGrantThePanelChoosesItsOwnFolder) {
     platform.cancelPanel();
 }
 
-TEST_F(SavingTest, cancellingThePanelDoesNothing) {
+TEST_F(SavingTest, CancellingThePanelDoesNothing) {
     openPanel();
     const auto before = snapshot(form);
     platform.cancelPanel();
@@ -146,7 +146,7 @@ TEST_F(SavingTest, cancellingThePanelDoesNothing) {
 
 // From the panel to the file
 
-TEST_F(SavingTest, everyStepIsTakenInItsOrder) {
+TEST_F(SavingTest, EveryStepIsTakenInItsOrder) {
     openPanel();
     auto expected =
         with(snapshot(form), {{"actionScriptTextView.string", std::string("\"") + command + '"'},
@@ -165,7 +165,7 @@ TEST_F(SavingTest, everyStepIsTakenInItsOrder) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, aTypedScriptHasNoExtensionToLog) {
+TEST_F(SavingTest, ATypedScriptHasNoExtensionToLog) {
     form.agentTargetButton.selectedItem = TargetType::Script;
     openPanel();
     platform.saveAs(file);
@@ -175,7 +175,7 @@ TEST_F(SavingTest, aTypedScriptHasNoExtensionToLog) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, theCommandIsCopiedWhenThePersonAskedForThat) {
+TEST_F(SavingTest, TheCommandIsCopiedWhenThePersonAskedForThat) {
     platform.defaults.contents["AutoCopyScriptsKey"] = "True";
     openPanel();
     platform.saveAs(file);
@@ -189,14 +189,14 @@ TEST_F(SavingTest, theCommandIsCopiedWhenThePersonAskedForThat) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, aQuoteInThePathIsNotEscaped) {
+TEST_F(SavingTest, AQuoteInThePathIsNotEscaped) {
     openPanel();
     platform.saveAs("/Users/maya/it's.plist");
     EXPECT_EQ(form.actionScriptTextView.string, "launchctl load '/Users/maya/it's.plist'");
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, theFormIsReadWhenThePanelCompletes) {
+TEST_F(SavingTest, TheFormIsReadWhenThePanelCompletes) {
     openPanel();
     form.agentTargetImageWell.toolTip = "/Users/maya/later.py";
     form.niceLevelSlider.value = 5.0;
@@ -209,7 +209,7 @@ TEST_F(SavingTest, theFormIsReadWhenThePanelCompletes) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, savingTwiceWritesTheSame) {
+TEST_F(SavingTest, SavingTwiceWritesTheSame) {
     for (int i = 0; i < 2; ++i) {
         openPanel();
         platform.saveAs("/Users/maya/" + std::to_string(i) + ".plist", "x.plist");
@@ -219,7 +219,7 @@ TEST_F(SavingTest, savingTwiceWritesTheSame) {
     EXPECT_EQ(contents.at("/Users/maya/0.plist"), contents.at("/Users/maya/1.plist"));
 }
 
-TEST_F(SavingTest, nothingOfTheOldFileSurvives) {
+TEST_F(SavingTest, NothingOfTheOldFileSurvives) {
     platform.files.contents[file] = Dictionary{{"Enabled", false}, {"UserName", "root"}};
     openPanel();
     platform.saveAs(file);
@@ -235,7 +235,7 @@ struct NameRow {
 
 class SavedLabel : public SavingTest, public testing::WithParamInterface<NameRow> {};
 
-TEST_P(SavedLabel, comesFromTheNameField) {
+TEST_P(SavedLabel, ComesFromTheNameField) {
     openPanel();
     platform.saveAs("/Users/maya/any.name", GetParam().nameField);
     EXPECT_THAT(log().at(1), "Agent label key: " + GetParam().label);
@@ -257,7 +257,7 @@ INSTANTIATE_TEST_SUITE_P(Names, SavedLabel, testing::ValuesIn(savedNames), Named
 
 // The success alert
 
-TEST_F(SavingTest, theSuccessAlertTellsHowToGoOn) {
+TEST_F(SavingTest, TheSuccessAlertTellsHowToGoOn) {
     openPanel();
     platform.saveAs(file);
     const auto alert = platform.shownAlert();
@@ -272,7 +272,7 @@ TEST_F(SavingTest, theSuccessAlertTellsHowToGoOn) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, continueResetsTheFormAndShowsTheCommand) {
+TEST_F(SavingTest, ContinueResetsTheFormAndShowsTheCommand) {
     openPanel();
     platform.saveAs(file);
     platform.journal.clear();
@@ -287,7 +287,7 @@ TEST_F(SavingTest, continueResetsTheFormAndShowsTheCommand) {
     EXPECT_FALSE(form.preferencesMenuItem.enabled);
 }
 
-TEST_F(SavingTest, skipResetsTheFormAndLeavesTheCommandPending) {
+TEST_F(SavingTest, SkipResetsTheFormAndLeavesTheCommandPending) {
     openPanel();
     platform.saveAs(file);
     platform.journal.clear();

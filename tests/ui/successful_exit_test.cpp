@@ -40,7 +40,7 @@ struct RiskRow {
 
 class ExitRisk : public SuccessfulExitTest, public testing::WithParamInterface<RiskRow> {};
 
-TEST_P(ExitRisk, isWarnedOf) {
+TEST_P(ExitRisk, IsWarnedOf) {
     GetParam().change(form, platform.defaults.contents);
     const auto before = snapshot(form);
     editor.validateSuccessfulExit();
@@ -123,7 +123,7 @@ const RiskRow risks[] = {
 
 INSTANTIATE_TEST_SUITE_P(Forms, ExitRisk, testing::ValuesIn(risks), NamedAfterRow());
 
-TEST_F(SuccessfulExitTest, theWarningSaysWhy) {
+TEST_F(SuccessfulExitTest, TheWarningSaysWhy) {
     editor.validateSuccessfulExit();
     const auto alert = platform.shownAlert();
     EXPECT_EQ(alert.messageText, "Potential conflict identified...");
@@ -146,7 +146,7 @@ struct DismissalRow {
 
 class Dismissal : public SuccessfulExitTest, public testing::WithParamInterface<DismissalRow> {};
 
-TEST_P(Dismissal, goesOnWithAnEmptyScriptAlone) {
+TEST_P(Dismissal, GoesOnWithAnEmptyScriptAlone) {
     editor.validateSuccessfulExit();
     // The form as it is when the alert is dismissed counts.
     form.agentTargetButton.selectedItem = GetParam().targetType;
@@ -168,7 +168,7 @@ const DismissalRow dismissals[] = {
 
 INSTANTIATE_TEST_SUITE_P(Forms, Dismissal, testing::ValuesIn(dismissals), NamedAfterRow());
 
-TEST(SuccessfulExitWarning, doesNothingOnceTheControllerIsGone) {
+TEST(SuccessfulExitWarning, DoesNothingOnceTheControllerIsGone) {
     test::ScriptedPlatform platform;
     platform.defaults.contents["WarnForSuccessfulExit"] = "True";
     auto editor = std::make_unique<AppDelegate>(platform.services());

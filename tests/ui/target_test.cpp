@@ -67,7 +67,7 @@ struct TargetTypeRow {
 
 class TargetChoice : public TargetTest, public testing::WithParamInterface<TargetTypeRow> {};
 
-TEST_P(TargetChoice, setsNoMoreAndNoLess) {
+TEST_P(TargetChoice, SetsNoMoreAndNoLess) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Items, TargetChoice, testing::ValuesIn(targetTypes), Na
 
 // The panel
 
-TEST_F(TargetTest, thePanelOffersApplicationsAndScripts) {
+TEST_F(TargetTest, ThePanelOffersApplicationsAndScripts) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -113,7 +113,7 @@ TEST_F(TargetTest, thePanelOffersApplicationsAndScripts) {
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
-TEST_F(TargetTest, cancellingThePanelTakesTargetAndScriptAway) {
+TEST_F(TargetTest, CancellingThePanelTakesTargetAndScriptAway) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -139,7 +139,7 @@ struct ChosenRow {
 
 class ChosenFile : public TargetTest, public testing::WithParamInterface<ChosenRow> {};
 
-TEST_P(ChosenFile, isShownByItsExtension) {
+TEST_P(ChosenFile, IsShownByItsExtension) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -156,7 +156,7 @@ TEST_P(ChosenFile, isShownByItsExtension) {
     }
 }
 
-TEST_P(ChosenFile, isCheckedForTheSuccessfulExit) {
+TEST_P(ChosenFile, IsCheckedForTheSuccessfulExit) {
     riskSuccessfulExit();
     openPanel();
     platform.choose(GetParam().path);
@@ -198,7 +198,7 @@ class Application : public TargetTest {
     }
 };
 
-TEST_F(Application, isRecordedByItsExecutable) {
+TEST_F(Application, IsRecordedByItsExecutable) {
     install();
     form = nonDefaultForm(true);
     riskSuccessfulExit();
@@ -232,7 +232,7 @@ class BrokenApplication : public TargetTest, public testing::WithParamInterface<
     }
 };
 
-TEST_P(BrokenApplication, isReportedAndThenCleared) {
+TEST_P(BrokenApplication, IsReportedAndThenCleared) {
     GetParam().install(platform.files);
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
@@ -259,7 +259,7 @@ TEST_P(BrokenApplication, isReportedAndThenCleared) {
     }
 }
 
-TEST_P(BrokenApplication, isCheckedForTheSuccessfulExitBeforeTheAlertIsDismissed) {
+TEST_P(BrokenApplication, IsCheckedForTheSuccessfulExitBeforeTheAlertIsDismissed) {
     GetParam().install(platform.files);
     riskSuccessfulExit();
     openPanel();
@@ -330,7 +330,7 @@ struct StoredRow {
 
 class StoredTarget : public TargetTest, public testing::WithParamInterface<StoredRow> {};
 
-TEST_P(StoredTarget, isShown) {
+TEST_P(StoredTarget, IsShown) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;

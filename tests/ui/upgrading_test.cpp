@@ -191,10 +191,10 @@ TEST_P(UpgradeFault, LeavesTheOldFile) {
 }
 
 const FaultRow faults[] = {
-    {"full_disk", [](ScriptedFiles& files) { files.diskIsFull = true; }},
-    {"read_only_folder", [](ScriptedFiles& files) { files.readOnly.insert(folder); }},
-    {"vanished_folder", [](ScriptedFiles& files) { files.folders.clear(); }},
-    {"unwritable_content", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }}};
+    {"FullDisk", [](ScriptedFiles& files) { files.diskIsFull = true; }},
+    {"ReadOnlyFolder", [](ScriptedFiles& files) { files.readOnly.insert(folder); }},
+    {"VanishedFolder", [](ScriptedFiles& files) { files.folders.clear(); }},
+    {"UnwritableContent", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }}};
 INSTANTIATE_TEST_SUITE_P(Write, UpgradeFault, testing::ValuesIn(faults), NamedAfterRow());
 
 TEST_F(Upgrading, TellsAlsoUnderTheOldNameWhenNoFileIsThere) {

@@ -70,7 +70,7 @@ const Snapshot byPath = {{"popoverScriptObject.shown", "no"},
                          {"allowSuccessfulExitCheckbox.state", "0"},
                          {"allowSuccessfulExitCheckbox.enabled", "no"}};
 
-TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
+TEST_F(WatchPath, IsAskedForOnceTheFormIsReady) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -90,7 +90,7 @@ TEST_F(WatchPath, isAskedForOnceTheFormIsReady) {
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
-TEST_F(WatchPath, cancelledReturnsToNoAction) {
+TEST_F(WatchPath, CancelledReturnsToNoAction) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -110,7 +110,7 @@ TEST_F(WatchPath, cancelledReturnsToNoAction) {
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
 }
 
-TEST_F(WatchPath, isTakenByTheFormAsItThenIs) {
+TEST_F(WatchPath, IsTakenByTheFormAsItThenIs) {
     chooseAction(AgentAction::PathModified);
     form.agentActionButton.selectedItem = AgentAction::OnSchedule;
     platform.choose("/etc/hosts");
@@ -118,7 +118,7 @@ TEST_F(WatchPath, isTakenByTheFormAsItThenIs) {
     EXPECT_EQ(form.agentActionButton.selectedItem, AgentAction::OnSchedule);
 }
 
-TEST_F(WatchPath, isAskedForAgainWheneverItsActionIsChosen) {
+TEST_F(WatchPath, IsAskedForAgainWheneverItsActionIsChosen) {
     chooseAction(AgentAction::PathModified);
     platform.choose("/etc/hosts");
     chooseAction(AgentAction::PathModified);
@@ -127,7 +127,7 @@ TEST_F(WatchPath, isAskedForAgainWheneverItsActionIsChosen) {
     EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "/etc/fstab");
 }
 
-TEST_F(WatchPath, goesWhenAnotherActionIsChosen) {
+TEST_F(WatchPath, GoesWhenAnotherActionIsChosen) {
     for (const int other : {0, 1, 2, 3, 6}) {
         chooseAction(AgentAction::PathModified);
         platform.choose("/etc/hosts");
@@ -138,7 +138,7 @@ TEST_F(WatchPath, goesWhenAnotherActionIsChosen) {
     }
 }
 
-TEST_F(WatchPath, ofVolumesNeedsNoPanel) {
+TEST_F(WatchPath, OfVolumesNeedsNoPanel) {
     chooseAction(AgentAction::VolumeMounted);
     EXPECT_FALSE(platform.isAsking());
     EXPECT_EQ(form.agentWatchPathImageWell.toolTip, "/Volumes");
@@ -154,7 +154,7 @@ struct StateRow {
 
 class AdditionalPathOff : public EditorTest, public testing::WithParamInterface<StateRow> {};
 
-TEST_P(AdditionalPathOff, goesAtOnce) {
+TEST_P(AdditionalPathOff, GoesAtOnce) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         form = start.form;
@@ -186,7 +186,7 @@ class AdditionalPath : public EditorTest {
     }
 };
 
-TEST_F(AdditionalPath, isAskedForInTheApplications) {
+TEST_F(AdditionalPath, IsAskedForInTheApplications) {
     tick(nonDefaultForm(true));
     expectFolderPanel(platform.shownOpenPanel());
     EXPECT_EQ(platform.shownOpenPanel().directory, "/Applications");
@@ -194,7 +194,7 @@ TEST_F(AdditionalPath, isAskedForInTheApplications) {
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine));
 }
 
-TEST_F(AdditionalPath, isShownWhenChosen) {
+TEST_F(AdditionalPath, IsShownWhenChosen) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         const auto before = tick(start.form);
@@ -207,7 +207,7 @@ TEST_F(AdditionalPath, isShownWhenChosen) {
     }
 }
 
-TEST_F(AdditionalPath, cancelledTurnsTheBoxOff) {
+TEST_F(AdditionalPath, CancelledTurnsTheBoxOff) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         const auto before = tick(start.form);
@@ -230,7 +230,7 @@ struct LateRow {
 
 class LateAnswer : public testing::TestWithParam<LateRow> {};
 
-TEST_P(LateAnswer, doesNothingOnceTheControllerIsGone) {
+TEST_P(LateAnswer, DoesNothingOnceTheControllerIsGone) {
     ScriptedPlatform platform;
     platform.files.folders = {"/u"};
     auto editor = std::make_unique<AppDelegate>(platform.services());
