@@ -1,4 +1,5 @@
 #include "operations/agent_deletion.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/rows.h"
 #include "tests/support/scripted_platform.h"
 
@@ -140,15 +141,8 @@ INSTANTIATE_TEST_SUITE_P(Stored, DeletionWarning, testing::ValuesIn(warnings), N
 
 TEST_F(AgentDeletionTest, AsksForTheAgent) {
     deletion.deleteLaunchAgentContinue();
-    const auto panel = platform.shownOpenPanel();
-    EXPECT_TRUE(panel.canChooseFiles);
-    EXPECT_FALSE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_EQ(panel.message, "Please choose a launch agent to delete:");
-    EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));
-    EXPECT_EQ(panel.directory, folder);
+    expectPanel(platform.shownOpenPanel(),
+                selectPanel("Please choose a launch agent to delete:", {"plist"}, folder));
     platform.abandonQuestions();
 }
 

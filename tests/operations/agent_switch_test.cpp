@@ -1,4 +1,5 @@
 #include "operations/agent_switch.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/random_values.h"
 #include "tests/support/rows.h"
 #include "tests/support/scripted_platform.h"
@@ -43,15 +44,8 @@ TEST_F(AgentSwitchTest, AsksForTheAgent) {
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre("begin: " + folder,
                             "open panel: Please choose a launch agent to enable/disable:"));
-    const auto panel = platform.shownOpenPanel();
-    EXPECT_TRUE(panel.canChooseFiles);
-    EXPECT_FALSE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_EQ(panel.message, "Please choose a launch agent to enable/disable:");
-    EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));
-    EXPECT_EQ(panel.directory, folder);
+    expectPanel(platform.shownOpenPanel(),
+                selectPanel("Please choose a launch agent to enable/disable:", {"plist"}, folder));
     platform.abandonQuestions();
 }
 

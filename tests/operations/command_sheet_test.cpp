@@ -1,5 +1,6 @@
 #include "operations/command_sheet.h"
 
+#include "tests/support/expected_panels.h"
 #include "tests/support/scripted_platform.h"
 #include "tests/support/stored_forms.h"
 
@@ -106,14 +107,7 @@ TEST_P(VerbTest, OpensThePanelInTheGrantedFolder) {
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre("begin: /Users/maya/Library/LaunchAgents",
                             std::string("open panel: ") + GetParam().message));
-    const auto panel = platform.shownOpenPanel();
-    EXPECT_TRUE(panel.canChooseFiles);
-    EXPECT_FALSE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));
-    EXPECT_EQ(panel.directory, agents);
+    expectPanel(platform.shownOpenPanel(), selectPanel(GetParam().message, {"plist"}, agents));
     EXPECT_TRUE(form.preferencesMenuItem.enabled) << "nothing is pending yet";
     platform.abandonQuestions();
 }

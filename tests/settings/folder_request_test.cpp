@@ -1,5 +1,6 @@
 #include "settings/bookmark.h"
 
+#include "tests/support/expected_panels.h"
 #include "tests/support/scripted_platform.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +10,6 @@ namespace frimbolate::test {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
@@ -39,24 +39,23 @@ TEST_F(FolderRequestTest, AsksForAFolder) {
     bookmark.scopeABookmarkWithWindow();
     EXPECT_THAT(platform.journal.lines(), ElementsAre(libraryLine, StartsWith(panelStarts)));
 
-    const auto panel = platform.shownOpenPanel();
-    EXPECT_FALSE(panel.canChooseFiles);
-    EXPECT_TRUE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_EQ(panel.suggestedName, "LaunchAgents");
-    EXPECT_TRUE(panel.canCreateDirectories);
-    EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
-    EXPECT_EQ(panel.prompt, "Choose");
-    EXPECT_EQ(panel.directory, "/Users/maya/Library/");
-    EXPECT_EQ(panel.message,
-              "Frimbolate needs access to your LaunchAgents folder. Please select it and click "
-              "\"Choose.\" \n"
-              "\n"
-              "Selecting a folder other than your LaunchAgents folder (~/Library/LaunchAgents)\n"
-              " will prevent your launch agents from running as expected.\n"
-              "\n"
-              " If a LaunchAgents folder does not exist, you must create one with the exact name "
-              "LaunchAgents (no space).");
+    OpenPanel expected;
+    expected.canChooseFiles = false;
+    expected.canChooseDirectories = true;
+    expected.canCreateDirectories = true;
+    expected.prompt = "Choose";
+    expected.directory = "/Users/maya/Library/";
+    expected.suggestedName = "LaunchAgents";
+    expected.message =
+        "Frimbolate needs access to your LaunchAgents folder. Please select it and click "
+        "\"Choose.\" \n"
+        "\n"
+        "Selecting a folder other than your LaunchAgents folder (~/Library/LaunchAgents)\n"
+        " will prevent your launch agents from running as expected.\n"
+        "\n"
+        " If a LaunchAgents folder does not exist, you must create one with the exact name "
+        "LaunchAgents (no space).";
+    expectPanel(platform.shownOpenPanel(), expected);
     platform.abandonQuestions();
 }
 

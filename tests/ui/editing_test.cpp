@@ -1,6 +1,7 @@
 // Opening an existing agent, from the toolbar to the filled form.
 #include "tests/support/agent_key_table.h"
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -179,15 +180,8 @@ TEST_F(Editing, ResetsTheFormBeforeThePanel) {
     form.advancedDrawer.open = true;
     editor.continueEditingAgent();
     EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
-    const auto panel = platform.shownOpenPanel();
-    EXPECT_TRUE(panel.canChooseFiles);
-    EXPECT_FALSE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_FALSE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_EQ(panel.message, "Please choose a launch agent to edit:");
-    EXPECT_THAT(panel.allowedFileTypes, ElementsAre("plist"));
-    EXPECT_EQ(panel.directory, agents);
+    expectPanel(platform.shownOpenPanel(),
+                selectPanel("Please choose a launch agent to edit:", {"plist"}, agents));
     EXPECT_EQ(platform.journal.lines().back(), "open panel: Please choose a launch agent to edit:");
     EXPECT_EQ(platform.journal.lines().rbegin()[1], std::string("begin: ") + agents);
     platform.abandonQuestions();
@@ -366,7 +360,8 @@ TEST_P(EditingEveryType, CostsAnAlertAtMost) {
         else if (row.failures[i] != '.')
             alerts = {"This launch agent could not be read."};
         EXPECT_EQ(platform.journal.texts("alert"), alerts);
-        EXPECT_EQ(form.agentScheduleTypeButton.selectedItem, scheduleItem(row.schedules[i]));
+        EXPECT_EQ(form.agentScheduleTypeButton.selectedItem,
+                  scheduleItem(row.schedules[i]));
         EXPECT_EQ(platform.journal.lines().back(), std::string("end: ") + agents);
         EXPECT_EQ(platform.folderAccess.begun, 0);
         if (!alerts.empty()) {

@@ -1,5 +1,6 @@
 // The paths of the drawer, chosen in a panel.
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -9,11 +10,12 @@ namespace {
 
 using test::differences;
 using test::EditorTest;
+using test::expectPanel;
 using test::NamedAfterRow;
 using test::nonDefaultForm;
+using test::selectPanel;
 using test::snapshot;
 using test::with;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct PathRow {
@@ -25,15 +27,12 @@ class PathChoice : public EditorTest, public testing::WithParamInterface<PathRow
 
 TEST_P(PathChoice, AsksForAFileOrFolder) {
     editor.choosePath(GetParam().name);
-    const OpenPanel panel = platform.shownOpenPanel();
-    EXPECT_EQ(panel.canChooseFiles, !GetParam().isFolder);
-    EXPECT_EQ(panel.canChooseDirectories, GetParam().isFolder);
-    EXPECT_EQ(panel.canCreateDirectories, GetParam().isFolder);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_EQ(panel.message, GetParam().isFolder ? "Please choose folder:" : "Please choose file:");
-    EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
-    EXPECT_FALSE(panel.directory);
+    auto expected =
+        selectPanel(GetParam().isFolder ? "Please choose folder:" : "Please choose file:");
+    expected.canChooseFiles = !GetParam().isFolder;
+    expected.canChooseDirectories = GetParam().isFolder;
+    expected.canCreateDirectories = GetParam().isFolder;
+    expectPanel(platform.shownOpenPanel(), expected);
     platform.cancelPanel();
 }
 

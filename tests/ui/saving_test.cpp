@@ -1,4 +1,5 @@
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -8,6 +9,7 @@ namespace {
 
 using test::differences;
 using test::EditorTest;
+using test::expectSavePanel;
 using test::NamedAfterRow;
 using test::snapshot;
 using test::with;
@@ -115,13 +117,10 @@ TEST_F(SavingTest, TheNextValidationTakesOldMarksAway) {
 TEST_F(SavingTest, ThePanelProposesNameAndFolder) {
     form.agentNameTextField.stringValue = "as typed";
     editor.saveLaunchAgent();
-    const auto panel = platform.shownSavePanel();
-    EXPECT_EQ(panel.nameFieldStringValue, "com.frimbolate.as typed.plist");
-    EXPECT_EQ(panel.prompt, "Save");
-    EXPECT_EQ(panel.message, "Saving outside of ~/Library/LaunchAgents\n will cause the agent not "
-                             "to run automatically.");
-    EXPECT_TRUE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.directory, agents);
+    expectSavePanel(platform.shownSavePanel(), "com.frimbolate.as typed.plist",
+                    "Saving outside of ~/Library/LaunchAgents\n will cause the agent not to run "
+                    "automatically.",
+                    agents);
     platform.cancelPanel();
 }
 

@@ -1,4 +1,5 @@
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -10,8 +11,10 @@ namespace {
 
 using test::differences;
 using test::EditorTest;
+using test::expectPanel;
 using test::NamedAfterRow;
 using test::nonDefaultForm;
+using test::selectPanel;
 using test::Snapshot;
 using test::snapshot;
 using test::with;
@@ -97,17 +100,11 @@ TEST_F(TargetTest, ThePanelOffersApplicationsAndScripts) {
         const auto before = snapshot(form);
         editor.chooseApplicationOrScript();
         expectChange(before, {{"showPopOverScriptButton.hidden", "yes"}});
-        const auto panel = platform.shownOpenPanel();
-        EXPECT_TRUE(panel.canChooseFiles);
-        EXPECT_FALSE(panel.canChooseDirectories);
-        EXPECT_TRUE(panel.resolvesAliases);
-        EXPECT_FALSE(panel.canCreateDirectories);
-        EXPECT_EQ(panel.prompt, "Select");
-        EXPECT_EQ(panel.message, "Please choose an application, script, or workflow (.app, .sh, "
-                                 ".py, .rb, .pl, .scpt, .workflow):");
-        EXPECT_THAT(panel.allowedFileTypes,
-                    ElementsAre("app", "sh", "py", "rb", "pl", "scpt", "workflow"));
-        EXPECT_EQ(panel.directory, "/Applications");
+        expectPanel(platform.shownOpenPanel(),
+                    selectPanel("Please choose an application, script, or workflow (.app, .sh, "
+                                ".py, .rb, .pl, .scpt, .workflow):",
+                                {"app", "sh", "py", "rb", "pl", "scpt", "workflow"},
+                                "/Applications"));
         platform.cancelPanel();
     }
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));

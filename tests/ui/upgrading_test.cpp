@@ -1,5 +1,6 @@
 // Agents of the earlier version, from the alert to the removal of the old file.
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -85,13 +86,10 @@ TEST_F(Upgrading, ProposesTheNewName) {
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre("log: Upgrading Agent...", "read: " + oldPath, "begin: " + folder,
                             "save panel: com.frimbolate.Backup.plist"));
-    const auto panel = platform.shownSavePanel();
-    EXPECT_EQ(panel.nameFieldStringValue, "com.frimbolate.Backup.plist");
-    EXPECT_EQ(panel.prompt, "Save");
-    EXPECT_EQ(panel.message, "Saving outside of ~/Library/LaunchAgents\n may cause the agent not "
-                             "to run automatically.");
-    EXPECT_TRUE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.directory, folder);
+    expectSavePanel(platform.shownSavePanel(), "com.frimbolate.Backup.plist",
+                    "Saving outside of ~/Library/LaunchAgents\n may cause the agent not to run "
+                    "automatically.",
+                    folder);
     platform.abandonQuestions();
 }
 

@@ -1,4 +1,5 @@
 #include "tests/support/editor_test.h"
+#include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
 
@@ -11,9 +12,11 @@ namespace {
 
 using test::differences;
 using test::EditorTest;
+using test::expectPanel;
 using test::NamedAfterRow;
 using test::nonDefaultForm;
 using test::ScriptedPlatform;
+using test::selectPanel;
 using test::Snapshot;
 using test::snapshot;
 using test::with;
@@ -22,14 +25,11 @@ using testing::IsEmpty;
 
 constexpr auto panelLine = "open panel: Please choose folder:";
 
-void expectFolderPanel(const OpenPanel& panel) {
-    EXPECT_TRUE(panel.canChooseFiles);
-    EXPECT_TRUE(panel.canChooseDirectories);
-    EXPECT_TRUE(panel.resolvesAliases);
-    EXPECT_TRUE(panel.canCreateDirectories);
-    EXPECT_EQ(panel.prompt, "Select");
-    EXPECT_EQ(panel.message, "Please choose folder:");
-    EXPECT_THAT(panel.allowedFileTypes, IsEmpty());
+OpenPanel watchPathPanel(std::optional<std::string> directory) {
+    auto panel = selectPanel("Please choose folder:", {}, std::move(directory));
+    panel.canChooseDirectories = true;
+    panel.canCreateDirectories = true;
+    return panel;
 }
 
 // The main watch path
@@ -78,8 +78,7 @@ TEST_F(WatchPath, IsAskedForOnceTheFormIsReady) {
         auto expected = with(snapshot(withInterval(form)), byPath);
         editor.chooseAgentAction();
         EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
-        expectFolderPanel(platform.shownOpenPanel());
-        EXPECT_EQ(platform.shownOpenPanel().directory, std::nullopt);
+        expectPanel(platform.shownOpenPanel(), watchPathPanel(std::nullopt));
 
         platform.choose("/Users/maya/Pictures");
         expected =
@@ -188,8 +187,7 @@ class AdditionalPath : public EditorTest {
 
 TEST_F(AdditionalPath, IsAskedForInTheApplications) {
     tick(nonDefaultForm(true));
-    expectFolderPanel(platform.shownOpenPanel());
-    EXPECT_EQ(platform.shownOpenPanel().directory, "/Applications");
+    expectPanel(platform.shownOpenPanel(), watchPathPanel("/Applications"));
     platform.cancelPanel();
     EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine));
 }
