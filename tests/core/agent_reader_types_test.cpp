@@ -30,8 +30,8 @@ int occurrences(const Lines& journal, const Lines& effects) {
     }
 }
 
-void expectOutcomeFrom(const FormModel& start, const AgentPlist& file, char failure,
-                       char schedule) {
+void expectOutcomeFrom(const FormModel& start, const AgentPlist& file, FailedStep failure,
+                       SelectedSchedule schedule) {
     RecordingHost editor(start);
     bool failed = false;
     try {
@@ -40,20 +40,22 @@ void expectOutcomeFrom(const FormModel& start, const AgentPlist& file, char fail
         failed = true;
     }
     const auto& journal = editor.journal;
-    EXPECT_EQ(failed, failure == '!');
-    EXPECT_EQ(occurrences(journal, targetFails), failure == 'P' ? 1 : 0);
-    EXPECT_EQ(occurrences(journal, advancedFail), failure == 'A' ? 1 : 0);
-    EXPECT_EQ(occurrences(journal, {keysAlert}), failure == 'P' || failure == 'A' ? 1 : 0);
+    const bool argumentsFail = failure == FailedStep::ProgramArguments;
+    const bool advancedKeysFail = failure == FailedStep::AdvancedKeys;
+    EXPECT_EQ(failed, failure == FailedStep::WholeReading);
+    EXPECT_EQ(occurrences(journal, targetFails), argumentsFail ? 1 : 0);
+    EXPECT_EQ(occurrences(journal, advancedFail), advancedKeysFail ? 1 : 0);
+    EXPECT_EQ(occurrences(journal, {keysAlert}), argumentsFail || advancedKeysFail ? 1 : 0);
     EXPECT_EQ(occurrences(journal, {lastLine}), failed ? 0 : 1);
     if (!failed) {
         EXPECT_EQ(journal.back(), lastLine);
     }
-    const auto& kept = (failure == 'P' ? newAgentForm() : start).agentScheduleTypeButton;
+    const auto& kept = (argumentsFail ? newAgentForm() : start).agentScheduleTypeButton;
     EXPECT_EQ(editor.form().agentScheduleTypeButton.selectedItem,
-              scheduleItem(schedule, kept.selectedItem));
+              schedule.value_or(kept.selectedItem));
 }
 
-void expectOutcome(const AgentPlist& file, char failure, char schedule) {
+void expectOutcome(const AgentPlist& file, FailedStep failure, SelectedSchedule schedule) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         expectOutcomeFrom(start.form, file, failure, schedule);
@@ -67,7 +69,7 @@ TEST_P(EveryType, FailsInItsOwnStep) {
     for (std::size_t i = 0; i < valueKindCount; ++i) {
         const auto& kind = valueKinds()[i];
         SCOPED_TRACE(kind.name);
-        expectOutcome(agentWith(row, kind, false), row.failures[i], row.schedules[i]);
+        expectOutcome(agentWith(row, kind, false), row.fails[i], row.selects[i]);
     }
 }
 
@@ -76,28 +78,28 @@ TEST_P(EveryType, FailsInItsOwnStepBesideASchedule) {
     for (std::size_t i = 0; i < valueKindCount; ++i) {
         const auto& kind = valueKinds()[i];
         SCOPED_TRACE(kind.name);
-        expectOutcome(agentWith(row, kind, true), row.failuresBeside[i], row.schedulesBeside[i]);
+        expectOutcome(agentWith(row, kind, true), row.failsBeside[i], row.selectsBeside[i]);
     }
 }
 
-/// Schedules of every form, and what they read as.
+/// The keys of a schedule, and the item that they select.
 struct Schedule {
     const char* name;
     Dictionary keys;
-    char letter; ///< of the table
+    SelectedSchedule selected;
 };
 
 std::vector<Schedule> schedules() {
     const auto calendar = [](Value value) { return Dictionary{{"StartCalendarInterval", value}}; };
     const Value monthly = Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", 3}};
     const Value four = Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", 3}, {"Weekday", 3}};
-    return {{"once a month", calendar(monthly), 'M'},
-            {"four entries", calendar(four), 'K'},
-            {"several calendars", calendar(Array{monthly, four}), 'I'},
-            {"broken hour", calendar(Dictionary{{"Hour", Array{}}}), 'I'},
-            {"interval", {{"StartInterval", 60}}, 'I'},
-            {"at load", {{"RunAtLoad", true}}, 'L'},
-            {"both", {{"RunAtLoad", true}, {"StartInterval", 60}}, 'I'}};
+    return {{"once a month", calendar(monthly), ScheduleType::OnceAMonth},
+            {"four entries", calendar(four), keptSelection},
+            {"several calendars", calendar(Array{monthly, four}), ScheduleType::OnInterval},
+            {"broken hour", calendar(Dictionary{{"Hour", Array{}}}), ScheduleType::OnInterval},
+            {"interval", {{"StartInterval", 60}}, ScheduleType::OnInterval},
+            {"at load", {{"RunAtLoad", true}}, ScheduleType::AtLoad},
+            {"both", {{"RunAtLoad", true}, {"StartInterval", 60}}, ScheduleType::OnInterval}};
 }
 
 class OtherKey : public testing::TestWithParam<KeyRow> {};
@@ -109,8 +111,9 @@ TEST_P(OtherKey, LeavesEverySchedule) {
             SCOPED_TRACE(std::string(valueKinds()[i].name) + ", " + schedule.name);
             auto file = agentWith(row, valueKinds()[i], false);
             file.insert(schedule.keys.begin(), schedule.keys.end());
-            const char failure = row.failuresBeside[i];
-            expectOutcome(file, failure, failure == '!' ? 'K' : schedule.letter);
+            const auto failure = row.failsBeside[i];
+            expectOutcome(file, failure,
+                          failure == FailedStep::WholeReading ? keptSelection : schedule.selected);
         }
 }
 

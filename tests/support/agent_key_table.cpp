@@ -1,67 +1,115 @@
 #include "tests/support/agent_key_table.h"
 
 #include <limits>
-#include <stdexcept>
 
 namespace frimbolate::test {
 
 namespace {
 
-// In the order of the kinds: missing, four texts, two booleans, four integers, a real, data, a
-// date, four arrays, two dictionaries.
-constexpr std::string_view none = "....................";
-constexpr std::string_view needsText = ".....AAAAAAAAAAAAAAA";
-constexpr std::string_view needsTruth = "............AAAAAAAA";
-constexpr std::string_view atLoad = "LLLLLLLLLLLLLLLLLLLL";
-constexpr std::string_view everyDay = "DDDDDDDDDDDDDDDDDDDD";
-constexpr std::string_view interval = "LIIIIIIIIIIIIIIIIIKL";
-constexpr std::string_view hourAlone = "KDDDDDDDDDDDIIIIIIII";
-constexpr std::string_view hourWeekly = "DWWWWWWWWWWWIIIIIIII";
-constexpr std::string_view weekday = "DSSWSOSWSKKTIIIIIIII";
+// The bits of a KindSet, in the order of valueKinds().
+constexpr KindSet missing{1U << 0};
+constexpr KindSet plainText{1U << 1}, emptyText{1U << 2}, numberText{1U << 3}, yesText{1U << 4};
+constexpr KindSet trueValue{1U << 5}, falseValue{1U << 6};
+constexpr KindSet three{1U << 7}, zero{1U << 8}, leastInteger{1U << 9}, greatestInteger{1U << 10};
+constexpr KindSet real{1U << 11};
+constexpr KindSet arrayOfText{1U << 14}, emptyArray{1U << 15}, arrayOfNumber{1U << 16};
+constexpr KindSet arrayOfThreeTexts{1U << 17};
+constexpr KindSet fullDictionary{1U << 18}, emptyDictionary{1U << 19};
+
+constexpr KindSet texts = plainText | emptyText | numberText | yesText;
+constexpr KindSet booleans = trueValue | falseValue;
+constexpr KindSet numbers = three | zero | leastInteger | greatestInteger | real;
+constexpr KindSet dictionaries = fullDictionary | emptyDictionary;
+/// What has no truth value and is no number: data, dates, arrays and dictionaries.
+constexpr KindSet noScalars = ~(missing | texts | booleans | numbers);
+
+using Fails = PerKind<FailedStep>;
+using Selects = PerKind<SelectedSchedule>;
+using enum FailedStep;
+
+constexpr Fails nothing(None);
+constexpr Fails needsText = nothing.where(~(missing | texts), AdvancedKeys);
+constexpr Fails needsTruth = nothing.where(noScalars, AdvancedKeys);
+constexpr Fails needsLabel = nothing.where(~texts, WholeReading);
+constexpr Fails needsArguments = nothing.where(
+    ~(missing | texts | arrayOfText | emptyArray | arrayOfThreeTexts), ProgramArguments);
+constexpr Fails needsExitTruth = nothing.where(noScalars, WholeReading);
+constexpr Fails needsFolders =
+    nothing.where(~(missing | arrayOfText | arrayOfThreeTexts), AdvancedKeys);
+constexpr Fails needsArray = nothing.where(
+    ~(missing | arrayOfText | emptyArray | arrayOfNumber | arrayOfThreeTexts), AdvancedKeys);
+constexpr Fails needsPaths = needsArray.where(arrayOfNumber, AdvancedKeys);
+
+constexpr Selects atLoad(ScheduleType::AtLoad);
+constexpr Selects everyDay(ScheduleType::EveryDay);
+constexpr Selects onInterval(ScheduleType::OnInterval);
+constexpr Selects kept(keptSelection);
+constexpr Selects interval = onInterval.where(missing | emptyDictionary, ScheduleType::AtLoad)
+                                 .where(fullDictionary, keptSelection);
+constexpr Selects timeOfDay =
+    everyDay.where(missing, keptSelection).where(noScalars, ScheduleType::OnInterval);
+constexpr Selects timeOfWeek = Selects(ScheduleType::EveryWednesday)
+                                   .where(missing, ScheduleType::EveryDay)
+                                   .where(noScalars, ScheduleType::OnInterval);
+constexpr Selects dayOfMonth = Selects(ScheduleType::OnceAMonth)
+                                   .where(missing, ScheduleType::EveryDay)
+                                   .where(noScalars, ScheduleType::OnInterval);
+constexpr Selects weekday = Selects(ScheduleType::EverySunday)
+                                .where(missing, ScheduleType::EveryDay)
+                                .where(trueValue, ScheduleType::EveryMonday)
+                                .where(real, ScheduleType::EveryTuesday)
+                                .where(numberText | three, ScheduleType::EveryWednesday)
+                                .where(leastInteger | greatestInteger, keptSelection)
+                                .where(noScalars, ScheduleType::OnInterval);
+constexpr Selects watchedPaths =
+    onInterval.where(missing, ScheduleType::AtLoad)
+        .where(arrayOfText | emptyArray | arrayOfThreeTexts, ScheduleType::NoSelection);
+constexpr Selects onMount =
+    Selects(ScheduleType::NoSelection).where(missing | emptyText, ScheduleType::AtLoad);
 
 constexpr const char* calendar = "StartCalendarInterval";
 
-constexpr KeyRow rows[] = {
-    {"Label", "Label", nullptr, "!....!!!!!!!!!!!!!!!", "KLLLLKKKKKKKKKKKKKKK",
-     "!....!!!!!!!!!!!!!!!", "KDDDDKKKKKKKKKKKKKKK"},
-    {"ProgramArguments", "ProgramArguments", nullptr, ".....PPPPPPPPP..P.PP", atLoad,
-     ".....PPPPPPPPP..P.PP", everyDay},
-    {"KeepAlive", "KeepAlive", nullptr, none, atLoad, none, everyDay},
-    {"SuccessfulExit", "SuccessfulExit", "KeepAlive", "............!!!!!!!!",
-     "LLLLLLLLLLLLKKKKKKKK", "............!!!!!!!!", "DDDDDDDDDDDDKKKKKKKK"},
-    {"RunAtLoad", "RunAtLoad", nullptr, needsTruth, atLoad, needsTruth, everyDay, true},
-    {"StartInterval", "StartInterval", nullptr, none, interval, none, "DIIIIIIIIIIIIIIIIIDD", true},
-    {"StartCalendarInterval", calendar, nullptr, none, interval, none, interval, true},
-    {"Hour", "Hour", calendar, none, hourAlone, none, hourWeekly, true},
-    {"Minute", "Minute", calendar, none, hourAlone, none, hourWeekly, true},
-    {"Day", "Day", calendar, none, "DMMMMMMMMMMMIIIIIIII", none, "WKKKKKKKKKKKKKKKKKKK", true},
-    {"Weekday", "Weekday", calendar, none, weekday, none, weekday, true},
-    // A path that is no text fails only when the action has been taken from it already.
-    {"WatchPaths", "WatchPaths", nullptr, ".AAAAAAAAAAAAA....AA", "LIIIIIIIIIIIIINNINII",
-     ".AAAAAAAAAAAAA..A.AA", everyDay},
-    {"StartOnMount", "StartOnMount", nullptr, needsTruth, "LNLNNNNNNNNNNNNNNNNN", needsTruth,
-     everyDay},
-    {"EnableGlobbing", "EnableGlobbing", nullptr, needsTruth, atLoad, needsTruth, everyDay},
-    {"LowPriorityIo", "LowPriorityIO", nullptr, needsTruth, atLoad, needsTruth, everyDay},
-    {"Nice", "Nice", nullptr, needsTruth, atLoad, needsTruth, everyDay},
-    {"WorkingDirectory", "WorkingDirectory", nullptr, needsText, atLoad, needsText, everyDay},
-    {"RootDirectory", "RootDirectory", nullptr, needsText, atLoad, needsText, everyDay},
-    {"QueueDirectories", "QueueDirectories", nullptr, ".AAAAAAAAAAAAA.AA.AA", atLoad,
-     ".AAAAAAAAAAAAA.AA.AA", everyDay},
-    {"StandardIn", "StandardInPath", nullptr, needsText, atLoad, needsText, everyDay},
-    {"StandardOut", "StandardOutPath", nullptr, needsText, atLoad, needsText, everyDay},
-    {"StandardError", "StandardErrorPath", nullptr, needsText, atLoad, needsText, everyDay},
-    {"AKeyNeverLookedAt", "Enabled", nullptr, none, atLoad, none, everyDay}};
-
-constexpr bool areComplete() {
-    for (const auto& row : rows)
-        for (const auto& column :
-             {row.failures, row.schedules, row.failuresBeside, row.schedulesBeside})
-            if (column.size() != valueKindCount)
-                return false;
-    return true;
+/// A key of the schedule: it never fails, and decides the selection.
+constexpr KeyRow ofSchedule(const char* name, const char* key, const char* inside, Selects selects,
+                            Selects selectsBeside) {
+    return {name, key, inside, nothing, selects, nothing, selectsBeside, true};
 }
-static_assert(areComplete());
+
+/// A key that leaves the schedule as it is.
+constexpr KeyRow beside(const char* name, const char* key, Fails fails) {
+    return {name, key, nullptr, fails, atLoad, fails, everyDay};
+}
+
+constexpr KeyRow rows[] = {
+    {"Label", "Label", nullptr, needsLabel, kept.where(texts, ScheduleType::AtLoad), needsLabel,
+     kept.where(texts, ScheduleType::EveryDay)},
+    beside("ProgramArguments", "ProgramArguments", needsArguments),
+    beside("KeepAlive", "KeepAlive", nothing),
+    {"SuccessfulExit", "SuccessfulExit", "KeepAlive", needsExitTruth,
+     atLoad.where(noScalars, keptSelection), needsExitTruth,
+     everyDay.where(noScalars, keptSelection)},
+    {"RunAtLoad", "RunAtLoad", nullptr, needsTruth, atLoad, needsTruth, everyDay, true},
+    ofSchedule("StartInterval", "StartInterval", nullptr, interval,
+               onInterval.where(missing | dictionaries, ScheduleType::EveryDay)),
+    ofSchedule("StartCalendarInterval", calendar, nullptr, interval, interval),
+    ofSchedule("Hour", "Hour", calendar, timeOfDay, timeOfWeek),
+    ofSchedule("Minute", "Minute", calendar, timeOfDay, timeOfWeek),
+    ofSchedule("Day", "Day", calendar, dayOfMonth,
+               kept.where(missing, ScheduleType::EveryWednesday)),
+    ofSchedule("Weekday", "Weekday", calendar, weekday, weekday),
+    // A path that is no text fails only when the action has been taken from it already.
+    {"WatchPaths", "WatchPaths", nullptr, needsArray, watchedPaths, needsPaths, everyDay},
+    {"StartOnMount", "StartOnMount", nullptr, needsTruth, onMount, needsTruth, everyDay},
+    beside("EnableGlobbing", "EnableGlobbing", needsTruth),
+    beside("LowPriorityIo", "LowPriorityIO", needsTruth),
+    beside("Nice", "Nice", needsTruth),
+    beside("WorkingDirectory", "WorkingDirectory", needsText),
+    beside("RootDirectory", "RootDirectory", needsText),
+    beside("QueueDirectories", "QueueDirectories", needsFolders),
+    beside("StandardIn", "StandardInPath", needsText),
+    beside("StandardOut", "StandardOutPath", needsText),
+    beside("StandardError", "StandardErrorPath", needsText),
+    beside("AKeyNeverLookedAt", "Enabled", nothing)};
 
 } // namespace
 
@@ -90,33 +138,6 @@ const std::array<ValueKind, valueKindCount>& valueKinds() {
          {"dictionary", Dictionary{{"a", "b"}}},
          {"empty dictionary", Dictionary{}}}};
     return kinds;
-}
-
-int scheduleItem(char letter, int kept) {
-    switch (letter) {
-    case 'K':
-        return kept;
-    case 'D':
-        return ScheduleType::EveryDay;
-    case 'S':
-        return ScheduleType::EverySunday;
-    case 'O':
-        return ScheduleType::EveryMonday;
-    case 'T':
-        return ScheduleType::EveryTuesday;
-    case 'W':
-        return ScheduleType::EveryWednesday;
-    case 'M':
-        return ScheduleType::OnceAMonth;
-    case 'L':
-        return ScheduleType::AtLoad;
-    case 'I':
-        return ScheduleType::OnInterval;
-    case 'N':
-        return ScheduleType::NoSelection;
-    default:
-        throw std::invalid_argument("no letter of the table");
-    }
 }
 
 AgentPlist agentWith(const KeyRow& row, const ValueKind& kind, bool beside) {

@@ -1,14 +1,14 @@
-// What each key of an agent file costs when it holds a value of each type: the one table that
-// every test of odd agents reads.
+// What each key of an agent file does when it holds a value of each type: which step of the reading
+// fails, and which schedule is selected in the end. Every test of odd agents reads this table.
 #pragma once
 
 #include "core/agent_plist.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
-#include <string_view>
 
 namespace frimbolate::test {
 
@@ -20,25 +20,50 @@ struct ValueKind {
 inline constexpr std::size_t valueKindCount = 20;
 const std::array<ValueKind, valueKindCount>& valueKinds();
 
-/// A key with an outcome per kind, in the order of valueKinds():
-///   failures    '.' none, '!' the whole reading, 'P' the program arguments, 'A' the advanced keys
-///   schedules   the item selected in the end: 'K' the one that was selected before, 'D' every
-///               day, 'S' 'O' 'T' 'W' Sunday to Wednesday, 'M' once a month, 'L' at load, 'I' on
-///               interval, 'N' no selection
+/// Some of the kinds, by their index in valueKinds().
+struct KindSet {
+    std::uint32_t bits;
+
+    constexpr bool contains(std::size_t kind) const { return (bits >> kind & 1U) != 0; }
+    constexpr KindSet operator|(KindSet other) const { return {bits | other.bits}; }
+    constexpr KindSet operator~() const { return {~bits}; }
+};
+
+/// A value per kind.
+template <typename T>
+struct PerKind {
+    std::array<T, valueKindCount> values;
+
+    constexpr explicit PerKind(T everywhere) { values.fill(everywhere); }
+    constexpr PerKind where(KindSet kinds, T value) const {
+        PerKind result = *this;
+        for (std::size_t kind = 0; kind < valueKindCount; ++kind)
+            if (kinds.contains(kind))
+                result.values[kind] = value;
+        return result;
+    }
+    constexpr T operator[](std::size_t kind) const { return values[kind]; }
+};
+
+/// The step of the reading that a value makes fail.
+enum class FailedStep { None, WholeReading, ProgramArguments, AdvancedKeys };
+
+/// The schedule item selected in the end, or the one that was selected before the reading.
+using SelectedSchedule = std::optional<int>;
+inline constexpr SelectedSchedule keptSelection = std::nullopt;
+
 struct KeyRow {
     const char* name;
     const char* key;
     const char* inside; ///< the dictionary that holds the key, or null
-    std::string_view failures, schedules;
+    PerKind<FailedStep> fails;
+    PerKind<SelectedSchedule> selects;
     // The same beside a schedule: a daily one, or a weekly one for the keys of the calendar.
-    std::string_view failuresBeside, schedulesBeside;
+    PerKind<FailedStep> failsBeside;
+    PerKind<SelectedSchedule> selectsBeside;
     bool isOfSchedule = false; ///< the key itself decides the schedule, whatever stands beside it
 };
 std::span<const KeyRow> keyRows();
-
-/// The schedule item that a letter of the table stands for.
-/// \param kept the item selected before the reading; a new agent's unless told otherwise
-int scheduleItem(char letter, int kept = ScheduleType::EveryDay);
 
 /// A sound agent whose key holds the value, with or without a schedule beside it.
 AgentPlist agentWith(const KeyRow& row, const ValueKind& kind, bool beside);

@@ -355,13 +355,13 @@ TEST_P(EditingEveryType, CostsAnAlertAtMost) {
         SCOPED_TRACE(valueKinds()[i].name);
         choose(own, agentWith(row, valueKinds()[i], false));
         std::vector<std::string> alerts;
-        if (row.failures[i] == '!')
+        if (row.fails[i] == FailedStep::WholeReading)
             alerts = {unreadable};
-        else if (row.failures[i] != '.')
+        else if (row.fails[i] != FailedStep::None)
             alerts = {"This launch agent could not be read."};
         EXPECT_EQ(platform.journal.texts("alert"), alerts);
         EXPECT_EQ(form.agentScheduleTypeButton.selectedItem,
-                  scheduleItem(row.schedules[i]));
+                  row.selects[i].value_or(ScheduleType::EveryDay));
         EXPECT_EQ(platform.journal.lines().back(), std::string("end: ") + agents);
         EXPECT_EQ(platform.folderAccess.begun, 0);
         if (!alerts.empty()) {
