@@ -1,4 +1,4 @@
-// The advanced keys and the additional conditions.
+// Writing the advanced keys and the additional conditions.
 #include "tests/core/written_forms.h"
 #include "tests/support/rows.h"
 

@@ -1,4 +1,4 @@
-// The keys of the advanced drawer.
+// Reading the keys of the advanced drawer.
 #include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
@@ -12,11 +12,11 @@ namespace {
 
 class AdvancedKeys : public testing::TestWithParam<ReaderRow> {};
 
-/// Each beside a daily schedule.
+/// Each row is read beside a daily schedule.
 TEST_P(AdvancedKeys, ReadAs) {
     auto row = GetParam();
     row.keys.emplace("StartCalendarInterval", daily());
-    row.sets = dailyPicture() + row.sets;
+    row.sets = dailySnapshot() + row.sets;
     row.primary = dailyLines();
     expectReads(row);
 }
@@ -149,7 +149,7 @@ std::vector<ReaderRow> additional() {
 }
 INSTANTIATE_TEST_SUITE_P(Also, AdvancedKeys, testing::ValuesIn(additional()), NamedAfterRow());
 
-/// All at once, in the order in which they are looked at.
+/// The file lists the keys in another order.
 TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
     RecordingHost editor;
     const Value queue = Array{Value("/q")};
@@ -192,15 +192,15 @@ TEST(AdvancedKeysTogether, AreReadInTheirOrder) {
                      "log: Completed evaluating keys for advanced drawer"}));
 }
 
-/// Keeps the file whose advanced keys the reader wants read, and does not read them.
-class KeepingEditor : public RecordingHost {
+/// Records the files whose advanced keys the reader asks for, and reads none of them.
+class KeepingHost : public RecordingHost {
   public:
     void lookForAdvancedKeys(const AgentPlist& file) override { files.push_back(file); }
     std::vector<AgentPlist> files;
 };
 
 TEST(AdvancedKeysTogether, AreReadByTheEditorBeforeTheReadingEnds) {
-    KeepingEditor editor;
+    KeepingHost editor;
     const AgentPlist file = {
         {"Label", "com.frimbolate.Backup"}, {"StartCalendarInterval", daily()}, {"Nice", 5}};
     AgentReader(editor).read(file);
@@ -223,7 +223,7 @@ TEST(AdvancedKeysTogether, EndAtTheFirstThatFails) {
     }
 }
 
-// What the person's defaults have to do with it
+// The defaults of the preferences
 
 struct DefaultRow {
     const char* name;

@@ -1,4 +1,4 @@
-// The schedule: calendar, interval, and what an agent without either is started by.
+// Reading the schedule: calendar, interval, and the triggers of an agent without either.
 #include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
@@ -21,7 +21,7 @@ Dictionary with(Dictionary keys, const char* key, Value value) {
     return keys;
 }
 
-/// What is set of any calendar, and of none.
+/// The properties that every calendar sets, and a missing one too.
 const Snapshot anyCalendar = {{"agentIntervalField.hidden", "yes"},
                               {"agentScheduleDatePicker.width", "146"}};
 
@@ -29,7 +29,7 @@ Snapshot at(const std::string& time) {
     return anyCalendar + Snapshot{{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
 }
 
-/// What a calendar that can be read shows.
+/// The properties that a readable calendar sets.
 const Snapshot shown = {{"agentScheduleDatePicker.hidden", "no"},
                         {"agentScheduleTypeButton.width", "160"}};
 
@@ -114,7 +114,7 @@ ReaderRow monthly(const char* name, Value day, const std::string& text) {
 }
 
 std::vector<ReaderRow> weekdays() {
-    const Snapshot nothing; // the selection stays as it was
+    const Snapshot nothing; // keeps the selection
     return {weekly("Sunday", 0, selected(ScheduleType::EverySunday)),
             weekly("Monday", 1, selected(ScheduleType::EveryMonday)),
             weekly("Tuesday", 2, selected(ScheduleType::EveryTuesday)),
@@ -152,7 +152,7 @@ std::vector<ReaderRow> monthDays() {
 }
 INSTANTIATE_TEST_SUITE_P(MonthDay, ScheduleKeys, testing::ValuesIn(monthDays()), NamedAfterRow());
 
-// Any other number, and what is no calendar
+// Any other number of entries, and values that are no calendar
 
 std::vector<ReaderRow> oddCalendars() {
     const Value one = Dictionary{{"Minute", 5}};
@@ -205,13 +205,13 @@ std::vector<ReaderRow> intervals() {
              interval("60"),
              asInterval},
             {"ADictionaryIsNone", with(calendar(daily()), "StartInterval", Dictionary{{"a", 1}}),
-             dailyPicture(), dailyLines()},
+             dailySnapshot(), dailyLines()},
             {"AnEmptyDictionaryIsNone", with(calendar(daily()), "StartInterval", Dictionary{}),
-             dailyPicture(), dailyLines()}};
+             dailySnapshot(), dailyLines()}};
 }
 INSTANTIATE_TEST_SUITE_P(Interval, ScheduleKeys, testing::ValuesIn(intervals()), NamedAfterRow());
 
-// Neither
+// Neither calendar nor interval
 
 Snapshot watched(const std::string& path) {
     return wide(ScheduleType::NoSelection) + at("0:0") +
@@ -293,7 +293,7 @@ std::vector<ReaderRow> triggers() {
 }
 INSTANTIATE_TEST_SUITE_P(Trigger, ScheduleKeys, testing::ValuesIn(triggers()), NamedAfterRow());
 
-/// Run at load is read first, and whatever schedule there is takes its place.
+/// RunAtLoad is read first, and any schedule replaces its selection.
 std::vector<ReaderRow> afterRunAtLoad() {
     const Snapshot also = {{"alsoRunAtLoadCheckbox.state", "1"},
                            {"alsoRunAtLoadCheckbox.enabled", "yes"},
@@ -307,7 +307,7 @@ std::vector<ReaderRow> afterRunAtLoad() {
         row.sets = row.sets + also;
         row.advanced = {"drawer"};
     }
-    // An eighth day and a fourth entry select nothing, so that run at load stays selected.
+    // An eighth weekday and a single entry select nothing, so "At Load" stays selected.
     auto eighth = weekly("EighthDayAfter", 8, {});
     eighth.sets = atLoad + eighth.sets;
     const Value one = Dictionary{{"Minute", 5}};

@@ -1,4 +1,4 @@
-// Origin, name, target, action and run at load.
+// Reading origin, name, target, action and RunAtLoad.
 #include "tests/core/recording_host.h"
 #include "tests/support/rows.h"
 
@@ -20,7 +20,9 @@ struct OriginRow {
 
 class Origin : public testing::TestWithParam<OriginRow> {};
 
-TEST_P(Origin, IsToldByThePath) { EXPECT_EQ(agentOrigin(GetParam().path), GetParam().origin); }
+TEST_P(Origin, IsRecognizedByThePath) {
+    EXPECT_EQ(agentOrigin(GetParam().path), GetParam().origin);
+}
 
 constexpr OriginRow origins[] = {
     {"Own", "/L/com.frimbolate.Backup.plist", AgentOrigin::Own},
@@ -44,13 +46,13 @@ struct NameRow {
     const char* expected;
 };
 
-class BareName : public testing::TestWithParam<NameRow> {};
+class AgentNameFromLabel : public testing::TestWithParam<NameRow> {};
 
-TEST_P(BareName, IsTheLabelWithoutThreeParts) {
+TEST_P(AgentNameFromLabel, IsTheLabelWithoutThreeParts) {
     EXPECT_EQ(agentNameFromLabel(GetParam().label), GetParam().expected);
 }
 
-TEST_P(BareName, IsWhatTheFormShows) {
+TEST_P(AgentNameFromLabel, IsWhatTheFormShows) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
         RecordingHost editor(start.form);
@@ -59,7 +61,7 @@ TEST_P(BareName, IsWhatTheFormShows) {
     }
 }
 
-constexpr NameRow bareNames[] = {
+constexpr NameRow agentNames[] = {
     {"Own", "com.frimbolate.Backup", "Backup"},
     {"Earlier", "com.fr\u0131mbolate.Backup", "Backup"},
     {"Foreign", "org.example.Backup", "org.example.Backup"},
@@ -72,12 +74,14 @@ constexpr NameRow bareNames[] = {
     {"SuffixInTheMiddle", "com.frimbolate.x.plist.old", "x.old"},
     {"OtherCase", "COM.frimbolate.x.PLIST", "COM.frimbolate.x.PLIST"},
     {"OnePassOnly", "com.frimcom.frimbolate.bolate.x", "com.frimbolate.x"},
-    // The order of the three removals shows where one uncovers another.
+    // The three removals run in a fixed order: a part that one of them uncovers goes only if its
+    // own removal is still to come.
     {"EarlierUncoveredByOwn", "com.fr\u0131mcom.frimbolate.bolate.x", "x"},
     {"OwnUncoveredByEarlier", "com.frimcom.fr\u0131mbolate.bolate.x", "com.frimbolate.x"},
     {"SuffixUncoveredByOwn", ".plicom.frimbolate.st", ""},
     {"OwnUncoveredBySuffix", "com.frim.plistbolate.x", "com.frimbolate.x"}};
-INSTANTIATE_TEST_SUITE_P(Reader, BareName, testing::ValuesIn(bareNames), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Reader, AgentNameFromLabel, testing::ValuesIn(agentNames),
+                         NamedAfterRow());
 
 TEST(AgentReader, HasNoNameWithoutALabel) {
     for (const auto& start : startForms()) {
@@ -95,14 +99,14 @@ TEST(AgentReader, HasNoNameWithoutALabel) {
     }
 }
 
-// Target, action and run at load, each with a daily schedule
+// Target, action and RunAtLoad, each with a daily schedule
 
 class PrimaryKeys : public testing::TestWithParam<ReaderRow> {};
 
 TEST_P(PrimaryKeys, ReadAs) {
     auto row = GetParam();
     row.keys.emplace("StartCalendarInterval", daily());
-    row.sets = dailyPicture() + row.sets;
+    row.sets = dailySnapshot() + row.sets;
     row.primary = row.primary + dailyLines();
     expectReads(row);
 }
@@ -121,7 +125,7 @@ Snapshot script(const std::string& text) {
             {"popoverScriptObject.shown", "yes"}};
 }
 
-/// The alert comes before the reset that empties what was read until then.
+/// The alert precedes the reset, which clears what was read before.
 const Lines unreadableTarget = {
     "log: ProgramArguments key could not be read or key contained unexpected content.", keysAlert,
     "reset"};
@@ -218,7 +222,7 @@ TEST(AgentReader, LeavesTheStepOfTheActionWhenAConditionHasNoTruth) {
     EXPECT_EQ(editor.form().agentActionButton.selectedItem, AgentAction::KeepRunning);
 }
 
-/// Beside a daily schedule, which takes the selection of run at load away again.
+/// Each row is read beside a daily schedule, which replaces the selection of RunAtLoad.
 std::vector<ReaderRow> runAtLoad() {
     const auto key = [](Value value) { return Dictionary{{"RunAtLoad", std::move(value)}}; };
     const Snapshot also = {{"alsoRunAtLoadCheckbox.state", "1"},

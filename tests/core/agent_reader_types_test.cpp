@@ -1,4 +1,4 @@
-// Every key with a value of every type: what fails, fails in its own step and nowhere else.
+// Every key with a value of every type: a value of a wrong type fails its own step and no other.
 #include "tests/core/recording_host.h"
 #include "tests/support/agent_key_table.h"
 #include "tests/support/rows.h"
@@ -19,7 +19,7 @@ const Lines targetFails = {
 const Lines advancedFail = {keysAlert, "log: Completed evaluating keys for advanced drawer"};
 constexpr const char* lastLine = "log: Completed evaluating primary keys for editing";
 
-/// How often some effects follow each other in a journal.
+/// How often a sequence of effects occurs in a journal.
 int occurrences(const Lines& journal, const Lines& effects) {
     int count = 0;
     for (auto at = journal.begin();; ++at) {

@@ -16,7 +16,7 @@ constexpr std::string_view end = ", so it may do more than it shows. Change the 
 struct Row {
     std::string_view name;
     std::string path;
-    std::string_view culprit; ///< empty where there is nothing to warn of
+    std::string_view culprit; ///< as the warning names it; empty where no warning is due
 };
 
 class CommandWarning : public testing::TestWithParam<Row> {};

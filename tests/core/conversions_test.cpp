@@ -63,13 +63,13 @@ const IntegerRow integers[] = {
 
 INSTANTIATE_TEST_SUITE_P(Texts, LeadingInteger, testing::ValuesIn(integers), NamedAfterRow());
 
-/// Texts of the same beginning that end with each digit.
+/// Numbers that share all digits but the last, which runs from 0 to 9.
 struct LastDigitRow {
     std::string_view name;
     std::string beginning;
-    std::int64_t withZero; ///< the integer of a minus, the beginning and a last digit 0
+    std::int64_t withZero; ///< the integer of "-", the beginning and a last digit 0
     int greatest;          ///< the greatest last digit that does not saturate; -1 for none
-    int greatestNegative;  ///< the same behind a minus
+    int greatestNegative;  ///< the same for a negative number
 };
 
 class LastDigit : public testing::TestWithParam<LastDigitRow> {};
@@ -141,7 +141,7 @@ struct TruthRow {
 
 class Truth : public testing::TestWithParam<TruthRow> {};
 
-TEST_P(Truth, IsToldOfTextsAndNumbers) {
+TEST_P(Truth, ReadsTextsAndNumbers) {
     EXPECT_EQ(toBool(GetParam().value), GetParam().expected);
     EXPECT_EQ(toBoolOrFalse(GetParam().value), GetParam().expected);
     if (const auto* text = GetParam().value.string()) {
@@ -149,7 +149,7 @@ TEST_P(Truth, IsToldOfTextsAndNumbers) {
     }
 }
 
-TEST(TruthOfText, EndsWithTheText) {
+TEST(ParseBool, EndsWithTheText) {
     EXPECT_FALSE(parseBool(std::string_view("0yes", 1)));
     EXPECT_FALSE(parseBool(std::string_view(" 1", 1)));
     EXPECT_FALSE(parseBool(std::string_view("-1", 1)));
@@ -244,7 +244,7 @@ const TruthRow noNumbers[] = {
 
 INSTANTIATE_TEST_SUITE_P(Values, NoNumber, testing::ValuesIn(noNumbers), NamedAfterRow());
 
-TEST(Conversions, TextOfTextsAndNumbers) {
+TEST(Conversions, DisplayStringsOfTextsAndNumbers) {
     EXPECT_EQ(toDisplayString(Value("as it is \"so\"")), "as it is \"so\"");
     EXPECT_EQ(toDisplayString(Value("")), "");
     EXPECT_EQ(toDisplayString(Value(-20)), "-20");
@@ -263,7 +263,7 @@ struct PiecesRow {
 
 class Pieces : public testing::TestWithParam<PiecesRow> {};
 
-TEST_P(Pieces, StandBeforeTheFirstSeparatorAndBehindTheLast) {
+TEST_P(Pieces, SplitAtTheSeparator) {
     EXPECT_EQ(beforeFirst(GetParam().text, GetParam().separator), GetParam().first);
     EXPECT_EQ(afterLast(GetParam().text, GetParam().separator), GetParam().last);
 }

@@ -13,7 +13,7 @@ namespace {
 
 using test::NamedAfterRow;
 
-/// A change of one control, and the change of the record that goes with it.
+/// A change of one control, and the change of the record that follows from it.
 struct FieldRow {
     std::string_view name;
     std::function<void(FormModel&)> changeControl;
@@ -159,7 +159,7 @@ TEST(Image, IsEqualWhenItIsTheSame) {
     EXPECT_FALSE(Image::resource("a") == Image::resource("b"));
 }
 
-TEST(ImageWell, LosesItsImageAndPathButStaysInSight) {
+TEST(ImageWell, LosesItsImageAndPathButStaysVisible) {
     ImageWell well{Image::iconForFile("/a"), "/a", true};
     well.clear();
     EXPECT_EQ(well.image, Image::none());

@@ -15,7 +15,7 @@ using test::NamedAfterRow;
 
 const TextStyle style{.home = "/Users/ada", .clock = ClockFormat::TwelveHours};
 
-/// Complete: every day at 07:30 PM.
+/// A valid form: every day at 07:30 PM.
 FormModel soundModel() {
     FormModel model;
     model.agentNameTextField.stringValue = "Backup";

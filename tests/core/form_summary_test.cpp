@@ -17,7 +17,7 @@ using Change = std::function<void(AgentForm&)>;
 
 constexpr std::string_view home = "/Users/ada";
 
-/// Complete as it stands: backup.sh every Wednesday at 07:05.
+/// A valid form: backup.sh every Wednesday at 07:05.
 AgentForm soundForm() {
     AgentForm form;
     form.name = "Backup";
@@ -118,9 +118,9 @@ std::string rowName(const testing::TestParamInfo<Row>& info) {
     return std::string(info.param.name);
 }
 
-class PlanSentence : public testing::TestWithParam<Row> {};
+class FormSummary : public testing::TestWithParam<Row> {};
 
-TEST_P(PlanSentence, SaysWhatWillHappen) {
+TEST_P(FormSummary, SaysWhatWillHappen) {
     EXPECT_EQ(sentenceOf(changed(GetParam().change), home), GetParam().expected);
 }
 
@@ -242,9 +242,9 @@ const Row sentences[] = {
      "The name may hold only a to z, A to Z, 0 to 9 and _; the day of the month must be 1 to 31."},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, PlanSentence, testing::ValuesIn(sentences), rowName);
+INSTANTIATE_TEST_SUITE_P(Table, FormSummary, testing::ValuesIn(sentences), rowName);
 
-TEST(PlanSentenceAlone, ShowsPathsInFullWithoutAHome) {
+TEST(FormSummaryAlone, ShowsPathsInFullWithoutAHome) {
     EXPECT_EQ(sentenceOf(changed(action(AgentAction::PathModified, "/Users/ada/Pictures"))),
               "Runs backup.sh when /Users/ada/Pictures changes.");
 }
@@ -254,7 +254,7 @@ struct HintRow {
     Change change;
     std::string RowHints::*hint;
     std::string_view expected;      ///< while no marker is shown
-    std::string_view expectedFault; ///< once validation has shown its markers
+    std::string_view expectedFault; ///< once the markers are shown
 };
 
 std::string hintRowName(const testing::TestParamInfo<HintRow>& info) {
@@ -274,7 +274,7 @@ TEST_P(RowHint, SaysTheFaultOnceItIsMarked) {
     EXPECT_EQ(hints.*GetParam().hint, GetParam().expectedFault);
 }
 
-/// A row that is not at fault says the same, whatever validation found elsewhere.
+/// A valid row, whose hint does not depend on the markers.
 HintRow sound(std::string_view name, Change change, std::string RowHints::*hint,
               std::string_view expected) {
     return {name, std::move(change), hint, expected, expected};
@@ -344,7 +344,7 @@ TEST(RowHintAlone, GoesBackToItsMeaningWhenTheFaultIsMended) {
     EXPECT_EQ(hintsOf(soundForm(), shownMarkers).name, "com.frimbolate.Backup.plist");
 }
 
-/// A line that validation knows and the hints do not would leave a marked row without its words.
+/// A fault that has no hint would leave a marked row without an explanation.
 TEST(RowHintAlone, LeavesNoMarkedRowWithoutItsFault) {
     for (const auto& row : hintRows) {
         const auto form = changed(row.change);

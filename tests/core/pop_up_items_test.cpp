@@ -16,7 +16,7 @@ using test::NamedAfterRow;
 struct MenuRow {
     std::string_view name;
     std::span<const PopUpItem> items;
-    std::vector<std::string_view> titles; ///< by index; empty where it carries no meaning
+    std::vector<std::string_view> titles; ///< by index; empty for an index without a meaning
 };
 
 class Menu : public testing::TestWithParam<MenuRow> {};

@@ -28,7 +28,7 @@ std::vector<StartForm> startForms() {
 
 Value daily() { return Dictionary{{"Hour", 7}, {"Minute", 5}}; }
 
-Snapshot dailyPicture() {
+Snapshot dailySnapshot() {
     return {{"agentIntervalField.hidden", "yes"},
             {"agentScheduleDatePicker.dateValue", "2000-1-1 7:5:0"},
             {"agentScheduleDatePicker.hidden", "no"},
@@ -63,7 +63,7 @@ void expectReads(const ReaderRow& row) {
     Snapshot sets = {
         {"agentNameTextField.stringValue", "\"Backup\""},
         {"agentActionButton.selectedItem", "2"},
-        // Every reading sets the time or hides its field, and so ends an old complaint.
+        // Every reading sets the time or hides its field, which clears an unreadable text.
         {"agentScheduleDatePicker.unreadableText", "none"}};
     Lines effects;
     if (!row.keys.contains("ProgramArguments")) {

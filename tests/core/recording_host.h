@@ -1,4 +1,4 @@
-// An editor that writes down what the reader asks of it, and rows that say what a file reads as.
+// A host that records the requests of the reader, and rows that state what a file is read as.
 #pragma once
 
 #include "core/agent_reader.h"
@@ -17,7 +17,7 @@ FormModel newAgentForm();
 /// A new agent, and two forms that hold other values and opposite flags.
 std::vector<StartForm> startForms();
 
-/// Its journal holds "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".
+/// Records the requests as "log: …", "target: …", "alert: …", "drawer", "pop-over" and "reset".
 class RecordingHost : public AgentReaderHost {
   public:
     explicit RecordingHost(FormModel start = newAgentForm()) : form_(std::move(start)) {}
@@ -52,7 +52,7 @@ class RecordingHost : public AgentReaderHost {
     FormModel form_;
 };
 
-/// What an agent file reads as, whatever the form held before.
+/// What an agent file is read as, whatever the form held before.
 struct ReaderRow {
     const char* name;
     Dictionary keys; ///< beside a label and a target, or in their place
@@ -62,18 +62,18 @@ struct ReaderRow {
     Lines advanced = {}; ///< effects of the advanced keys
 };
 
-/// The calendar of an agent that runs each day at 07:05, and what it reads as.
+/// The calendar of an agent that runs each day at 07:05, and what it is read as.
 Value daily();
-Snapshot dailyPicture();
+Snapshot dailySnapshot();
 Lines dailyLines();
 Lines operator+(Lines lines, const Lines& more);
-Snapshot operator+(Snapshot picture, const Snapshot& more);
+Snapshot operator+(Snapshot snapshot, const Snapshot& more);
 
 inline constexpr const char* keysAlert = "alert: This launch agent could not be read. | An error "
                                          "occurred while reading some key values.";
 
 /// Reads into each start form. Fails the running test where the form or the effects differ from
-/// the row; a row with a reset among its effects sets its properties on a new agent.
+/// the row. The properties of a row whose effects contain a reset are those of a new agent.
 void expectReads(const ReaderRow& row);
 
 } // namespace frimbolate::test

@@ -1,4 +1,4 @@
-// A form's texts as the window renders them: from one validation of the form.
+// The texts of a form as the window renders them, from one validation of the form.
 #pragma once
 
 #include "core/form_summary.h"

@@ -1,4 +1,4 @@
-// The clock of the sentences, and the words about a time that cannot be read.
+// Times of day in the 12-hour and the 24-hour clock, and the message about an unreadable time.
 #include "core/schedule_text.h"
 
 #include "tests/core/rendered_form.h"
@@ -43,7 +43,7 @@ TEST_P(ScheduleClock, IsThatOfAllWords) {
           std::pair(ClockFormat::TwelveHours, GetParam().in12Hours)}) {
         EXPECT_EQ(scheduleText(form, validate(form), clock), expected);
         EXPECT_EQ(sentenceOf(form, {}, clock), "Runs a script " + std::string(expected) + ".");
-        // The hint begins with a capital letter.
+        // Only the first letter differs: the hint begins with a capital.
         EXPECT_EQ(hintsOf(form, {}, {}, clock).schedule.substr(1), expected.substr(1));
     }
 }
@@ -74,12 +74,12 @@ TEST(ScheduleClocks, TellAFaultyDayInBoth) {
 struct UnreadableRow {
     std::string_view name;
     std::string_view typed;
-    std::string_view expected; ///< before the time that is kept
+    std::string_view expected; ///< the message up to the time that is kept
 };
 
 class UnreadableTime : public testing::TestWithParam<UnreadableRow> {};
 
-TEST_P(UnreadableTime, IsToldWithTheTimeThatIsKept) {
+TEST_P(UnreadableTime, IsReportedWithTheTimeThatIsKept) {
     const std::string expected(GetParam().expected);
     EXPECT_EQ(unreadableTimeWords(GetParam().typed, {19, 30}, ClockFormat::TwentyFourHours),
               expected + "; the field keeps 19:30");

@@ -1,4 +1,4 @@
-// What holds for every sentence and hint, whatever the form.
+// Rules that hold for the summary and the hints of every form.
 #include "core/form_summary.h"
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
@@ -25,7 +25,7 @@ AgentForm completeForm() {
     return form;
 }
 
-/// Every choice of the three pop-ups, with and without what the user adds to it.
+/// Calls with every choice of the three pop-ups, each with and without its additional input.
 void forEveryForm(const std::function<void(const AgentForm&)>& look) {
     for (const std::string path : {"", "/Users/ada/bin/backup.sh"})
         for (const std::string number : {"", "0", "12", "x"})

@@ -1,4 +1,4 @@
-// Which characters a name and a number may hold: every byte, and characters beyond ASCII.
+// The characters that a name and a number may hold, tried with every byte and beyond ASCII.
 #include "core/validation.h"
 
 #include "tests/support/rows.h"
@@ -35,7 +35,7 @@ std::string reportOfDay(const std::string& day) {
     return errorReport(validate(form));
 }
 
-/// In minutes, of which any number passes.
+/// The report on an interval in minutes, for which any number passes.
 std::string reportOfInterval(const std::string& interval) {
     AgentForm form;
     form.name = "Backup";
@@ -54,7 +54,7 @@ bool isOfName(int byte) {
            byte == 0x5f;
 }
 
-/// The text by itself, and at each end and in the middle of sound ones.
+/// The text by itself, and at the start, in the middle and at the end of a valid text.
 std::array<std::string, 4> places(const std::string& text, const std::string& sound) {
     return {text, text + sound, sound + text, sound + text + sound};
 }

@@ -14,7 +14,7 @@ namespace {
 using test::NamedAfterRow;
 using Change = std::function<void(AgentForm&)>;
 
-/// Nothing is wrong with it.
+/// A form without a fault.
 AgentForm soundForm() {
     AgentForm form;
     form.name = "Backup";
@@ -27,7 +27,7 @@ struct Row {
     std::string_view name;
     Change change;
     std::string_view report;
-    std::set<FormRow> faulty = {}; ///< the rows whose marker is shown
+    std::set<FormRow> faulty = {}; ///< the rows that get a marker
 };
 
 class Validation : public testing::TestWithParam<Row> {};

@@ -42,7 +42,7 @@ TEST_P(ValueOfKind, GivesItselfAsThatKindAlone) {
     EXPECT_EQ(value.isNumber(), kind == "boolean" || kind == "integer" || kind == "real");
 }
 
-/// Whether asking a value for a kind that must fail the step fails it.
+/// Expects that a value can be taken for its own kind alone.
 template <typename Ask>
 void expectOnly(const Value& value, std::string_view kind, std::string_view wanted, Ask ask) {
     if (kind == wanted) {

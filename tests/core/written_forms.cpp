@@ -14,7 +14,7 @@ AgentForm idleForm() {
 
 namespace {
 
-/// What is written whatever the form holds.
+/// The keys that are always written.
 AgentPlist idleFile() {
     return {{"Label", label},
             {"ProgramArguments", Array{Value("/bin/true")}},
@@ -23,7 +23,7 @@ AgentPlist idleFile() {
             {"Nice", 0}};
 }
 
-/// Holds something in every field that is not written as it stands.
+/// The idle form with a value in every field that is not written.
 AgentForm unwrittenForm() {
     auto form = idleForm();
     form.name = "Other";
@@ -39,7 +39,7 @@ AgentForm unwrittenForm() {
     return form;
 }
 
-/// The same with every advanced key and every additional condition.
+/// The unwritten form with every advanced key and every additional condition.
 AgentForm fullForm() {
     auto form = unwrittenForm();
     form.enableGlobbing = true;

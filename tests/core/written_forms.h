@@ -1,4 +1,4 @@
-// Forms that the writer's rows change, and what each is written as.
+// Forms that the rows of the writer change, and the file that each is written as.
 #pragma once
 
 #include "core/agent_plist.h"
@@ -14,34 +14,34 @@ inline constexpr auto label = "com.frimbolate.Backup";
 
 using Change = std::function<void(AgentForm&)>;
 
-/// A form that is faulty enough to write no launch condition at all.
+/// A form without a launch condition: its action is an unknown index.
 AgentForm idleForm();
 
-/// A form that a row changes, and what it is written as.
+/// A form that a row changes, and the file that it is written as.
 struct Start {
     const char* name;
     AgentForm form;
     AgentPlist file;
-    Dictionary additional = {}; ///< the keys of its additional conditions, which stand to the last
+    Dictionary additional = {}; ///< the keys of its additional conditions; these win over a row's
 };
 
-/// The idle form, one in which every field that is not written holds something, and one that
-/// writes every advanced key and every additional condition besides.
+/// The idle form, one whose unwritten fields all hold a value, and one that also writes every
+/// advanced key and every additional condition.
 std::vector<Start> starts();
 
 struct ConditionRow {
     std::string_view name;
     Change change;
-    Dictionary keys; ///< what is written besides the keys of the form that is changed
+    Dictionary keys; ///< the keys written besides those of the start form
 };
 
-/// An action with a schedule. Every text that a schedule could read is there, so that one it must
-/// not read would show.
+/// Sets action and schedule. Fills every text that a schedule could read, so that the file shows a
+/// text that it must not read.
 Change launched(int action, int schedule, std::string number = "5", int unit = 0);
 
 AgentPlist fileOf(AgentForm form, const Change& change);
 
-/// The keys of both; where both have one, the second's value.
+/// The keys of both dictionaries; the second wins.
 Dictionary joined(Dictionary one, const Dictionary& over);
 
 } // namespace frimbolate::test

@@ -1,5 +1,6 @@
 // What each key of an agent file does when it holds a value of each type: which step of the reading
-// fails, and which schedule is selected in the end. Every test of odd agents reads this table.
+// fails, and which schedule is selected in the end. The tests of agents with unusual values share
+// this table.
 #pragma once
 
 #include "core/agent_plist.h"
@@ -65,7 +66,7 @@ struct KeyRow {
 };
 std::span<const KeyRow> keyRows();
 
-/// A sound agent whose key holds the value, with or without a schedule beside it.
+/// A valid agent whose key holds the value, with or without a schedule beside it.
 AgentPlist agentWith(const KeyRow& row, const ValueKind& kind, bool beside);
 
 } // namespace frimbolate::test

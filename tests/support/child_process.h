@@ -1,4 +1,4 @@
-// A piece of a test that runs in a process of its own, for it may end it.
+// Runs a part of a test in a child process, which that part may end.
 #pragma once
 
 #include <cerrno>
@@ -7,8 +7,9 @@
 
 namespace frimbolate::test {
 
-/// The status, as waitpid() tells it, of a forked process that exits with what the body returns.
-/// One that hangs ends by a signal after a minute.
+/// Runs the body in a forked process, which exits with what the body returns, and waits for it.
+/// A process that hangs ends by SIGALRM after 60 seconds.
+/// \returns the status that waitpid() reports
 template <typename Body>
 int statusOfChild(Body body) {
     const pid_t child = ::fork();

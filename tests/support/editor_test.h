@@ -1,4 +1,4 @@
-// The controller over the scripted desktop, as every scenario starts from it.
+// The fixture of the scenarios: the controller over the scripted desktop.
 #pragma once
 
 #include "tests/support/form_snapshot.h"
@@ -19,8 +19,8 @@ class EditorTest : public testing::Test {
         platform.defaults.contents["Bookmark"] = bookmarkOf(agents);
     }
 
-    /// A new agent, and two forms that hold other values and opposite flags. The preferences stay
-    /// as they are; the journal starts anew.
+    /// A new agent, and two forms that hold other values and opposite flags. Keeps the preferences,
+    /// clears the journal.
     std::vector<StartForm> startForms() {
         const auto preferences = platform.defaults.contents;
         AppDelegate fresh(platform.services());
@@ -34,7 +34,7 @@ class EditorTest : public testing::Test {
 
     std::vector<std::string> log() const { return platform.journal.texts("log"); }
 
-    ScriptedPlatform platform;
+    ScriptedPlatform platform; // outlives the controller, which keeps its services
     AppDelegate editor{platform.services()};
     FormModel& form = editor.form();
 };

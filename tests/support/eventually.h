@@ -1,4 +1,4 @@
-// Waits for what happens in another process or on the next turn of the event loop.
+// Waits for another process, another thread or the event loop.
 #pragma once
 
 #include <QCoreApplication>
@@ -7,7 +7,7 @@
 
 namespace frimbolate::test {
 
-/// Whether a condition comes true; gives up after half a minute.
+/// Processes events until the condition holds; returns false after 30 seconds.
 template <typename Condition>
 bool eventually(Condition condition) {
     const QDeadlineTimer deadline(30000);

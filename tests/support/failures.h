@@ -1,4 +1,4 @@
-// Failures as tests look at them.
+// The reasons of named errors.
 #pragma once
 
 #include "core/named_error.h"
@@ -7,7 +7,8 @@
 
 namespace frimbolate::test {
 
-/// The reason for which a call raises a NamedError of the given name; what else happens as text.
+/// The reason of the NamedError of the given name that a call throws. "no failure" where it throws
+/// nothing, "another failure: …" where the name differs.
 template <typename Call>
 std::string reasonOf(const std::string& name, Call call) {
     try {

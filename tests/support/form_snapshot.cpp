@@ -116,9 +116,9 @@ std::string text(const Image& image) {
     return "unknown";
 }
 
-class Painter {
+class SnapshotVisitor {
   public:
-    explicit Painter(Snapshot& result) : picture_(result) {}
+    explicit SnapshotVisitor(Snapshot& result) : snapshot_(result) {}
 
     void operator()(const char* name, const TextField& field) {
         add(name, "stringValue", field.stringValue), add(name, "hidden", field.hidden);
@@ -174,10 +174,10 @@ class Painter {
   private:
     template <typename Property>
     void add(const char* name, const char* property, const Property& value) {
-        picture_[std::string(name) + '.' + property] = text(value);
+        snapshot_[std::string(name) + '.' + property] = text(value);
     }
 
-    Snapshot& picture_;
+    Snapshot& snapshot_;
 };
 
 class NonDefaultFiller {
@@ -188,7 +188,7 @@ class NonDefaultFiller {
         field = {std::string("old ") + name, flag_};
     }
     void operator()(const char*, PopUp& popUp) { popUp = {7, flag_, flag_, 123, {0, 5, 14}}; }
-    // Both are other than off; the mixed state is taken for neither on nor off.
+    // Never off. Mixed counts as neither on nor off, so both flags differ from every rule.
     void operator()(const char*, CheckBox& box) {
         box = {flag_ ? CheckState::On : CheckState::Mixed, flag_};
     }
@@ -222,7 +222,7 @@ class NonDefaultFiller {
 
 Snapshot snapshot(const FormModel& model) {
     Snapshot result;
-    visitControls(model, Painter(result));
+    visitControls(model, SnapshotVisitor(result));
     return result;
 }
 
@@ -234,12 +234,12 @@ std::vector<std::string> differences(const Snapshot& was, const Snapshot& is) {
     return lines;
 }
 
-Snapshot with(Snapshot picture, const Snapshot& changes) {
+Snapshot with(Snapshot snapshot, const Snapshot& changes) {
     for (const auto& [name, value] : changes) {
-        EXPECT_TRUE(picture.contains(name)) << "no control has " << name;
-        picture[name] = value;
+        EXPECT_TRUE(snapshot.contains(name)) << "no control has " << name;
+        snapshot[name] = value;
     }
-    return picture;
+    return snapshot;
 }
 
 FormModel nonDefaultForm(bool flag) {

@@ -1,5 +1,5 @@
-// Every property of every control, by name, so that a test can say what a rule changes and be told
-// of anything else that it changed.
+// Every property of every control, by name. A test states what a rule changes and finds whatever
+// else the rule changed.
 #pragma once
 
 #include "core/form_model.h"
@@ -16,20 +16,20 @@ using Snapshot = std::map<std::string, std::string>;
 
 Snapshot snapshot(const FormModel& model);
 
-/// A line "name: was → is" for each property in which two pictures differ.
+/// A line "name: was -> is" for each property in which two snapshots differ.
 std::vector<std::string> differences(const Snapshot& was, const Snapshot& is);
 
-/// The picture with some properties replaced; a name that no control has fails the running test.
-Snapshot with(Snapshot picture, const Snapshot& changes);
+/// The snapshot with some properties replaced. A name that no control has fails the running test.
+Snapshot with(Snapshot snapshot, const Snapshot& changes);
 
-/// A form in which no control is as a rule leaves it: texts and images are set, boxes are not off,
-/// widths and indexes are odd ones.
-/// \param flag what every "hidden", "enabled" … is; only a test that runs with both sees each
-///             rule that sets one
+/// A form whose every control holds a value that no rule sets: texts and images are not empty,
+/// boxes are not off, widths and indexes are unusual. \param flag the value of every "hidden",
+/// "enabled" …; a test has to run with both, since a rule
+///             that sets a flag to this value shows no difference
 FormModel nonDefaultForm(bool flag);
 
-/// A form that a test starts from. Only one that holds other values than a new agent shows a rule
-/// that sets a control to what a new agent has.
+/// A form that a test starts from. A rule that sets a control to the value of a new agent shows
+/// only on a form that holds other values.
 struct StartForm {
     const char* name;
     FormModel form;

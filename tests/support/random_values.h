@@ -1,5 +1,5 @@
-// Property lists at random, the same on every machine: values of every type, and texts that are
-// awkward to write.
+// Random property lists, the same on every machine for the same seed: values of every type, and
+// texts that need escaping.
 #pragma once
 
 #include "core/value.h"
@@ -16,18 +16,18 @@ class RandomValues {
   public:
     explicit RandomValues(std::uint32_t seed) : random_(seed) {}
 
-    /// A number below the bound.
+    /// A number from 0 to below the bound, which is not 0.
     std::size_t below(std::size_t bound) { return static_cast<std::size_t>(random_()) % bound; }
     bool coin() { return below(2) == 1; }
-    /// One of some things.
+    /// One of the choices, of which there is at least one.
     template <typename Choices>
     const auto& oneOf(const Choices& choices) {
         return choices[below(std::size(choices))];
     }
 
-    /// Up to twelve characters, of one to four bytes, without those that XML cannot hold.
+    /// 0 to 12 pieces from a list of characters and short sequences, all of which XML can hold.
     std::string text();
-    /// A value of any type; arrays and dictionaries hold more of them, down to a depth.
+    /// A value of any type. Arrays and dictionaries nest at most that deep; none at depth 0.
     Value value(int depth);
     Dictionary dictionary(int depth);
 
@@ -36,7 +36,7 @@ class RandomValues {
     double real();
     Data data();
 
-    // The engine's numbers are the same everywhere; the library's distributions need not be.
+    // The standard fixes this engine's numbers but not those of the library's distributions.
     std::mt19937 random_;
 };
 

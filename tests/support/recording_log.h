@@ -1,4 +1,4 @@
-// A log that a test reads.
+// A log that keeps its lines for the test.
 #pragma once
 
 #include "platform/services.h"

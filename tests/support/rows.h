@@ -1,4 +1,4 @@
-// What every table-driven test needs.
+// Names for the tests of a table.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -81,7 +81,7 @@ std::optional<std::string> ScriptedTrash::moveToTrash(const std::string& path) {
     const auto found = files_.contents.find(path);
     if (refuses || found == files_.contents.end())
         return std::nullopt;
-    // A trash keeps several files of one name apart.
+    // Files of one name get different paths in the trash.
     std::string place = std::string(folder) + "/" + std::string(afterLast(path, "/"));
     while (files_.contents.contains(place))
         place += " 2";
@@ -168,7 +168,7 @@ std::optional<Kind> ScriptedPlatform::take(const char* expected) {
     Kind* found = first<Kind>(expected);
     if (!found)
         return std::nullopt;
-    // Off the list before it is answered: the completion may well ask the next question.
+    // Removed before it is answered, since the completion may ask the next question.
     auto question = std::move(*found);
     questions_.pop_front();
     return question;

@@ -1,5 +1,5 @@
-// A desktop that a test scripts: questions wait for the test's answer, files live in memory, faults
-// are switches, and every effect goes into one journal in the order in which it happened.
+// A desktop that a test scripts: questions wait for the test's answer, files are kept in memory,
+// faults are switches, and one journal lists every effect in order.
 #pragma once
 
 #include "platform/services.h"
@@ -41,20 +41,20 @@ class ScriptedFiles : public Files {
     std::optional<Dictionary> readDictionary(const std::string& path) override;
     bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;
 
-    /// What is on the disk: nothing stands for a file that is no property list.
+    /// The files by path; std::nullopt for a file that is no property list.
     std::map<std::string, std::optional<Dictionary>> contents;
     std::set<std::string> folders;
     // Faults
     std::set<std::string> readOnly; ///< files and folders that may not be written
     bool diskIsFull = false;        ///< a write leaves everything as it was and returns false
     bool removalFails = false;
-    bool contentIsUnwritable = false; ///< a write raises
+    bool contentIsUnwritable = false; ///< a write throws NamedError "Unwritable content"
 
   private:
     Journal& journal_;
 };
 
-/// What is moved here stays in the contents of the files, under the path in the trash.
+/// A file that is moved here stays in ScriptedFiles::contents, under its path in the trash.
 class ScriptedTrash : public Trash {
   public:
     static constexpr const char* folder = "/Users/maya/.Trash";
@@ -81,7 +81,7 @@ class ScriptedDefaults : public Defaults {
     void synchronize() override { journal_.add("synchronize", "defaults"); }
 
     Dictionary contents;
-    std::vector<std::string> reads; ///< the keys asked for, in order; they are no effect
+    std::vector<std::string> reads; ///< the keys read, in order; reading is not in the journal
 
   private:
     Journal& journal_;
@@ -98,7 +98,7 @@ class ScriptedFolderAccess : public FolderAccess {
 
     bool creationFails = false;
     bool resolutionFails = false;
-    int begun = 0; ///< how many accesses are begun and not ended
+    int begun = 0; ///< accesses begun and not ended yet
 
   private:
     Journal& journal_;
@@ -133,8 +133,9 @@ class ScriptedPlatform : public Alerts,
                          public Log,
                          public Application {
   public:
+    /// The members keep references to the journal, and services() to this object; it outlives both.
     ScriptedPlatform();
-    /// Fails the running test when a question was left unanswered.
+    /// Fails the running test if a question is left unanswered.
     ~ScriptedPlatform() override;
 
     Services services();
@@ -149,20 +150,20 @@ class ScriptedPlatform : public Alerts,
     std::string pasteboard = "earlier content";
     std::set<Sheet> shownSheets;
 
-    // What waits for an answer, in the order of asking. Each of these fails the running test when
-    // the first question is of another kind or there is none.
+    // The questions that wait for an answer, the oldest first. Each of these fails the running test
+    // when there is no question or the oldest is of another kind.
     bool isAsking() const { return !questions_.empty(); }
     Alert shownAlert();
     OpenPanel shownOpenPanel();
     SavePanel shownSavePanel();
-    /// Answers the first alert by the title of a button.
+    /// Answers the oldest question, an alert, by the title of a button.
     void press(const std::string& button, int suppressionState = 0);
     void choose(const std::string& path);
     void saveAs(const std::string& path, const std::string& nameField);
-    /// The name field holds the last component of the path.
+    /// With the last component of the path in the name field.
     void saveAs(const std::string& path);
     void cancelPanel();
-    /// Lets the questions that are left go unanswered on purpose.
+    /// Drops the questions that a test leaves unanswered because it is about the asking alone.
     void abandonQuestions() { questions_.clear(); }
 
     // The services

@@ -1,4 +1,4 @@
-// What a preference must survive: values of every type that is not the text a key is meant to hold.
+// Values of every type but text, for preferences that are meant to hold a text.
 #pragma once
 
 #include "core/value.h"
@@ -11,10 +11,10 @@ namespace frimbolate::test {
 struct StoredForm {
     std::string name;
     Value value;
-    std::string logged; ///< how a log line shows it
+    std::string logged; ///< the value as a log line shows it
 };
 
-/// One value per type of a property list but text, close to the good texts where a type can be.
+/// Values of each type but text, close to the valid texts where the type allows it.
 inline std::vector<StoredForm> formsOtherThanText() {
     const Date epoch{0};
     return {

@@ -1,4 +1,4 @@
-// A folder of a test's own, and the troubles that a disk can give.
+// A temporary folder for one test, and switches for a full disk and for lacking privileges.
 #pragma once
 
 #include <csignal>
@@ -15,7 +15,8 @@
 
 namespace frimbolate::test {
 
-/// The test goes on as somebody whom permissions hold back, also when it was started as root.
+/// Drops the privileges of root during its lifetime, so that file permissions apply to the test.
+/// Changes nothing for any other user. Throws std::runtime_error where they cannot be dropped.
 class OrdinaryUser {
   public:
     OrdinaryUser() : user_(::geteuid()), group_(::getegid()) {
@@ -35,9 +36,11 @@ class OrdinaryUser {
     gid_t group_;
 };
 
-/// No file grows beyond a few bytes, as on a disk that is full in the middle of a write.
+/// Limits the size of every file that the process writes during its lifetime, as if the disk became
+/// full in the middle of a write.
 class FullDisk {
   public:
+    /// \param room the size in bytes that a file may reach
     explicit FullDisk(rlim_t room) {
         ::getrlimit(RLIMIT_FSIZE, &before_);
         handler_ = std::signal(SIGXFSZ, SIG_IGN);
@@ -57,6 +60,7 @@ class FullDisk {
     void (*handler_)(int) = SIG_DFL;
 };
 
+/// Removed with its content at the end, also what a test made unwritable.
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -107,7 +111,7 @@ inline void writeBytes(const std::string& path, std::string_view bytes) {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// All bytes of a file; a file that cannot be read has none.
+/// All bytes of a file; empty where it cannot be read.
 inline std::string bytesOf(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};

@@ -1,4 +1,4 @@
-// A variable of the environment with another value, or none, for as long as a test needs it.
+// Sets an environment variable during its lifetime, and restores the old state at the end.
 #pragma once
 
 #include <cstdlib>

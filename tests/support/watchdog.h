@@ -1,11 +1,11 @@
-// Ends a test that hangs.
+// Ends a test that blocks.
 #pragma once
 
 #include <unistd.h>
 
 namespace frimbolate::test {
 
-/// What must not block would hold up the test for ever; a signal ends it after a minute instead.
+/// SIGALRM ends the process if the object lives longer than 60 seconds.
 struct Watchdog {
     Watchdog() { ::alarm(60); }
     Watchdog(const Watchdog&) = delete;
