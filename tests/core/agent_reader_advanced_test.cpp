@@ -236,15 +236,18 @@ class PriorityDefault : public testing::TestWithParam<DefaultRow> {};
 
 TEST_P(PriorityDefault, OpensTheDrawerWhereItDiffers) {
     const auto& row = GetParam();
-    RecordingHost editor;
-    editor.preferences.erase("DefaultPriorityKey");
-    if (row.standard)
-        editor.preferences.emplace("DefaultPriorityKey", *row.standard);
-    AgentReader(editor).lookForAdvancedKeys({{"LowPriorityIO", row.low}});
-    EXPECT_EQ(editor.journal,
-              Lines{"log: Evaluating keys for advanced drawer..."} +
-                  Lines{std::string("log: PriorityIO key: ") + (row.low ? "1" : "0")} + row.more +
-                  Lines{"log: Completed evaluating keys for advanced drawer"});
+    for (const auto& start : startForms()) {
+        SCOPED_TRACE(start.name);
+        RecordingHost editor(start.form);
+        editor.preferences.erase("DefaultPriorityKey");
+        if (row.standard)
+            editor.preferences.emplace("DefaultPriorityKey", *row.standard);
+        AgentReader(editor).lookForAdvancedKeys({{"LowPriorityIO", row.low}});
+        EXPECT_EQ(editor.journal,
+                  Lines{"log: Evaluating keys for advanced drawer..."} +
+                      Lines{std::string("log: PriorityIO key: ") + (row.low ? "1" : "0")} +
+                      row.more + Lines{"log: Completed evaluating keys for advanced drawer"});
+    }
 }
 
 const Lines wasNormal = {"log: Priority key: 0 is does not match default: 1, opening drawer",
@@ -262,18 +265,23 @@ const DefaultRow priorityDefaults[] = {{"NormalAndNormal", "0", false, {}},
 INSTANTIATE_TEST_SUITE_P(Reader, PriorityDefault, testing::ValuesIn(priorityDefaults),
                          NamedAfterRow());
 
-TEST(GlobbingDefault, NeverOpensTheDrawer) {
+void expectClosedDrawer(const StartForm& start) {
     for (const char* standard : {"0", "1"})
         for (const bool globs : {false, true}) {
-            RecordingHost editor;
+            RecordingHost editor(start.form);
             editor.preferences.insert_or_assign("DefaultGlobbingKey", Value(standard));
             AgentReader(editor).lookForAdvancedKeys({{"EnableGlobbing", globs}});
             EXPECT_EQ(editor.journal,
                       (Lines{"log: Evaluating keys for advanced drawer...",
                              std::string("log: Globbing key: ") + (globs ? "1" : "0"),
                              "log: Completed evaluating keys for advanced drawer"}))
-                << standard << globs;
+                << standard << globs << start.name;
         }
+}
+
+TEST(GlobbingDefault, NeverOpensTheDrawer) {
+    for (const auto& start : startForms())
+        expectClosedDrawer(start);
 }
 
 } // namespace
