@@ -9,7 +9,7 @@ from sources import LAYERS, MODULES, ROOT, module_of, scripts, sources
 MAXIMUM_LINES = 400
 WITH_README = (*sorted({module.split("/")[0] for module in MODULES}), "resources", "tests")
 QUOTING = ("README.md", "CONTRIBUTING.md")
-# It holds main() and nothing that a header could declare.
+# It defines main() alone, which no header declares.
 WITHOUT_HEADER = ("app/main.cpp",)
 
 
@@ -35,7 +35,7 @@ def shared_names(root):
 
 
 def sources_without_header(root):
-    """A source bears the name of its header, or that name and a suffix after an underscore."""
+    """A source has the name of its header, or that name followed by an underscore and a suffix."""
     for path in sources(root):
         if path.suffix == ".h" or module_of(path) is None or path.as_posix() in WITHOUT_HEADER:
             continue

@@ -1,8 +1,7 @@
 """Fails on an include that docs/layers.txt does not allow, on Qt or a system header in a module
-that must not know them, and on painting outside of the one folder for it.
+that must not know them, and on painting outside of widgets/style.
 
-Distribution Qt puts every module on the include path, and all modules share one include path, so
-the compiler alone accepts both.
+The compiler accepts all of these: the modules share one include path, and so do the parts of Qt.
 """
 
 import re
@@ -12,12 +11,12 @@ from pathlib import Path
 from sources import LAYERS, MODULES, ROOT, module_of, sources
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]*)"|<([^>]*)>)', re.MULTILINE)
-# C++'s own headers have neither a suffix nor a folder nor a capital letter.
+# The headers of the standard library have no suffix, folder or capital letter.
 STANDARD = re.compile(r"[a-z_]+[0-9]*")
 QT = re.compile(r"Q[A-Z].*|Qt.*")
 QT_MODULES = ("qt", "widgets", "app")
 SYSTEM_MODULES = ("posix", "qt", "macos", "app")
-# The window's colours, fonts and strokes are chosen in one folder.
+# Only PAINTING chooses colours, fonts and strokes.
 PAINTERS = re.compile(r"QPainter.*|QBrush|QPen|QStylePainter|QProxyStyle")
 PAINTING = "widgets/style"
 

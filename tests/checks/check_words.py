@@ -1,7 +1,4 @@
-"""Fails on words that the field does not use for what this code does.
-
-docs/words.txt lists them, each with the word to use: a newcomer knows the right-hand one.
-"""
+"""Fails on words for which docs/words.txt names a standard term, in files and their names."""
 
 import re
 import subprocess
@@ -11,9 +8,9 @@ from sources import ROOT
 
 WORDS = ROOT / "docs" / "words.txt"
 SUFFIXES = (".h", ".cpp", ".mm", ".py", ".md", ".cmake", ".txt", ".1", "")
-# It has to name the words itself.
+# They list the words.
 EXEMPT = ("docs/words.txt", "tests/checks/checks_test.py")
-# Data that the program is tried on, and texts that the law words.
+# Test data, and legal texts, whose wording is given.
 DATA = re.compile(r"(^|/)(corpus|cases|LICENSE|copyright)(/|$)")
 
 
@@ -24,7 +21,7 @@ def read_words(path=WORDS):
 
 
 def pattern_of(words):
-    """Whole words; a plain one may begin a sentence, an identifier stands as it is."""
+    """Matches whole words. A lower-case word may be capitalized; an identifier matches exactly."""
 
     def alternative(word):
         if word.islower() and "_" not in word:
@@ -36,7 +33,7 @@ def pattern_of(words):
 
 
 def tracked_files(root):
-    """The files that git knows, or every file where the folder is no checkout of its own."""
+    """The files that git tracks, or every file where the folder is no git checkout."""
     listed = subprocess.run(
         ["git", "-C", str(root), "ls-files"], capture_output=True, text=True, check=False
     )
@@ -47,7 +44,7 @@ def tracked_files(root):
 
 
 def faults(root=ROOT, words=None):
-    """A line for each place where one of the words stands."""
+    """A line for each occurrence of a word."""
     words = read_words() if words is None else words
     pattern = pattern_of(words)
 

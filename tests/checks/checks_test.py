@@ -1,5 +1,4 @@
-"""The test of the checks: each fault, put into a small project of its own, is found, and a sound
-project passes."""
+"""Tests the checks: a small valid project passes, and each fault that is put into it is found."""
 
 import tempfile
 import unittest

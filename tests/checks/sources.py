@@ -1,17 +1,17 @@
-"""Which files are sources of the program, and which module each belongs to."""
+"""The sources of the program, and the module of each."""
 
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 LAYERS = ROOT / "docs" / "layers.txt"
 
-# They may include any module.
+# Folders outside of the modules. Their sources may include any module.
 OUTSIDE = ("resources", "tests", "bench")
 SUFFIXES = (".cpp", ".h", ".mm")
 
 
 def read_layers(path=LAYERS):
-    """Maps each module to the modules that it may include; itself goes without saying."""
+    """Maps each module to the other modules that it may include."""
     rows = (line.split() for line in path.read_text(encoding="utf-8").splitlines())
     return {row[0]: frozenset(row[1:]) for row in rows if row}
 

@@ -1,4 +1,4 @@
-"""Whether our reader sees in what Python's plistlib writes the same as Python does.
+"""Our reader reads the files that Python's plistlib writes as plistlib does.
 
 Usage: interop_test.py PLIST_DUMP
 """
@@ -16,7 +16,7 @@ from pathlib import Path
 DUMP = sys.argv[1]
 ROUNDS = 80
 XML_TEXTS = ["a", " ", "\n", "\t", "&", "<", ">", '"', "\\", "]]>", "é", "e\u0301", "ı", "日本", "😀"]
-# plistlib turns every line end of a text into a line feed when it writes XML.
+# plistlib writes every line end of a text into XML as a line feed.
 TEXTS = [*XML_TEXTS, "\r", "\0", "\x1b"]
 INTEGERS = (0, 1, -1, 255, 256, 65536, 2**31, 2**32, 2**63 - 1, -(2**63), 2**63, 2**64 - 1)
 REALS = (0.5, 3.0, -1e300, 1 / 3, 5e-324, float("inf"), float("-inf"), float("nan"))
@@ -92,7 +92,7 @@ class Interop(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def dumped(self, files):
-        """What our reader makes of each content."""
+        """The line of plist_dump for each content."""
         paths = [self.folder / str(number) for number in range(len(files))]
         for path, content in zip(paths, files):
             path.write_bytes(content)

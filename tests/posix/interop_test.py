@@ -1,6 +1,6 @@
-"""Whether Python's plistlib and xmllint see in our files what we do, and we in theirs.
+"""Python's plistlib reads our files, xmllint validates them, and we read the files of plistlib.
 
-Usage: interop_test.py PROPERTY_LIST_TOOL DTD. Nothing is skipped: without xmllint it fails.
+Usage: interop_test.py PROPERTY_LIST_TOOL DTD. Fails without xmllint.
 """
 
 import datetime
@@ -60,7 +60,7 @@ class Source(random.Random):
 
 
 def typed(value):
-    """The value with the kind at each place, for Python takes 1, 1.0 and True for equal."""
+    """The value with the type of each part, since Python compares 1, 1.0 and True as equal."""
     if isinstance(value, dict):
         return {key: typed(inner) for key, inner in value.items()}
     if isinstance(value, list):
@@ -131,7 +131,7 @@ class Agreement(unittest.TestCase):
 
     def test_we_refuse_what_has_no_xml_form(self):
         identifier = plistlib.dumps({"k": plistlib.UID(1)}, fmt=plistlib.FMT_BINARY)
-        # plistlib writes no null, so the marker of the identifier is made one.
+        # plistlib writes no null, so the marker of the identifier is changed into one.
         null = identifier.replace(b"\x80\x01", b"\x00\x01")
         with self.assertRaises(subprocess.CalledProcessError) as caught:
             self.our_view(null)
