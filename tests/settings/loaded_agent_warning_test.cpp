@@ -47,7 +47,7 @@ const std::vector<StoredCase>& storedCases() {
         {"TextYes", "YES", true},
         {"TextZero", "0", false},
         {"EmptyText", "", false},
-        // What has no truth value was never stored to silence the warning.
+        // A value without a truth value does not suppress the warning.
         {"Data", Data{{0}}, true},
         {"Date", Date{0}, true},
         {"Array", Array{Value(false)}, true},
@@ -80,14 +80,13 @@ TEST_F(LoadedAgentWarningTest, SaysWhatItIsAbout) {
     show();
     const auto alert = platform.shownAlert();
     EXPECT_EQ(alert.messageText, "Important message:");
-    EXPECT_EQ(
-        alert.informativeText,
-        "Frimbolate cannot determine if a launch agent is currently loaded/running. It is "
-        "highly recommended that you unload a launch agent before editing or deleting it. \n"
-        "\n"
-        "Failure to unload an agent before editing or deleting it will result in the launch "
-        "agent continuing to run, in its original configuration and as scheduled, until you "
-        "logout or a reboot occurs.");
+    EXPECT_EQ(alert.informativeText,
+              "Frimbolate cannot determine if a launch agent is currently loaded/running. It is "
+              "highly recommended that you unload a launch agent before editing or deleting it. \n"
+              "\n"
+              "Failure to unload an agent before editing or deleting it will result in the launch "
+              "agent continuing to run, in its original configuration and as scheduled, until you "
+              "logout or a reboot occurs.");
     EXPECT_THAT(alert.buttons, ElementsAre("Continue", "Cancel"));
     EXPECT_TRUE(alert.showsSuppressionButton);
     platform.abandonQuestions();
