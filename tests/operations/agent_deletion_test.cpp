@@ -23,7 +23,7 @@ class AgentDeletionTest : public testing::Test {
         platform.files.contents[agent] = Dictionary{{"Label", "any"}};
     }
 
-    /// Up to the confirmation.
+    /// Chooses the agent, up to the confirmation.
     void choose() {
         deletion.deleteLaunchAgentContinue();
         platform.choose(agent);
@@ -207,13 +207,13 @@ TEST_F(AgentDeletionTest, EndsAccessOnTheFolderThatItBegan) {
 struct FaultRow {
     const char* name;
     void (*set)(ScriptedFiles&);
-    std::vector<std::string> effectsBefore; ///< the alert
+    std::vector<std::string> effectsBefore; ///< the effects before the alert
     bool survives;
 };
 
 class DeletionFault : public AgentDeletionTest, public testing::WithParamInterface<FaultRow> {};
 
-TEST_P(DeletionFault, IsToldWithItsReason) {
+TEST_P(DeletionFault, IsReportedWithItsReason) {
     choose();
     GetParam().set(platform.files);
     platform.press("Delete");

@@ -24,7 +24,7 @@ class AgentSwitchTest : public testing::Test {
         platform.files.contents[agent] = Dictionary{{"Label", "any"}};
     }
 
-    /// Up to the question.
+    /// Chooses the agent, up to the question.
     void choose() {
         agentSwitch.onOffLaunchAgent();
         platform.journal.clear();
@@ -148,7 +148,7 @@ TEST_F(AgentSwitchTest, LeavesEverythingWhenCancelled) {
     EXPECT_EQ(platform.folderAccess.begun, 2);
 }
 
-/// What was read when the question was asked is written, not what came to the file since.
+/// The content that is written was read before the question; later changes of the file are lost.
 TEST_F(AgentSwitchTest, WritesWhatItHadRead) {
     choose();
     put({{"Label", "another"}});
@@ -205,12 +205,12 @@ INSTANTIATE_TEST_SUITE_P(Exists, UnreadableFile, testing::Bool());
 struct FaultRow {
     const char* name;
     void (*set)(ScriptedFiles&);
-    bool tries = false; ///< the write is tried, and fails
+    bool tries = false; ///< whether the write is attempted before it fails
 };
 
 class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<FaultRow> {
   protected:
-    void expectTold(bool enabled, const std::string& message) {
+    void expectReported(bool enabled, const std::string& message) {
         put({{"Enabled", enabled}, {"Label", "any"}});
         choose();
         GetParam().set(platform.files);
@@ -238,12 +238,12 @@ class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<F
     }
 };
 
-TEST_P(SwitchFault, IsToldWhenDisabling) {
-    expectTold(true, "The launch agent could not be disabled.");
+TEST_P(SwitchFault, IsReportedWhenDisabling) {
+    expectReported(true, "The launch agent could not be disabled.");
 }
 
-TEST_P(SwitchFault, IsToldWhenEnabling) {
-    expectTold(false, "The launch agent could not be enabled.");
+TEST_P(SwitchFault, IsReportedWhenEnabling) {
+    expectReported(false, "The launch agent could not be enabled.");
 }
 
 const FaultRow faults[] = {

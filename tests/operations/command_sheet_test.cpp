@@ -95,7 +95,7 @@ constexpr VerbCase verbs[] = {
 
 class VerbTest : public CommandSheetTest, public testing::WithParamInterface<VerbCase> {
   protected:
-    /// The panel is up and the journal empty.
+    /// Shows the panel and clears the journal.
     void ask() {
         ((*sheet).*GetParam().send)();
         platform.journal.clear();
@@ -139,7 +139,7 @@ TEST_P(VerbTest, ShowsTheCommandThenEndsAccess) {
     EXPECT_EQ(platform.pasteboard, "earlier content");
 }
 
-TEST_P(VerbTest, CopiesBeforeItShowsWhenThePersonWantsThat) {
+TEST_P(VerbTest, CopiesBeforeItShowsWhenAutoCopyIsOn) {
     stored["AutoCopyScriptsKey"] = "True";
     ask();
     platform.choose(agent);

@@ -23,7 +23,7 @@ class FolderGrantTest : public testing::Test {
     Dictionary& stored = platform.defaults.contents;
 };
 
-// Every operation's opening and closing
+// Opening and closing the granted folder
 
 TEST_F(FolderGrantTest, OpensAndClosesTheGrantedFolder) {
     stored["Bookmark"] = bookmarkOf(agents);
@@ -74,7 +74,7 @@ TEST_F(FolderGrantTest, ABookmarkThatLeadsNowhereIsNotDetected) {
                 ElementsAre("begin: (nothing)", "end: (nothing)", "end: (nothing)"));
 }
 
-// What is stored under the key
+// The stored bookmark
 
 struct NoBookmark {
     std::string name;

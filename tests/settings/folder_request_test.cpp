@@ -22,7 +22,7 @@ constexpr const char* notValidated = "alert: Frimbolate could not validate if yo
 
 class FolderRequestTest : public testing::Test {
   protected:
-    /// The panel is up and the journal empty.
+    /// Shows the panel and clears the journal.
     void ask() {
         bookmark.scopeABookmarkWithWindow();
         platform.journal.clear();
@@ -71,7 +71,7 @@ TEST_F(FolderRequestTest, CancellingShowsThatItIsRequired) {
     platform.abandonQuestions();
 }
 
-TEST_F(FolderRequestTest, CancellingAndTryingAgainLoopsForAsLongAsThePersonLikes) {
+TEST_F(FolderRequestTest, TryingAgainAfterCancellingAsksAgainEachTime) {
     ask();
     for (int round = 0; round < 3; ++round) {
         platform.journal.clear();
@@ -132,7 +132,7 @@ constexpr FolderCase folderCases[] = {
     {"ShortNameWithMarks", "m.o'neil-2_x", "/Users/m.o'neil-2_x/Library/LaunchAgents", true},
     {"Library", "maya", "/Users/maya/Library", false, "file:///Users/maya/Library"},
     {"SystemFolder", "maya", "/Library/LaunchAgents", false, "file:///Library/LaunchAgents"},
-    {"AnotherPerson", "maya", "/Users/ada/Library/LaunchAgents", false,
+    {"AnotherUser", "maya", "/Users/ada/Library/LaunchAgents", false,
      "file:///Users/ada/Library/LaunchAgents"},
     {"LongerShortName", "maya", "/Users/maya2/Library/LaunchAgents", false,
      "file:///Users/maya2/Library/LaunchAgents"},
@@ -143,7 +143,8 @@ constexpr FolderCase folderCases[] = {
     {"LinuxHome", "maya", "/home/maya/Library/LaunchAgents", false,
      "file:///home/maya/Library/LaunchAgents"},
     {"Root", "maya", "/", false, "file:///"},
-    // The URL's text is compared as it stands, so these never match, not even their own folder.
+    // The text of the URL is compared while percent-encoded, so these match no folder, not even
+    // their own.
     {"ShortNameWithABlank", "maya b", "/Users/maya b/Library/LaunchAgents", false,
      "file:///Users/maya%20b/Library/LaunchAgents"},
     {"ShortNameWithAnUmlaut", "jürgen", "/Users/jürgen/Library/LaunchAgents", false,
@@ -226,7 +227,7 @@ TEST_F(FolderRequestTest, BothLoopsCanFollowEachOther) {
     EXPECT_EQ(platform.journal.count("set"), 1U);
 }
 
-TEST_F(FolderRequestTest, AFolderOfWhichNoBookmarkCanBeMadeIsToldAndNotStored) {
+TEST_F(FolderRequestTest, AFolderOfWhichNoBookmarkCanBeMadeIsReportedAndNotStored) {
     platform.folderAccess.creationFails = true;
     ask();
     platform.choose("/Users/maya/Library/LaunchAgents/my agents");

@@ -159,7 +159,7 @@ TEST_F(PreferencesSheetTest, SavedDefaultsReachTheFormAtItsNextReset) {
     EXPECT_EQ(form.priorityLevelButton.selectedItem, PriorityLevel::Low);
 }
 
-TEST_F(PreferencesSheetTest, ClosingWithoutSavingKeepsWhatThePersonLeftInTheControls) {
+TEST_F(PreferencesSheetTest, ClosingWithoutSavingKeepsTheControlsAsTheyAre) {
     preferences.setUpDefaults();
     const auto before = stored;
     preferences.openPreferencesWindow();

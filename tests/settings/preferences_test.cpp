@@ -20,8 +20,8 @@ enum : std::size_t { Welcome, AutoCopy, Warn, Globbing, Priority };
 
 struct Key {
     const char* name;
-    const char* quiet; ///< a stored text that the pass only finds
-    const char* quietLine;
+    const char* valid;     ///< a stored text that a pass keeps
+    const char* validLine; ///< the line that the pass logs for it
 };
 
 constexpr std::array<Key, 5> keys = {{
@@ -34,7 +34,7 @@ constexpr std::array<Key, 5> keys = {{
     {"DefaultPriorityKey", "1", "log: Found key found for DefaultPriorityKey, value of 1"},
 }};
 
-/// One stored form of one key, and what the pass makes of it.
+/// One stored value of one key, and the effects of a pass on it.
 struct Form {
     std::string name;
     std::size_t key;
@@ -42,7 +42,7 @@ struct Form {
     std::string line;
     std::optional<std::string> written;
     int inSheet;    ///< state or item of the key's control in the sheet
-    int inForm = 0; ///< the same of its control in the form, for the last two keys
+    int inForm = 0; ///< state or item of its control in the form, for the last two keys
 };
 
 struct Improper {
@@ -154,9 +154,9 @@ class PreferencesTest : public testing::Test {
             popUp->selectedItem = -1;
     }
 
-    void storeQuietTexts() {
+    void storeValidTexts() {
         for (const auto& key : keys)
-            platform.defaults.contents[key.name] = key.quiet;
+            platform.defaults.contents[key.name] = key.valid;
     }
 
     /// The five controls of the sheet in the order of the keys, then the two of the form.
@@ -178,7 +178,7 @@ class StoredFormTest : public PreferencesTest, public testing::WithParamInterfac
 TEST_P(StoredFormTest, IsNormalised) {
     const auto& row = GetParam();
     const std::string name = keys[row.key].name;
-    storeQuietTexts();
+    storeValidTexts();
     auto& stored = platform.defaults.contents;
     if (row.stored)
         stored[name] = *row.stored;
@@ -192,7 +192,7 @@ TEST_P(StoredFormTest, IsNormalised) {
             if (row.written)
                 lines.push_back("set: " + name + " = " + *row.written);
         } else {
-            lines.emplace_back(keys[key].quietLine);
+            lines.emplace_back(keys[key].validLine);
         }
     std::array<int, 7> controls = {0, 1, 1, 0, 1, 1, 0};
     controls[row.key] = row.inSheet;

@@ -61,11 +61,11 @@ TEST(ActionsTest, WhatStandsInTheToolbarHasAnIconAndSaysWhatItDoes) {
     EXPECT_EQ(inToolbar, 9);
 }
 
-// What each sends, on a form that was started and has a name
+// The effects of each action, on a form that was started and has a name
 
 struct SentCase {
     const char* name;
-    Lines effects; ///< the first, as far as they tell the actions apart
+    Lines effects; ///< the first ones, enough to distinguish the actions
 };
 
 const std::vector<SentCase>& sentCases() {

@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 class DrawerControllerTest : public testing::Test {
   protected:
-    /// An observer that records its name and what the drawer is when it runs.
+    /// An observer that records its name and the state of the drawer when it runs.
     DrawerController::Observer recorded(const std::string& name) {
         return [this, name] {
             calls.push_back(name + (drawer.open ? ", open on " : ", closed on ") +
@@ -51,7 +51,7 @@ TEST_F(DrawerControllerTest, NotifiesInOrderBeforeItCloses) {
     EXPECT_EQ(drawer.edge, 1);
 }
 
-TEST_F(DrawerControllerTest, LeavesAnOpenDrawerWhereItIsAndNotifiesNobody) {
+TEST_F(DrawerControllerTest, LeavesAnOpenDrawerWhereItIsWithoutANotification) {
     drawer.open = true;
     observe();
     controller.openOnEdge(2);
@@ -60,7 +60,7 @@ TEST_F(DrawerControllerTest, LeavesAnOpenDrawerWhereItIsAndNotifiesNobody) {
     EXPECT_EQ(drawer.edge, 1);
 }
 
-TEST_F(DrawerControllerTest, LeavesAClosedDrawerClosedAndNotifiesNobody) {
+TEST_F(DrawerControllerTest, LeavesAClosedDrawerClosedWithoutANotification) {
     observe();
     controller.close();
     EXPECT_THAT(calls, IsEmpty());

@@ -24,7 +24,7 @@ class DrawerTest : public EditorTest {
         platform.journal.clear();
     }
 
-    /// Something else than an action opens the drawer, on the left edge.
+    /// Opens the drawer on the left edge without an action.
     void openByOtherMeans() { editor.advancedDrawer().openOnEdge(0); }
     void closeByOtherMeans() { editor.advancedDrawer().close(); }
 };
@@ -94,7 +94,7 @@ TEST_F(DrawerTest, OpenedByOtherMeansLeavesTheItemAtOpening) {
     EXPECT_TRUE(form.advancedDrawer.open);
     EXPECT_EQ(itemAction(), Action::openAdvancedDrawer);
 
-    // A click then opens what is open, and the next one closes it.
+    // The first click opens what is open already; the second one closes it.
     editor.sendAdvancedToolbarItem();
     EXPECT_TRUE(form.advancedDrawer.open);
     EXPECT_EQ(itemAction(), Action::closeAdvancedDrawer);

@@ -1,4 +1,4 @@
-// What is dropped on a well does exactly what choosing it in the well's panel does.
+// Dropping a file on a well has the effects of choosing it in the well's panel.
 #include "tests/support/editor_test.h"
 #include "tests/support/form_snapshot.h"
 #include "tests/support/rows.h"
@@ -21,10 +21,10 @@ using Act = std::function<void(AppDelegate&)>;
 
 struct DropRow {
     std::string_view name;
-    Act ask;  ///< what opens the panel
-    Act drop; ///< what takes its place
+    Act ask;  ///< opens the panel
+    Act drop; ///< replaces the panel and its answer
     std::string path;
-    int alerts = 0; ///< how many follow
+    int alerts = 0; ///< the number of alerts that follow
 };
 
 class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
@@ -37,39 +37,39 @@ class Drop : public EditorTest, public testing::WithParamInterface<DropRow> {
     }
 
     /// The form and the journal after each step.
-    struct Story {
-        std::vector<Snapshot> pictures;
+    struct Outcome {
+        std::vector<Snapshot> snapshots;
         std::vector<std::string> lines;
     };
-    Story live(const FormModel& start, const std::function<void()>& act) {
+    Outcome outcomeOf(const FormModel& start, const std::function<void()>& act) {
         platform.journal.clear();
         form = start;
         form.allowSuccessfulExitCheckbox.state = CheckState::On;
         act();
-        Story story{{snapshot(form)}, {}};
+        Outcome outcome{{snapshot(form)}, {}};
         for (int i = 0; i < GetParam().alerts; ++i) {
             platform.press("Ok");
-            story.pictures.push_back(snapshot(form));
+            outcome.snapshots.push_back(snapshot(form));
         }
         for (const std::string& line : platform.journal.lines())
             if (!line.starts_with("open panel: "))
-                story.lines.push_back(line);
+                outcome.lines.push_back(line);
         EXPECT_FALSE(platform.isAsking());
-        return story;
+        return outcome;
     }
 };
 
 TEST_P(Drop, DoesWhatThePanelDoes) {
     for (const auto& start : startForms()) {
         SCOPED_TRACE(start.name);
-        const Story byPanel = live(start.form, [&] {
+        const Outcome byPanel = outcomeOf(start.form, [&] {
             GetParam().ask(editor);
             platform.choose(GetParam().path);
         });
-        const Story byDrop = live(start.form, [&] { GetParam().drop(editor); });
-        ASSERT_EQ(byPanel.pictures.size(), byDrop.pictures.size());
-        for (std::size_t i = 0; i < byPanel.pictures.size(); ++i)
-            EXPECT_THAT(differences(byPanel.pictures[i], byDrop.pictures[i]), IsEmpty());
+        const Outcome byDrop = outcomeOf(start.form, [&] { GetParam().drop(editor); });
+        ASSERT_EQ(byPanel.snapshots.size(), byDrop.snapshots.size());
+        for (std::size_t i = 0; i < byPanel.snapshots.size(); ++i)
+            EXPECT_THAT(differences(byPanel.snapshots[i], byDrop.snapshots[i]), IsEmpty());
         EXPECT_EQ(byPanel.lines, byDrop.lines);
     }
 }

@@ -27,7 +27,7 @@ class Editing : public EditorTest {
         platform.journal.clear();
     }
 
-    /// With the agent in the panel's reach and no warning in the way.
+    /// Puts the agent on the disk, turns the warning off and chooses the agent in the panel.
     void choose(const std::string& path, const std::optional<Dictionary>& agent) {
         platform.files.contents[path] = agent;
         platform.defaults.contents["WarnForDelete"] = false;
@@ -124,7 +124,7 @@ struct SuppressionRow {
     const char* name;
     int state;
     std::optional<Value> stored;
-    const char* firstEffect; ///< before the reset, which begins with reading the preferences
+    const char* firstEffect; ///< before the reset, which begins by reading the preferences
 };
 
 class Suppression : public Editing, public testing::WithParamInterface<SuppressionRow> {};
@@ -289,7 +289,7 @@ constexpr const char* unreadable = "The launch agent could not be read.";
 class UnreadableAgent : public Editing,
                         public testing::WithParamInterface<std::optional<Dictionary>> {};
 
-TEST_P(UnreadableAgent, CostsAnAlertAndAReset) {
+TEST_P(UnreadableAgent, ShowsAnAlertAndResets) {
     choose(own, GetParam());
     const auto& lines = platform.journal.lines();
     EXPECT_EQ(lines.back(), std::string("end: ") + agents);
@@ -349,7 +349,7 @@ TEST_F(Editing, ResetsAtOnceAndOnClosingWhenTheTargetIsUnreadable) {
 
 class EditingEveryType : public Editing, public testing::WithParamInterface<KeyRow> {};
 
-TEST_P(EditingEveryType, CostsAnAlertAtMost) {
+TEST_P(EditingEveryType, ShowsAtMostOneAlert) {
     const auto& row = GetParam();
     for (std::size_t i = 0; i < valueKindCount; ++i) {
         SCOPED_TRACE(valueKinds()[i].name);
@@ -369,7 +369,7 @@ TEST_P(EditingEveryType, CostsAnAlertAtMost) {
             EXPECT_THAT(differences(newAgent, snapshot(form)), IsEmpty());
         }
         editor.createNewAgent();
-        form.popoverScriptObject.shown = false; // which a reset leaves as it is
+        form.popoverScriptObject.shown = false; // a reset does not close the pop-over
     }
 }
 

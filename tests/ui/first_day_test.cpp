@@ -1,4 +1,4 @@
-// A person's first day with the program, from the welcome to the second start.
+// The first session of a user, from the welcome sheet to the second start.
 #include "tests/support/editor_test.h"
 
 namespace frimbolate::test {
@@ -16,7 +16,7 @@ class FirstDayTest : public EditorTest {
   protected:
     FirstDayTest() { platform.defaults.contents.clear(); }
 
-    /// From the welcome to the granted folder.
+    /// Starts, closes the welcome sheet and grants the folder.
     void begin() {
         editor.applicationDidFinishLaunching();
         form.showWelcomeCheckbox.state = CheckState::Off;
@@ -24,7 +24,7 @@ class FirstDayTest : public EditorTest {
         platform.choose(agents);
     }
 
-    /// Up to the alert that tells of the new agent.
+    /// Saves an agent, up to the success alert.
     void saveBackup() {
         form.agentNameTextField.stringValue = "Backup";
         form.agentTargetButton.selectedItem = TargetType::File;
@@ -86,7 +86,7 @@ TEST_F(FirstDayTest, SkippingLeavesTheCommandPendingUntilTheSheetIsNextClosed) {
     EXPECT_TRUE(form.preferencesMenuItem.enabled);
 }
 
-TEST_F(FirstDayTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenThePersonWantsThat) {
+TEST_F(FirstDayTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenAutoCopyIsOn) {
     begin();
     platform.defaults.contents["AutoCopyScriptsKey"] = "True";
     platform.journal.clear();

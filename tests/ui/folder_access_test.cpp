@@ -1,5 +1,5 @@
-// Every operation on the granted folder: where it begins and ends its access, and where it
-// deliberately leaves it begun.
+// Every operation on the granted folder: where it begins and ends its access. Most operations
+// end it in the steps after a choice, so a cancelled panel leaves it begun.
 #include "tests/support/editor_test.h"
 
 #include <functional>
@@ -20,7 +20,7 @@ constexpr const char* missing = "/Users/maya/Library/LaunchAgents/com.frimbolate
 struct AccessCase {
     const char* name;
     std::function<void(AppDelegate&, ScriptedPlatform&)> work;
-    Kinds effects; ///< their kinds in order, without the log and the preferences
+    Kinds effects; ///< the kinds of effects in order, without log and preferences
     int leftBegun;
 };
 

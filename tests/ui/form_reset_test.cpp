@@ -1,4 +1,4 @@
-// The form of a new agent, and the level that the reset mirrors.
+// The form of a new agent, and the text of the nice level, which the reset sets from the slider.
 #include "tests/support/editor_test.h"
 #include "tests/support/rows.h"
 
@@ -68,7 +68,7 @@ class FormReset : public EditorTest {
                 {"allowSuccessfulExitCheckbox.enabled", "no"},
                 {"alsoRunPathChangeImageWell.image", "none"},
                 {"alsoRunPathChangeImageWell.toolTip", "\"\""},
-                // From the preferences, which are all at their defaults
+                // From the preferences, which all hold their defaults
                 {"enableGlobbingCheckbox.state", "0"},
                 {"priorityLevelButton.selectedItem", "1"},
                 {"showWelcomeWindowCheckbox.state", "1"},

@@ -16,12 +16,13 @@ using test::snapshot;
 using test::with;
 using testing::IsEmpty;
 
-/// What an action sets, when one pop-up selects an item; all else must stay as it was.
+/// The properties that an action sets when a pop-up selects an item. All others must keep their
+/// value.
 struct RuleRow {
     std::string_view name;
     int selectedItem;
     Snapshot sets;
-    std::optional<bool> offersInterval = {}; ///< whether the item "On Interval" can be chosen
+    std::optional<bool> offersInterval = {}; ///< whether "On Interval" is enabled; unset: unchanged
 };
 
 Snapshot joined(Snapshot one, const Snapshot& other) {
@@ -29,7 +30,7 @@ Snapshot joined(Snapshot one, const Snapshot& other) {
     return one;
 }
 
-/// The items of the schedule that cannot be chosen: those of the form, with "On Interval" or not.
+/// The disabled items of the schedule: those of the form, with "On Interval" added or removed.
 Snapshot disabledItems(FormModel form, bool offersInterval) {
     auto& items = form.agentScheduleTypeButton.disabledItems;
     if (offersInterval)
@@ -42,7 +43,7 @@ Snapshot disabledItems(FormModel form, bool offersInterval) {
 
 class RuleTest : public EditorTest, public testing::WithParamInterface<RuleRow> {
   protected:
-    /// Runs an action on each start form, and compares the whole form.
+    /// Runs the action on each start form and compares the whole form with the row.
     void expectRule(PopUp FormModel::*chosen, void (AppDelegate::*action)()) {
         for (const auto& start : startForms()) {
             SCOPED_TRACE(start.name);
@@ -153,7 +154,7 @@ TEST_P(ScheduleRule, SetsNoMoreAndNoLess) {
 
 INSTANTIATE_TEST_SUITE_P(Schedules, ScheduleRule, testing::ValuesIn(schedules), NamedAfterRow());
 
-// Actions and schedules, one after the other
+// Sequences of actions and schedules
 
 class FormRules : public EditorTest {
   protected:

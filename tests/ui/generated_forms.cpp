@@ -9,7 +9,7 @@ namespace frimbolate::test {
 
 namespace {
 
-// Forms
+// Random forms
 
 constexpr int targets[] = {TargetType::File,
                            TargetType::File,
@@ -50,10 +50,10 @@ std::string path(RandomValues& random) {
     return random.coin() ? random.oneOf(paths) : random.text();
 }
 
-/// Left empty half of the time.
+/// Empty in half of the cases.
 std::string field(RandomValues& random) { return random.coin() ? "" : path(random); }
 
-// What a form says
+// Conditions on a form
 
 bool isOnSchedule(const AgentForm& form) { return form.action <= AgentAction::KeepRunning; }
 
@@ -211,7 +211,7 @@ constexpr RoundTripRule<AgentForm> formRuleTable[] = {
      [](const AgentForm& f) { return f.action < AgentAction::OnSchedule; },
      [](AgentForm& f) { f.action = AgentAction::OnSchedule; }}};
 
-// What a file says
+// Conditions on a file
 
 bool hasNone(const AgentPlist& file, std::initializer_list<const char*> keys) {
     for (const char* key : keys)

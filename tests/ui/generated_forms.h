@@ -1,4 +1,4 @@
-// Forms at random, and what each turns into when its agent is written and read back.
+// Random forms, and the rules by which writing and reading back changes a form.
 #pragma once
 
 #include "core/agent_plist.h"
@@ -9,13 +9,14 @@
 
 namespace frimbolate::test {
 
-/// A form of any selections and texts, reserved indexes among them; many pass validation.
+/// A form of random selections, reserved indexes included, and texts. Many pass validation.
 AgentForm generatedForm(RandomValues& random);
 
-/// Puts the record into the controls that it is read from.
+/// Sets the controls that agentForm() reads to the values of the record.
 void show(const AgentForm& form, FormModel& model);
 
-/// A difference that the rules of reading and writing prescribe, in the order in which they apply.
+/// A difference between what was written and what is read, which the rules of reading and writing
+/// prescribe. Rules apply in the order of their table.
 template <typename Subject>
 struct RoundTripRule {
     const char* name;

@@ -40,7 +40,7 @@ TEST_F(NewScript, IsWarnedOfEvenAfterAnApplication) {
 
     form.popoverScriptObject.shown = false;
     platform.press("Ok");
-    EXPECT_TRUE(form.popoverScriptObject.shown) << "the person goes on writing";
+    EXPECT_TRUE(form.popoverScriptObject.shown) << "the user goes on writing";
 }
 
 TEST_F(NewScript, PopOverIsAllThatShowingItChanges) {

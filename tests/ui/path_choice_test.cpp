@@ -1,4 +1,4 @@
-// The paths of the drawer, chosen in a panel.
+// Choosing the paths of the drawer in a panel.
 #include "tests/support/editor_test.h"
 #include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"

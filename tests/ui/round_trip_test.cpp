@@ -1,4 +1,4 @@
-// Written, read and written again: an agent stays what it is, but for differences with a name.
+// An agent that is written, read and written again changes only by the named rules.
 #include "tests/support/editor_test.h"
 #include "tests/ui/generated_forms.h"
 
@@ -14,7 +14,7 @@ class RoundTrip : public EditorTest {
   protected:
     RoundTrip() { platform.defaults.contents["WarnForDelete"] = false; }
 
-    /// Through the save command, the panel and the success alert, under the proposed name.
+    /// Saves under the proposed name: command, panel and success alert.
     AgentPlist save() {
         editor.validateAgentConfig();
         const auto path =
@@ -24,7 +24,7 @@ class RoundTrip : public EditorTest {
         return *platform.files.contents.at(path);
     }
 
-    /// Through the edit command and the panel; nothing is asked or told on the way.
+    /// Edits the file: command and panel. Expects no alert.
     void read(const AgentPlist& file) {
         const auto path = std::string(agents) + "/com.frimbolate.read.plist";
         platform.files.contents[path] = file;
@@ -34,14 +34,14 @@ class RoundTrip : public EditorTest {
         platform.files.contents.clear();
     }
 
-    /// What an agent that was read is saved as. One whose seconds the validation refuses is
-    /// saved without it.
+    /// The file that an agent is saved as after reading. An agent whose interval fails validation
+    /// is written without validation.
     AgentPlist saveAgain() {
         const auto record = agentForm(form);
         if (validate(record).empty())
             return save();
-        // Only an interval can have become invalid: minutes and hours are not bound by the least
-        // number of seconds, and a product may not fit into 32 bits.
+        // Only an interval can become invalid: the minimum in seconds does not apply to minutes and
+        // hours, and their product with 60 or 3600 may not fit into 32 bits.
         EXPECT_EQ(record.scheduleType, ScheduleType::OnInterval);
         EXPECT_LT(std::stoll(record.intervalText), 10);
         ++refused;
@@ -52,7 +52,7 @@ class RoundTrip : public EditorTest {
         return file;
     }
 
-    /// The subject after every rule that applies to it, which is noted.
+    /// The subject after every rule that applies to it. Records the names of these rules.
     template <typename Subject>
     Subject ruled(Subject subject, std::span<const RoundTripRule<Subject>> rules) {
         for (const auto& rule : rules)
@@ -82,7 +82,7 @@ TEST_F(RoundTrip, KeepsEveryFormThatPassesValidation) {
         ASSERT_EQ(agentForm(form), ruled(generated, formRules()));
         const auto second = saveAgain();
         ASSERT_EQ(second, ruled(first, fileRules())) << description(Value(first));
-        // From there on nothing changes any more.
+        // The second file is a fixed point.
         read(second);
         ASSERT_EQ(saveAgain(), second) << description(Value(first));
         platform.journal.clear();
@@ -95,7 +95,7 @@ TEST_F(RoundTrip, KeepsEveryFormThatPassesValidation) {
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
-/// Whatever a person's defaults are: they belong to new agents only.
+/// The defaults of the preferences apply to new agents alone.
 TEST_F(RoundTrip, DoesNotDependOnTheDefaults) {
     RandomValues random(815);
     for (int passed = 0; passed < 200;) {

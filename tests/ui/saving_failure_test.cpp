@@ -24,7 +24,7 @@ struct FaultRow {
     std::string_view name;
     std::string path;
     std::function<void(ScriptedFiles&)> break_;
-    std::string reason; ///< why the save failed; none when it goes on as if it had not
+    std::string reason; ///< of the failure; empty where the save continues in spite of the fault
 };
 
 class SaveFault : public EditorTest, public testing::WithParamInterface<FaultRow> {
@@ -43,7 +43,7 @@ class SaveFault : public EditorTest, public testing::WithParamInterface<FaultRow
     decltype(ScriptedFiles::contents) filesBefore;
 };
 
-/// What every save logs before it touches the disk.
+/// The lines that every save logs before it writes.
 std::vector<std::string> savingLines(const std::string& path) {
     return {"log: Saving launch agent, logging all saved values...", "log: Agent label key: x",
             "log: Agent target type is 3", "log: Path: " + path};

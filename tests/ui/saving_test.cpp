@@ -32,13 +32,13 @@ class SavingTest : public EditorTest {
         platform.journal.clear();
     }
 
-    /// Starts the save, up to the panel, and leaves nothing of that in the journal.
+    /// Starts the save, up to the panel, and clears the journal.
     void openPanel() {
         editor.saveLaunchAgent();
         platform.journal.clear();
     }
 
-    /// What the daily agent of this form is written as.
+    /// The file that the form of this fixture is written as.
     static Dictionary backup() {
         return {{"Label", "com.frimbolate.Backup"},
                 {"ProgramArguments", Array{Value("/bin/sh"), Value("/Users/maya/run.sh")}},
@@ -174,7 +174,7 @@ TEST_F(SavingTest, ATypedScriptHasNoExtensionToLog) {
     platform.press("Skip");
 }
 
-TEST_F(SavingTest, TheCommandIsCopiedWhenThePersonAskedForThat) {
+TEST_F(SavingTest, TheCommandIsCopiedWhenAutoCopyIsOn) {
     platform.defaults.contents["AutoCopyScriptsKey"] = "True";
     openPanel();
     platform.saveAs(file);

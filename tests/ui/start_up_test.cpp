@@ -13,7 +13,7 @@ using testing::StartsWith;
 using Lines = std::vector<std::string>;
 
 const Lines firstStart = {
-    // Normalised once by start-up itself …
+    // The pass of start-up itself
     "synchronize: defaults",
     "log: No key found for ShowWelcomeWindow, writing default of True - 3.0",
     "set: ShowWelcomeWindow = True - 3.0",
@@ -25,7 +25,7 @@ const Lines firstStart = {
     "set: DefaultGlobbingKey = 1",
     "log: No key found or key is 0 for DefaultPriorityKey, writing default of 0",
     "set: DefaultPriorityKey = 0",
-    // … and once more by the reset of the form.
+    // The pass of the form's reset
     "synchronize: defaults",
     "log: Improper key found for ShowWelcomeWindow, writing default of True - 3.0  -- Found: "
     "True - 3.0",
@@ -40,7 +40,7 @@ const Lines firstStart = {
     "sheet: begin welcomeWindow",
 };
 
-/// One normalisation of a store that holds every default but for the welcome sheet's key.
+/// The lines of one pass over a store that holds every default but the one of the welcome sheet.
 Lines pass(const std::string& welcomeLine, bool writesFalse) {
     Lines lines = {"synchronize: defaults", welcomeLine};
     if (writesFalse)
@@ -65,7 +65,7 @@ const std::string improperWelcome =
 const std::string suppressedWelcome =
     "log: Found key found for ShowWelcomeWindow, value of False - 3.0";
 
-/// The program can be started several times over the same desktop.
+/// Starts the program once or several times over the same desktop.
 class StartUpTest : public testing::Test {
   protected:
     static constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
@@ -100,7 +100,7 @@ TEST_F(StartUpTest, TheFirstStartNormalisesTwiceAndWelcomes) {
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
-TEST_F(StartUpTest, APersonWhoKeepsTheWelcomeSeesTheSameAtEveryLaterStart) {
+TEST_F(StartUpTest, AWelcomeThatIsKeptIsShownAtEveryLaterStart) {
     start();
     for (int day = 0; day < 4; ++day) {
         start();
@@ -141,7 +141,7 @@ TEST_F(StartUpTest, ASuppressedWelcomeWithoutAGrantAsksForTheFolder) {
     EXPECT_EQ(stored["Bookmark"], Value(bookmarkOf(agents)));
 }
 
-/// Looks at the form whenever a line is logged, to see what had been done by then.
+/// Calls a function at each line, so that a test can check the form at that moment.
 class WatchingLog : public Log {
   public:
     void line(const std::string&) override {
@@ -179,7 +179,7 @@ TEST_F(StartUpTest, TheWindowIsReadyBeforeTheFirstPassAndTheFormResetBeforeTheSe
     EXPECT_THAT(platform.shownSheets, ElementsAre(Sheet::welcomeWindow));
 }
 
-TEST_F(StartUpTest, TheDrawersOpeningIsToldToTheClosingHandlerWhichLeavesTheToolbarAlone) {
+TEST_F(StartUpTest, TheDrawersOpeningNotifiesTheClosingHandlerWhichLeavesTheToolbarAlone) {
     auto& editor = start();
     editor.form().mainWindowToolbar.sizeMode = 0;
     editor.openAdvancedDrawer();
@@ -190,7 +190,7 @@ TEST_F(StartUpTest, TheDrawersOpeningIsToldToTheClosingHandlerWhichLeavesTheTool
     EXPECT_EQ(editor.form().mainWindowToolbar.sizeMode, 0);
 }
 
-TEST_F(StartUpTest, TheFormStartsAsANewAgentWithThePersonsDefaults) {
+TEST_F(StartUpTest, TheFormStartsAsANewAgentWithTheStoredDefaults) {
     stored = {{"DefaultGlobbingKey", "0"}, {"DefaultPriorityKey", "1"}};
     const auto& form = start().form();
     EXPECT_EQ(form.enableGlobbingCheckbox.state, CheckState::On);
@@ -217,7 +217,7 @@ TEST_F(StartUpTest, AfterAResetTheNextStartIsAFirstOne) {
     platform.abandonQuestions();
 }
 
-// The welcome sheet: whether it is shown
+// Showing the welcome sheet
 
 struct WelcomeCase {
     std::string name;
@@ -256,7 +256,7 @@ TEST_P(WelcomeTest, IsShownUnlessSuppressedToTheLetter) {
 INSTANTIATE_TEST_SUITE_P(StartUp, WelcomeTest, testing::ValuesIn(welcomeCases()),
                          [](const auto& row) { return row.param.name; });
 
-// … and how it is closed
+// Closing the welcome sheet
 
 struct CloseCase {
     const char* name;
@@ -284,7 +284,7 @@ TEST_P(WelcomeCloseTest, StoresTheBoxEndsTheSheetAndOpensTheFolder) {
     const auto& row = GetParam();
     platform.defaults.contents = {{"Bookmark", bookmarkOf("/a")},
                                   {"ShowWelcomeWindow", "True - 3.0"}};
-    // The preferences' own box has the opposite state and no say here.
+    // The box of the preferences sheet holds the opposite state and must not count.
     form.showWelcomeWindowCheckbox.state = row.state == 0 ? 1 : 0;
     form.showWelcomeCheckbox.state = row.state;
     editor.closeWelcomeWindow();
@@ -307,7 +307,7 @@ TEST_F(StartUpTest, AFolderChosenAfterTheProgramIsGoneIsNotStored) {
     EXPECT_THAT(platform.journal.lines(), IsEmpty());
 }
 
-// Coming back, and going
+// Reopening and termination
 
 TEST_F(StartUpTest, ReopeningBringsTheWindowBack) {
     auto& editor = start();

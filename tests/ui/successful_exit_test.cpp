@@ -148,7 +148,7 @@ class Dismissal : public SuccessfulExitTest, public testing::WithParamInterface<
 
 TEST_P(Dismissal, GoesOnWithAnEmptyScriptAlone) {
     editor.validateSuccessfulExit();
-    // The form as it is when the alert is dismissed counts.
+    // The form at the moment of the dismissal counts.
     form.agentTargetButton.selectedItem = GetParam().targetType;
     form.scriptPopOverScriptField.stringValue = GetParam().scriptText;
     form.popoverScriptObject.shown = false;

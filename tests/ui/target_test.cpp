@@ -46,7 +46,7 @@ class TargetTest : public EditorTest {
         EXPECT_THAT(differences(with(before, changes), snapshot(form)), IsEmpty());
     }
 
-    /// Shows the panel, and leaves nothing of that in the journal.
+    /// Shows the panel and clears the journal.
     void openPanel() {
         editor.chooseApplicationOrScript();
         platform.journal.clear();
@@ -130,8 +130,8 @@ TEST_F(TargetTest, CancellingThePanelTakesTargetAndScriptAway) {
 struct ChosenRow {
     std::string_view name;
     std::string path;
-    std::string extension; ///< as the log tells it
-    std::string image;     ///< none where nothing is set
+    std::string extension; ///< as the log shows it
+    std::string image;     ///< resource name; empty where no image is set
 };
 
 class ChosenFile : public TargetTest, public testing::WithParamInterface<ChosenRow> {};
@@ -261,7 +261,7 @@ TEST_P(BrokenApplication, IsCheckedForTheSuccessfulExitBeforeTheAlertIsDismissed
     riskSuccessfulExit();
     openPanel();
     platform.choose(bundle);
-    // No path is recorded, so what is at risk is no application.
+    // No path is recorded, so the warning does not take the target for an application.
     auto expected = expectedLines();
     expected.emplace_back("synchronize: defaults");
     expected.emplace_back("alert: Potential conflict identified...");

@@ -1,4 +1,4 @@
-// Agents of the earlier version, from the alert to the removal of the old file.
+// Upgrading an agent of the earlier version, from the alert to the removal of the old file.
 #include "tests/support/editor_test.h"
 #include "tests/support/expected_panels.h"
 #include "tests/support/form_snapshot.h"
@@ -15,7 +15,7 @@ const std::string folder = "/Users/maya/Library/LaunchAgents";
 const std::string oldPath = folder + "/com.fr\u0131mbolate.Backup.plist";
 const std::string newPath = folder + "/com.frimbolate.Backup.plist";
 
-/// Holds a value of every type beside the keys that the form knows.
+/// An agent that holds a value of every type beside the keys of the form.
 AgentPlist oldAgent() {
     return {{"Label", "com.fr\u0131mbolate.Something else"},
             {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
@@ -43,13 +43,13 @@ class Upgrading : public EditorTest {
         platform.journal.clear();
     }
 
-    /// Up to the save panel.
+    /// Accepts the upgrade, up to the save panel.
     void accept() {
         platform.press("Ok");
         platform.journal.clear();
     }
 
-    /// As it stands after reading, and after a successful upgrade as well.
+    /// Expects the form as it is after reading. A successful upgrade does not change it.
     void expectStillRead() const {
         EXPECT_EQ(form.agentNameTextField.stringValue, "Something else");
     }
@@ -107,7 +107,7 @@ TEST_F(Upgrading, WritesThenLooksThenRemoves) {
     expectStillRead();
 }
 
-/// The label comes from the old file's name, whatever the person calls the new file.
+/// The label comes from the name of the old file, whatever the user names the new one.
 TEST_F(Upgrading, SavesIntoAnyFolderUnderAnyName) {
     accept();
     platform.saveAs("/Users/maya/renamed.plist");
@@ -137,7 +137,7 @@ TEST_F(Upgrading, DoesNothingAfterACancelledPanel) {
     EXPECT_EQ(platform.folderAccess.begun, 1);
 }
 
-TEST_F(Upgrading, TellsWhenTheOldFileHasBecomeUnreadable) {
+TEST_F(Upgrading, ReportsThatTheOldFileHasBecomeUnreadable) {
     platform.files.contents.erase(oldPath);
     platform.press("Ok");
     EXPECT_THAT(platform.journal.lines(),
@@ -195,7 +195,7 @@ const FaultRow faults[] = {
     {"UnwritableContent", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }}};
 INSTANTIATE_TEST_SUITE_P(Write, UpgradeFault, testing::ValuesIn(faults), NamedAfterRow());
 
-TEST_F(Upgrading, TellsAlsoUnderTheOldNameWhenNoFileIsThere) {
+TEST_F(Upgrading, ReportsAlsoUnderTheOldNameWhenNoFileIsThere) {
     accept();
     platform.files.contents.clear();
     platform.files.diskIsFull = true;
@@ -214,12 +214,12 @@ TEST_F(Upgrading, SaysNothingWhenTheOldFileStays) {
     EXPECT_FALSE(platform.isAsking());
 }
 
-// A write that fails onto a file that is there
+// A write over an existing file that fails
 
 const std::string trashedPath =
     std::string(ScriptedTrash::folder) + "/com.fr\u0131mbolate.Backup.plist";
 
-/// Only the existence of a file is looked at, so one that was there before counts as written.
+/// The upgrade checks the existence of the file alone, so an older file counts as the written one.
 TEST_F(Upgrading, TakesAnyFileThereForTheNewOneAndKeepsTheOldOneInTheTrash) {
     platform.files.contents[newPath] = Dictionary{{"Label", "another"}};
     accept();

@@ -42,7 +42,7 @@ class WatchPath : public EditorTest {
     }
 };
 
-/// The form with the item "On Interval" among those that can be chosen.
+/// The form with the item "On Interval" enabled.
 FormModel withInterval(FormModel form) {
     form.agentScheduleTypeButton.disabledItems.erase(ScheduleType::OnInterval);
     return form;
@@ -174,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(States, AdditionalPathOff, testing::ValuesIn(states), N
 
 class AdditionalPath : public EditorTest {
   protected:
-    /// Ticks the box in a form.
+    /// Turns the box on in a form.
     Snapshot tick(const FormModel& start) {
         form = start;
         form.alsoRunPathChangeCheckbox.state = CheckState::On;
