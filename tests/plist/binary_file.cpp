@@ -12,7 +12,7 @@ class Encoder {
   public:
     std::vector<std::string> objects;
 
-    /// Adds a value and what it holds; says its number.
+    /// Adds a value and its content, and returns its object number.
     std::size_t add(const Value& value) {
         const std::size_t number = objects.size();
         objects.emplace_back();

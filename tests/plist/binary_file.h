@@ -1,4 +1,4 @@
-// Makes binary property lists, byte by byte or of a value.
+// Makes binary property lists, byte by byte or from a value.
 #pragma once
 
 #include "core/value.h"
@@ -9,10 +9,10 @@
 
 namespace frimbolate::test {
 
-/// A number as that many bytes, the most significant first.
+/// The lowest `size` bytes of a number, the most significant first.
 std::string bigEndian(std::uint64_t number, unsigned size);
 
-/// A file of objects as they stand in it. The first one is the root.
+/// A file made of encoded objects. The first one is the root.
 struct BinaryFile {
     std::vector<std::string> objects;
     unsigned offsetSize = 2;

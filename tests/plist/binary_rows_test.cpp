@@ -1,4 +1,4 @@
-// The rules of the binary form.
+// Reading the binary form: the single rules.
 #include "tests/plist/binary_file.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"

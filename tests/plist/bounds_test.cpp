@@ -1,5 +1,5 @@
-// Files that would take endless time, all memory or the whole stack, were each piece of them not
-// read once: time grows with the size of a file, and memory to 40 times of it at most.
+// Files that exhaust time, memory or stack where a reader reads a part of them more than once. Time
+// must grow linearly with the size of the file; memory must stay below 40 times that size.
 #include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
@@ -19,7 +19,7 @@ using namespace std::string_literals;
 
 constexpr std::size_t largeSize = std::size_t{1} << 19;
 
-/// A text repeated up to a size.
+/// The text repeated until it has at least that size, in bytes.
 std::string filled(std::string_view text, std::size_t size = largeSize) {
     std::string result;
     result.reserve(size + text.size());
@@ -28,7 +28,7 @@ std::string filled(std::string_view text, std::size_t size = largeSize) {
     return result;
 }
 
-/// Different texts, each as short as can be.
+/// Different texts, each as short as possible.
 std::string manyNames(std::size_t count, const std::function<std::string(std::string)>& around) {
     constexpr std::string_view letters =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ01234567";
@@ -73,14 +73,14 @@ TEST_P(Bounds, OfMemoryAreKept) {
     EXPECT_EQ(isRead, GetParam().isRead) << rejectionReasonFor(file).substr(0, 200);
 }
 
-/// The bytes that a reader of XML searches are counted, whatever the file.
-TEST_P(Bounds, AreSearchedAFewTimes) {
+/// Counts the bytes that the XML reader searches, also for files of the other forms.
+TEST_P(Bounds, OfSearchingAreKept) {
     const std::string file = GetParam().file();
     TextCursor in(file);
     try {
         readXmlPlist(in);
     } catch (const NamedError&) {
-        // It has ended, which is all that counts.
+        // Only the number of bytes searched matters.
     }
     EXPECT_LE(in.bytesSearched(), 3 * file.size());
 }

@@ -1,4 +1,4 @@
-// Where a file is read otherwise than on the platform, on purpose: each with its reason.
+// The files that are read differently from the platform, each with its reason.
 #include "plist/limits.h"
 #include "tests/plist/binary_file.h"
 #include "tests/plist/verdict.h"
@@ -27,7 +27,7 @@ std::string binaryDate(double seconds) {
     return BinaryFile{{"\x33" + bigEndian(std::bit_cast<std::uint64_t>(seconds), 8)}}.bytes();
 }
 
-/// Arrays in a chain, each with two references to the next.
+/// A chain of arrays, each with two references to the next one.
 std::string doublingFile(int levels) {
     BinaryFile file;
     for (int i = 1; i <= levels; ++i)

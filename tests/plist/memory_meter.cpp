@@ -10,7 +10,7 @@ namespace {
 std::atomic<std::size_t> allocated = 0;
 std::atomic<std::size_t> mostAllocated = 0;
 
-/// In front of each allocation, as large as its alignment asks for.
+/// Precedes each allocation and has the size that keeps it aligned.
 struct alignas(std::max_align_t) Header {
     std::size_t size;
 };

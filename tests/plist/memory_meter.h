@@ -1,15 +1,15 @@
-// How much memory a step takes. The test program's own operator new keeps the count.
+// The memory that a step allocates, counted by the operator new of the test program.
 #pragma once
 
 #include <cstddef>
 
 namespace frimbolate::test {
 
-/// Counts from its construction on. One at a time.
+/// Counts from its construction on. Only one may exist at a time.
 class MemoryMeter {
   public:
     MemoryMeter();
-    /// The most bytes that were allocated at once, beyond those of the construction.
+    /// The largest number of bytes allocated at one time, beyond those at the construction.
     std::size_t peak() const;
 
   private:

@@ -1,4 +1,4 @@
-// The rules of the property lists that are older than XML.
+// Reading the form that is older than XML: the single rules.
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 

@@ -1,5 +1,4 @@
-// Lets a script of another language see what a file is read as: plist_dump FILE … prints, for each
-// file, the line of verdictOn().
+// For interop_test.py: plist_dump FILE … prints the line of verdictOn() for each file.
 #include "tests/plist/verdict.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Runs a fuzz target over the files of a folder, where there is no fuzzer to drive it.
+// Runs a fuzz target over the files of folders, without a fuzzer.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

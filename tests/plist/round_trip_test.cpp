@@ -1,4 +1,4 @@
-// What is written is read back as the same value, by the reader of every form.
+// Writing and reading back gives the same value, in the XML and the binary form.
 #include "core/named_error.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"

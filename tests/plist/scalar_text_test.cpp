@@ -12,20 +12,20 @@ namespace {
 struct ScalarRow {
     const char* name;
     std::string text;
-    std::string value; ///< "" where the text is refused
+    std::string value; ///< empty where the text is refused
 };
 
 void PrintTo(const ScalarRow& row, std::ostream* out) { *out << row.name; }
 
 template <typename Result>
-std::string textOf(const Result& result) {
+std::string resultText(const Result& result) {
     return result ? valueText(*result) : "";
 }
 
 class PlistInteger : public testing::TestWithParam<ScalarRow> {};
 
 TEST_P(PlistInteger, IsParsed) {
-    EXPECT_EQ(textOf(parsePlistInteger(GetParam().text)), GetParam().value);
+    EXPECT_EQ(resultText(parsePlistInteger(GetParam().text)), GetParam().value);
 }
 
 const ScalarRow integerRows[] = {
@@ -54,8 +54,8 @@ INSTANTIATE_TEST_SUITE_P(Rows, PlistInteger, testing::ValuesIn(integerRows), Nam
 class PlistReal : public testing::TestWithParam<ScalarRow> {};
 
 TEST_P(PlistReal, IsParsedTheSameByEveryLibrary) {
-    EXPECT_EQ(textOf(parsePlistReal(GetParam().text)), GetParam().value);
-    EXPECT_EQ(textOf(parsePlistRealByStream(GetParam().text)), GetParam().value);
+    EXPECT_EQ(resultText(parsePlistReal(GetParam().text)), GetParam().value);
+    EXPECT_EQ(resultText(parsePlistRealByStream(GetParam().text)), GetParam().value);
 }
 
 const std::string zeros(400, '0');
@@ -108,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, PlistReal, testing::ValuesIn(realRows), NamedAfte
 class PlistDate : public testing::TestWithParam<ScalarRow> {};
 
 TEST_P(PlistDate, IsParsed) {
-    EXPECT_EQ(textOf(parsePlistDate(GetParam().text)), GetParam().value);
+    EXPECT_EQ(resultText(parsePlistDate(GetParam().text)), GetParam().value);
 }
 
 const ScalarRow dateRows[] = {

@@ -1,4 +1,4 @@
-// The encodings of a text form, and which of them a file is in.
+// The encodings of the text forms, and how the one of a file is detected.
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 
@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 enum class Order { little, big };
 
-/// ASCII as units of some bytes each.
+/// ASCII text as code units of `size` bytes each.
 std::string wide(std::string_view text, std::size_t size, Order order) {
     std::string result;
     for (const char c : text) {

@@ -1,4 +1,4 @@
-// What is valid UTF-8.
+// The validation of UTF-8.
 #include "plist/text_encoding.h"
 #include "tests/support/rows.h"
 
@@ -16,7 +16,7 @@ void PrintTo(const Utf8Row& row, std::ostream* out) { *out << row.name; }
 
 class Utf8 : public testing::TestWithParam<Utf8Row> {};
 
-/// Behind so many plain characters that each place within a machine word is tried.
+/// Tries each text at every offset within a machine word, after ASCII characters.
 TEST_P(Utf8, IsJudgedAtEveryPlace) {
     for (std::size_t before = 0; before < 17; ++before)
         for (std::size_t behind = 0; behind < 17; ++behind) {

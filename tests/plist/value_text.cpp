@@ -15,7 +15,7 @@ std::string formatted(const char* format, unsigned long long number) {
     return text;
 }
 
-/// The first character of a text that is valid UTF-8, which is taken off.
+/// Removes the first character of a text, which must be valid UTF-8, and returns it.
 char32_t takeCharacter(std::string_view& text) {
     const auto lead = static_cast<unsigned char>(text.front());
     const std::size_t size = lead < 0x80 ? 1 : lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;

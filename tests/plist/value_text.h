@@ -1,4 +1,4 @@
-// Values in one line, so that tables can say what is read.
+// A notation of values in one line, for tables.
 #pragma once
 
 #include "core/value.h"

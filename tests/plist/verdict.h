@@ -1,4 +1,4 @@
-// What a file is read as, in one line.
+// The result of reading a file, in one line.
 #pragma once
 
 #include <iosfwd>
@@ -8,14 +8,14 @@
 
 namespace frimbolate::test {
 
-/// What reading a file gives: "ok", a tab and the value, or just "error".
-/// \throws whatever is thrown beside a NamedError "Unreadable property list" with a reason
+/// The result of reading a file: "ok", a tab and the value, or just "error".
+/// \throws every exception but a NamedError "Unreadable property list" with a reason
 std::string verdictOn(std::string_view file);
 
-/// Why reading a file fails; "read as …" where it does not.
+/// The reason why reading a file fails; "read as …" where it succeeds.
 std::string rejectionReasonFor(std::string_view file);
 
-/// A made case, and what the platform makes of it.
+/// A case and the result of the platform.
 struct VerdictRow {
     std::string name;
     std::string verdict; ///< in the notation of verdictOn()
@@ -27,9 +27,9 @@ struct VerdictRow {
 
 void PrintTo(const VerdictRow& row, std::ostream* out);
 
-/// All cases, in the order of their names.
+/// All cases, sorted by name.
 std::vector<VerdictRow> verdictRows();
-/// Those that the platform reads.
+/// The cases that the platform reads.
 std::vector<VerdictRow> readableRows();
 
 } // namespace frimbolate::test

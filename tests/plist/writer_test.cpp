@@ -1,4 +1,4 @@
-// What is written, byte for byte, and what is not written because it would be read otherwise.
+// The bytes that are written, and the values that are refused since they would be read differently.
 #include "core/named_error.h"
 #include "plist/property_list_reader.h"
 #include "plist/written_scalars.h"

@@ -1,4 +1,4 @@
-// The rules of the XML form, beside those that the verdicts show.
+// Reading the XML form: the single rules that verdicts.tsv does not cover.
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 

@@ -1,5 +1,4 @@
-// What stands in the XML files of tools and of people, whole and faulty, inside of an ordinary
-// frame.
+// Reading XML as tools and people write it: valid and faulty values in an ordinary frame.
 #include "core/named_error.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
@@ -18,7 +17,7 @@ namespace {
 using namespace std::string_literals;
 using testing::HasSubstr;
 
-/// A whole XML file around one value.
+/// A complete XML file around one value.
 std::string xmlFile(std::string_view body) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
@@ -198,7 +197,7 @@ const BadRow badRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Rows, XmlRefusal, testing::ValuesIn(badRows), NamedAfterRow());
 
-TEST(XmlFile, TakesNulForACharacter) {
+TEST(XmlFile, KeepsNul) {
     EXPECT_EQ(readPropertyList(xmlFile("<string>a\0b</string>"s)), Value("a\0b"s));
     EXPECT_THROW(readPropertyList(xmlFile("<integer>5\0x</integer>"s)), NamedError);
 }
@@ -225,7 +224,7 @@ TEST(XmlFile, ReadsUtf16) {
         file += static_cast<char>(unit >> 8);
     }
     EXPECT_EQ(readPropertyList(file), Value("é"));
-    // Half of a character, which no UTF-8 can hold
+    // Half of a surrogate pair, which UTF-8 cannot hold
     file.replace(file.find('\xe9'), 2, "\x3d\xd8");
     EXPECT_THROW(readPropertyList(file), NamedError);
 }

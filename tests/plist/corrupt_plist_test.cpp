@@ -1,5 +1,5 @@
-// Damaged files of every kind: a reader gives a value or a NamedError. The sanitizers of the build
-// see whether it strayed on the way.
+// Corrupt files of every form: a reader returns a value or throws a NamedError. The sanitizers of
+// the build detect accesses out of bounds.
 #include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"
 #include "tests/plist/verdict.h"
@@ -23,21 +23,21 @@ constexpr const char* oldStyle =
 
 std::string xml() { return xmlPropertyList(RandomValues(7).dictionary(3)); }
 
-int readBeginnings(const std::string& file) {
+int readPrefixes(const std::string& file) {
     int read = 0;
     for (std::size_t size = 0; size < file.size(); ++size)
         read += verdictOn(std::string_view(file).substr(0, size)) == "error" ? 0 : 1;
     return read;
 }
 
-TEST(DamagedPlists, EveryBeginningIsRefused) {
+TEST(CorruptPlists, EveryPrefixIsRefused) {
     ASSERT_NE(verdictOn(binary), "error");
-    EXPECT_EQ(readBeginnings(binary), 8) << "\"b\" to \"bplist00\" are words of the older form";
-    // The last line end may be missing.
+    EXPECT_EQ(readPrefixes(binary), 8) << "\"b\" to \"bplist00\" are words of the older form";
+    // The file is complete without its last line end.
     auto file = xml();
     ASSERT_NE(verdictOn(file), "error");
     file.pop_back();
-    EXPECT_EQ(readBeginnings(file), 0);
+    EXPECT_EQ(readPrefixes(file), 0);
 }
 
 void flipBytes(const std::string& file, bool isRead = true) {
@@ -50,16 +50,16 @@ void flipBytes(const std::string& file, bool isRead = true) {
             damaged[random.below(damaged.size())] = static_cast<char>(random.below(256));
         read += verdictOn(damaged) == "error" ? 0 : 1;
     }
-    // Otherwise the rounds did not reach what they are about.
+    // Otherwise the damage never produced the case that the test is about.
     EXPECT_EQ(read > 0, isRead);
     EXPECT_LT(read, rounds);
 }
 
-TEST(DamagedPlists, FlippedBytesInXml) { flipBytes(xml()); }
-TEST(DamagedPlists, FlippedBytesInBinary) { flipBytes(binary); }
-TEST(DamagedPlists, FlippedBytesInOldStyle) { flipBytes(oldStyle); }
+TEST(CorruptPlists, FlippedBytesInXml) { flipBytes(xml()); }
+TEST(CorruptPlists, FlippedBytesInBinary) { flipBytes(binary); }
+TEST(CorruptPlists, FlippedBytesInOldStyle) { flipBytes(oldStyle); }
 
-TEST(DamagedPlists, EveryByteOfABinaryFileWithEveryValue) {
+TEST(CorruptPlists, EveryByteOfABinaryFileWithEveryValue) {
     std::size_t judged = 0;
     for (std::size_t place = 0; place < binary.size(); ++place)
         for (int byte = 0; byte < 256; ++byte) {
