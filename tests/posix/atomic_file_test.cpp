@@ -31,13 +31,13 @@ gid_t groupOf(const std::string& path) {
 
 class AtomicFile : public testing::Test {
   protected:
-    /// The write went well, and left nothing but what is expected in the folder.
+    /// Expects that the write succeeds and the folder then holds these names alone.
     void expectWritten(const std::string& path, const Names& names) {
         EXPECT_EQ(writeFileAtomically(path, after), std::nullopt);
         EXPECT_EQ(bytesOf(path), after);
         EXPECT_EQ(folder.names(), names);
     }
-    /// The write was refused, and the folder is as it was.
+    /// Expects that the write fails and leaves the folder as it was.
     void expectRefused(const std::string& path) {
         const auto names = folder.names();
         const auto reason = writeFileAtomically(path, after);
@@ -74,7 +74,7 @@ TEST_F(AtomicFile, ReplacesAFileAndKeepsItsMode) {
 }
 
 TEST_F(AtomicFile, ReplacesAReadOnlyFile) {
-    // The folder decides who may put another file in place, as everywhere on the system.
+    // The permissions of the folder, not of the file, decide who may replace it.
     writeBytes(file, before);
     TemporaryFolder::forbidWriting(file);
     const auto mode = modeOf(file);
@@ -95,7 +95,7 @@ TEST_F(AtomicFile, PutsANewFileInPlaceOfTheOldOne) {
     writeBytes(file, before);
     std::ifstream reader(file, std::ios::binary);
     expectWritten(file, {"a.plist"});
-    // Whoever read the old one meanwhile still has all of it.
+    // A reader that opened the old file still reads all of it.
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), before);
 }
 
@@ -185,7 +185,7 @@ TEST_F(AtomicFile, RefusesPathsThatLeadNowhere) {
 TEST_F(AtomicFile, LeavesTheOriginalOnAFullDisk) {
     writeBytes(file, before);
     const std::string much(100'000, 'x');
-    // Full at once, in the middle, and for the last byte
+    // Room for nothing, for a part, and for all but the last byte
     for (const rlim_t room : {rlim_t{0}, rlim_t{4096}, rlim_t{99'999}}) {
         std::optional<std::string> reason;
         std::optional<std::string> reasonOfNew;
@@ -215,7 +215,7 @@ TEST(AtomicFileOfOrdinaryUser, LeavesTheOriginalInAReadOnlyFolder) {
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
-TEST(AtomicFileOfOrdinaryUser, WritesOverAFileOfSomebodyElse) {
+TEST(AtomicFileOfOrdinaryUser, WritesOverAFileOfAnotherUser) {
     TemporaryFolder folder;
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     const std::string file = folder / "a.plist";
@@ -225,7 +225,7 @@ TEST(AtomicFileOfOrdinaryUser, WritesOverAFileOfSomebodyElse) {
     const OrdinaryUser user;
     EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
     EXPECT_EQ(bytesOf(file), after);
-    // Members of another group could only read.
+    // A file that cannot keep its group loses the group's right to write.
     EXPECT_EQ(modeOf(file), groupOf(file) == group ? 0664U : 0644U);
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }

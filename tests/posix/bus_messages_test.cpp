@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"ReturnOfNothing", busReturn(2, std::nullopt), 2, ""},
                     Row{"Error", busError(3, "There is no such name"), 3, ""},
                     Row{"Signal", busSignal("NameAcquired", ":1.1"), 0, ""},
-                    // A header's first field, with a type that headers do not have.
+                    // The first field of the header has a type that no header has.
                     Row{"DamagedField", broken(busReturn(7, address), 18, 'x'), 0, ""},
                     Row{"DamagedLaterField", broken(busReturn(7, address), 27, 'x'), 7, ""},
                     Row{"SizeBeyondTheHeader", broken(busReturn(7, address), 31, '\x7f'), 7, ""}),

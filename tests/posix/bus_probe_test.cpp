@@ -40,10 +40,10 @@ const std::string told = busReturn(2, "unix:abstract=a11y");
 
 struct Row {
     const char* name;
-    std::string said; ///< by the bus, which then falls silent
+    std::string said; ///< the bytes that the bus sends before it stops answering
     bool isUnresponsive, isAccessibilityUnresponsive;
     std::string accessibilityAddress;
-    bool hangsUp = false; ///< instead of falling silent
+    bool hangsUp = false; ///< closes the connection instead of keeping it open
 };
 
 void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
@@ -58,7 +58,7 @@ TEST_P(ConnectedBus, EndsWhereTheBusFallsSilent) {
     ASSERT_TRUE(writeWholly(bus.number(), GetParam().said));
     if (GetParam().hangsUp)
         ::shutdown(bus.number(), SHUT_WR);
-    // All that is ever said is there; the deadline is over.
+    // Everything that the bus sends is in the socket, so a deadline in the past suffices.
     const auto answer =
         probeConnectedBus(FileDescriptor(ends[1]), Question::accessibilityBus, Deadline());
     EXPECT_EQ(answer.isUnresponsive, GetParam().isUnresponsive);
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"MuteWithinALine", "OK 0123", true, false, ""},
         Row{"MuteAfterAuthentication", accepted, true, false, ""},
         Row{"MuteWithinAMessage", accepted + welcome.substr(0, 30), true, false, ""},
-        // These end by themselves: they are left to the toolkit.
+        // None of these blocks, so the toolkit may handle them.
         Row{"HangsUp", "", false, false, "", true},
         Row{"HangsUpLater", accepted + welcome, false, false, "", true},
         Row{"Rejects", "REJECTED EXTERNAL\r\n", false, false, ""},

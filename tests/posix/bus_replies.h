@@ -1,4 +1,4 @@
-// What a message bus says, in its wire format.
+// Messages of a bus in the wire format of D-Bus.
 #pragma once
 
 #include <bit>
@@ -9,7 +9,7 @@
 
 namespace frimbolate::test {
 
-/// Builds a message field by field, each at the alignment that its type has.
+/// Builds a message field by field, each aligned as its type requires.
 class BusBytes {
   public:
     void align(std::size_t size) { bytes_.append((size - bytes_.size() % size) % size, '\0'); }
@@ -46,7 +46,7 @@ inline std::string busMessage(char type, const std::string& fields,
         body.text(*text);
     BusBytes head;
     head.number(static_cast<std::uint32_t>(body.bytes().size()));
-    head.number(99); // the bus's own serial
+    head.number(99); // serial of the reply
     head.number(static_cast<std::uint32_t>(fields.size()));
     const char order = std::endian::native == std::endian::little ? 'l' : 'B';
     std::string bytes = std::string{order, type, 1, 1} + head.bytes() + fields;
@@ -54,7 +54,7 @@ inline std::string busMessage(char type, const std::string& fields,
     return bytes + body.bytes();
 }
 
-/// The fields begin where the alignment is that of the message's beginning.
+/// The fields begin at an offset that is aligned as the start of the message is.
 inline std::string busReturn(std::uint32_t serial, const std::optional<std::string>& text) {
     BusBytes fields;
     fields.field(5, 'u');

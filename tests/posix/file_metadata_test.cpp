@@ -1,6 +1,5 @@
-// What a file keeps when another one takes its place. Where a file system keeps no lists or
-// attributes, or the test's user may not give files away, each test still compares before and
-// after.
+// The metadata that a replaced file keeps. Each test compares before and after, so it also holds
+// where the file system keeps no lists or attributes or the user may not change the owner.
 #include "posix/atomic_file.h"
 #include "tests/support/temporary_folder.h"
 
@@ -32,7 +31,7 @@ bool setList(const std::string& path, const char* text, acl_type_t type = ACL_TY
     return list && ::acl_set_file(path.c_str(), type, list.get()) == 0;
 }
 
-std::string textOf(const List& list) {
+std::string listText(const List& list) {
     char* text = list ? ::acl_to_text(list.get(), nullptr) : nullptr;
     if (!text)
         return "";
@@ -40,11 +39,12 @@ std::string textOf(const List& list) {
     ::acl_free(text);
     return result;
 }
-std::string textOf(const char* list) { return textOf(List(::acl_from_text(list))); }
+std::string listText(const char* list) { return listText(List(::acl_from_text(list))); }
 
-/// Of a file without a list, what its mode says; empty where the file system keeps no lists.
+/// The access control list of a file, made from its mode where it has none. Empty where the file
+/// system keeps no lists.
 std::string listOf(const std::string& path) {
-    return textOf(List(::acl_get_file(path.c_str(), ACL_TYPE_ACCESS)));
+    return listText(List(::acl_get_file(path.c_str(), ACL_TYPE_ACCESS)));
 }
 
 std::map<std::string, std::string> attributesOf(const std::string& path) {
@@ -115,7 +115,7 @@ TEST_F(FileMetadata, AnotherOwnerWidensNoRights) {
     write();
     const bool isNarrowed = isGiven && isListed;
     EXPECT_EQ(listOf(file),
-              isNarrowed ? textOf("u::r--,u:12346:rw-,g::---,m::r--,o::r--") : before);
+              isNarrowed ? listText("u::r--,u:12346:rw-,g::---,m::r--,o::r--") : before);
     EXPECT_EQ(statusOf(file).st_uid, ::geteuid());
 }
 
@@ -138,7 +138,7 @@ TEST(FileMetadataOfOrdinaryUser, AttributesStay) {
     for (const auto& value : values)
         ::setxattr(file.c_str(), ("user.frimbolate." + std::to_string(++number)).c_str(),
                    value.data(), value.size(), 0);
-    // Also where the mode does not let the owner write, which attributes need.
+    // 0444: writing attributes needs the right to write, which the owner lacks here.
     for (const mode_t mode : {0644U, 0444U}) {
         ASSERT_EQ(::chmod(file.c_str(), mode), 0);
         const auto attributes = attributesOf(file);

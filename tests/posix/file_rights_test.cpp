@@ -8,7 +8,7 @@ namespace frimbolate::test {
 
 namespace {
 
-// The rights of the file that takes the place
+// The rights of the replacement
 
 struct ReplacementRow {
     const char* name;
@@ -42,8 +42,8 @@ const ReplacementRow replacements[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, RightsOfReplacement, testing::ValuesIn(replacements),
                          NamedAfterRow());
 
-/// All rights there are, and all kinds of users, against how the system decides.
-TEST(RightsOfReplacement, WidenNobodysRightsWhateverTheyWere) {
+/// Tries all rights and all kinds of users, by the rules of the system.
+TEST(RightsOfReplacement, WidenNoRightsWhateverTheyWere) {
     forAllRights([](const FileRights& before, unsigned namedGroup) {
         for (const bool sameOwner : {true, false})
             for (const bool sameGroup : {true, false}) {

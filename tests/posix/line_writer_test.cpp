@@ -15,7 +15,7 @@ namespace frimbolate::test {
 
 namespace {
 
-/// All that can be read at once.
+/// All bytes that can be read without waiting.
 std::string drained(int file) {
     ::fcntl(file, F_SETFL, ::fcntl(file, F_GETFL) | O_NONBLOCK);
     std::string all, piece(65536, '\0');
@@ -24,7 +24,7 @@ std::string drained(int file) {
     return all;
 }
 
-/// Writes until nothing more fits, and leaves the descriptor blocking as it was.
+/// Writes until the buffer is full, and restores the flags of the descriptor.
 void fill(int file) {
     const int flags = ::fcntl(file, F_GETFL);
     ::fcntl(file, F_SETFL, flags | O_NONBLOCK);
@@ -55,7 +55,7 @@ Ends makeSocket() {
 struct Row {
     const char* name;
     Ends (*make)();
-    bool reopens = true; ///< false: what was made cannot be opened a second time
+    bool reopens = true; ///< whether the end can be opened a second time
 };
 
 void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
@@ -74,7 +74,7 @@ class FullOutput : public testing::TestWithParam<Row> {
     Ends ends = GetParam().make();
 };
 
-TEST_P(FullOutput, DropsLinesAndTellsHowMany) {
+TEST_P(FullOutput, DropsLinesAndReportsHowMany) {
     const auto writer = makeWriter();
     writer->write("first");
     EXPECT_EQ(drained(ends.reading.number()), "first\n");
@@ -91,7 +91,7 @@ TEST_P(FullOutput, DropsLinesAndTellsHowMany) {
     EXPECT_EQ(drained(ends.reading.number()), "e\n");
 }
 
-TEST_P(FullOutput, IsToldOfAtTheEndAtTheLatest) {
+TEST_P(FullOutput, IsReportedAtTheEndAtTheLatest) {
     auto writer = makeWriter();
     fill(ends.writing.number());
     writer->write("a");

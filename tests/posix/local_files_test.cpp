@@ -147,7 +147,7 @@ TEST_F(LocalFilesTest, APathEndsNotAtItsNul) {
     EXPECT_EQ(bytesOf(file), "x");
 }
 
-TEST(LocalFilesOfOrdinaryUser, MayNotEverything) {
+TEST(LocalFilesOfOrdinaryUser, IsHeldBackByPermissions) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     RecordingLog log;

@@ -25,7 +25,7 @@ unsigned modeOf(const std::string& path) {
 
 class PlistDefaultsTest : public testing::Test {
   protected:
-    /// What the next start of the program finds.
+    /// The values that the next start of the program reads.
     Dictionary onDisk() {
         RecordingLog unheard;
         PlistDefaults defaults(path, unheard);
@@ -48,7 +48,7 @@ TEST_F(PlistDefaultsTest, WritesNothingUnlessAsked) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(PlistDefaultsTest, IsOnDiskAtOnceForThePersonAlone) {
+TEST_F(PlistDefaultsTest, IsOnDiskAtOnceForItsOwnerAlone) {
     PlistDefaults defaults(path, log);
     defaults.set("WarnForDelete", true);
     EXPECT_EQ(onDisk(), (Dictionary{{"WarnForDelete", true}}));
@@ -169,7 +169,7 @@ TEST(PlistDefaultsOfOrdinaryUser, NeverWritesOverAFileThatItMayNotRead) {
     EXPECT_THAT(folder.names(), ElementsAre("com.qz.Frimbolate.plist"));
     ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
     EXPECT_EQ(bytesOf(path), content);
-    // As soon as it may, both go together.
+    // The next write that succeeds contains both.
     defaults.synchronize();
     EXPECT_EQ(bytesOf(path), xmlPropertyList({{"a", 1}, {"b", 2}}));
 }

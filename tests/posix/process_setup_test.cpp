@@ -20,7 +20,7 @@ bool isNull(int file) {
            status.st_rdev == ::makedev(1, 3);
 }
 
-/// Each row is the set of standard streams that are closed, a bit for each descriptor.
+/// A row is the set of closed standard streams, one bit per descriptor.
 class StandardStreams : public testing::TestWithParam<unsigned> {};
 
 TEST_P(StandardStreams, AreOpenAfterwards) {
@@ -37,7 +37,7 @@ TEST_P(StandardStreams, AreOpenAfterwards) {
         for (int stream = 0; stream < 3; ++stream)
             if (isNull(stream) != ((closed & (1U << stream)) != 0))
                 return stream + 1;
-        // They can be read from and written to.
+        // The replacements can be read and written.
         char byte = 0;
         if ((closed & 1U) && ::read(0, &byte, 1) != 0)
             return 11;

@@ -1,7 +1,9 @@
-// Lets a script of another language see what the readers, the writer and the switch do:
+// Runs the readers, the writer and the switch for interop_test.py:
 //   property_list_tool rewrite FILE        writes what it read from FILE to standard output
 //   property_list_tool random SEED FILE    writes random content of that seed to FILE
-//   property_list_tool switch FILE         switches the agent in FILE on or off, as a person would
+//   property_list_tool switch FILE         switches the agent in FILE on or off, through the panel
+//   and
+//                                          the alert
 #include "operations/agent_switch.h"
 #include "plist/xml_writer.h"
 #include "posix/local_files.h"
@@ -33,22 +35,23 @@ int writeRandom(const char* seed, const std::string& path) {
     return writePropertyListFile(path, random.dictionary(4)) ? 1 : 0;
 }
 
-/// The real files under a person whose answers are scripted.
+/// Switches an agent on the real disk; the answers of the user are scripted.
+/// \returns the exit status: 1 if an alert reports a failure
 int switchAgent(const std::string& path) {
-    test::ScriptedPlatform person;
-    LocalFiles files(person);
-    const auto scripted = person.services();
+    test::ScriptedPlatform user;
+    LocalFiles files(user);
+    const auto scripted = user.services();
     Services services{
         scripted.alerts,       scripted.sheets,   scripted.filePanels,  files,
         scripted.folderAccess, scripted.defaults, scripted.pasteboard,  scripted.workspace,
         scripted.clock,        scripted.log,      scripted.application, scripted.trash};
     AgentSwitch agentSwitch(services);
     agentSwitch.onOffLaunchAgent();
-    person.choose(path);
-    person.press("Continue");
-    const bool told = person.isAsking(); // only a failure is told
-    person.abandonQuestions();
-    return told ? 1 : 0;
+    user.choose(path);
+    user.press("Continue");
+    const bool failed = user.isAsking(); // an alert follows a failure alone
+    user.abandonQuestions();
+    return failed ? 1 : 0;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What each kind of user may do with a file, decided as the system decides it.
+// The rights of each kind of user on a file, computed by the rules of the system.
 #pragma once
 
 #include "posix/file_rights.h"
@@ -7,14 +7,14 @@
 
 namespace frimbolate::test {
 
-/// How a user stands to a file. The named group is one that the access control list names.
+/// The relation of a user to a file. The named group is one in the access control list.
 struct UserOfFile {
     bool isOwner = false;
     bool isInGroup = false;
     bool isInNamedGroup = false;
 };
 
-/// One user, before and after another file has taken the place.
+/// One user, before and after the file is replaced.
 struct User {
     const char* name;
     UserOfFile before;
@@ -31,7 +31,7 @@ inline unsigned rightsOf(const UserOfFile& user, const FileRights& rights, unsig
            rights.mask.value_or(7U);
 }
 
-/// Everybody but the new owner, who wrote the file.
+/// Every kind of user but the new owner, who wrote the file.
 inline std::vector<User> usersOfFile(bool sameOwner, bool sameGroup) {
     std::vector<User> users;
     for (const bool isNamed : {true, false})
@@ -50,7 +50,7 @@ inline std::vector<User> usersOfFile(bool sameOwner, bool sameGroup) {
     return users;
 }
 
-/// Calls with each combination of rights and of what the list grants the named group.
+/// Calls with each combination of rights and of the rights that the list grants the named group.
 template <typename Visit>
 void forAllRights(Visit visit) {
     for (unsigned bits = 0; bits < 8 * 8 * 8; ++bits) {

@@ -1,4 +1,4 @@
-// Preferences that several running programs share, and what happens to the file between them.
+// Preferences that several processes share through one file.
 #include "plist/xml_writer.h"
 #include "posix/plist_defaults.h"
 #include "tests/support/recording_log.h"
@@ -24,10 +24,10 @@ std::string keyOf(int program, int number) {
     return std::to_string(program) + "." + std::to_string(number);
 }
 
-/// As many programs as there are children, which begin at the same moment.
+/// Child processes that start at the same moment.
 class Programs {
   public:
-    /// \param run returns whether all went well
+    /// \param run called in each child with its number; returns whether it succeeded
     template <typename Run>
     Programs(int count, Run run) {
         std::array<int, 2> start{};
@@ -39,14 +39,14 @@ class Programs {
             } else if (child == 0) {
                 char nothing = 0;
                 ::close(start[1]);
-                // Ends with the last writer.
+                // Returns when the parent closes the last writing end.
                 static_cast<void>(!::read(start[0], &nothing, 1));
                 ::_exit(run(program) ? 0 : 1);
             }
         ::close(start[0]);
         ::close(start[1]);
     }
-    /// How many of them went well, once they have ended.
+    /// Waits for all of them and returns how many succeeded.
     int wait() {
         int well = 0;
         for (const pid_t child : children_) {
@@ -63,7 +63,7 @@ class Programs {
 
 class SharedDefaults : public testing::Test {
   protected:
-    /// What the next start of the program finds.
+    /// The values that the next start of the program reads.
     Dictionary onDisk() const {
         RecordingLog unheard;
         PlistDefaults defaults(path, unheard);
@@ -73,11 +73,11 @@ class SharedDefaults : public testing::Test {
         return content;
     }
     void put(const Dictionary& dictionary) const { writeBytes(path, xmlPropertyList(dictionary)); }
-    /// Each of some programs changes as many keys; all of them must be there in the end.
+    /// Several programs each set keys of their own; the file must hold all of them in the end.
     void expectNothingLost(int programs) const {
         const auto run = [this](int program) {
             RecordingLog heard;
-            // However slow the disk is, nobody gives up.
+            // So many tries that no program gives up on a slow disk.
             PlistDefaults defaults(path, heard, {.tries = 1'000'000});
             for (int i = 0; i < changes; ++i)
                 defaults.set(keyOf(program, i), i);
@@ -118,16 +118,17 @@ TEST_F(SharedDefaults, ADamagedFileIsSetAsideByOneProgramAlone) {
         EXPECT_EQ(onDisk(), (Dictionary{{"0.0", 1}, {"1.0", 1}, {"2.0", 1}, {"3.0", 1}}));
         const std::string aside = "settings.damaged-" + std::to_string(round) + ".plist";
         EXPECT_EQ(bytesOf(folder / aside), "rubbish");
-        // The file, its lock, and one more in each round
+        // The file, its lock, and one damaged file per round
         EXPECT_EQ(folder.names().size(), static_cast<std::size_t>(2 + round));
     }
 }
 
-// A program that holds the lock, and what it does before it gives it back
+// Another program holds the lock and changes the file before it releases it
 
 class HeldDefaults : public SharedDefaults {
   protected:
-    /// The other program does this while the test's own one waits, and then gives the lock back.
+    /// Takes the lock for the other program. When the tested one waits, the other one calls
+    /// change() and releases the lock.
     FileLock::Patience patienceUntil(std::function<void()> change) {
         lock.emplace(lockPath, FileLock::Patience{.tries = 1});
         EXPECT_EQ(lock->state(), FileLock::State::held);
@@ -165,7 +166,7 @@ TEST_F(HeldDefaults, TakesALockFileThatIsMadeAnew) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
-TEST_F(HeldDefaults, WaitsOnceTellsOnceAndWritesLater) {
+TEST_F(HeldDefaults, WaitsOnceLogsOnceAndWritesLater) {
     int pauses = 0;
     PlistDefaults defaults(path, log, {.tries = 5, .pause = [&] { ++pauses; }});
     lock.emplace(lockPath, FileLock::Patience{.tries = 1});
@@ -228,7 +229,7 @@ TEST_F(SharedDefaults, AreWrittenAlsoWhereNoLockCanBeHad) {
                                        " were written without a lock: Is a directory"));
 }
 
-// What others wrote since
+// Changes by other programs
 
 TEST_F(SharedDefaults, WhatIsWrittenIsOthersToChange) {
     PlistDefaults defaults(path, log);
@@ -258,7 +259,7 @@ TEST_F(SharedDefaults, AResetRemovesWhatAnotherProgramWrote) {
     EXPECT_EQ(bytesOf(path), xmlPropertyList({}));
 }
 
-TEST_F(SharedDefaults, AResetOfAnotherProgramIsTakenOver) {
+TEST_F(SharedDefaults, AResetOfAnotherProgramIsAdopted) {
     PlistDefaults defaults(path, log);
     defaults.set("a", 1);
     put({});
@@ -268,7 +269,7 @@ TEST_F(SharedDefaults, AResetOfAnotherProgramIsTakenOver) {
     EXPECT_EQ(onDisk(), (Dictionary{{"b", 2}}));
 }
 
-// A file that is gone or damaged
+// Missing and damaged files
 
 TEST_F(SharedDefaults, AFileThatVanishedIsWrittenAnew) {
     PlistDefaults defaults(path, log);
@@ -308,7 +309,7 @@ TEST_F(SharedDefaults, WhatWasKnownReplacesADamagedFileAtOnce) {
     defaults.synchronize();
     EXPECT_EQ(onDisk(), (Dictionary{{"a", 1}}));
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr("are now " + folder.path())));
-    // From then on the value is others' to change.
+    // The value is written, so other programs may change it.
     put({{"a", 2}});
     defaults.synchronize();
     EXPECT_EQ(onDisk(), (Dictionary{{"a", 2}}));

@@ -1,5 +1,5 @@
-// Every made case that the platform reads is switched in a real file: the file then holds the
-// platform's value with another "Enabled", or it is as it was.
+// Switches every case of tests/plist that the platform reads in a real file. The file then holds
+// the platform's value with another "Enabled", or is unchanged.
 #include "core/named_error.h"
 #include "operations/agent_switch.h"
 #include "plist/property_list_reader.h"
@@ -17,15 +17,15 @@ namespace frimbolate::test {
 
 namespace {
 
-/// The text of the platform's value, a dictionary, with another "Enabled".
+/// The dictionary that the platform reads, with another "Enabled", as text.
 std::string switchedText(const std::string& file, bool enabled) {
     Dictionary dictionary = readPropertyList(file).asDictionary();
     dictionary.insert_or_assign("Enabled", enabled);
     return valueText(dictionary);
 }
 
-/// Whether a case can be written so that the platform reads it back: it is a dictionary, without
-/// characters that XML has no form for and with no date that needs more than four digits.
+/// Whether the platform can read back what is written of a case: it is a dictionary without
+/// characters that XML cannot hold and without years of more than four digits.
 bool isWritable(const std::string& file) try {
     xmlPropertyList(readPropertyList(file).asDictionary());
     return true;
@@ -35,7 +35,7 @@ bool isWritable(const std::string& file) try {
 
 class SwitchedVerdict : public testing::TestWithParam<VerdictRow> {
   protected:
-    /// Chooses the file and agrees. Returns whether no alert told of a failure.
+    /// Chooses the file and confirms. Returns false if an alert reports a failure.
     bool switchFile() {
         ScriptedPlatform user;
         LocalFiles files(user);
@@ -50,9 +50,9 @@ class SwitchedVerdict : public testing::TestWithParam<VerdictRow> {
         const bool isDictionary = readPropertyList(bytesOf(path)).dictionary() != nullptr;
         if (isDictionary)
             user.press("Continue");
-        const bool isTold = user.isAsking();
+        const bool hasFailed = user.isAsking();
         user.abandonQuestions();
-        return !isTold;
+        return !hasFailed;
     }
 
     TemporaryFolder folder;
@@ -76,7 +76,7 @@ TEST_P(SwitchedVerdict, ChangesNothingElse) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, SwitchedVerdict, testing::ValuesIn(readableRows()), NamedAfterRow());
 
-/// No agent but these few is left alone because it cannot be written.
+/// The cases that cannot be written are these alone.
 TEST(SwitchedVerdicts, AreRefusedOnlyForWhatXmlCannotHold) {
     std::vector<std::string> refused;
     for (const auto& row : readableRows())

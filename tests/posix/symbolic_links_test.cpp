@@ -46,8 +46,8 @@ class SymbolicLinks : public testing::Test {
         EXPECT_EQ(::chmod(shared.c_str(), 01777), 0);
         EXPECT_EQ(::chmod((folder / "private").c_str(), 0755), 0);
     }
-    /// A link that stands for another user's wherever the test may give it away.
-    /// \returns whether it may
+    /// Makes a link and gives it to another user where the test may change owners.
+    /// \returns whether it belongs to the other user
     static bool putLink(const std::string& text, const std::string& path) {
         std::filesystem::create_symlink(text, path);
         return ::lchown(path.c_str(), anotherUser, anotherUser) == 0;

@@ -15,7 +15,7 @@ namespace frimbolate::test {
 
 namespace {
 
-/// The daemon that keeps the system's log, as far as the program meets it.
+/// The socket of a log daemon.
 class Daemon {
   public:
     explicit Daemon(const std::string& path)
@@ -29,7 +29,7 @@ class Daemon {
             0);
     }
 
-    /// The text of the next record, without what stands before it.
+    /// The message of the next record, without its header.
     std::optional<std::string> next() {
         std::string record(300000, '\0');
         const ssize_t size = ::recv(socket_.number(), record.data(), record.size(), MSG_DONTWAIT);
@@ -116,7 +116,7 @@ TEST_F(SyslogSocketTest, CountsWhatCameBeforeTheDaemon) {
     EXPECT_THAT(daemon.rest(), testing::ElementsAre(droppedLinesNotice(2), "c"));
 }
 
-TEST_F(SyslogSocketTest, GoesOnWithAPathThatNoSocketCanHave) {
+TEST_F(SyslogSocketTest, ContinuesWithAPathThatNoSocketCanHave) {
     SyslogSocket lost(folder / std::string(200, 'x'));
     EXPECT_NO_THROW(lost.line("a"));
 }

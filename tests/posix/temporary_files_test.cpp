@@ -105,12 +105,13 @@ TEST_F(TemporaryFiles, StayWhenTheyBelongToAnotherUser) {
     put(leftOver, 30 * day);
     if (::chown((folder / leftOver).c_str(), 12345, 12345) == 0)
         EXPECT_THAT(namesAfterRemoval(), ElementsAre(leftOver));
-    else // An ordinary user has none of another's, and all of the own ones go.
+    else // An ordinary user cannot make a file of another user, and its own one is removed.
         EXPECT_THAT(namesAfterRemoval(), IsEmpty());
 }
 
 TEST_F(TemporaryFiles, AreRemovedByTheNextSaveInTheFolder) {
-    // On no clock, the first is a day old and the second is not.
+    // Ages relative to the current time: on every clock, the first file is older than a day and the
+    // second one is not.
     const std::string younger = ".frimbolate-0000000000000001";
     put(leftOver, now);
     put(younger, -now);

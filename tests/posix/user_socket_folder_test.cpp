@@ -83,7 +83,7 @@ TEST_F(UserSocketFolderTest, IsNoSymbolicLinkAndNoFile) {
 }
 
 TEST_F(UserSocketFolderTest, IsNotThatOfAnotherUser) {
-    // Only root can make one for another user; /proc/1 is root's.
+    // Only root can make one for another user; otherwise /proc/1, which is root's, serves.
     if (::geteuid() == 0) {
         fs::create_directory(second);
         fs::permissions(second, fs::perms::owner_all);
@@ -106,7 +106,7 @@ TEST_F(UserSocketFolderTest, IsNotMadeWhereItWouldDependOnTheWorkingFolder) {
     EXPECT_EQ(userSocketFolder("", ".", 16), "");
 }
 
-TEST(FileLockTest, OneHasItAtATime) {
+TEST(FileLockTest, IsHeldByOneAtATime) {
     const TemporaryFolder folder;
     const std::string path = folder / "lock";
     FileLock one, other;
