@@ -48,10 +48,10 @@ Lines operator+(Lines lines, const Lines& more) {
     return lines;
 }
 
-Snapshot operator+(Snapshot picture, const Snapshot& more) {
+Snapshot operator+(Snapshot snapshot, const Snapshot& more) {
     for (const auto& [name, value] : more)
-        picture[name] = value;
-    return picture;
+        snapshot[name] = value;
+    return snapshot;
 }
 
 void expectReads(const ReaderRow& row) {

@@ -31,6 +31,7 @@ class Journal {
     std::vector<std::string> lines_;
 };
 
+/// Files in memory. The journal must outlive it.
 class ScriptedFiles : public Files {
   public:
     explicit ScriptedFiles(Journal& journal) : journal_(journal) {}
@@ -54,7 +55,8 @@ class ScriptedFiles : public Files {
     Journal& journal_;
 };
 
-/// A file that is moved here stays in ScriptedFiles::contents, under its path in the trash.
+/// A file that is moved here stays in ScriptedFiles::contents, under its path in the trash. Journal
+/// and files must outlive it.
 class ScriptedTrash : public Trash {
   public:
     static constexpr const char* folder = "/Users/maya/.Trash";
@@ -70,6 +72,7 @@ class ScriptedTrash : public Trash {
     ScriptedFiles& files_;
 };
 
+/// Preferences in memory. The journal must outlive it.
 class ScriptedDefaults : public Defaults {
   public:
     explicit ScriptedDefaults(Journal& journal) : journal_(journal) {}
@@ -87,6 +90,7 @@ class ScriptedDefaults : public Defaults {
     Journal& journal_;
 };
 
+/// Makes bookmarks and counts accesses. The journal must outlive it.
 class ScriptedFolderAccess : public FolderAccess {
   public:
     explicit ScriptedFolderAccess(Journal& journal) : journal_(journal) {}
@@ -133,11 +137,11 @@ class ScriptedPlatform : public Alerts,
                          public Log,
                          public Application {
   public:
-    /// The members keep references to the journal, and services() to this object; it outlives both.
     ScriptedPlatform();
     /// Fails the running test if a question is left unanswered.
     ~ScriptedPlatform() override;
 
+    /// The services refer to this object, which must outlive them.
     Services services();
 
     Journal journal;

@@ -12,9 +12,9 @@ constexpr const char* backup = "/Users/maya/Library/LaunchAgents/com.frimbolate.
 constexpr const char* backupCommand =
     "launchctl load '/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist'";
 
-class FirstDayTest : public EditorTest {
+class FirstSessionTest : public EditorTest {
   protected:
-    FirstDayTest() { platform.defaults.contents.clear(); }
+    FirstSessionTest() { platform.defaults.contents.clear(); }
 
     /// Starts, closes the welcome sheet and grants the folder.
     void begin() {
@@ -37,7 +37,7 @@ class FirstDayTest : public EditorTest {
     }
 };
 
-TEST_F(FirstDayTest, WelcomeGrantSaveLoadTerminalAndTheNextStart) {
+TEST_F(FirstSessionTest, WelcomeGrantSaveLoadTerminalAndTheNextStart) {
     begin();
     ASSERT_NO_FATAL_FAILURE(saveBackup());
     EXPECT_TRUE(platform.files.exists(backup));
@@ -67,7 +67,7 @@ TEST_F(FirstDayTest, WelcomeGrantSaveLoadTerminalAndTheNextStart) {
                                    "com.frimbolate.Backup.plist'");
 }
 
-TEST_F(FirstDayTest, SkippingLeavesTheCommandPendingUntilTheSheetIsNextClosed) {
+TEST_F(FirstSessionTest, SkippingLeavesTheCommandPendingUntilTheSheetIsNextClosed) {
     begin();
     ASSERT_NO_FATAL_FAILURE(saveBackup());
     EXPECT_FALSE(form.preferencesMenuItem.enabled) << "pending before the alert is answered";
@@ -86,7 +86,7 @@ TEST_F(FirstDayTest, SkippingLeavesTheCommandPendingUntilTheSheetIsNextClosed) {
     EXPECT_TRUE(form.preferencesMenuItem.enabled);
 }
 
-TEST_F(FirstDayTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenAutoCopyIsOn) {
+TEST_F(FirstSessionTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenAutoCopyIsOn) {
     begin();
     platform.defaults.contents["AutoCopyScriptsKey"] = "True";
     platform.journal.clear();
@@ -101,7 +101,7 @@ TEST_F(FirstDayTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenAutoCopyIsOn) 
     EXPECT_EQ(platform.pasteboard, backupCommand);
 }
 
-TEST_F(FirstDayTest, QuittingAtTheGrantLeavesNoneAndTheNextStartAsksAgain) {
+TEST_F(FirstSessionTest, QuittingAtTheGrantLeavesNoneAndTheNextStartAsksAgain) {
     editor.applicationDidFinishLaunching();
     form.showWelcomeCheckbox.state = CheckState::Off;
     editor.closeWelcomeWindow();
