@@ -1,5 +1,5 @@
-// What a service promises, tried on the real one and on the one that the scenarios are played with,
-// so that the latter can be trusted.
+// The contract of each service, tested on the real one and on the scripted one of the scenarios, so
+// that the scenarios can rely on the latter.
 #include "core/named_error.h"
 #include "posix/local_files.h"
 #include "posix/path_folder_access.h"
@@ -31,7 +31,7 @@ const Dictionary agent = {{"Label", "com.frimbolate.Backup"},
                           {"Nice", -20},
                           {"ProgramArguments", Array{"/bin/sh", "-c", "a\rb & <c>"}}};
 
-// The worlds that the cases run in. Each has a folder, in which the test puts things.
+// The backends that the cases run on. Each has a folder for the files of the test.
 
 class RealBackend {
   public:
@@ -91,41 +91,41 @@ class FakeBackend {
     ScriptedPlatform platform_;
 };
 
-template <typename World>
+template <typename Backend>
 class FilesContract : public testing::Test {
   protected:
-    World world;
-    Files& files = world.files();
+    Backend backend;
+    Files& files = backend.files();
 };
-template <typename World>
+template <typename Backend>
 class DefaultsContract : public testing::Test {
   protected:
-    World world;
-    Defaults& defaults = world.defaults();
+    Backend backend;
+    Defaults& defaults = backend.defaults();
 };
-template <typename World>
+template <typename Backend>
 class FolderAccessContract : public testing::Test {
   protected:
-    World world;
-    FolderAccess& access = world.folderAccess();
+    Backend backend;
+    FolderAccess& access = backend.folderAccess();
 };
-template <typename World>
+template <typename Backend>
 class PasteboardContract : public testing::Test {
   protected:
-    World world;
-    Pasteboard& pasteboard = world.pasteboard();
+    Backend backend;
+    Pasteboard& pasteboard = backend.pasteboard();
 };
 
-using Worlds = testing::Types<RealBackend, FakeBackend>;
-TYPED_TEST_SUITE(FilesContract, Worlds);
-TYPED_TEST_SUITE(DefaultsContract, Worlds);
-TYPED_TEST_SUITE(FolderAccessContract, Worlds);
-TYPED_TEST_SUITE(PasteboardContract, Worlds);
+using Backends = testing::Types<RealBackend, FakeBackend>;
+TYPED_TEST_SUITE(FilesContract, Backends);
+TYPED_TEST_SUITE(DefaultsContract, Backends);
+TYPED_TEST_SUITE(FolderAccessContract, Backends);
+TYPED_TEST_SUITE(PasteboardContract, Backends);
 
 // Files
 
 TYPED_TEST(FilesContract, WhatIsNotThere) {
-    const auto path = this->world.path("a.plist");
+    const auto path = this->backend.path("a.plist");
     EXPECT_FALSE(this->files.exists(path));
     EXPECT_FALSE(this->files.isWritable(path));
     EXPECT_FALSE(this->files.remove(path));
@@ -134,7 +134,7 @@ TYPED_TEST(FilesContract, WhatIsNotThere) {
 
 TYPED_TEST(FilesContract, ReadsWhatWasWritten) {
     for (const char* name : {"a.plist", "it's \"b\".plist", "line\nbreak", "😀", "e\u0301"}) {
-        const auto path = this->world.path(name);
+        const auto path = this->backend.path(name);
         EXPECT_TRUE(this->files.writeDictionary(path, agent));
         EXPECT_TRUE(this->files.exists(path));
         EXPECT_TRUE(this->files.isWritable(path));
@@ -143,8 +143,8 @@ TYPED_TEST(FilesContract, ReadsWhatWasWritten) {
 }
 
 TYPED_TEST(FilesContract, WritesOverAnotherFile) {
-    const auto path = this->world.path("a.plist");
-    this->world.putGarbage("a.plist");
+    const auto path = this->backend.path("a.plist");
+    this->backend.putGarbage("a.plist");
     EXPECT_TRUE(this->files.exists(path));
     EXPECT_EQ(this->files.readDictionary(path), std::nullopt);
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
@@ -153,8 +153,8 @@ TYPED_TEST(FilesContract, WritesOverAnotherFile) {
 }
 
 TYPED_TEST(FilesContract, Folders) {
-    this->world.putFolder("sub");
-    const auto path = this->world.path("sub");
+    this->backend.putFolder("sub");
+    const auto path = this->backend.path("sub");
     EXPECT_TRUE(this->files.exists(path));
     EXPECT_TRUE(this->files.isWritable(path));
     EXPECT_EQ(this->files.readDictionary(path), std::nullopt);
@@ -164,7 +164,7 @@ TYPED_TEST(FilesContract, Folders) {
 }
 
 TYPED_TEST(FilesContract, RemovesAFile) {
-    const auto path = this->world.path("a.plist");
+    const auto path = this->backend.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
     EXPECT_TRUE(this->files.remove(path));
     EXPECT_FALSE(this->files.exists(path));
@@ -172,33 +172,33 @@ TYPED_TEST(FilesContract, RemovesAFile) {
 }
 
 TYPED_TEST(FilesContract, DoesNotMakeFolders) {
-    EXPECT_FALSE(this->files.writeDictionary(this->world.path("gone/a.plist"), agent));
-    EXPECT_FALSE(this->files.exists(this->world.path("gone")));
+    EXPECT_FALSE(this->files.writeDictionary(this->backend.path("gone/a.plist"), agent));
+    EXPECT_FALSE(this->files.exists(this->backend.path("gone")));
 }
 
 TYPED_TEST(FilesContract, ReadOnlyFolder) {
-    const auto path = this->world.path("a.plist");
+    const auto path = this->backend.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
-    this->world.forbidWriting(this->world.folder());
-    EXPECT_FALSE(this->files.isWritable(this->world.folder()));
+    this->backend.forbidWriting(this->backend.folder());
+    EXPECT_FALSE(this->files.isWritable(this->backend.folder()));
     EXPECT_TRUE(this->files.isWritable(path));
     EXPECT_FALSE(this->files.writeDictionary(path, {}));
-    EXPECT_FALSE(this->files.writeDictionary(this->world.path("b.plist"), agent));
+    EXPECT_FALSE(this->files.writeDictionary(this->backend.path("b.plist"), agent));
     EXPECT_EQ(this->files.readDictionary(path), agent);
 }
 
 TYPED_TEST(FilesContract, ReadOnlyFile) {
-    const auto path = this->world.path("a.plist");
+    const auto path = this->backend.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
-    this->world.forbidWriting(path);
+    this->backend.forbidWriting(path);
     EXPECT_FALSE(this->files.isWritable(path));
     EXPECT_EQ(this->files.readDictionary(path), agent);
 }
 
 TYPED_TEST(FilesContract, FullDisk) {
-    const auto path = this->world.path("a.plist");
+    const auto path = this->backend.path("a.plist");
     EXPECT_TRUE(this->files.writeDictionary(path, agent));
-    EXPECT_FALSE(this->world.onFullDisk([&] {
+    EXPECT_FALSE(this->backend.onFullDisk([&] {
         return this->files.writeDictionary(path, {{"k", 1}});
     }));
     EXPECT_EQ(this->files.readDictionary(path), agent);
@@ -261,16 +261,16 @@ TYPED_TEST(DefaultsContract, KeysAreExact) {
 
 TYPED_TEST(FolderAccessContract, FindsTheFolderAgain) {
     for (const char* name : {"LaunchAgents", "it's \"this\"", "😀\n"}) {
-        this->world.putFolder(name);
-        const auto path = this->world.path(name);
+        this->backend.putFolder(name);
+        const auto path = this->backend.path(name);
         EXPECT_EQ(this->access.resolve(this->access.createBookmark(path)), path);
     }
 }
 
 TYPED_TEST(FolderAccessContract, AFolderThatIsGone) {
-    this->world.putFolder("sub");
-    const auto bookmark = this->access.createBookmark(this->world.path("sub"));
-    this->world.removeFolder("sub");
+    this->backend.putFolder("sub");
+    const auto bookmark = this->access.createBookmark(this->backend.path("sub"));
+    this->backend.removeFolder("sub");
     EXPECT_EQ(this->access.resolve(bookmark), std::nullopt);
 }
 
@@ -278,8 +278,8 @@ TYPED_TEST(FolderAccessContract, BeginsAndEndsOnNothing) {
     const std::optional<std::string> nothing;
     EXPECT_NO_THROW(this->access.begin(nothing));
     EXPECT_NO_THROW(this->access.end(nothing));
-    EXPECT_NO_THROW(this->access.begin(this->world.folder()));
-    EXPECT_NO_THROW(this->access.end(this->world.folder()));
+    EXPECT_NO_THROW(this->access.begin(this->backend.folder()));
+    EXPECT_NO_THROW(this->access.end(this->backend.folder()));
 }
 
 // Pasteboard
@@ -290,9 +290,9 @@ TYPED_TEST(PasteboardContract, HoldsTheTextThatWasSetLast) {
          {"launchctl load '/a b/é😀.plist'"s, "two\nlines\t"s, "'\"`$"s, "\r \r\n \n\r"s,
           "\u00a0 \u2028 \u2029 \u0085 \ufeff"s, "a\0\x01\x1b\x7f"s, " \n "s, ""s}) {
         this->pasteboard.clearContents();
-        EXPECT_EQ(this->world.pasted(), "");
+        EXPECT_EQ(this->backend.pasted(), "");
         this->pasteboard.setString(text);
-        EXPECT_EQ(this->world.pasted(), text);
+        EXPECT_EQ(this->backend.pasted(), text);
     }
 }
 

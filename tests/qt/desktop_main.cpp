@@ -1,4 +1,4 @@
-// The start of the tests that need a running application, on no screen and with no real folder.
+// main() of the tests that need a QGuiApplication. Uses no screen and no real folder of the user.
 #include "qt/qt_workspace.h"
 #include "tests/support/temporary_folder.h"
 
@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 
 int main(int count, char** arguments) {
-    // Started by a test of the workspace: leave word and go.
+    // Launched by a test of the workspace: writes its argument to the file and exits.
     if (const char* sign = std::getenv("FRIMBOLATE_TEST_SIGN"); sign && count == 2) {
         const std::string draft = std::string(sign) + ".draft";
         frimbolate::test::writeBytes(draft, arguments[1]);

@@ -28,7 +28,7 @@ using namespace std::string_literals;
 
 class WorkspaceTest : public testing::Test {
   protected:
-    /// A program that leaves its name, arguments and folder in the sign.
+    /// Makes a program that writes its name, arguments and folder to the file `sign`.
     void putProgram(const std::string& name) {
         const auto path = folder / name;
         writeBytes(path, "#!/bin/sh\nprintf '%s|' \"" + name +
@@ -54,7 +54,7 @@ class WorkspaceTest : public testing::Test {
     QtWorkspace workspace;
 };
 
-TEST(WindowBlending, IsNotTakenForGrantedOnAPlainDisplay) { EXPECT_FALSE(blendsWindows()); }
+TEST(WindowBlending, IsOffOnAPlainDisplay) { EXPECT_FALSE(blendsWindows()); }
 
 TEST_F(WorkspaceTest, OpensTheFirstTerminalThereIs) {
     putProgram("xterm");
@@ -72,7 +72,7 @@ TEST_F(WorkspaceTest, OpensTheFirstTerminalThereIs) {
     EXPECT_EQ(openedTerminal(), "xdg-terminal-exec|" + home + "|");
 }
 
-TEST_F(WorkspaceTest, OpensAnotherTerminalWhereTheChosenOneIsOfNoUse) {
+TEST_F(WorkspaceTest, OpensAnotherTerminalWhereTheChosenOneDoesNotStart) {
     for (const std::string& chosen : {""s, "   "s, "no-such-terminal -e x"s, "\""s, "\"\""s,
                                       "\"\"\""s, " \" "s, home, "\"no such\""s}) {
         const Variable variable("TERMINAL", chosen);
@@ -107,11 +107,11 @@ TEST_F(WorkspaceTest, LaunchesItselfWithAnArgument) {
     EXPECT_EQ(bytesOf(sign), "--new-instance");
 }
 
-TEST_F(WorkspaceTest, KnowsWhoseDesktopItIs) {
-    const Variable misleading("USER", "somebody");
+TEST_F(WorkspaceTest, ReturnsTheNameOfTheUser) {
+    const Variable misleading("USER", "misled");
     const auto name = workspace.userName();
     EXPECT_NE(name, "");
-    EXPECT_NE(name, "somebody");
+    EXPECT_NE(name, "misled");
     {
         const OrdinaryUser user;
         EXPECT_EQ(workspace.userName(), name == "root" ? "nobody" : name);
@@ -122,7 +122,7 @@ TEST_F(WorkspaceTest, KnowsWhoseDesktopItIs) {
 
 TEST(SystemLogTest, WritesEachEntryInOnePiece) {
     int ends[2] = {-1, -1};
-    // One write to such a socket is one message.
+    // A datagram socket keeps the boundaries of writes.
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
     const TemporaryFolder folder;
     SystemLog log(ends[0], folder / "log");
@@ -140,7 +140,7 @@ TEST(SystemLogTest, WritesEachEntryInOnePiece) {
     ::close(ends[1]);
 }
 
-TEST(SystemLogTest, GoesOnWhereNobodyListens) {
+TEST(SystemLogTest, ContinuesWithoutAListener) {
     const TemporaryFolder folder;
     SystemLog log(-1, folder / "log");
     EXPECT_NO_THROW(log.line("a"));
@@ -148,7 +148,7 @@ TEST(SystemLogTest, GoesOnWhereNobodyListens) {
 
 // Clock
 
-/// As if the local date and time were one in UTC.
+/// Seconds since 1970, with the local date and time taken as UTC.
 std::int64_t secondsOf(const LocalDateTime& time) {
     using namespace std::chrono;
     const year_month_day date(year{time.year}, month{static_cast<unsigned>(time.month)},
@@ -157,7 +157,7 @@ std::int64_t secondsOf(const LocalDateTime& time) {
            time.minute * 60 + time.second;
 }
 
-TEST(LocalClockTest, ShowsTheTimeOfThePersonsZone) {
+TEST(LocalClockTest, UsesTheLocalTimeZone) {
     for (const auto& [zone, offset] :
          {std::pair{"UTC0", 0}, {"ABC-5:30", 19800}, {"DEF11", -39600}}) {
         const Variable variable("TZ", zone);
@@ -187,7 +187,7 @@ TEST(QtApplicationTest, QuitsAfterTheCallHasReturned) {
     EXPECT_TRUE(quits);
 }
 
-TEST(QtApplicationTest, HandsErrorsOn) {
+TEST(QtApplicationTest, ForwardsErrors) {
     std::string shown;
     QtApplication application([&](const std::string& text) { shown = text; });
     application.presentError("No bookmark can be made");

@@ -17,7 +17,7 @@ struct Row {
     const char* name;
     std::vector<std::string> arguments;
     std::map<std::string, std::string> variables;
-    /// What is missing; empty where nothing is.
+    /// The reason why no window can be opened; empty where one can.
     std::string missing;
 };
 
@@ -25,7 +25,7 @@ void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 
 class DisplayRule : public testing::TestWithParam<Row> {};
 
-/// An X server answers under ":0" and a compositor at "/run/wayland-0", and nothing else does.
+/// Only an X server at ":0" and a compositor at "/run/wayland-0" answer.
 TEST_P(DisplayRule, TellsWhetherAWindowCanBeOpened) {
     const Row& row = GetParam();
     std::vector<std::string> arguments{"frimbolate"};

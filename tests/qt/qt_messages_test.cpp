@@ -14,7 +14,7 @@ namespace frimbolate::test {
 
 namespace {
 
-/// The status of a process that runs the body with the toolkit's messages routed to a pipe.
+/// Runs the body in a child process whose Qt messages go to a pipe, and returns its status.
 template <typename Body>
 int statusWith(int errors, Body body) {
     return statusOfChild([&] {

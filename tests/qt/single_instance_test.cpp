@@ -21,12 +21,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Of an instance that answers: for as long as any machine may take.
+/// For an instance that answers, however slow the machine is.
 constexpr SingleInstance::Limits patient{60000ms, 60000ms};
-/// Of one that does not: however short, it is waited for in vain.
+/// For an instance that never answers: the length of the wait does not matter.
 constexpr SingleInstance::Limits impatient{1ms, 1ms};
 
-/// What another start finds, while this thread goes on as the running instance does.
+/// The result of another start in a second thread, while this one runs the event loop of the
+/// running instance.
 RunningInstance anotherStart(const std::string& preferences,
                              SingleInstance::Limits limits = patient) {
     std::atomic<bool> hasFound = false;
@@ -54,12 +55,12 @@ class SingleInstanceTest : public testing::Test {
     int reopened = 0;
 };
 
-TEST_F(SingleInstanceTest, NobodyIsRunning) {
+TEST_F(SingleInstanceTest, NoInstanceIsRunning) {
     EXPECT_EQ(running.askRunningInstance(), RunningInstance::none);
     EXPECT_FALSE(running.isListening());
 }
 
-TEST_F(SingleInstanceTest, TheRunningOneIsTold) {
+TEST_F(SingleInstanceTest, TheRunningInstanceIsNotified) {
     listenAsTheFirst();
     for (int start = 1; start <= 3; ++start) {
         EXPECT_EQ(anotherStart(preferences), RunningInstance::told);
@@ -69,7 +70,7 @@ TEST_F(SingleInstanceTest, TheRunningOneIsTold) {
 
 TEST_F(SingleInstanceTest, OneThatListensAndDoesNotAnswerIsSilent) {
     listenAsTheFirst();
-    // Its event loop does not run meanwhile.
+    // The event loop of the running instance does not run during the call.
     EXPECT_EQ(SingleInstance(preferences, {1ms, 60000ms}).askRunningInstance(),
               RunningInstance::silent);
     EXPECT_EQ(anotherStart(preferences), RunningInstance::told) << "once it goes on";
@@ -169,7 +170,7 @@ TEST_F(SingleInstanceTest, OneOfSeveralStartedBesideItTakesOver) {
     EXPECT_NE(running.isListening(), second.isListening());
 }
 
-/// The end of a process comes in pieces: a connection may end before the lock and the socket do.
+/// A process does not end at once: its connection may close before its lock and its socket do.
 TEST_F(SingleInstanceTest, AnInstanceThatEndsInPiecesIsFollowed) {
     FileLock lock;
     ASSERT_EQ(lock.take(running.socketName().toStdString() + ".lock"), FileLock::State::held);
@@ -208,10 +209,10 @@ TEST_F(SingleInstanceTest, OtherMessagesMeanNothing) {
     EXPECT_EQ(reopened, 1);
 }
 
-TEST_F(SingleInstanceTest, ASocketOfSomebodyElseIsNotTrusted) {
+TEST_F(SingleInstanceTest, ASocketOfAnotherUserIsNotTrusted) {
     const std::string name = running.socketName().toStdString();
     const std::string runtime = std::filesystem::path(name).parent_path().string();
-    FileLock lock; // as if an instance were running
+    FileLock lock; // stands for a running instance
     ASSERT_EQ(lock.take(name + ".lock"), FileLock::State::held);
     const auto above = std::filesystem::path(runtime).parent_path();
     for (const auto& open : {above.string(), runtime})
@@ -219,19 +220,19 @@ TEST_F(SingleInstanceTest, ASocketOfSomebodyElseIsNotTrusted) {
     QLocalServer impostor;
     QObject::connect(&impostor, &QLocalServer::newConnection, &impostor,
                      [&] { impostor.nextPendingConnection()->write("reopened\n"); });
-    bool isSomebodyElse = false;
+    bool isAnotherUser = false;
     {
         const auto me = ::geteuid();
         const OrdinaryUser user;
-        isSomebodyElse = ::geteuid() != me;
+        isAnotherUser = ::geteuid() != me;
         impostor.setSocketOptions(QLocalServer::WorldAccessOption);
         ASSERT_TRUE(impostor.listen(running.socketName()));
     }
     for (const auto& open : {above.string(), runtime})
         std::filesystem::permissions(open, std::filesystem::perms::owner_all);
-    // Whoever starts the tests as root meets a stranger, everybody else themselves.
-    EXPECT_EQ(anotherStart(preferences, {60000ms, isSomebodyElse ? 1ms : 60000ms}),
-              isSomebodyElse ? RunningInstance::silent : RunningInstance::told);
+    // Under root, the socket belongs to another user; otherwise to the user of the test.
+    EXPECT_EQ(anotherStart(preferences, {60000ms, isAnotherUser ? 1ms : 60000ms}),
+              isAnotherUser ? RunningInstance::silent : RunningInstance::told);
 }
 
 TEST_F(SingleInstanceTest, WithoutAFolderEveryStartIsOnItsOwn) {

@@ -1,5 +1,5 @@
-// The trash's contract, run against the real trash and the scripted one. The real one lies in a
-// temporary folder: the user's is never touched.
+// The contract of the trash, tested on the real and the scripted one. The real one is kept in a
+// temporary folder, so the trash of the user is not touched.
 #include "posix/local_files.h"
 #include "qt/qt_trash.h"
 #include "tests/support/recording_log.h"
@@ -25,7 +25,7 @@ class RealBackend {
   public:
     RealBackend() {
         std::filesystem::create_directory(path("home"));
-        // A file must not be lost in whatever folder the program was started in.
+        // A file that is moved to a relative path by mistake must stay in the temporary folder.
         std::filesystem::current_path(folder_.path());
     }
     RealBackend(const RealBackend&) = delete;
@@ -44,7 +44,7 @@ class RealBackend {
     std::filesystem::path startFolder_ = std::filesystem::current_path();
     OrdinaryUser user_;
     TemporaryFolder folder_;
-    // Both, since the home's trash is only used for files on the home's disk.
+    // HOME as well: the trash of the home serves only files on the disk of the home.
     Variable home_{"HOME", path("home")};
     Variable data_{"XDG_DATA_HOME", path("home/data")};
     RecordingLog log_;
