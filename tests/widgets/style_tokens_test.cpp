@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
+#include <sstream>
 
 namespace frimbolate::style {
 namespace {
@@ -69,9 +71,11 @@ TEST_P(Contrast, IsSufficient) {
 }
 
 std::string caseName(const testing::TestParamInfo<std::tuple<bool, Row>>& test) {
-    std::string name = std::get<Row>(test.param).name;
-    std::ranges::replace(name, ' ', '_');
-    return name + (std::get<bool>(test.param) ? "_dark" : "_light");
+    std::string name;
+    std::istringstream words(std::get<Row>(test.param).name);
+    for (std::string word; words >> word; name += word)
+        word.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
+    return name + (std::get<bool>(test.param) ? "Dark" : "Light");
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Contrast,
