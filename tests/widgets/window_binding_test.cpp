@@ -335,9 +335,9 @@ TEST_F(WindowTest, TheStatusLineSaysWhatLaunchdWillDo) {
 
 TEST_F(WindowTest, TheDotIsLitOnlyBesideACompleteSummary) {
     const auto isLit = [this] {
-        auto* foot = find("summary")->parentWidget();
-        const QPoint dot(style::cardMargin + style::statusDotSide / 2, foot->height() / 2);
-        return foot->grab().toImage().pixelColor(dot) == style::tokens(false).accent;
+        auto* statusLine = find("summary")->parentWidget();
+        const QPoint dot(style::cardMargin + style::statusDotSide / 2, statusLine->height() / 2);
+        return statusLine->grab().toImage().pixelColor(dot) == style::tokens(false).accent;
     };
     EXPECT_FALSE(isLit());
     show([](FormModel& model) {
