@@ -5,7 +5,6 @@ Usage: interop_test.py PLIST_DUMP
 
 import datetime
 import plistlib
-import random
 import struct
 import subprocess
 import sys
@@ -13,48 +12,15 @@ import tempfile
 import unittest
 from pathlib import Path
 
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from random_plist import FINITE_REALS, XML_TEXTS, Source  # found through the line above
+
 DUMP = sys.argv[1]
 ROUNDS = 80
-XML_TEXTS = ["a", " ", "\n", "\t", "&", "<", ">", '"', "\\", "]]>", "é", "e\u0301", "ı", "日本", "😀"]
 # plistlib writes every line end of a text into XML as a line feed.
-TEXTS = [*XML_TEXTS, "\r", "\0", "\x1b"]
-INTEGERS = (0, 1, -1, 255, 256, 65536, 2**31, 2**32, 2**63 - 1, -(2**63), 2**63, 2**64 - 1)
-REALS = (0.5, 3.0, -1e300, 1 / 3, 5e-324, float("inf"), float("-inf"), float("nan"))
+TEXTS = (*XML_TEXTS, "\r", "\0", "\x1b")
+REALS = (*FINITE_REALS, float("inf"), float("-inf"), float("nan"))
 EPOCH = datetime.datetime(1970, 1, 1)
-FIRST_DATE = datetime.datetime(1, 1, 1)
-SECONDS_TO_YEAR_10000 = 315537897600
-
-
-class Source(random.Random):
-    """Random content, the same for the same seed."""
-
-    def __init__(self, seed, texts):
-        super().__init__(seed)
-        self.texts = texts
-
-    def text(self):
-        return "".join(self.choices(self.texts, k=self.randrange(12)))
-
-    def value(self, depth):
-        kind = self.randrange(8 if depth else 6)
-        if kind == 0:
-            return self.text()
-        if kind == 1:
-            return self.random() < 0.5
-        if kind == 2:
-            return self.choice((*INTEGERS, self.randrange(-(2**63), 2**64)))
-        if kind == 3:
-            return self.choice((*REALS, self.uniform(-1e6, 1e6)))
-        if kind == 4:
-            return self.randbytes(self.randrange(300))
-        if kind == 5:
-            return FIRST_DATE + datetime.timedelta(seconds=self.randrange(SECONDS_TO_YEAR_10000))
-        if kind == 6:
-            return [self.value(depth - 1) for _ in range(self.randrange(18))]
-        return self.dictionary(depth - 1)
-
-    def dictionary(self, depth=2):
-        return {self.text(): self.value(depth) for _ in range(self.randrange(18))}
 
 
 def quoted(text):
@@ -108,10 +74,10 @@ class Interop(unittest.TestCase):
                 self.assertEqual(line, "ok\t" + value_text(value))
 
     def test_xml(self):
-        self.check([Source(seed, XML_TEXTS).dictionary() for seed in range(ROUNDS)], plistlib.FMT_XML)
+        self.check([Source(seed, XML_TEXTS, REALS).dictionary() for seed in range(ROUNDS)], plistlib.FMT_XML)
 
     def test_binary(self):
-        self.check([Source(seed, TEXTS).dictionary() for seed in range(ROUNDS)], plistlib.FMT_BINARY)
+        self.check([Source(seed, TEXTS, REALS).dictionary() for seed in range(ROUNDS)], plistlib.FMT_BINARY)
 
     def test_wide_references(self):
         self.check([{str(number): number for number in range(70000)}], plistlib.FMT_BINARY)

@@ -1,4 +1,5 @@
 // Reading the form that is older than XML: the single rules.
+#include "tests/plist/text_rows.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 
@@ -10,14 +11,6 @@ namespace {
 
 using namespace std::string_literals;
 using testing::HasSubstr;
-
-struct GoodRow {
-    const char* name;
-    std::string file;
-    std::string value;
-};
-
-void PrintTo(const GoodRow& row, std::ostream* out) { *out << row.name; }
 
 class GoodOldStyle : public testing::TestWithParam<GoodRow> {};
 
@@ -67,14 +60,6 @@ const GoodRow goodRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, GoodOldStyle, testing::ValuesIn(goodRows), NamedAfterRow());
-
-struct BadRow {
-    const char* name;
-    std::string file;
-    const char* reason;
-};
-
-void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 
 class BadOldStyle : public testing::TestWithParam<BadRow> {};
 

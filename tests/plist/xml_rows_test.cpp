@@ -1,4 +1,5 @@
 // Reading the XML form: the single rules that verdicts.tsv does not cover.
+#include "tests/plist/text_rows.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 
@@ -12,14 +13,6 @@ namespace {
 
 using namespace std::string_literals;
 using testing::HasSubstr;
-
-struct GoodRow {
-    const char* name;
-    std::string file;
-    std::string value;
-};
-
-void PrintTo(const GoodRow& row, std::ostream* out) { *out << row.name; }
 
 class GoodXml : public testing::TestWithParam<GoodRow> {};
 
@@ -77,14 +70,6 @@ const GoodRow goodRows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, GoodXml, testing::ValuesIn(goodRows), NamedAfterRow());
-
-struct BadRow {
-    const char* name;
-    std::string file;
-    const char* reason;
-};
-
-void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
 
 class BadXml : public testing::TestWithParam<BadRow> {};
 
