@@ -269,10 +269,10 @@ TEST(XmlFile, BoundsTheDepth) {
 
 TEST(XmlFile, BoundsTheSize) {
     std::string file = xmlFile("<string>a</string>");
-    const auto room = maximumPlistBytes - file.size();
-    file.replace(file.find(">a<"), 3, ">" + std::string(room + 1, 'a') + "<");
+    const auto space = maximumPlistBytes - file.size();
+    file.replace(file.find(">a<"), 3, ">" + std::string(space + 1, 'a') + "<");
     ASSERT_EQ(file.size(), maximumPlistBytes);
-    EXPECT_EQ(readPropertyList(file).asString().size(), room + 1);
+    EXPECT_EQ(readPropertyList(file).asString().size(), space + 1);
     EXPECT_EQ(reasonOf("Unreadable property list", [&] { readPropertyList(file + " "); }),
               "it is over 16 MiB");
 }

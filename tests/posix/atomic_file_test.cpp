@@ -186,11 +186,11 @@ TEST_F(AtomicFile, LeavesTheOriginalOnAFullDisk) {
     writeBytes(file, before);
     const std::string much(100'000, 'x');
     // Room for nothing, for a part, and for all but the last byte
-    for (const rlim_t room : {rlim_t{0}, rlim_t{4096}, rlim_t{99'999}}) {
+    for (const rlim_t space : {rlim_t{0}, rlim_t{4096}, rlim_t{99'999}}) {
         std::optional<std::string> reason;
         std::optional<std::string> reasonOfNew;
         {
-            const FullDisk disk(room);
+            const FullDisk disk(space);
             reason = writeFileAtomically(file, much);
             reasonOfNew = writeFileAtomically(folder / "new.plist", much);
         }

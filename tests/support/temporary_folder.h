@@ -40,11 +40,11 @@ class OrdinaryUser {
 /// full in the middle of a write.
 class FullDisk {
   public:
-    /// \param room the size in bytes that a file may reach
-    explicit FullDisk(rlim_t room) {
+    /// \param space the size in bytes that a file may reach
+    explicit FullDisk(rlim_t space) {
         ::getrlimit(RLIMIT_FSIZE, &before_);
         handler_ = std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit narrow{room, before_.rlim_max};
+        const rlimit narrow{space, before_.rlim_max};
         if (::setrlimit(RLIMIT_FSIZE, &narrow) != 0)
             throw std::runtime_error("the size of files cannot be limited");
     }
