@@ -30,7 +30,7 @@ def quoted(text):
 
 
 def value_text(value):
-    """The notation of value_text.h."""
+    """The notation of value_notation.h."""
     if isinstance(value, dict):
         entries = sorted(value.items(), key=lambda entry: entry[0].encode())
         return "{" + ",".join(f"{quoted(key)}={value_text(entry)}" for key, entry in entries) + "}"

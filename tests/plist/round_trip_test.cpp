@@ -3,7 +3,7 @@
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
 #include "tests/plist/binary_file.h"
-#include "tests/plist/value_text.h"
+#include "tests/plist/value_notation.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/random_values.h"
 

@@ -1,6 +1,6 @@
 // Numbers, dates and data of the XML form.
 #include "plist/scalar_text.h"
-#include "tests/plist/value_text.h"
+#include "tests/plist/value_notation.h"
 #include "tests/support/rows.h"
 
 #include <cmath>

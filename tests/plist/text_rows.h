@@ -10,7 +10,7 @@ namespace frimbolate::test {
 struct GoodRow {
     const char* name;
     std::string file;
-    std::string value; ///< in the notation of value_text.h
+    std::string value; ///< in the notation of value_notation.h
 };
 
 /// A file that is refused.

@@ -2,7 +2,7 @@
 
 #include "core/named_error.h"
 #include "plist/property_list_reader.h"
-#include "tests/plist/value_text.h"
+#include "tests/plist/value_notation.h"
 
 #include <fstream>
 #include <iterator>

@@ -5,7 +5,7 @@
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
 #include "posix/local_files.h"
-#include "tests/plist/value_text.h"
+#include "tests/plist/value_notation.h"
 #include "tests/plist/verdict.h"
 #include "tests/support/rows.h"
 #include "tests/support/scripted_platform.h"

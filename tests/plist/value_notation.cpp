@@ -1,4 +1,4 @@
-#include "tests/plist/value_text.h"
+#include "tests/plist/value_notation.h"
 
 #include <bit>
 #include <cmath>
