@@ -27,7 +27,7 @@ def missing_readmes(root):
 
 
 def shared_names(root):
-    headers = [path for path in sources(root) if path.suffix == ".h" and module_of(path)]
+    headers = [path for path in sources(root) if path.suffix == ".h"]
     counts = Counter(path.name for path in headers)
     for path in headers:
         if counts[path.name] > 1:
