@@ -70,7 +70,29 @@ bool watchesPath(const AgentForm& form) {
     return form.action == AgentAction::PathModified || form.alsoRunOnPathChange;
 }
 
+/// Kept running only after a first start by demand, which is made by a path or a queue alone:
+/// launchd starts such an agent neither by calendar nor interval, nor at load, nor for a mount.
+bool waitsForDemand(const AgentForm& form) {
+    return form.action == AgentAction::KeepRunning && form.scheduleType != ScheduleType::AtLoad;
+}
+
+bool hasDemand(const AgentForm& form) { return watchesPath(form) || !form.queueDirectory.empty(); }
+
+/// What starts the agent by demand.
+Words demands(const AgentForm& form, const TextStyle& style) {
+    Words words;
+    if (watchesPath(form))
+        words.push_back("when " + shownPath(watchedPath(form), style.home) + " changes");
+    if (!form.queueDirectory.empty())
+        words.push_back("as long as " + shownPath(form.queueDirectory, style.home) +
+                        " is not empty");
+    return words;
+}
+
 Words launchConditions(const AgentForm& form, const Faults& faults, const TextStyle& style) {
+    Words demand = demands(form, style);
+    if (waitsForDemand(form))
+        return demand;
     Words words;
     if (usesSchedule(form))
         if (auto schedule = scheduleText(form, faults, style.clock); !schedule.empty())
@@ -80,12 +102,15 @@ Words launchConditions(const AgentForm& form, const Faults& faults, const TextSt
         words.emplace_back("when the agent is loaded, such as at login");
     if (form.action == AgentAction::VolumeMounted || form.alsoRunOnVolumeMount)
         words.emplace_back("when a volume is mounted");
-    if (watchesPath(form))
-        words.push_back("when " + shownPath(watchedPath(form), style.home) + " changes");
-    if (!form.queueDirectory.empty())
-        words.push_back("as long as " + shownPath(form.queueDirectory, style.home) +
-                        " is not empty");
+    words.insert(words.end(), demand.begin(), demand.end());
     return words;
+}
+
+std::string keptRunning(const AgentForm& form) {
+    std::string text = "Kept running ";
+    text += form.allowSuccessfulExit ? "until it succeeds, once it has been started"
+                                     : "once it has been started";
+    return hasDemand(form) ? text : text + "; nothing in this form starts it";
 }
 
 /// The path that a row needs although validation does not require it; empty where none is missing.
@@ -140,13 +165,15 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
     case AgentAction::None:
         return "Choose a schedule or an event that starts the agent";
     case AgentAction::KeepRunning:
+        if (waitsForDemand(form))
+            return keptRunning(form);
         return form.allowSuccessfulExit ? "Launched as scheduled, and again whenever it fails"
                                         : "Launched as scheduled, and again whenever it ends";
     case AgentAction::PathModified:
         return form.watchPath.empty() ? "Choose the file or folder to watch"
                                       : "Watches " + shownPath(form.watchPath, home);
     case AgentAction::VolumeMounted:
-        return "Launched when a disk or a share appears in /Volumes";
+        return "Launched whenever a file system is mounted";
     default:
         return usesSchedule(form) ? "Launched as scheduled below" : "Never launched";
     }
@@ -155,6 +182,8 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
 std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (!usesSchedule(form))
         return "Not used: the condition above launches the agent";
+    if (waitsForDemand(form))
+        return "Not used: the agent waits for a first start";
     const auto words = scheduleText(form, faults, clock);
     return words.empty() ? "Never" : capitalized(words);
 }
@@ -164,6 +193,8 @@ std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockForma
 Summary summary(const AgentForm& form, const Faults& faults, const TextStyle& style) {
     if (const auto lacking = missingOrInvalid(form, faults); !lacking.empty())
         return {capitalized(lacking) + ".", false};
+    if (waitsForDemand(form) && !hasDemand(form))
+        return {keptRunning(form) + ".", false};
     const auto conditions = launchConditions(form, faults, style);
     if (conditions.empty())
         return {"Never runs " + targetName(form) + ": nothing launches it.", false};

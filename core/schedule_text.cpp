@@ -28,7 +28,7 @@ std::string onceAMonth(const AgentForm& form, const Faults& faults, ClockFormat 
     constexpr int everyMonthHas = 28;
     const int day = dayOfMonth(form);
     return "on the " + ordinal(day) + " of every month" + atTime(form, clock) +
-           (day > everyMonthHas ? ", skipping shorter months" : "");
+           (day > everyMonthHas ? ", in shorter months on a day after the month's end" : "");
 }
 
 /// Empty for an interval that launchd ignores: zero or negative.

@@ -1,6 +1,7 @@
 // Times of day in the 12-hour and the 24-hour clock, and the message about an unreadable time.
 #include "core/schedule_text.h"
 
+#include "core/calendar_runs.h"
 #include "tests/core/rendered_form.h"
 #include "tests/support/rows.h"
 
@@ -52,8 +53,8 @@ const ClockRow clocks[] = {
     {"Daily", ScheduleType::EveryDay, 7, "every day at 07:05", "every day at 07:05 AM"},
     {"Weekly", ScheduleType::EveryMonday, 19, "every Monday at 19:05", "every Monday at 07:05 PM"},
     {"Monthly", ScheduleType::OnceAMonth, 0,
-     "on the 31st of every month at 00:05, skipping shorter months",
-     "on the 31st of every month at 12:05 AM, skipping shorter months"},
+     "on the 31st of every month at 00:05, in shorter months on a day after the month's end",
+     "on the 31st of every month at 12:05 AM, in shorter months on a day after the month's end"},
     {"Noon", ScheduleType::EveryDay, 12, "every day at 12:05", "every day at 12:05 PM"},
     {"AtLoad", ScheduleType::AtLoad, 7, "when the agent is loaded, such as at login",
      "when the agent is loaded, such as at login"},
@@ -69,6 +70,29 @@ TEST(ScheduleClocks, TellAFaultyDayInBoth) {
               "once a month at 19:00");
     EXPECT_EQ(scheduleText(form, validate(form), ClockFormat::TwelveHours),
               "once a month at 07:00 PM");
+}
+
+TEST(ScheduleText, TellsOfTheDaysThatAMonthLacksAsTheyAreRun) {
+    using namespace std::chrono;
+    for (int day = 1; day <= 31; ++day) {
+        AgentForm form;
+        form.scheduleType = ScheduleType::OnceAMonth;
+        form.dayOfMonthText = std::to_string(day);
+        const auto text = scheduleText(form, {});
+        CalendarInterval interval;
+        interval.day = day;
+        interval.hour = 7;
+        interval.minute = 5;
+        bool runsAfterTheMonthsEnd = false;
+        LocalMinute now = local_days(2026y / January / 1);
+        for (int run = 0; run < 12; ++run) {
+            now = *nextCalendarRun(interval, now);
+            const year_month_day date(floor<days>(now));
+            runsAfterTheMonthsEnd |= date.day() != std::chrono::day(static_cast<unsigned>(day));
+        }
+        EXPECT_EQ(text.find("after the month's end") != std::string::npos, runsAfterTheMonthsEnd)
+            << text;
+    }
 }
 
 struct UnreadableRow {
