@@ -31,6 +31,11 @@ class Encoder {
         return byte(kind << 4 | 15U) + "\x12" + bigEndian(count, 4);
     }
 
+    /// Eight bytes after their marker.
+    static std::string numberObject(char kind, std::uint64_t bits) {
+        return std::string(1, kind).append(bigEndian(bits, 8));
+    }
+
     std::string reference(const Value& value) { return bigEndian(add(value), referenceSize); }
 
     std::string encoded(const Value& value) {
@@ -39,15 +44,15 @@ class Encoder {
         if (const auto* truth = value.boolean())
             return *truth ? "\x09" : "\x08";
         if (const auto* number = value.integer())
-            return "\x13" + bigEndian(static_cast<std::uint64_t>(*number), 8);
+            return numberObject(0x13, static_cast<std::uint64_t>(*number));
         if (const auto* bigNumber = value.bigInteger())
-            return "\x14" + bigEndian(0, 8) + bigEndian(*bigNumber, 8);
+            return std::string(1, '\x14').append(bigEndian(0, 8)).append(bigEndian(*bigNumber, 8));
         if (const auto* real = value.real())
-            return "\x23" + bigEndian(std::bit_cast<std::uint64_t>(*real), 8);
-        if (const auto* date = value.date())
-            return "\x33" + bigEndian(std::bit_cast<std::uint64_t>(
-                                          static_cast<double>(date->secondsSinceEpoch - 978307200)),
-                                      8);
+            return numberObject(0x23, std::bit_cast<std::uint64_t>(*real));
+        if (const auto* date = value.date()) {
+            const auto seconds = static_cast<double>(date->secondsSinceEpoch - 978307200);
+            return numberObject(0x33, std::bit_cast<std::uint64_t>(seconds));
+        }
         if (const auto* data = value.data())
             return marker(4, data->bytes.size()) +
                    std::string(data->bytes.begin(), data->bytes.end());
