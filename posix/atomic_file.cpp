@@ -57,7 +57,7 @@ int openOriginal(int folder, const std::string& name) {
 } // namespace
 
 std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
-                                               mode_t newFileMode) {
+                                               mode_t newFileMode, mode_t keptMode) {
     if (path.find('\0') != std::string::npos)
         return "its path holds a NUL";
     const auto [target, rejectionReason] = resolveLinks(path);
@@ -81,7 +81,7 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     // Other users must not read the content before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
     if (!temporary.isOpen() ||
-        (exists && !copyMetadata(original.number(), status, temporary.number())) ||
+        (exists && !copyMetadata(original.number(), status, temporary.number(), keptMode)) ||
         !temporary.write(content) || !temporary.moveTo(target.name))
         return errnoMessage();
     // The new file is in place. If this fails, a power cut may restore the old one, complete.

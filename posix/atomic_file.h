@@ -19,9 +19,10 @@ namespace frimbolate {
 /// file_metadata.h). Temporary files of killed saves are removed (see temporary_files.h).
 /// \param path        absolute; the folder must exist
 /// \param newFileMode mode of a file that does not exist yet; the umask applies
+/// \param keptMode    the bits that the mode of an existing file may keep
 /// \returns nothing, or why nothing was written; then the file is unchanged to the byte, and no
 ///          other file was left in the folder
 std::optional<std::string> writeFileAtomically(const std::string& path, std::string_view content,
-                                               mode_t newFileMode = 0644);
+                                               mode_t newFileMode = 0644, mode_t keptMode = 07777);
 
 } // namespace frimbolate

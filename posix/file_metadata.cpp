@@ -129,7 +129,7 @@ FileRights copyRights(int original, const FileRights& before, int file, bool sam
 
 } // namespace
 
-bool copyMetadata(int original, const struct stat& status, int file) {
+bool copyMetadata(int original, const struct stat& status, int file, mode_t kept) {
     // The owner first: changing it clears bits of the mode.
     if (::fchown(file, status.st_uid, status.st_gid) != 0)
         static_cast<void>(!::fchown(file, uid_t(-1), status.st_gid));
@@ -144,7 +144,7 @@ bool copyMetadata(int original, const struct stat& status, int file) {
         after = copyRights(original, before, file, now.st_uid == status.st_uid,
                            now.st_gid == status.st_gid);
     }
-    return ::fchmod(file, modeOf(after)) == 0;
+    return ::fchmod(file, modeOf(after) & kept) == 0;
 }
 
 } // namespace frimbolate

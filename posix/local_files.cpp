@@ -41,7 +41,9 @@ std::optional<Dictionary> LocalFiles::readDictionary(const std::string& path) {
 }
 
 bool LocalFiles::writeDictionary(const std::string& path, const Dictionary& dictionary) {
-    const auto reason = writePropertyListFile(path, dictionary);
+    // launchd skips an agent that others than its owner may write.
+    constexpr mode_t newFileMode = 0644, keptMode = 07755;
+    const auto reason = writePropertyListFile(path, dictionary, newFileMode, keptMode);
     if (reason)
         log_.line("Could not write property list " + path + ": " + *reason);
     return !reason;

@@ -17,6 +17,8 @@ class LocalFiles : public Files {
     /// whole bundle.
     bool remove(const std::string& path) override;
     std::optional<Dictionary> readDictionary(const std::string& path) override;
+    /// An existing file loses the right of its group and of others to write it, with which launchd
+    /// refuses an agent; else it keeps its rights.
     bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;
 
   private:

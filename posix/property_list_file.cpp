@@ -76,11 +76,12 @@ PropertyListFile readPropertyListFile(const std::string& path) {
 }
 
 std::optional<std::string> writePropertyListFile(const std::string& path,
-                                                 const Dictionary& dictionary, mode_t newFileMode) {
+                                                 const Dictionary& dictionary, mode_t newFileMode,
+                                                 mode_t keptMode) {
     const std::string text = xmlPropertyList(dictionary);
     if (text.size() > maximumPlistBytes)
         return "it would be over 16 MiB and could not be read again";
-    return writeFileAtomically(path, text, newFileMode);
+    return writeFileAtomically(path, text, newFileMode, keptMode);
 }
 
 } // namespace frimbolate

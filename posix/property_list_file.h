@@ -26,11 +26,12 @@ struct PropertyListFile {
 /// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.
 PropertyListFile readPropertyListFile(const std::string& path);
 
-/// Writes an XML property list atomically (see atomic_file.h).
+/// Writes an XML property list atomically (see atomic_file.h, for the modes too).
 /// \returns nothing, or why the file is unchanged
 /// \throws NamedError "Unwritable content" for content that XML cannot represent
 std::optional<std::string> writePropertyListFile(const std::string& path,
                                                  const Dictionary& dictionary,
-                                                 mode_t newFileMode = 0644);
+                                                 mode_t newFileMode = 0644,
+                                                 mode_t keptMode = 07777);
 
 } // namespace frimbolate

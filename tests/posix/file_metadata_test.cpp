@@ -86,6 +86,19 @@ class FileMetadata : public testing::Test {
     std::string file = folder / "a.plist";
 };
 
+TEST_F(FileMetadata, TheModeKeepsOnlyTheBitsThatItMay) {
+    constexpr mode_t keptMode = 07755;
+    for (const mode_t mode : {mode_t{0666}, mode_t{0620}, mode_t{0600}, mode_t{0711}}) {
+        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
+        EXPECT_EQ(writeFileAtomically(file, "after", 0644, keptMode), std::nullopt);
+        EXPECT_EQ(statusOf(file).st_mode & 07777, mode & keptMode);
+    }
+    ASSERT_TRUE(setList(file, "u::rw,u:4321:rw,g::rw,m::rw,o::rw"));
+    EXPECT_EQ(writeFileAtomically(file, "after", 0644, keptMode), std::nullopt);
+    EXPECT_EQ(listOf(file), listText("u::rw,u:4321:rw,g::rw,m::r,o::r"))
+        << "the mask holds for the named user and the group";
+}
+
 TEST_F(FileMetadata, TheListStays) {
     for (const char* list :
          {"u::rw-,u:12345:r--,g::r--,g:12346:rwx,m::rwx,o::---",

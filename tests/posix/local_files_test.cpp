@@ -57,6 +57,21 @@ TEST_F(LocalFilesTest, ReadsEveryForm) {
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
+TEST_F(LocalFilesTest, WritesNoAgentThatOthersThanItsOwnerMayWrite) {
+    const std::pair<mode_t, mode_t> modes[] = {{0666, 0644}, {0664, 0644}, {0646, 0644},
+                                               {0622, 0600}, {0600, 0600}, {0755, 0755},
+                                               {0640, 0640}, {0604, 0604}};
+    for (const auto& [before, after] : modes) {
+        writeBytes(file, "{}");
+        ASSERT_EQ(::chmod(file.c_str(), before), 0);
+        EXPECT_TRUE(files.writeDictionary(file, agent));
+        struct stat status {};
+        ASSERT_EQ(::stat(file.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777, after) << std::oct << before;
+    }
+    EXPECT_EQ(files.readDictionary(file), agent);
+}
+
 TEST_F(LocalFilesTest, TellsWhyAFileCannotBeRead) {
     expectUnreadable(file, "No such file or directory");
     expectUnreadable(folder.path(), "it is not a regular file");
