@@ -37,7 +37,10 @@ std::string uncapitalized(std::string text) {
     return text;
 }
 
+/// With "~" for the home folder. A typed "~" is quoted, because launchd does not expand it.
 std::string shownPath(std::string_view path, std::string_view home) {
+    if (path.starts_with('~'))
+        return std::string("\u201c").append(path).append("\u201d");
     const bool inHome = !home.empty() && path.substr(0, home.size()) == home;
     const auto rest = inHome ? path.substr(home.size()) : path;
     if (inHome && (rest.empty() || rest[0] == '/'))

@@ -223,6 +223,9 @@ const Row sentences[] = {
      "changes."},
     {"AlsoQueue", queue,
      "Runs backup.sh every Wednesday at 07:05, and as long as ~/Queue is not empty."},
+    {"TypedTildeIsNotTheHomeFolder",
+     all({queue, [](AgentForm& form) { form.queueDirectory = "~/Queue"; }}),
+     "Runs backup.sh every Wednesday at 07:05, and as long as \u201c~/Queue\u201d is not empty."},
     {"AlsoAndKeepRunning", all({keepRunning(ScheduleType::EveryDay, false), alsoOnMount}),
      "Kept running once it has been started; nothing in this form starts it."},
 
