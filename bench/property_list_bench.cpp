@@ -84,7 +84,7 @@ constexpr std::string_view agent = R"(<?xml version="1.0" encoding="UTF-8"?>
 )";
 
 void countBytes(benchmark::State& state, std::size_t size) {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * size));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(size));
 }
 
 void readAgent(benchmark::State& state) {
