@@ -26,3 +26,14 @@ if(FRIMBOLATE_COVERAGE)
   target_compile_options(frimbolate_options INTERFACE --coverage -O0)
   target_link_options(frimbolate_options INTERFACE --coverage)
 endif()
+
+# frimbolate_precompile(<target> <header> ...): only in the sanitized build, where it halves the
+# compile time. The ordinary build compiles without it and so finds a missing include.
+function(frimbolate_precompile target)
+  if(FRIMBOLATE_SANITIZE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+# What most files of the window include.
+set(FRIMBOLATE_WIDGET_HEADERS <QApplication> <QComboBox> <QDialog> <QLabel> <QLineEdit> <QPainter>
+                              <QToolButton> <QVBoxLayout>)
