@@ -7,14 +7,15 @@
 #include <QCursor>
 #include <QDir>
 #include <QScreen>
-#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <iostream>
 
 int main(int argc, char** argv) {
     using namespace frimbolate::test;
-    QStandardPaths::setTestModeEnabled(true);
+    const QTemporaryDir settings; // the toolkit stores the state of its file dialogs
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     QApplication application(argc, argv);
     QApplication::setApplicationName("Frimbolate");
     QApplication::setApplicationVersion("1.0.0");

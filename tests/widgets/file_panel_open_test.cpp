@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QPointer>
+#include <QSettings>
 #include <QToolButton>
 
 #include <unistd.h>
@@ -279,6 +280,13 @@ TEST_F(FilePanel, ListsPlacesInTheSideBar) {
     EXPECT_EQ(places, (QStringList{root.filePath("home"), root.filePath("home/Desktop"),
                                    root.filePath("home/Library/LaunchAgents"),
                                    at("granted/LaunchAgents")}));
+}
+
+TEST(FilePanelState, IsStoredInAFolderOfThisProcess) {
+    const QString temporary = QDir::tempPath() + '/';
+    const QString file = QSettings("QtProject").fileName(); // where the toolkit stores it
+    EXPECT_TRUE(file.startsWith(temporary)) << file.toStdString();
+    EXPECT_EQ(file, QFile::decodeName(qgetenv("XDG_CONFIG_HOME")) + "/QtProject.conf");
 }
 
 TEST_F(FilePanel, KeepsThePlacesOfOtherPrograms) {

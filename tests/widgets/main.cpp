@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -33,8 +32,10 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORMTHEME", "");
     qputenv("XDG_CURRENT_DESKTOP", "");
     qputenv("FRIMBOLATE_COLOR_SCHEME", "light");
-    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
-    QStandardPaths::setTestModeEnabled(true);
+    // Not QStandardPaths' test mode: its folder is one for all processes, and tests run in
+    // parallel.
+    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        qputenv(variable, settings.path().toLocal8Bit());
     testing::InitGoogleMock(&argc, argv);
     QApplication application(argc, argv);
     application.setApplicationName("frimbolate-widgets-test");
