@@ -26,14 +26,14 @@ void startToolkit() {
     new QApplication(argc, argv);
 }
 
-Dictionary agent() {
+Dictionary usualAgent() {
     return {{"Label", "com.frimbolate.Backup"},
             {"ProgramArguments", Array{Value("/Users/maya/bin/backup.sh")}},
             {"StartOnMount", true}};
 }
 
 Dictionary agentWith(const std::string& key, Value value) {
-    Dictionary result = agent();
+    Dictionary result = usualAgent();
     result[key] = std::move(value);
     return result;
 }
@@ -78,7 +78,7 @@ void showAgent(benchmark::State& state, const std::function<Dictionary()>& make)
 #define SHOW_AGENT(name, make)                                                                     \
     BENCHMARK_CAPTURE(showAgent, name, [] { return make; })->Unit(benchmark::kMillisecond)
 
-SHOW_AGENT(shortTexts, agent());
+SHOW_AGENT(shortTexts, usualAgent());
 SHOW_AGENT(scriptInOneLine, agentWithScript(longText));
 SHOW_AGENT(scriptInManyLines, agentWithScript(lines(50)));
 SHOW_AGENT(scriptInWideLines, agentWithScript(lines(4000)));

@@ -1,5 +1,7 @@
 #include "core/calendar_runs.h"
 
+#include "core/time_of_day.h"
+
 #include <algorithm>
 
 namespace frimbolate {
@@ -8,8 +10,6 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr int minutesPerHour = 60;
-constexpr int hoursPerDay = 24;
 constexpr int daysPerWeek = 7;
 
 bool isWithin(const std::optional<int>& value, int least, int greatest) {

@@ -1,5 +1,6 @@
 #include "core/conversions.h"
 
+#include "core/ascii.h"
 #include "core/named_error.h"
 
 #include <cmath>
@@ -10,7 +11,6 @@ namespace frimbolate {
 namespace {
 
 constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Skips the blanks and the sign that the platform accepts before a number.
 /// \return whether the sign was a minus

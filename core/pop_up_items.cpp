@@ -6,17 +6,17 @@ namespace frimbolate {
 
 namespace {
 
-constexpr PopUpItem separator{"", PopUpItem::Kind::Separator};
+constexpr PopUpItem separatorItem{"", PopUpItem::Kind::Separator};
 
 constexpr PopUpItem placeholder(std::string_view title) {
     return {title, PopUpItem::Kind::Choice, true};
 }
 
 constexpr PopUpItem targets[] = {
-    placeholder("None"), separator, {"Application or script\u2026"}, {"New script\u2026"}};
+    placeholder("None"), separatorItem, {"Application or script\u2026"}, {"New script\u2026"}};
 
 constexpr PopUpItem actions[] = {placeholder("Choose\u2026"),
-                                 separator,
+                                 separatorItem,
                                  {"Launch on schedule"},
                                  {"Launch on schedule and keep alive"},
                                  {"Launch when a path is modified\u2026"},
@@ -24,12 +24,12 @@ constexpr PopUpItem actions[] = {placeholder("Choose\u2026"),
 
 constexpr PopUpItem every(std::size_t weekday) { return {weekdays[weekday].scheduleTitle}; }
 
-constexpr PopUpItem schedules[] = {{"Every Day"},     separator, every(0),         every(1),
-                                   every(2),          every(3),  every(4),         every(5),
-                                   every(6),          separator, {"Once a Month"}, separator,
-                                   {"On Login/Load"}, separator, {"On Interval"}};
+constexpr PopUpItem schedules[] = {
+    {"Every Day"},    separatorItem, every(0),          every(1),      every(2),
+    every(3),         every(4),      every(5),          every(6),      separatorItem,
+    {"Once a Month"}, separatorItem, {"On Login/Load"}, separatorItem, {"On Interval"}};
 
-constexpr PopUpItem units[] = {{"seconds"}, {"minutes"}, {"hours"}};
+constexpr PopUpItem intervalUnits[] = {{"seconds"}, {"minutes"}, {"hours"}};
 
 constexpr PopUpItem priorities[] = {{"Low"}, {"Normal"}};
 
@@ -45,7 +45,7 @@ constexpr PopUpItem defaultPriorities[] = {{"Normal"}, {"Low"}};
 std::span<const PopUpItem> agentTargetItems() { return targets; }
 std::span<const PopUpItem> agentActionItems() { return actions; }
 std::span<const PopUpItem> agentScheduleTypeItems() { return schedules; }
-std::span<const PopUpItem> agentIntervalTypeItems() { return units; }
+std::span<const PopUpItem> agentIntervalTypeItems() { return intervalUnits; }
 std::span<const PopUpItem> priorityLevelItems() { return priorities; }
 std::span<const PopUpItem> scriptLanguageItems() { return languages; }
 std::span<const PopUpItem> globalGlobbingItems() { return globbing; }

@@ -1,5 +1,6 @@
 #include "core/time_of_day.h"
 
+#include "core/ascii.h"
 #include "core/conversions.h"
 
 #include <array>
@@ -9,9 +10,7 @@ namespace frimbolate {
 
 namespace {
 
-constexpr int hoursPerDay = 24, hoursPerHalf = 12, minutesPerHour = 60;
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
+constexpr int hoursPerHalf = 12;
 
 /// ASCII only, independent of the locale.
 char lowerCase(char letter) {

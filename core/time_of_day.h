@@ -8,6 +8,9 @@
 
 namespace frimbolate {
 
+inline constexpr int hoursPerDay = 24;
+inline constexpr int minutesPerHour = 60;
+
 struct TimeOfDay {
     int hour = 0;   ///< 0 to 23
     int minute = 0; ///< 0 to 59

@@ -39,11 +39,11 @@ std::string quoted(std::string_view text) {
 }
 
 std::string describedData(const Data& data) {
-    static constexpr std::string_view digits = "0123456789abcdef";
+    static constexpr std::string_view hexadecimal = "0123456789abcdef";
     std::string result = "<";
     for (const std::uint8_t byte : data.bytes) {
-        result += digits[byte >> 4];
-        result += digits[byte & 15];
+        result += hexadecimal[byte >> 4];
+        result += hexadecimal[byte & 15];
     }
     return result + '>';
 }

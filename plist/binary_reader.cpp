@@ -17,8 +17,6 @@ constexpr std::size_t trailerSize = 32;
 /// Bytes of a map node around one entry, and of the allocator per allocation.
 constexpr std::size_t nodeOverhead = 48;
 
-[[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
-
 struct Trailer {
     explicit Trailer(std::string_view file);
 
@@ -43,9 +41,9 @@ bool reaches(std::size_t size, std::uint64_t limit) {
     return size >= 8 || limit < std::uint64_t{1} << (8 * size);
 }
 
-class Reader {
+class BinaryReader {
   public:
-    explicit Reader(std::string_view file)
+    explicit BinaryReader(std::string_view file)
         : file_(file), trailer_(file), objects_(file.substr(0, trailer_.tableStart)),
           isOpen_(objects_.size()), budget_(maximumPlistMemory(file.size())) {
         constexpr std::size_t ownMemory = 131072; // for the stacks of open containers
@@ -83,7 +81,7 @@ class Reader {
     std::size_t budget_;
 };
 
-Value Reader::document() {
+Value BinaryReader::document() {
     const std::size_t start = trailer_.tableStart + trailer_.top * trailer_.offsetSize;
     object(bigEndianNumber(file_.substr(start, trailer_.offsetSize)));
     while (!containers_.empty())
@@ -91,26 +89,26 @@ Value Reader::document() {
     return builder_.take();
 }
 
-void Reader::account(std::size_t bytes) {
+void BinaryReader::account(std::size_t bytes) {
     if (bytes > budget_)
-        fail("its shared objects would take too much memory");
+        failBinary("its shared objects would take too much memory");
     budget_ -= bytes;
 }
 
-std::size_t Reader::offsetOf(std::string_view reference) const {
+std::size_t BinaryReader::offsetOf(std::string_view reference) const {
     const std::uint64_t object = bigEndianNumber(reference);
     if (object >= trailer_.objectCount)
-        fail("it refers to an object that is not there");
+        failBinary("it refers to an object that is not there");
     const std::size_t start = trailer_.tableStart + object * trailer_.offsetSize;
     return bigEndianNumber(file_.substr(start, trailer_.offsetSize));
 }
 
-std::string_view Reader::reference(std::string_view references, std::size_t index) const {
+std::string_view BinaryReader::reference(std::string_view references, std::size_t index) const {
     return references.substr(index * trailer_.referenceSize, trailer_.referenceSize);
 }
 
 /// Reads one element or entry of the innermost container, or ends it.
-void Reader::step() {
+void BinaryReader::step() {
     Container& container = containers_.back();
     if (container.next * trailer_.referenceSize == container.values.size()) {
         isOpen_[container.offset] = false;
@@ -123,13 +121,13 @@ void Reader::step() {
         BinaryCursor in = at(offsetOf(reference(container.keys, index)));
         const BinaryObject key = in.object();
         if (!key.isText())
-            fail("a key is no text");
+            failBinary("a key is no text");
         builder_.key(text(key, in));
     }
     object(offsetOf(reference(container.values, index)));
 }
 
-void Reader::object(std::size_t offset) {
+void BinaryReader::object(std::size_t offset) {
     BinaryCursor in = at(offset);
     const BinaryObject object = in.object();
     if (object.isContainer())
@@ -142,30 +140,30 @@ void Reader::object(std::size_t offset) {
         builder_.value(readBinaryScalar(object, in));
 }
 
-BinaryCursor Reader::at(std::size_t offset) const {
+BinaryCursor BinaryReader::at(std::size_t offset) const {
     if (offset < headerSize)
-        fail("an object lies outside of it");
+        failBinary("an object lies outside of it");
     return {objects_, offset};
 }
 
-std::string Reader::text(BinaryObject object, BinaryCursor in) {
+std::string BinaryReader::text(BinaryObject object, BinaryCursor in) {
     const std::string_view bytes = in.content(object);
     // Two bytes of UTF-16 become up to three of UTF-8.
     account(bytes.size() * 3 / 2 + 1);
     return decodeBinaryText(object.kind, bytes);
 }
 
-Data Reader::data(BinaryObject object, BinaryCursor in) {
+Data BinaryReader::data(BinaryObject object, BinaryCursor in) {
     const std::string_view bytes = in.content(object);
     account(bytes.size());
     return Data{{bytes.begin(), bytes.end()}};
 }
 
-void Reader::open(BinaryObject object, std::size_t offset, BinaryCursor in) {
+void BinaryReader::open(BinaryObject object, std::size_t offset, BinaryCursor in) {
     if (isOpen_[offset])
-        fail("an object holds itself");
+        failBinary("an object holds itself");
     if (containers_.size() >= maximumPlistDepth)
-        fail("it is nested too deeply");
+        failBinary("it is nested too deeply");
     const std::uint64_t count = in.count(object);
     const bool isDictionary = object.kind == BinaryKind::dictionary;
     Container container{offset, {}, {}};
@@ -210,6 +208,6 @@ std::optional<std::string> binaryPlistFault(std::string_view bytes) {
     return std::nullopt;
 }
 
-Value readBinaryPlist(std::string_view bytes) { return Reader(bytes).document(); }
+Value readBinaryPlist(std::string_view bytes) { return BinaryReader(bytes).document(); }
 
 } // namespace frimbolate

@@ -9,12 +9,12 @@
 
 namespace frimbolate {
 
+void failBinary(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
+
 namespace {
 
 /// The origin of dates, 2001-01-01T00:00:00Z, in seconds since 1970.
 constexpr double referenceDate = 978307200;
-
-[[noreturn]] void fail(const std::string& reason) { throw NamedError(unreadablePlist, reason); }
 
 /// Whether all bytes before the last eight are zero.
 bool fits64Bits(std::string_view bytes) {
@@ -24,7 +24,7 @@ bool fits64Bits(std::string_view bytes) {
 
 Value singleton(unsigned nibble) {
     if (nibble != 8 && nibble != 9)
-        fail("it holds a null, which is no value of an agent");
+        failBinary("it holds a null, which is no value of an agent");
     return nibble == 9;
 }
 
@@ -32,13 +32,13 @@ Value singleton(unsigned nibble) {
 /// written for unsigned numbers of 64 bits; readers disagree on all other content, so it fails.
 Value integer(unsigned exponent, BinaryCursor in) {
     if (exponent > 4)
-        fail("an integer has an unknown size");
+        failBinary("an integer has an unknown size");
     const std::string_view bytes = in.take(std::uint64_t{1} << exponent);
     const std::uint64_t low = bigEndianNumber(bytes);
     if (exponent == 3)
         return std::bit_cast<std::int64_t>(low);
     if (!fits64Bits(bytes))
-        fail("an integer needs more than 64 bits");
+        failBinary("an integer needs more than 64 bits");
     return low;
 }
 
@@ -46,18 +46,18 @@ double real(unsigned exponent, BinaryCursor in) {
     if (exponent == 3)
         return std::bit_cast<double>(bigEndianNumber(in.take(8)));
     if (exponent != 2)
-        fail("a real has an unknown size");
+        failBinary("a real has an unknown size");
     const auto bits = static_cast<std::uint32_t>(bigEndianNumber(in.take(4)));
     return static_cast<double>(std::bit_cast<float>(bits));
 }
 
 Date date(unsigned exponent, BinaryCursor in) {
     if (exponent != 3)
-        fail("a date has an unknown size");
+        failBinary("a date has an unknown size");
     const double seconds = std::floor(real(exponent, in) + referenceDate);
     constexpr double exact = 9007199254740992; // 2^53
     if (!(std::abs(seconds) <= exact))
-        fail("a date is out of range");
+        failBinary("a date is out of range");
     return Date{static_cast<std::int64_t>(seconds)};
 }
 
@@ -65,21 +65,21 @@ Value uid(unsigned nibble, BinaryCursor in) {
     const std::string_view bytes = in.take(nibble + 1);
     const std::uint64_t number = bigEndianNumber(bytes);
     if (!fits64Bits(bytes) || number > 0xffffffff)
-        fail("a UID is out of range");
+        failBinary("a UID is out of range");
     return Dictionary{{"CF$UID", number}};
 }
 
 } // namespace
 
-void BinaryCursor::failBeyondEnd() { fail("an object reaches beyond its end"); }
+void BinaryCursor::failBeyondEnd() { failBinary("an object reaches beyond its end"); }
 
 std::uint64_t BinaryCursor::longCount() {
     const BinaryObject number = object();
     if (number.kind != BinaryKind::integer)
-        fail("a count is no integer");
+        failBinary("a count is no integer");
     const std::string_view bytes = take(std::uint64_t{1} << number.nibble);
     if (!fits64Bits(bytes))
-        fail("a count is out of range");
+        failBinary("a count is out of range");
     return bigEndianNumber(bytes);
 }
 
@@ -96,7 +96,7 @@ Value readBinaryScalar(BinaryObject object, BinaryCursor in) {
     case BinaryKind::uid:
         return uid(object.nibble, in);
     default:
-        fail("it holds an object of an unknown kind");
+        failBinary("it holds an object of an unknown kind");
     }
 }
 
@@ -104,10 +104,10 @@ std::string decodeBinaryText(BinaryKind kind, std::string_view bytes) {
     if (kind == BinaryKind::utf16) {
         if (auto text = decodeUtf16(bytes, true))
             return *std::move(text);
-        fail("a text holds half a character");
+        failBinary("a text holds half a character");
     }
     if (!isAscii(bytes))
-        fail("an ASCII text holds other characters");
+        failBinary("an ASCII text holds other characters");
     return std::string(bytes);
 }
 

@@ -10,6 +10,9 @@
 
 namespace frimbolate {
 
+/// \throws NamedError "Unreadable property list", always
+[[noreturn]] void failBinary(const std::string& reason);
+
 /// An unsigned number of a fixed size in bytes, most significant first. Written so that compilers
 /// emit one load instruction.
 template <std::size_t size>

@@ -16,7 +16,6 @@ namespace {
 
 /// Line and paragraph separator.
 constexpr std::string_view wideSeparators[] = {"\u2028", "\u2029"};
-constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 constexpr bool standsWithoutQuotes(char c) {
     return (c >= 'a' && c <= 'z') || (c >= '-' && c <= ':') || (c >= 'A' && c <= 'Z') || c == '_' ||
@@ -43,12 +42,12 @@ struct Token {
 /// Makes one pass over a file. The first pass counts the elements of each array, the second builds
 /// the value: an element can be two bytes long, and an array that grows by reallocation would take
 /// many times the memory of the final one.
-class Reader {
+class OldStyleReader {
   public:
     /// All must outlive the reader.
     /// \param counts  elements of each array, in the order of their starts
     /// \param builder null in the first pass
-    Reader(std::string_view text, std::vector<std::uint32_t>& counts, ValueBuilder* builder)
+    OldStyleReader(std::string_view text, std::vector<std::uint32_t>& counts, ValueBuilder* builder)
         : in_(text), counts_(counts), builder_(builder) {}
 
     void document();
@@ -86,7 +85,7 @@ class Reader {
     std::vector<Level> levels_;
 };
 
-void Reader::document() {
+void OldStyleReader::document() {
     if (!skipSpace()) {
         begin(Kind::strings);
         end();
@@ -107,7 +106,7 @@ void Reader::document() {
         in_.fail("something follows its value");
 }
 
-bool Reader::takeSpace() {
+bool OldStyleReader::takeSpace() {
     const char c = in_.peek();
     if (c == ' ' || (c >= '\t' && c <= '\r')) {
         in_.advance();
@@ -116,13 +115,13 @@ bool Reader::takeSpace() {
     return takeWideSeparator();
 }
 
-bool Reader::takeWideSeparator() {
+bool OldStyleReader::takeWideSeparator() {
     return in_.peek() == wideSeparators[0].front() &&
            (in_.take(wideSeparators[0]) || in_.take(wideSeparators[1]));
 }
 
 /// Advances past blanks and comments; false at the end of the file.
-bool Reader::skipSpace() {
+bool OldStyleReader::skipSpace() {
     while (!in_.atEnd()) {
         if (takeSpace())
             continue;
@@ -138,13 +137,13 @@ bool Reader::skipSpace() {
     return false;
 }
 
-void Reader::skipLineComment() {
+void OldStyleReader::skipLineComment() {
     while (!in_.atEnd() && in_.peek() != '\n' && in_.peek() != '\r' &&
            !in_.rest().starts_with(wideSeparators[0]) && !in_.rest().starts_with(wideSeparators[1]))
         in_.advance();
 }
 
-void Reader::skipBlockComment() {
+void OldStyleReader::skipBlockComment() {
     const auto end = in_.find("*/");
     if (end == std::string_view::npos)
         in_.advance(in_.rest().size());
@@ -152,12 +151,12 @@ void Reader::skipBlockComment() {
         in_.moveTo(end + 2);
 }
 
-bool Reader::startsText() const {
+bool OldStyleReader::startsText() const {
     const char c = in_.peek();
     return c == '"' || c == '\'' || standsWithoutQuotes(c);
 }
 
-Token Reader::token() {
+Token OldStyleReader::token() {
     const char quote = in_.peek();
     const bool isQuoted = quote == '"' || quote == '\'';
     std::size_t start = in_.position();
@@ -180,7 +179,7 @@ Token Reader::token() {
     return result;
 }
 
-std::string Reader::content(const Token& token) const {
+std::string OldStyleReader::content(const Token& token) const {
     const std::string_view raw = in_.between(token.start, token.end);
     if (!token.isEscaped)
         return std::string(raw);
@@ -191,7 +190,7 @@ std::string Reader::content(const Token& token) const {
 }
 
 /// Reads one element, one entry, or the end of the innermost container.
-void Reader::step() {
+void OldStyleReader::step() {
     const Kind kind = levels_.back().kind;
     const bool isMore = skipSpace();
     if (kind == Kind::array ? in_.take(')') : kind == Kind::dictionary && in_.take('}'))
@@ -205,7 +204,7 @@ void Reader::step() {
     entry(token());
 }
 
-void Reader::object() {
+void OldStyleReader::object() {
     if (in_.take('{'))
         begin(Kind::dictionary);
     else if (in_.take('('))
@@ -218,7 +217,7 @@ void Reader::object() {
         in_.failUnexpected("a value");
 }
 
-void Reader::begin(Kind kind) {
+void OldStyleReader::begin(Kind kind) {
     if (levels_.size() >= maximumPlistDepth)
         in_.fail("it is nested too deeply");
     levels_.push_back({kind, arrays_});
@@ -232,14 +231,14 @@ void Reader::begin(Kind kind) {
     arrays_ += isArray ? 1 : 0;
 }
 
-void Reader::end() {
+void OldStyleReader::end() {
     levels_.pop_back();
     if (builder_)
         builder_->end();
     afterValue();
 }
 
-void Reader::entry(const Token& key) {
+void OldStyleReader::entry(const Token& key) {
     if (builder_)
         builder_->key(content(key));
     skipSpace();
@@ -251,13 +250,13 @@ void Reader::entry(const Token& key) {
     object();
 }
 
-void Reader::text(const Token& token) {
+void OldStyleReader::text(const Token& token) {
     if (builder_)
         builder_->value(content(token));
     afterValue();
 }
 
-bool Reader::takeBlankInData() {
+bool OldStyleReader::takeBlankInData() {
     if (!in_.atEnd() && TextCursor::isBlank(in_.peek())) {
         in_.advance();
         return true;
@@ -266,7 +265,7 @@ bool Reader::takeBlankInData() {
 }
 
 /// Reads pairs of hexadecimal digits up to ">". Blanks are allowed between the pairs only.
-void Reader::data() {
+void OldStyleReader::data() {
     Data data;
     while (!in_.take('>')) {
         if (takeBlankInData())
@@ -287,7 +286,7 @@ void Reader::data() {
     afterValue();
 }
 
-void Reader::afterValue() {
+void OldStyleReader::afterValue() {
     if (levels_.empty())
         return;
     const Level& level = levels_.back();
@@ -311,10 +310,10 @@ Value readOldStylePlist(std::string_view text) {
     if (!isValidUtf8(text))
         TextCursor(text).fail("it is no valid UTF-8");
     std::vector<std::uint32_t> counts;
-    Reader(text, counts, nullptr).document();
+    OldStyleReader(text, counts, nullptr).document();
     counts.shrink_to_fit();
     ValueBuilder builder(DuplicateKeys::last);
-    Reader(text, counts, &builder).document();
+    OldStyleReader(text, counts, &builder).document();
     return builder.take();
 }
 

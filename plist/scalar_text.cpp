@@ -1,5 +1,7 @@
 #include "plist/scalar_text.h"
 
+#include "core/ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -15,8 +17,6 @@ namespace frimbolate {
 namespace {
 
 constexpr std::string_view digits = "0123456789";
-
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// White space of the C locale: that of XML, vertical tab and form feed.
 constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }

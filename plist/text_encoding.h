@@ -7,6 +7,9 @@
 
 namespace frimbolate {
 
+/// U+FEFF in UTF-8, with which some editors begin a text.
+inline constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
 /// A text as UTF-8. Refers to a file that is in UTF-8 already, and owns a converted copy otherwise.
 class DecodedText {
   public:

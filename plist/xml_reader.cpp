@@ -54,9 +54,9 @@ struct Tag {
     bool isEmpty;
 };
 
-class Reader {
+class XmlReader {
   public:
-    explicit Reader(TextCursor& in) : in_(in) {}
+    explicit XmlReader(TextCursor& in) : in_(in) {}
 
     Value document();
 
@@ -82,7 +82,7 @@ class Reader {
     ValueBuilder builder_{DuplicateKeys::last};
 };
 
-Value Reader::document() {
+Value XmlReader::document() {
     skipProlog();
     openElement();
     while (!levels_.empty()) {
@@ -95,7 +95,7 @@ Value Reader::document() {
     return builder_.take();
 }
 
-void Reader::skipPast(std::string_view terminator, const char* what) {
+void XmlReader::skipPast(std::string_view terminator, const char* what) {
     const auto found = in_.find(terminator);
     if (found == std::string_view::npos)
         in_.fail(std::string(what) + " does not end");
@@ -103,7 +103,7 @@ void Reader::skipPast(std::string_view terminator, const char* what) {
 }
 
 /// Advances past the "<" of the first element.
-void Reader::skipProlog() {
+void XmlReader::skipProlog() {
     for (;;) {
         in_.skipBlanks();
         if (!in_.take('<'))
@@ -119,7 +119,7 @@ void Reader::skipProlog() {
     }
 }
 
-void Reader::skipDocumentType() {
+void XmlReader::skipDocumentType() {
     if (!in_.take("DOCTYPE"))
         in_.fail("it holds an unknown declaration");
     const std::size_t start = in_.position();
@@ -129,7 +129,7 @@ void Reader::skipDocumentType() {
 }
 
 /// Advances past the "<" of the next tag inside an element.
-void Reader::skipToMarkup() {
+void XmlReader::skipToMarkup() {
     for (;;) {
         in_.skipBlanks();
         if (in_.atEnd())
@@ -152,7 +152,7 @@ void Reader::skipToMarkup() {
 }
 
 /// Reads a tag from after its "<". The name ends at the first blank.
-Tag Reader::openTag() {
+Tag XmlReader::openTag() {
     const std::size_t start = in_.position();
     const std::size_t end = in_.find('>');
     if (end == std::string_view::npos)
@@ -168,7 +168,7 @@ Tag Reader::openTag() {
     return {name, isEmpty};
 }
 
-void Reader::beforeValue(Element element, std::string_view name) {
+void XmlReader::beforeValue(Element element, std::string_view name) {
     if (levels_.empty())
         return;
     if (levels_.back() == Level::filledPlist)
@@ -177,7 +177,7 @@ void Reader::beforeValue(Element element, std::string_view name) {
         in_.fail("<" + std::string(name) + "> has no key");
 }
 
-void Reader::afterValue() {
+void XmlReader::afterValue() {
     if (levels_.empty())
         return;
     Level& level = levels_.back();
@@ -187,7 +187,7 @@ void Reader::afterValue() {
         level = Level::dictionaryKey;
 }
 
-void Reader::openElement() {
+void XmlReader::openElement() {
     const Tag tag = openTag();
     const auto* const known =
         std::find_if(std::begin(elementNames), std::end(elementNames),
@@ -211,7 +211,7 @@ void Reader::openElement() {
     }
 }
 
-void Reader::openContainer(Element element, bool isEmpty) {
+void XmlReader::openContainer(Element element, bool isEmpty) {
     if (builder_.depth() >= maximumPlistDepth)
         in_.fail("it is nested too deeply");
     const bool isArray = element == Element::array;
@@ -228,7 +228,7 @@ void Reader::openContainer(Element element, bool isEmpty) {
 }
 
 /// Closes the innermost element. Called after the "</" of its end tag.
-void Reader::closeElement() {
+void XmlReader::closeElement() {
     const Level level = levels_.back();
     expectCloseTagBehind(nameOf(level));
     if (level == Level::emptyPlist)
@@ -241,13 +241,13 @@ void Reader::closeElement() {
     afterValue();
 }
 
-void Reader::expectCloseTag(std::string_view name) {
+void XmlReader::expectCloseTag(std::string_view name) {
     if (!in_.take("</"))
         in_.failUnexpected("</" + std::string(name) + ">");
     expectCloseTagBehind(name);
 }
 
-void Reader::expectCloseTagBehind(std::string_view name) {
+void XmlReader::expectCloseTagBehind(std::string_view name) {
     const std::size_t start = in_.position();
     if (in_.take(name)) {
         in_.skipBlanks();
@@ -258,13 +258,13 @@ void Reader::expectCloseTagBehind(std::string_view name) {
 }
 
 /// The content of an element without references and sections, up to the next tag.
-std::string_view Reader::plainContent() {
+std::string_view XmlReader::plainContent() {
     const std::size_t start = in_.position();
     in_.moveTo(in_.find('<', start + in_.rest().size()));
     return in_.between(start, in_.position());
 }
 
-std::string Reader::text(const Tag& tag) {
+std::string XmlReader::text(const Tag& tag) {
     if (tag.isEmpty)
         return {};
     std::string content = readXmlText(in_);
@@ -272,7 +272,7 @@ std::string Reader::text(const Tag& tag) {
     return content;
 }
 
-Value Reader::scalar(Element element, const Tag& tag) {
+Value XmlReader::scalar(Element element, const Tag& tag) {
     if (element == Element::string || element == Element::key)
         return text(tag);
     if (element == Element::trueValue || element == Element::falseValue) {
@@ -305,6 +305,6 @@ Value Reader::scalar(Element element, const Tag& tag) {
 
 } // namespace
 
-Value readXmlPlist(TextCursor& in) { return Reader(in).document(); }
+Value readXmlPlist(TextCursor& in) { return XmlReader(in).document(); }
 
 } // namespace frimbolate

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view sectionBegin = "<![CDATA[";
 constexpr std::string_view sectionEnd = "]]>";
-constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 struct Entity {
     std::string_view name;

@@ -8,7 +8,7 @@ namespace frimbolate {
 namespace {
 
 constexpr char byteOrder = std::endian::native == std::endian::little ? 'l' : 'B';
-constexpr char methodCall = 1, methodReturn = 2, error = 3;
+constexpr char methodCall = 1, methodReturn = 2, methodError = 3;
 constexpr char noAutoStart = 2, version = 1;
 /// The codes of the header fields.
 constexpr char pathField = 1, interfaceField = 2, memberField = 3, answersField = 5,
@@ -111,7 +111,7 @@ std::optional<std::size_t> busMessageSize(std::string_view bytes) {
 
 BusMessage parsedBusMessage(std::string_view bytes) {
     BusMessage message;
-    if (bytes.size() < fixedSize || (bytes[1] != methodReturn && bytes[1] != error))
+    if (bytes.size() < fixedSize || (bytes[1] != methodReturn && bytes[1] != methodError))
         return message;
     const std::size_t end = fixedSize + std::size_t{numberAt(bytes, 12)};
     bool isText = false;

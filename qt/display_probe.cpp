@@ -2,6 +2,7 @@
 
 #include "posix/file_descriptor.h"
 #include "posix/local_socket.h"
+#include "qt/xcb_reply.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,10 +14,6 @@
 namespace frimbolate {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
 
 struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
@@ -121,7 +118,7 @@ std::string textOnXServer(const std::string& display, const std::string& propert
     const XConnection connection = display.empty() ? nullptr : connectToX(display);
     if (!connection)
         return {};
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> atom(xcb_intern_atom_reply(
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection.get(),
         xcb_intern_atom(connection.get(), 1, static_cast<std::uint16_t>(property.size()),
                         property.data()),
@@ -130,7 +127,7 @@ std::string textOnXServer(const std::string& display, const std::string& propert
     if (!atom || atom->atom == XCB_ATOM_NONE || !screen)
         return {};
     constexpr std::uint32_t longest = 1024; // in units of four bytes
-    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(
+    const XcbReply<xcb_get_property_reply_t> reply(
         xcb_get_property_reply(connection.get(),
                                xcb_get_property(connection.get(), 0, screen->root, atom->atom,
                                                 XCB_ATOM_STRING, 0, longest),

@@ -3,11 +3,12 @@
 #include <QGuiApplication>
 
 #ifndef Q_OS_MACOS
+#include "qt/xcb_reply.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
 #include <string>
 #endif
 
@@ -16,10 +17,6 @@ namespace frimbolate {
 namespace {
 
 #ifndef Q_OS_MACOS
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
 /// A compositing manager owns the selection _NET_WM_CM_S and the number of its screen.
 bool hasCompositingManager(xcb_connection_t* connection) {
     char* host = nullptr;
@@ -27,15 +24,14 @@ bool hasCompositingManager(xcb_connection_t* connection) {
     if (xcb_parse_display(nullptr, &host, &display, &screen))
         std::free(host);
     const std::string name = "_NET_WM_CM_S" + std::to_string(screen);
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> atom(xcb_intern_atom_reply(
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection,
         xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.data()),
         nullptr));
     if (!atom || atom->atom == XCB_ATOM_NONE)
         return false;
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom),
-                                      nullptr));
+    const XcbReply<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;
 }
 #endif

@@ -60,7 +60,7 @@ const ConditionRow advanced[] = {
      {{"QueueDirectories", Array{Value(" ")}}}},
 };
 
-const ConditionRow additional[] = {
+const ConditionRow additionalRows[] = {
     {"AtLoad", alsoAtLoad, {{"RunAtLoad", true}}},
     {"OnMount", alsoOnMount, {{"StartOnMount", true}}},
     {"OnPath", alsoOnPath, {{"WatchPaths", alsoPath}}},
@@ -77,7 +77,7 @@ const ConditionRow additional[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Advanced, AdvancedKey, testing::ValuesIn(advanced), NamedAfterRow());
-INSTANTIATE_TEST_SUITE_P(Also, AdvancedKey, testing::ValuesIn(additional), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Also, AdvancedKey, testing::ValuesIn(additionalRows), NamedAfterRow());
 
 } // namespace
 

@@ -22,7 +22,7 @@ TEST_P(UpgradedNames, ComeFromTheFileName) {
     EXPECT_EQ(names.label, GetParam().label);
 }
 
-constexpr UpgradeRow rows[] = {
+constexpr UpgradeRow upgradeRows[] = {
     {"Usual", "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.Backup.plist",
      "com.frimbolate.Backup.plist", "com.frimbolate.Backup"},
     {"MarkInAFolderToo", "/fr\u0131mbolate/com.fr\u0131mbolate.B.plist", "com.frimbolate.B.plist",
@@ -50,7 +50,7 @@ constexpr UpgradeRow rows[] = {
     {"NoFolder", "com.fr\u0131mbolate.B.plist", "com.frimbolate.B.plist", "com.frimbolate.B"},
     {"CurrentNameStays", "/L/com.frimbolate.B.plist", "com.frimbolate.B.plist",
      "com.frimbolate.B"}};
-INSTANTIATE_TEST_SUITE_P(Upgrade, UpgradedNames, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Upgrade, UpgradedNames, testing::ValuesIn(upgradeRows), NamedAfterRow());
 
 } // namespace
 

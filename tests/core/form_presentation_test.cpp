@@ -32,7 +32,7 @@ void spoilDay(FormModel& model) {
     model.onMonthTextField.stringValue = "32";
 }
 
-struct Row {
+struct PresentationRow {
     std::string_view name;
     std::function<void(FormModel&)> change;
     FormRow row;
@@ -41,7 +41,7 @@ struct Row {
     bool warns;
 };
 
-class RowPresentations : public testing::TestWithParam<Row> {};
+class RowPresentations : public testing::TestWithParam<PresentationRow> {};
 
 TEST_P(RowPresentations, TellMarkFaultAndTime) {
     auto model = soundModel();
@@ -53,7 +53,7 @@ TEST_P(RowPresentations, TellMarkFaultAndTime) {
     EXPECT_EQ(shown.warns, GetParam().warns);
 }
 
-const Row rows[] = {
+const PresentationRow presentationRows[] = {
     {"Sound", [](FormModel&) {}, FormRow::Schedule, "Every day at 07:30 PM", false, false},
     {"Path", [](FormModel&) {}, FormRow::Target, "~/bin/backup.sh", false, false},
     {"UnmarkedFault", [](FormModel& model) { model.agentNameTextField.stringValue = "a b"; },
@@ -103,7 +103,8 @@ const Row rows[] = {
      "com.frimbolate.Backup.plist", false, false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, RowPresentations, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, RowPresentations, testing::ValuesIn(presentationRows),
+                         NamedAfterRow());
 
 TEST(FormPresentations, AgreeWithEachRendering) {
     auto model = soundModel();

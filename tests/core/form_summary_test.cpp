@@ -98,33 +98,33 @@ Change all(std::vector<Change> changes) {
 
 void nothing(AgentForm&) {}
 void newAgent(AgentForm& form) { form = {}; }
-void noName(AgentForm& form) { form.name = ""; }
-void badName(AgentForm& form) { form.name = "back-up"; }
-void noTarget(AgentForm& form) { form.targetType = TargetType::None; }
-void noAction(AgentForm& form) { form.action = AgentAction::None; }
+void dropName(AgentForm& form) { form.name = ""; }
+void spoilName(AgentForm& form) { form.name = "back-up"; }
+void dropTarget(AgentForm& form) { form.targetType = TargetType::None; }
+void dropAction(AgentForm& form) { form.action = AgentAction::None; }
 void alsoOnMount(AgentForm& form) { form.alsoRunOnVolumeMount = true; }
 void alsoAtLoad(AgentForm& form) { form.alsoRunAtLoad = true; }
 void queue(AgentForm& form) { form.queueDirectory = "/Users/ada/Queue"; }
 void midnight(AgentForm& form) { form.scheduleTime.hour = form.scheduleTime.minute = 0; }
 void lastMinute(AgentForm& form) { form.scheduleTime.hour = 23, form.scheduleTime.minute = 59; }
 
-struct Row {
+struct SentenceRow {
     std::string_view name;
     Change change;
     std::string_view expected;
 };
 
-std::string rowName(const testing::TestParamInfo<Row>& info) {
+std::string rowName(const testing::TestParamInfo<SentenceRow>& info) {
     return std::string(info.param.name);
 }
 
-class FormSummary : public testing::TestWithParam<Row> {};
+class FormSummary : public testing::TestWithParam<SentenceRow> {};
 
 TEST_P(FormSummary, SaysWhatWillHappen) {
     EXPECT_EQ(sentenceOf(changed(GetParam().change), home), GetParam().expected);
 }
 
-const Row sentences[] = {
+const SentenceRow sentences[] = {
     {"Weekly", nothing, "Runs backup.sh every Wednesday at 07:05."},
     {"Sunday", schedule(ScheduleType::EverySunday), "Runs backup.sh every Sunday at 07:05."},
     {"Saturday", schedule(ScheduleType::EverySaturday), "Runs backup.sh every Saturday at 07:05."},
@@ -242,26 +242,26 @@ const Row sentences[] = {
 
     {"NewAgent", newAgent,
      "Still needs a name, something to launch and a choice of when to launch it."},
-    {"NoName", noName, "Still needs a name."},
-    {"NoTarget", noTarget, "Still needs something to launch."},
+    {"NoName", dropName, "Still needs a name."},
+    {"NoTarget", dropTarget, "Still needs something to launch."},
     {"NoPath", target(""), "Still needs something to launch."},
-    {"NoAction", noAction, "Still needs a choice of when to launch it."},
-    {"NoNameNorAction", all({noName, noAction}),
+    {"NoAction", dropAction, "Still needs a choice of when to launch it."},
+    {"NoNameNorAction", all({dropName, dropAction}),
      "Still needs a name and a choice of when to launch it."},
     {"NoWatchPath", action(AgentAction::PathModified), "Still needs a path to watch."},
     {"NoAdditionalPath", alsoOnChangeOf(""), "Still needs a path to watch."},
     {"NoDay", onDay(""), "Still needs a day of the month."},
     {"NoInterval", every("", IntervalUnit::Hours), "Still needs an interval."},
-    {"BadName", badName, "The name may hold only a to z, A to Z, 0 to 9 and _."},
+    {"BadName", spoilName, "The name may hold only a to z, A to Z, 0 to 9 and _."},
     {"BadDay", onDay("-1"), "The day of the month must be a number."},
     {"DayZero", onDay("0"), "The day of the month must be 1 to 31."},
     {"Day32", onDay("32"), "The day of the month must be 1 to 31."},
     {"BadInterval", every("1.5", IntervalUnit::Hours), "The interval must be a whole number."},
     {"ShortInterval", every("9", IntervalUnit::Seconds),
      "The interval must be at least 10 seconds."},
-    {"MissingAndWrong", all({badName, noTarget}),
+    {"MissingAndWrong", all({spoilName, dropTarget}),
      "Still needs something to launch; the name may hold only a to z, A to Z, 0 to 9 and _."},
-    {"TwoWrong", all({badName, onDay("32")}),
+    {"TwoWrong", all({spoilName, onDay("32")}),
      "The name may hold only a to z, A to Z, 0 to 9 and _; the day of the month must be 1 to 31."},
 };
 
@@ -305,8 +305,8 @@ HintRow sound(std::string_view name, Change change, std::string RowHints::*hint,
 
 const HintRow hintRows[] = {
     sound("Name", nothing, &RowHints::name, "com.frimbolate.Backup.plist"),
-    {"NoName", noName, &RowHints::name, "com.frimbolate.<name>.plist", "The agent needs a name"},
-    {"BadName", badName, &RowHints::name, "com.frimbolate.back-up.plist",
+    {"NoName", dropName, &RowHints::name, "com.frimbolate.<name>.plist", "The agent needs a name"},
+    {"BadName", spoilName, &RowHints::name, "com.frimbolate.back-up.plist",
      "The name may hold only a to z, A to Z, 0 to 9 and _"},
 
     sound("Target", nothing, &RowHints::target, "~/bin/backup.sh"),
@@ -314,12 +314,12 @@ const HintRow hintRows[] = {
           "Choose an application or a script, or drop one on the box"),
     sound("Script", script("ls -l\ndate"), &RowHints::target, "Script: ls -l date"),
     sound("EmptyScript", script(""), &RowHints::target, "An empty script"),
-    {"NoTarget", noTarget, &RowHints::target,
+    {"NoTarget", dropTarget, &RowHints::target,
      "Choose an application or a script, or drop one on the box",
      "Choose an application or a script"},
 
-    {"NoAction", noAction, &RowHints::action, "Choose a schedule or an event that starts the agent",
-     "Choose when the agent starts"},
+    {"NoAction", dropAction, &RowHints::action,
+     "Choose a schedule or an event that starts the agent", "Choose when the agent starts"},
     sound("OnSchedule", nothing, &RowHints::action, "Launched as scheduled below"),
     sound("ReservedAction", action(1), &RowHints::action, "Launched as scheduled below"),
     sound("KeepRunning", keepRunning(ScheduleType::EveryDay, false), &RowHints::action,

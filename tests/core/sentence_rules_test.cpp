@@ -61,25 +61,25 @@ TEST_P(Missing, IsListedInTheOrderOfTheRows) {
     EXPECT_FALSE(isCompletePlan(form));
 }
 
-void noDay(AgentForm& form) { form.scheduleType = ScheduleType::OnceAMonth; }
+void dropDay(AgentForm& form) { form.scheduleType = ScheduleType::OnceAMonth; }
 
 const MissingRow missingRows[] = {
     {"PathThenAction",
      [](AgentForm& form) { form.targetPath.clear(), form.action = AgentAction::None; },
      "Still needs something to launch and a choice of when to launch it."},
-    {"PathThenDay", [](AgentForm& form) { form.targetPath.clear(), noDay(form); },
+    {"PathThenDay", [](AgentForm& form) { form.targetPath.clear(), dropDay(form); },
      "Still needs something to launch and a day of the month."},
     {"NameThenWatchPathThenDay",
      [](AgentForm& form) {
-         form.name.clear(), form.action = AgentAction::PathModified, noDay(form);
+         form.name.clear(), form.action = AgentAction::PathModified, dropDay(form);
      },
      "Still needs a name, a path to watch and a day of the month."},
-    {"TheDrawersPathLast", [](AgentForm& form) { form.alsoRunOnPathChange = true, noDay(form); },
+    {"TheDrawersPathLast", [](AgentForm& form) { form.alsoRunOnPathChange = true, dropDay(form); },
      "Still needs a day of the month and a path to watch."},
     {"AllRows",
      [](AgentForm& form) {
          form = {};
-         noDay(form);
+         dropDay(form);
      },
      "Still needs a name, something to launch, a choice of when to launch it and a day of the "
      "month."},

@@ -129,7 +129,7 @@ const TextRow halves[] = {
     {"WordAfterTheHalf", "7 amber", none},
 };
 
-const TextRow around[] = {
+const TextRow surroundedRows[] = {
     {"BlanksAround", "  7:30  ", at(7, 30)},
     {"LineBreak", "7:30\r\n", at(7, 30)},
     {"NoBreakSpace", "7:30\u00a0pm", at(19, 30)},
@@ -156,7 +156,7 @@ INSTANTIATE_TEST_SUITE_P(Hours, TypedTime, testing::ValuesIn(hours), NamedAfterR
 INSTANTIATE_TEST_SUITE_P(Digits, TypedTime, testing::ValuesIn(digits), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(Separated, TypedTime, testing::ValuesIn(separated), NamedAfterRow());
 INSTANTIATE_TEST_SUITE_P(Halves, TypedTime, testing::ValuesIn(halves), NamedAfterRow());
-INSTANTIATE_TEST_SUITE_P(Around, TypedTime, testing::ValuesIn(around), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Around, TypedTime, testing::ValuesIn(surroundedRows), NamedAfterRow());
 
 struct FormatRow {
     std::string_view name;
@@ -172,7 +172,7 @@ TEST_P(ShownTime, FollowsTheClock) {
     EXPECT_EQ(formatTimeOfDay(row.time, ClockFormat::TwelveHours), row.in12Hours);
 }
 
-const FormatRow shown[] = {
+const FormatRow shownRows[] = {
     {"Midnight", {0, 0}, "00:00", "12:00 AM"},     {"AfterMidnight", {0, 59}, "00:59", "12:59 AM"},
     {"One", {1, 0}, "01:00", "01:00 AM"},          {"Morning", {7, 5}, "07:05", "07:05 AM"},
     {"BeforeNoon", {11, 59}, "11:59", "11:59 AM"}, {"Noon", {12, 0}, "12:00", "12:00 PM"},
@@ -180,7 +180,7 @@ const FormatRow shown[] = {
     {"LastMinute", {23, 59}, "23:59", "11:59 PM"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, ShownTime, testing::ValuesIn(shown), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, ShownTime, testing::ValuesIn(shownRows), NamedAfterRow());
 
 TEST(ShownTimes, AreReadAsTheyAreMeant) {
     for (int minutes = 0; minutes < 24 * 60; ++minutes) {

@@ -13,8 +13,8 @@ namespace {
 
 using test::NamedAfterRow;
 
-constexpr auto badName = "\u2022 Name can only contain alphanumeric characters\n";
-constexpr auto badDay = "\u2022 Day of the month must be numeric\n";
+constexpr auto nameFault = "\u2022 Name can only contain alphanumeric characters\n";
+constexpr auto dayFault = "\u2022 Day of the month must be numeric\n";
 constexpr auto badInterval = "\u2022 Launch on interval must be numeric\n";
 
 std::string reportOfName(const std::string& name) {
@@ -63,7 +63,7 @@ TEST(AllowedCharacters, OfANameAreAsciiLettersDigitsAndTheUnderscore) {
     for (int byte = 0; byte < 256; ++byte) {
         SCOPED_TRACE(byte);
         for (const auto& name : places(std::string(1, static_cast<char>(byte)), "a"))
-            EXPECT_EQ(reportOfName(name), isOfName(byte) ? "" : badName);
+            EXPECT_EQ(reportOfName(name), isOfName(byte) ? "" : nameFault);
     }
 }
 
@@ -72,8 +72,8 @@ TEST(AllowedCharacters, OfADayAreAsciiDigits) {
         SCOPED_TRACE(byte);
         const std::string text(1, static_cast<char>(byte));
         for (const auto& day : places(text, "1"))
-            EXPECT_EQ(reportOfDay(day) == badDay, !isDigit(byte)) << reportOfDay(day);
-        EXPECT_EQ(reportOfDay("1" + text), isDigit(byte) ? "" : badDay) << "10 to 19 are days";
+            EXPECT_EQ(reportOfDay(day) == dayFault, !isDigit(byte)) << reportOfDay(day);
+        EXPECT_EQ(reportOfDay("1" + text), isDigit(byte) ? "" : dayFault) << "10 to 19 are days";
     }
 }
 
@@ -94,9 +94,9 @@ class ForeignCharacter : public testing::TestWithParam<CharacterRow> {};
 
 TEST_P(ForeignCharacter, IsNeverAllowed) {
     for (const auto& name : places(GetParam().text, "a"))
-        EXPECT_EQ(reportOfName(name), badName);
+        EXPECT_EQ(reportOfName(name), nameFault);
     for (const auto& number : places(GetParam().text, "1")) {
-        EXPECT_EQ(reportOfDay(number), badDay);
+        EXPECT_EQ(reportOfDay(number), dayFault);
         EXPECT_EQ(reportOfInterval(number), badInterval);
     }
 }

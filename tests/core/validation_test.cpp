@@ -15,7 +15,7 @@ using test::NamedAfterRow;
 using Change = std::function<void(AgentForm&)>;
 
 /// A form without a fault.
-AgentForm soundForm() {
+AgentForm validForm() {
     AgentForm form;
     form.name = "Backup";
     form.targetType = TargetType::File;
@@ -23,17 +23,17 @@ AgentForm soundForm() {
     return form;
 }
 
-struct Row {
+struct ValidationRow {
     std::string_view name;
     Change change;
     std::string_view report;
     std::set<FormRow> faulty = {}; ///< the rows that get a marker
 };
 
-class Validation : public testing::TestWithParam<Row> {};
+class Validation : public testing::TestWithParam<ValidationRow> {};
 
 TEST_P(Validation, Reports) {
-    auto form = soundForm();
+    auto form = validForm();
     GetParam().change(form);
     const auto faults = validate(form);
     EXPECT_EQ(errorReport(faults), GetParam().report);
@@ -48,7 +48,7 @@ Change named(std::string name) {
     return [name = std::move(name)](AgentForm& form) { form.name = name; };
 }
 
-Change action(int index) {
+Change withAction(int index) {
     return [index](AgentForm& form) { form.action = index; };
 }
 
@@ -84,7 +84,7 @@ constexpr auto intervalNotNumeric = "\u2022 Launch on interval must be numeric\n
 constexpr auto noInterval = "\u2022 Launch on interval cannot be left blank\n";
 constexpr auto shortInterval = "\u2022 Minimum launch on interval is 10 seconds\n";
 
-const Row names[] = {
+const ValidationRow names[] = {
     {"Sound", [](AgentForm&) {}, ""},
     {"Underscore", named("my_agent2"), ""},
     {"EveryAllowedCharacter",
@@ -106,14 +106,14 @@ const Row names[] = {
     {"Empty", named(""), noName, {FormRow::Name}},
 };
 
-const Row selections[] = {
-    {"NoAction", action(0), noAction, {FormRow::Action}},
-    {"ActionWithoutSelectionPasses", action(-1), ""},
-    {"ReservedActionPasses", action(1), ""},
-    {"KeepRunning", action(3), ""},
-    {"PathModifiedWithoutPath", action(4), ""},
-    {"VolumeMounted", action(5), ""},
-    {"ActionBeyond", action(6), ""},
+const ValidationRow selections[] = {
+    {"NoAction", withAction(0), noAction, {FormRow::Action}},
+    {"ActionWithoutSelectionPasses", withAction(-1), ""},
+    {"ReservedActionPasses", withAction(1), ""},
+    {"KeepRunning", withAction(3), ""},
+    {"PathModifiedWithoutPath", withAction(4), ""},
+    {"VolumeMounted", withAction(5), ""},
+    {"ActionBeyond", withAction(6), ""},
     {"NoTarget", target(0), noTarget, {FormRow::Target}},
     {"TargetWithoutSelectionPasses", target(-1), ""},
     {"ReservedTargetPasses", target(1), ""},
@@ -137,7 +137,7 @@ const Row selections[] = {
      {FormRow::Name, FormRow::Target, FormRow::Action, FormRow::Schedule}},
 };
 
-const Row days[] = {
+const ValidationRow days[] = {
     {"DayEmpty", day(""), noDay, {FormRow::Schedule}},
     {"DayWithLetter", day("3a"), dayNotNumeric, {FormRow::Schedule}},
     {"DayWithMinus", day("-1"), dayNotNumeric, {FormRow::Schedule}},
@@ -161,7 +161,7 @@ const Row days[] = {
     {"DayAfterTheMonth", schedule(11, "x"), ""},
 };
 
-const Row intervals[] = {
+const ValidationRow intervals[] = {
     {"IntervalEmpty", interval(""), noInterval, {FormRow::Schedule}},
     {"IntervalEmptyInHours", interval("", IntervalUnit::Hours), noInterval, {FormRow::Schedule}},
     {"IntervalNegative", interval("-5"), intervalNotNumeric, {FormRow::Schedule}},

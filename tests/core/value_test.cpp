@@ -15,17 +15,17 @@ namespace {
 
 using test::NamedAfterRow;
 
-constexpr auto most = std::numeric_limits<std::int64_t>::max();
-constexpr auto least = std::numeric_limits<std::int64_t>::min();
+constexpr auto mostInteger = std::numeric_limits<std::int64_t>::max();
+constexpr auto leastInteger = std::numeric_limits<std::int64_t>::min();
 
-struct Row {
+struct KindRow {
     std::string_view name;
     Value value;
     std::string_view kind;
     std::string_view description;
 };
 
-class ValueOfKind : public testing::TestWithParam<Row> {};
+class ValueOfKind : public testing::TestWithParam<KindRow> {};
 
 TEST_P(ValueOfKind, TellsItsKind) { EXPECT_EQ(GetParam().value.kind(), GetParam().kind); }
 
@@ -78,7 +78,7 @@ TEST_P(ValueOfKind, EqualsItsCopyAndNoOther) {
     EXPECT_NE(copy, Value(Array{copy}));
 }
 
-const Row rows[] = {
+const KindRow kindRows[] = {
     {"Nothing", Value(), "string", ""},
     {"Text", "a text", "string", "a text"},
     {"TextWithQuotes", std::string(R"(say "hi"\)"), "string", R"(say "hi"\)"},
@@ -89,8 +89,8 @@ const Row rows[] = {
     {"Zero", 0, "integer", "0"},
     {"One", 1, "integer", "1"},
     {"Negative", -20, "integer", "-20"},
-    {"Most", most, "integer", "9223372036854775807"},
-    {"Least", least, "integer", "-9223372036854775808"},
+    {"Most", mostInteger, "integer", "9223372036854775807"},
+    {"Least", leastInteger, "integer", "-9223372036854775808"},
     {"UnsignedThatFits", std::uint64_t{5}, "integer", "5"},
     {"FirstThatDoesNotFit", std::uint64_t{1} << 63, "integer", "9223372036854775808"},
     {"MostUnsigned", std::numeric_limits<std::uint64_t>::max(), "integer", "18446744073709551615"},
@@ -114,7 +114,7 @@ const Row rows[] = {
      "{\n    k = (\n        {\n            i = 1;\n        }\n    );\n}"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Values, ValueOfKind, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Values, ValueOfKind, testing::ValuesIn(kindRows), NamedAfterRow());
 
 TEST(Value, QuotesInsideAnArrayWhatIsNoBareWord) {
     for (int byte = 0; byte < 256; ++byte) {

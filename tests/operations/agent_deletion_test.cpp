@@ -12,25 +12,25 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string folder = "/Users/maya/Library/LaunchAgents";
-const std::string agent = folder + "/org.example.any.plist";
+const std::string deletionFolder = "/Users/maya/Library/LaunchAgents";
+const std::string deletedAgent = deletionFolder + "/org.example.any.plist";
 
 class AgentDeletionTest : public testing::Test {
   protected:
     AgentDeletionTest() {
-        platform.defaults.contents["Bookmark"] = bookmarkOf(folder);
-        platform.files.folders = {folder};
-        platform.files.contents[agent] = Dictionary{{"Label", "any"}};
+        platform.defaults.contents["Bookmark"] = bookmarkOf(deletionFolder);
+        platform.files.folders = {deletionFolder};
+        platform.files.contents[deletedAgent] = Dictionary{{"Label", "any"}};
     }
 
     /// Chooses the agent, up to the confirmation.
     void choose() {
         deletion.deleteLaunchAgentContinue();
-        platform.choose(agent);
+        platform.choose(deletedAgent);
         platform.journal.clear();
     }
 
-    bool exists() { return platform.files.contents.contains(agent); }
+    bool exists() { return platform.files.contents.contains(deletedAgent); }
 
     ScriptedPlatform platform;
     Services services = platform.services();
@@ -73,7 +73,7 @@ TEST_F(AgentDeletionTest, GoesStraightToThePanelOnceSuppressed) {
     platform.journal.clear();
     deletion.deleteLaunchAgent();
     EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("synchronize: defaults", "begin: " + folder,
+                ElementsAre("synchronize: defaults", "begin: " + deletionFolder,
                             "open panel: Please choose a launch agent to delete:"));
     platform.abandonQuestions();
 }
@@ -92,7 +92,7 @@ TEST_P(DeletionSuppression, IsStoredBeforeThePanel) {
     platform.journal.clear();
     platform.press("Continue", GetParam().state);
     auto effects = GetParam().stored;
-    effects.push_back("begin: " + folder);
+    effects.push_back("begin: " + deletionFolder);
     effects.emplace_back("open panel: Please choose a launch agent to delete:");
     EXPECT_EQ(platform.journal.lines(), effects);
     const auto* stored = find(platform.defaults.contents, "WarnForDelete");
@@ -142,7 +142,7 @@ INSTANTIATE_TEST_SUITE_P(Stored, DeletionWarning, testing::ValuesIn(warnings), N
 TEST_F(AgentDeletionTest, AsksForTheAgent) {
     deletion.deleteLaunchAgentContinue();
     expectPanel(platform.shownOpenPanel(),
-                selectPanel("Please choose a launch agent to delete:", {"plist"}, folder));
+                selectPanel("Please choose a launch agent to delete:", {"plist"}, deletionFolder));
     platform.abandonQuestions();
 }
 
@@ -158,11 +158,11 @@ TEST_F(AgentDeletionTest, StopsSilentlyAtACancelledPanel) {
 TEST_F(AgentDeletionTest, AsksForConfirmationWithTheFullPath) {
     deletion.deleteLaunchAgentContinue();
     platform.journal.clear();
-    platform.choose(agent);
+    platform.choose(deletedAgent);
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre("alert: Are you sure you want to delete the following launch agent?"));
     const auto alert = platform.shownAlert();
-    EXPECT_EQ(alert.informativeText, agent);
+    EXPECT_EQ(alert.informativeText, deletedAgent);
     EXPECT_THAT(alert.buttons, ElementsAre("Delete", "Cancel"));
     EXPECT_FALSE(alert.showsSuppressionButton);
     EXPECT_TRUE(exists());
@@ -182,15 +182,16 @@ TEST_F(AgentDeletionTest, StopsSilentlyWhenNotConfirmed) {
 TEST_F(AgentDeletionTest, RemovesTheAgent) {
     choose();
     platform.press("Delete");
-    EXPECT_THAT(platform.journal.lines(), ElementsAre("log: Writable status: " + agent + "\n1",
-                                                      "remove: " + agent, "end: " + folder));
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("log: Writable status: " + deletedAgent + "\n1",
+                            "remove: " + deletedAgent, "end: " + deletionFolder));
     EXPECT_FALSE(exists());
     EXPECT_FALSE(platform.isAsking());
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
 TEST_F(AgentDeletionTest, RemovesWhatIsNoPropertyList) {
-    platform.files.contents[agent] = std::nullopt;
+    platform.files.contents[deletedAgent] = std::nullopt;
     choose();
     platform.press("Delete");
     EXPECT_FALSE(exists());
@@ -201,17 +202,18 @@ TEST_F(AgentDeletionTest, EndsAccessOnTheFolderThatItBegan) {
     choose();
     platform.defaults.contents["Bookmark"] = bookmarkOf("/elsewhere");
     platform.press("Delete");
-    EXPECT_EQ(platform.journal.lines().back(), "end: " + folder);
+    EXPECT_EQ(platform.journal.lines().back(), "end: " + deletionFolder);
 }
 
-struct FaultRow {
+struct DeletionFaultRow {
     const char* name;
     void (*set)(ScriptedFiles&);
     std::vector<std::string> effectsBefore; ///< the effects before the alert
     bool survives;
 };
 
-class DeletionFault : public AgentDeletionTest, public testing::WithParamInterface<FaultRow> {};
+class DeletionFault : public AgentDeletionTest,
+                      public testing::WithParamInterface<DeletionFaultRow> {};
 
 TEST_P(DeletionFault, IsReportedWithItsReason) {
     choose();
@@ -219,10 +221,10 @@ TEST_P(DeletionFault, IsReportedWithItsReason) {
     platform.press("Delete");
     auto effects = GetParam().effectsBefore;
     effects.emplace_back("alert: An error occurred and the launch agent could not be deleted.");
-    effects.push_back("end: " + folder);
+    effects.push_back("end: " + deletionFolder);
     EXPECT_EQ(platform.journal.lines(), effects);
     const auto alert = platform.shownAlert();
-    EXPECT_EQ(alert.informativeText, "The chosen path " + agent + " is not accessible");
+    EXPECT_EQ(alert.informativeText, "The chosen path " + deletedAgent + " is not accessible");
     EXPECT_THAT(alert.buttons, ElementsAre("Ok"));
     platform.press("Ok");
     EXPECT_EQ(platform.journal.lines(), effects);
@@ -230,20 +232,21 @@ TEST_P(DeletionFault, IsReportedWithItsReason) {
     EXPECT_EQ(platform.folderAccess.begun, 0);
 }
 
-const FaultRow faults[] = {
-    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(agent); }, {}, true},
+const DeletionFaultRow deletionFaults[] = {
+    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(deletedAgent); }, {}, true},
     {"Vanished", [](ScriptedFiles& files) { files.contents.clear(); }, {}, false},
     {"NotRemoved",
      [](ScriptedFiles& files) { files.removalFails = true; },
-     {"log: Writable status: " + agent + "\n1", "remove: " + agent},
+     {"log: Writable status: " + deletedAgent + "\n1", "remove: " + deletedAgent},
      true}};
-INSTANTIATE_TEST_SUITE_P(Removal, DeletionFault, testing::ValuesIn(faults), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Removal, DeletionFault, testing::ValuesIn(deletionFaults),
+                         NamedAfterRow());
 
 TEST_F(AgentDeletionTest, DoesNothingOnceItsOwnerIsGone) {
     {
         AgentDeletion brief(services);
         brief.deleteLaunchAgentContinue();
-        platform.choose(agent);
+        platform.choose(deletedAgent);
     }
     platform.journal.clear();
     platform.press("Delete");

@@ -13,26 +13,28 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const std::string folder = "/Users/maya/Library/LaunchAgents";
-const std::string agent = folder + "/org.example.any.plist";
+const std::string agentsFolder = "/Users/maya/Library/LaunchAgents";
+const std::string switchedAgent = agentsFolder + "/org.example.any.plist";
 
 class AgentSwitchTest : public testing::Test {
   protected:
     AgentSwitchTest() {
-        platform.defaults.contents["Bookmark"] = bookmarkOf(folder);
-        platform.files.folders = {folder};
-        platform.files.contents[agent] = Dictionary{{"Label", "any"}};
+        platform.defaults.contents["Bookmark"] = bookmarkOf(agentsFolder);
+        platform.files.folders = {agentsFolder};
+        platform.files.contents[switchedAgent] = Dictionary{{"Label", "any"}};
     }
 
     /// Chooses the agent, up to the question.
     void choose() {
         agentSwitch.onOffLaunchAgent();
         platform.journal.clear();
-        platform.choose(agent);
+        platform.choose(switchedAgent);
     }
 
-    const Dictionary& onDisk() { return *platform.files.contents.at(agent); }
-    void put(Dictionary dictionary) { platform.files.contents[agent] = std::move(dictionary); }
+    const Dictionary& onDisk() { return *platform.files.contents.at(switchedAgent); }
+    void put(Dictionary dictionary) {
+        platform.files.contents[switchedAgent] = std::move(dictionary);
+    }
 
     ScriptedPlatform platform;
     Services services = platform.services();
@@ -42,10 +44,11 @@ class AgentSwitchTest : public testing::Test {
 TEST_F(AgentSwitchTest, AsksForTheAgent) {
     agentSwitch.onOffLaunchAgent();
     EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("begin: " + folder,
+                ElementsAre("begin: " + agentsFolder,
                             "open panel: Please choose a launch agent to enable/disable:"));
-    expectPanel(platform.shownOpenPanel(),
-                selectPanel("Please choose a launch agent to enable/disable:", {"plist"}, folder));
+    expectPanel(
+        platform.shownOpenPanel(),
+        selectPanel("Please choose a launch agent to enable/disable:", {"plist"}, agentsFolder));
     platform.abandonQuestions();
 }
 
@@ -63,8 +66,9 @@ TEST_F(AgentSwitchTest, EndsSilentlyAtACancelledPanel) {
 TEST_F(AgentSwitchTest, OffersToDisable) {
     choose();
     const auto alert = platform.shownAlert();
-    EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("read: " + agent, "alert: This launch agent is currently enabled."));
+    EXPECT_THAT(
+        platform.journal.lines(),
+        ElementsAre("read: " + switchedAgent, "alert: This launch agent is currently enabled."));
     EXPECT_EQ(alert.informativeText,
               "Would you like to disable it now?\n\nYou may also need to unload or load the launch "
               "agent for the change to take effect, else the change will take effect on the next "
@@ -106,7 +110,8 @@ TEST_P(EnabledKey, IsFlippedToARealBoolean) {
                                                      : "This launch agent is currently disabled.");
     platform.journal.clear();
     platform.press("Continue");
-    EXPECT_THAT(platform.journal.lines(), ElementsAre("write: " + agent, "end: " + folder));
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre("write: " + switchedAgent, "end: " + agentsFolder));
     dictionary.insert_or_assign("Enabled", Value(!GetParam().enabled));
     EXPECT_EQ(onDisk(), dictionary);
     EXPECT_FALSE(platform.isAsking());
@@ -183,13 +188,14 @@ class UnreadableFile : public AgentSwitchTest, public testing::WithParamInterfac
 
 TEST_P(UnreadableFile, IsTold) {
     if (GetParam())
-        platform.files.contents[agent] = std::nullopt;
+        platform.files.contents[switchedAgent] = std::nullopt;
     else
         platform.files.contents.clear();
     const auto before = platform.files.contents;
     choose();
     EXPECT_THAT(platform.journal.lines(),
-                ElementsAre("read: " + agent, "log: Error occurred while reading the launch agent!",
+                ElementsAre("read: " + switchedAgent,
+                            "log: Error occurred while reading the launch agent!",
                             "alert: The launch agent could not be read."));
     const auto alert = platform.shownAlert();
     EXPECT_EQ(alert.informativeText, "It may be corrupted or missing values for some of its keys.");
@@ -202,13 +208,13 @@ TEST_P(UnreadableFile, IsTold) {
 
 INSTANTIATE_TEST_SUITE_P(Exists, UnreadableFile, testing::Bool());
 
-struct FaultRow {
+struct SwitchFaultRow {
     const char* name;
     void (*set)(ScriptedFiles&);
     bool tries = false; ///< whether the write is attempted before it fails
 };
 
-class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<FaultRow> {
+class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<SwitchFaultRow> {
   protected:
     void expectReported(bool enabled, const std::string& message) {
         put({{"Enabled", enabled}, {"Label", "any"}});
@@ -218,11 +224,12 @@ class SwitchFault : public AgentSwitchTest, public testing::WithParamInterface<F
         const Value content = Dictionary{{"Enabled", !enabled}, {"Label", "any"}};
         platform.journal.clear();
         platform.press("Continue");
-        std::vector<std::string> effects = {
-            "log: Error occurred while saving the launch agent!", "log: Path: " + agent,
-            "log: Agent content: " + description(content), "alert: " + message, "end: " + folder};
+        std::vector<std::string> effects = {"log: Error occurred while saving the launch agent!",
+                                            "log: Path: " + switchedAgent,
+                                            "log: Agent content: " + description(content),
+                                            "alert: " + message, "end: " + agentsFolder};
         if (GetParam().tries)
-            effects.insert(effects.begin(), "write: " + agent);
+            effects.insert(effects.begin(), "write: " + switchedAgent);
         EXPECT_EQ(platform.journal.lines(), effects);
         const auto alert = platform.shownAlert();
         EXPECT_EQ(
@@ -246,19 +253,19 @@ TEST_P(SwitchFault, IsReportedWhenEnabling) {
     expectReported(false, "The launch agent could not be enabled.");
 }
 
-const FaultRow faults[] = {
-    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(agent); }},
+const SwitchFaultRow switchFaults[] = {
+    {"ReadOnly", [](ScriptedFiles& files) { files.readOnly.insert(switchedAgent); }},
     {"Vanished", [](ScriptedFiles& files) { files.contents.clear(); }},
     {"UnwritableContent", [](ScriptedFiles& files) { files.contentIsUnwritable = true; }},
     {"FullDisk", [](ScriptedFiles& files) { files.diskIsFull = true; }, true}};
-INSTANTIATE_TEST_SUITE_P(Write, SwitchFault, testing::ValuesIn(faults), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Write, SwitchFault, testing::ValuesIn(switchFaults), NamedAfterRow());
 
 TEST_F(AgentSwitchTest, DoesNothingOnceItsOwnerIsGone) {
     const auto before = platform.files.contents;
     {
         AgentSwitch brief(services);
         brief.onOffLaunchAgent();
-        platform.choose(agent);
+        platform.choose(switchedAgent);
     }
     platform.press("Continue");
     EXPECT_EQ(platform.files.contents, before);

@@ -19,15 +19,15 @@ std::string doubleBytes(double number) {
     return bigEndian(std::bit_cast<std::uint64_t>(number), 8);
 }
 
-struct GoodRow {
+struct GoodBinaryRow {
     const char* name;
     std::vector<std::string> objects;
     std::string value;
 };
 
-void PrintTo(const GoodRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const GoodBinaryRow& row, std::ostream* out) { *out << row.name; }
 
-class GoodBinary : public testing::TestWithParam<GoodRow> {};
+class GoodBinary : public testing::TestWithParam<GoodBinaryRow> {};
 
 TEST_P(GoodBinary, IsReadWhateverTheSizeOfItsReferences) {
     for (const unsigned offsetSize : {1U, 2U, 3U, 8U, 9U})
@@ -35,7 +35,7 @@ TEST_P(GoodBinary, IsReadWhateverTheSizeOfItsReferences) {
                   "ok\t" + GetParam().value);
 }
 
-const GoodRow goodRows[] = {
+const GoodBinaryRow goodBinaryRows[] = {
     {"False", {"\x08"}, "B0"},
     {"True", {"\x09"}, "B1"},
     {"OneByte", {"\x10\xff"}, "I255"},
@@ -90,17 +90,17 @@ const GoodRow goodRows[] = {
     {"UidOfSixteenBytes", {"\x8f" + bigEndian(0, 8) + bigEndian(0, 8)}, "{\"CF$UID\"=I0}"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, GoodBinary, testing::ValuesIn(goodRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, GoodBinary, testing::ValuesIn(goodBinaryRows), NamedAfterRow());
 
-struct BadRow {
+struct BadBinaryRow {
     const char* name;
     std::vector<std::string> objects;
     const char* reason;
 };
 
-void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const BadBinaryRow& row, std::ostream* out) { *out << row.name; }
 
-class BadBinary : public testing::TestWithParam<BadRow> {};
+class BadBinary : public testing::TestWithParam<BadBinaryRow> {};
 
 TEST_P(BadBinary, IsRefused) {
     EXPECT_THAT(rejectionReasonFor(BinaryFile{GetParam().objects}.bytes()),
@@ -109,7 +109,7 @@ TEST_P(BadBinary, IsRefused) {
 
 constexpr std::uint64_t huge = 0x7fffffffffffffff;
 
-const BadRow badRows[] = {
+const BadBinaryRow badBinaryRows[] = {
     {"OtherSingleton", {"\x0f"}, "a null"},
     {"OrderedSet", {"\xb1\x01", "\x09"}, "unknown kind"},
     {"UnusedMarker", {"\x70"}, "unknown kind"},
@@ -153,7 +153,7 @@ const BadRow badRows[] = {
     {"CycleOfTwo", {"\xa1\x01", "\xa1\x00"s}, "holds itself"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, BadBinary, testing::ValuesIn(badRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, BadBinary, testing::ValuesIn(badBinaryRows), NamedAfterRow());
 
 struct FrameRow {
     const char* name;

@@ -16,7 +16,7 @@ class GoodOldStyle : public testing::TestWithParam<GoodRow> {};
 
 TEST_P(GoodOldStyle, IsRead) { EXPECT_EQ(verdictOn(GetParam().file), "ok\t" + GetParam().value); }
 
-const GoodRow goodRows[] = {
+const GoodRow goodOldStyleRows[] = {
     {"OnlyComments", "// a\n/* b */", "{}"},
     {"OpenBlockComment", "/* a", "{}"},
     {"OnlyByteOrderMark", "\xef\xbb\xbf", "{}"},
@@ -59,7 +59,7 @@ const GoodRow goodRows[] = {
     {"MagicOfBinaryAsWord", "bplist00", "S\"bplist00\""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, GoodOldStyle, testing::ValuesIn(goodRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, GoodOldStyle, testing::ValuesIn(goodOldStyleRows), NamedAfterRow());
 
 class BadOldStyle : public testing::TestWithParam<BadRow> {};
 
@@ -67,7 +67,7 @@ TEST_P(BadOldStyle, IsRefused) {
     EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
 }
 
-const BadRow badRows[] = {
+const BadRow badOldStyleRows[] = {
     {"OpenArray", "(a,\n b", "it ends where \",\" or \")\" is expected (line 2)"},
     {"OpenArrayBehindComma", "(a,", "it ends where a value is expected"},
     {"CommaFirst", "(,)", "\",\" stands where a value is expected"},
@@ -101,7 +101,7 @@ const BadRow badRows[] = {
     {"HighUnitTwice", R"({a = "\Ud83d\Ud83d";})", "stands for no character"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, BadOldStyle, testing::ValuesIn(badRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, BadOldStyle, testing::ValuesIn(badOldStyleRows), NamedAfterRow());
 
 } // namespace
 

@@ -58,7 +58,7 @@ TEST_P(PlistReal, IsParsedTheSameByEveryLibrary) {
     EXPECT_EQ(resultText(parsePlistRealByStream(GetParam().text)), GetParam().value);
 }
 
-const std::string zeros(400, '0');
+const std::string manyZeros(400, '0');
 
 const ScalarRow realRows[] = {
     {"Zero", "0", "R0000000000000000"},
@@ -79,12 +79,12 @@ const ScalarRow realRows[] = {
     {"NegativeTooSmall", "-1e-999", "R8000000000000000"},
     {"HugeExponent", "1e99999999999999999999", "R7ff0000000000000"},
     {"HugeNegativeExponent", "1e-99999999999999999999", "R0000000000000000"},
-    {"LargeWithoutExponent", "1" + zeros, "R7ff0000000000000"},
-    {"LargeBySmallExponent", "1" + zeros + "e-400", "R3ff0000000000000"},
-    {"SmallWithoutExponent", "0." + zeros + "1", "R0000000000000000"},
-    {"SmallByLargeExponent", "0." + zeros + "1e401", "R3ff0000000000000"},
-    {"TooLargeInFraction", "0." + zeros + "1e9999", "R7ff0000000000000"},
-    {"TooSmallInWhole", "1" + zeros + "e-9999", "R0000000000000000"},
+    {"LargeWithoutExponent", "1" + manyZeros, "R7ff0000000000000"},
+    {"LargeBySmallExponent", "1" + manyZeros + "e-400", "R3ff0000000000000"},
+    {"SmallWithoutExponent", "0." + manyZeros + "1", "R0000000000000000"},
+    {"SmallByLargeExponent", "0." + manyZeros + "1e401", "R3ff0000000000000"},
+    {"TooLargeInFraction", "0." + manyZeros + "1e9999", "R7ff0000000000000"},
+    {"TooSmallInWhole", "1" + manyZeros + "e-9999", "R0000000000000000"},
     {"Infinity", "iNf", "R7ff0000000000000"},
     {"InfinityWithPlus", "+INFINITY", "R7ff0000000000000"},
     {"NegativeInfinity", "-inf", "Rfff0000000000000"},

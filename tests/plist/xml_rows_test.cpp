@@ -18,7 +18,7 @@ class GoodXml : public testing::TestWithParam<GoodRow> {};
 
 TEST_P(GoodXml, IsRead) { EXPECT_EQ(verdictOn(GetParam().file), "ok\t" + GetParam().value); }
 
-const GoodRow goodRows[] = {
+const GoodRow goodXmlRows[] = {
     {"TagEndsInsideOfQuotes", "<string a=\">\">b</string>", "S\"\\u0022>b\""},
     {"SlashInsideOfAttribute", "<string a=\"/\">b</string>", "S\"b\""},
     {"SlashBeforeBlankIsNoEnd", "<string / >b</string>", "S\"b\""},
@@ -69,7 +69,7 @@ const GoodRow goodRows[] = {
      "{\"a\"={},\"b\"=B1}"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, GoodXml, testing::ValuesIn(goodRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, GoodXml, testing::ValuesIn(goodXmlRows), NamedAfterRow());
 
 class BadXml : public testing::TestWithParam<BadRow> {};
 
@@ -77,7 +77,7 @@ TEST_P(BadXml, IsRefused) {
     EXPECT_THAT(rejectionReasonFor(GetParam().file), HasSubstr(GetParam().reason));
 }
 
-const BadRow badRows[] = {
+const BadRow badXmlRows[] = {
     {"OnlyHeader", "<?xml version=\"1.0\"?>", "ends where an element is expected (line 1)"},
     {"OpenComment", "<!-- a -><true/>", "a comment does not end (line 1)"},
     {"CommentOfThreeDashesInFront", "<!---><true/>", "a comment does not end"},
@@ -124,7 +124,7 @@ const BadRow badRows[] = {
     {"DataWithTag", "<data>AA<b/></data>", "</data> is expected"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, BadXml, testing::ValuesIn(badRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, BadXml, testing::ValuesIn(badXmlRows), NamedAfterRow());
 
 TEST(XmlRows, DoNotAskTheLocale) {
     const char* const commas = std::setlocale(LC_ALL, "de_DE.UTF-8");

@@ -26,15 +26,15 @@ std::string xmlFile(std::string_view body) {
            std::string(body) + "</plist>\n";
 }
 
-struct GoodRow {
+struct XmlValueRow {
     const char* name;
     const char* body;
     Value value;
 };
 
-void PrintTo(const GoodRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const XmlValueRow& row, std::ostream* out) { *out << row.name; }
 
-class XmlValue : public testing::TestWithParam<GoodRow> {};
+class XmlValue : public testing::TestWithParam<XmlValueRow> {};
 
 TEST_P(XmlValue, IsRead) {
     EXPECT_EQ(readPropertyList(xmlFile(GetParam().body)), GetParam().value);
@@ -42,7 +42,7 @@ TEST_P(XmlValue, IsRead) {
 
 constexpr auto infinity = std::numeric_limits<double>::infinity();
 
-const GoodRow goodRows[] = {
+const XmlValueRow xmlValueRows[] = {
     {"Text", "<string>a b</string>", "a b"},
     {"EmptyText", "<string/>", ""},
     {"TextKeepsBlanks", "<string> a\n\tb </string>", " a\n\tb "},
@@ -112,17 +112,17 @@ const GoodRow goodRows[] = {
     {"EmptyKey", "<dict><key/><string/></dict>", Dictionary{{"", ""}}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, XmlValue, testing::ValuesIn(goodRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, XmlValue, testing::ValuesIn(xmlValueRows), NamedAfterRow());
 
-struct BadRow {
+struct XmlRefusalRow {
     const char* name;
     const char* body; ///< inside <plist>, unless it begins with "<?xml" or "<!"
     const char* reason;
 };
 
-void PrintTo(const BadRow& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const XmlRefusalRow& row, std::ostream* out) { *out << row.name; }
 
-class XmlRefusal : public testing::TestWithParam<BadRow> {};
+class XmlRefusal : public testing::TestWithParam<XmlRefusalRow> {};
 
 TEST_P(XmlRefusal, IsRefused) {
     const std::string_view body = GetParam().body;
@@ -139,7 +139,7 @@ constexpr const char* declaredEntities =
     "<!ENTITY d \"&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;\"><!ENTITY e \"&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;\">]>"
     "<plist><string>&e;</string></plist>";
 
-const BadRow badRows[] = {
+const XmlRefusalRow xmlRefusalRows[] = {
     {"NoXml", "<?xml version=\"1.0\"?>", "it ends where an element"},
     {"OtherRoot", "<!-- x --><list><true/></list>", "<list> is no known element"},
     {"UnknownEncoding", "<?xml version=\"1.0\" encoding=\"klingon\"?><plist><true/></plist>",
@@ -195,7 +195,7 @@ const BadRow badRows[] = {
     {"Unclosed", "<string>a", ""},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, XmlRefusal, testing::ValuesIn(badRows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Rows, XmlRefusal, testing::ValuesIn(xmlRefusalRows), NamedAfterRow());
 
 TEST(XmlFile, KeepsNul) {
     EXPECT_EQ(readPropertyList(xmlFile("<string>a\0b</string>"s)), Value("a\0b"s));

@@ -1,4 +1,5 @@
 #include "posix/atomic_file.h"
+#include "tests/support/file_status.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -16,13 +17,8 @@ using namespace std::string_literals;
 using testing::ElementsAre;
 using Names = std::set<std::string>;
 
-constexpr const char* before = "the original";
-constexpr const char* after = "what comes in its place";
-
-unsigned modeOf(const std::string& path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
-}
+constexpr const char* original = "the original";
+constexpr const char* replacement = "what comes in its place";
 
 gid_t groupOf(const std::string& path) {
     struct stat status {};
@@ -33,14 +29,14 @@ class AtomicFile : public testing::Test {
   protected:
     /// Expects that the write succeeds and the folder then holds these names alone.
     void expectWritten(const std::string& path, const Names& names) {
-        EXPECT_EQ(writeFileAtomically(path, after), std::nullopt);
-        EXPECT_EQ(bytesOf(path), after);
+        EXPECT_EQ(writeFileAtomically(path, replacement), std::nullopt);
+        EXPECT_EQ(bytesOf(path), replacement);
         EXPECT_EQ(folder.names(), names);
     }
     /// Expects that the write fails and leaves the folder as it was.
     void expectRefused(const std::string& path) {
         const auto names = folder.names();
-        const auto reason = writeFileAtomically(path, after);
+        const auto reason = writeFileAtomically(path, replacement);
         EXPECT_TRUE(reason && !reason->empty());
         EXPECT_EQ(folder.names(), names);
     }
@@ -52,38 +48,38 @@ class AtomicFile : public testing::Test {
 TEST_F(AtomicFile, CreatesAFile) {
     const mode_t umaskBefore = ::umask(022);
     expectWritten(file, {"a.plist"});
-    EXPECT_EQ(modeOf(file), 0644U);
+    EXPECT_EQ(modeOfFile(file), 0644U);
     ::umask(077);
     expectWritten(folder / "b.plist", {"a.plist", "b.plist"});
-    EXPECT_EQ(modeOf(folder / "b.plist"), 0600U);
+    EXPECT_EQ(modeOfFile(folder / "b.plist"), 0600U);
     ::umask(umaskBefore);
 }
 
 TEST_F(AtomicFile, CreatesAFileOfAnotherMode) {
-    EXPECT_EQ(writeFileAtomically(file, after, 0600), std::nullopt);
-    EXPECT_EQ(modeOf(file), 0600U);
+    EXPECT_EQ(writeFileAtomically(file, replacement, 0600), std::nullopt);
+    EXPECT_EQ(modeOfFile(file), 0600U);
 }
 
 TEST_F(AtomicFile, ReplacesAFileAndKeepsItsMode) {
     for (const unsigned mode : {0600U, 0644U, 0666U, 0755U, 0640U}) {
-        writeBytes(file, before);
+        writeBytes(file, original);
         ASSERT_EQ(::chmod(file.c_str(), mode), 0);
         expectWritten(file, {"a.plist"});
-        EXPECT_EQ(modeOf(file), mode);
+        EXPECT_EQ(modeOfFile(file), mode);
     }
 }
 
 TEST_F(AtomicFile, ReplacesAReadOnlyFile) {
     // The permissions of the folder, not of the file, decide who may replace it.
-    writeBytes(file, before);
+    writeBytes(file, original);
     TemporaryFolder::forbidWriting(file);
-    const auto mode = modeOf(file);
+    const auto mode = modeOfFile(file);
     expectWritten(file, {"a.plist"});
-    EXPECT_EQ(modeOf(file), mode);
+    EXPECT_EQ(modeOfFile(file), mode);
 }
 
 TEST_F(AtomicFile, KeepsTheOwnerWhereItMay) {
-    writeBytes(file, before);
+    writeBytes(file, original);
     const bool given = ::chown(file.c_str(), 65534, 65534) == 0;
     expectWritten(file, {"a.plist"});
     struct stat status {};
@@ -92,11 +88,11 @@ TEST_F(AtomicFile, KeepsTheOwnerWhereItMay) {
 }
 
 TEST_F(AtomicFile, PutsANewFileInPlaceOfTheOldOne) {
-    writeBytes(file, before);
+    writeBytes(file, original);
     std::ifstream reader(file, std::ios::binary);
     expectWritten(file, {"a.plist"});
     // A reader that opened the old file still reads all of it.
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), before);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), original);
 }
 
 TEST_F(AtomicFile, WritesNothingAndMuch) {
@@ -123,7 +119,7 @@ TEST_F(AtomicFile, TakesNamesOfEveryKind) {
 
 TEST_F(AtomicFile, FollowsALinkAndLeavesItALink) {
     const std::string target = folder / "target";
-    writeBytes(target, before);
+    writeBytes(target, original);
     std::filesystem::create_directory(folder / "sub");
     std::filesystem::create_symlink("../target", folder / "sub/relative");
     std::filesystem::create_symlink(folder / "sub/relative", file);
@@ -131,7 +127,7 @@ TEST_F(AtomicFile, FollowsALinkAndLeavesItALink) {
     EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "sub/relative"));
     EXPECT_FALSE(std::filesystem::is_symlink(target));
-    EXPECT_EQ(bytesOf(target), after);
+    EXPECT_EQ(bytesOf(target), replacement);
 }
 
 TEST_F(AtomicFile, CreatesTheTargetOfADanglingLink) {
@@ -173,17 +169,17 @@ TEST_F(AtomicFile, RefusesWhatIsNoRegularFile) {
 }
 
 TEST_F(AtomicFile, RefusesPathsThatLeadNowhere) {
-    writeBytes(file, before);
+    writeBytes(file, original);
     expectRefused(folder / "gone/a.plist");
     expectRefused(file + "/b");
     expectRefused(folder / "");
     expectRefused("");
     expectRefused(file + '\0' + "b");
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(bytesOf(file), original);
 }
 
 TEST_F(AtomicFile, LeavesTheOriginalOnAFullDisk) {
-    writeBytes(file, before);
+    writeBytes(file, original);
     const std::string much(100'000, 'x');
     // Room for nothing, for a part, and for all but the last byte
     for (const rlim_t space : {rlim_t{0}, rlim_t{4096}, rlim_t{99'999}}) {
@@ -196,7 +192,7 @@ TEST_F(AtomicFile, LeavesTheOriginalOnAFullDisk) {
         }
         EXPECT_EQ(reason, "File too large");
         EXPECT_EQ(reasonOfNew, "File too large");
-        EXPECT_EQ(bytesOf(file), before);
+        EXPECT_EQ(bytesOf(file), original);
         EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
     }
     const FullDisk disk(100'000);
@@ -207,11 +203,11 @@ TEST(AtomicFileOfOrdinaryUser, LeavesTheOriginalInAReadOnlyFolder) {
     const OrdinaryUser user;
     const TemporaryFolder folder;
     const std::string file = folder / "a.plist";
-    writeBytes(file, before);
+    writeBytes(file, original);
     TemporaryFolder::forbidWriting(folder.path());
-    EXPECT_EQ(writeFileAtomically(file, after), "Permission denied");
-    EXPECT_EQ(writeFileAtomically(folder / "b.plist", after), "Permission denied");
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(writeFileAtomically(file, replacement), "Permission denied");
+    EXPECT_EQ(writeFileAtomically(folder / "b.plist", replacement), "Permission denied");
+    EXPECT_EQ(bytesOf(file), original);
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
@@ -219,14 +215,14 @@ TEST(AtomicFileOfOrdinaryUser, WritesOverAFileOfAnotherUser) {
     TemporaryFolder folder;
     std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
     const std::string file = folder / "a.plist";
-    writeBytes(file, before);
+    writeBytes(file, original);
     ASSERT_EQ(::chmod(file.c_str(), 0664), 0);
     const gid_t group = groupOf(file);
     const OrdinaryUser user;
-    EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(writeFileAtomically(file, replacement), std::nullopt);
+    EXPECT_EQ(bytesOf(file), replacement);
     // A file that cannot keep its group loses the group's right to write.
-    EXPECT_EQ(modeOf(file), groupOf(file) == group ? 0664U : 0644U);
+    EXPECT_EQ(modeOfFile(file), groupOf(file) == group ? 0664U : 0644U);
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 

@@ -7,43 +7,44 @@ namespace frimbolate::test {
 
 namespace {
 
-struct Row {
+struct MessageRow {
     const char* name;
     std::string bytes;
     std::uint32_t answers;
     std::string text;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const MessageRow& row, std::ostream* out) { *out << row.name; }
 
 std::string broken(std::string bytes, std::size_t position, char byte) {
     bytes.at(position) = byte;
     return bytes;
 }
 
-class ParsedBusMessage : public testing::TestWithParam<Row> {};
+class ParsedBusMessage : public testing::TestWithParam<MessageRow> {};
 
 TEST_P(ParsedBusMessage, IsReadAndMeasured) {
-    const Row& row = GetParam();
+    const MessageRow& row = GetParam();
     const BusMessage message = parsedBusMessage(row.bytes);
     EXPECT_EQ(message.answers, row.answers);
     EXPECT_EQ(message.text, row.text);
     EXPECT_EQ(busMessageSize(row.bytes + "the next message"), row.bytes.size());
 }
 
-const std::string address = "unix:path=/run/user/1000/at-spi/bus_0,guid=0123";
+const std::string busAddress = "unix:path=/run/user/1000/at-spi/bus_0,guid=0123";
 
 INSTANTIATE_TEST_SUITE_P(
     BusMessages, ParsedBusMessage,
-    testing::Values(Row{"ReturnOfAText", busReturn(7, address), 7, address},
-                    Row{"ReturnOfAnEmptyText", busReturn(1, ""), 1, ""},
-                    Row{"ReturnOfNothing", busReturn(2, std::nullopt), 2, ""},
-                    Row{"Error", busError(3, "There is no such name"), 3, ""},
-                    Row{"Signal", busSignal("NameAcquired", ":1.1"), 0, ""},
-                    // The first field of the header has a type that no header has.
-                    Row{"DamagedField", broken(busReturn(7, address), 18, 'x'), 0, ""},
-                    Row{"DamagedLaterField", broken(busReturn(7, address), 27, 'x'), 7, ""},
-                    Row{"SizeBeyondTheHeader", broken(busReturn(7, address), 31, '\x7f'), 7, ""}),
+    testing::Values(
+        MessageRow{"ReturnOfAText", busReturn(7, busAddress), 7, busAddress},
+        MessageRow{"ReturnOfAnEmptyText", busReturn(1, ""), 1, ""},
+        MessageRow{"ReturnOfNothing", busReturn(2, std::nullopt), 2, ""},
+        MessageRow{"Error", busError(3, "There is no such name"), 3, ""},
+        MessageRow{"Signal", busSignal("NameAcquired", ":1.1"), 0, ""},
+        // The first field of the header has a type that no header has.
+        MessageRow{"DamagedField", broken(busReturn(7, busAddress), 18, 'x'), 0, ""},
+        MessageRow{"DamagedLaterField", broken(busReturn(7, busAddress), 27, 'x'), 7, ""},
+        MessageRow{"SizeBeyondTheHeader", broken(busReturn(7, busAddress), 31, '\x7f'), 7, ""}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(BusMessages, AreMeasuredByTheirFirstBytes) {
@@ -53,9 +54,9 @@ TEST(BusMessages, AreMeasuredByTheirFirstBytes) {
 }
 
 TEST(BusMessages, EveryPrefixIsParsed) {
-    const std::string whole = busReturn(7, address);
+    const std::string whole = busReturn(7, busAddress);
     for (std::size_t size = 0; size < whole.size(); ++size)
-        EXPECT_LE(parsedBusMessage(whole.substr(0, size)).text.size(), address.size());
+        EXPECT_LE(parsedBusMessage(whole.substr(0, size)).text.size(), busAddress.size());
 }
 
 TEST(BusMessages, ACallNamesWhatIsCalled) {

@@ -38,7 +38,7 @@ const std::string accepted = "OK 0123456789abcdef\r\n";
 const std::string welcome = busReturn(1, ":1.1") + busSignal("NameAcquired", ":1.1");
 const std::string told = busReturn(2, "unix:abstract=a11y");
 
-struct Row {
+struct BusRow {
     const char* name;
     std::string said; ///< the bytes that the bus sends before it stops answering
     bool isUnresponsive, isAccessibilityUnresponsive;
@@ -46,9 +46,9 @@ struct Row {
     bool hangsUp = false; ///< closes the connection instead of keeping it open
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const BusRow& row, std::ostream* out) { *out << row.name; }
 
-class ConnectedBus : public testing::TestWithParam<Row> {};
+class ConnectedBus : public testing::TestWithParam<BusRow> {};
 
 TEST_P(ConnectedBus, EndsWhereTheBusFallsSilent) {
     const Watchdog watchdog;
@@ -69,24 +69,25 @@ TEST_P(ConnectedBus, EndsWhereTheBusFallsSilent) {
 INSTANTIATE_TEST_SUITE_P(
     BusProbe, ConnectedBus,
     testing::Values(
-        Row{"Healthy", accepted + welcome + told, false, false, "unix:abstract=a11y"},
-        Row{"SignalsInBetween",
-            accepted + busSignal("A", "b") + welcome + busSignal("A", "b") + told, false, false,
-            "unix:abstract=a11y"},
-        Row{"NoAccessibilityBus", accepted + welcome + busError(2, "No owner"), false, false, ""},
-        Row{"MuteAccessibilityService", accepted + welcome, false, true, ""},
-        Row{"MuteWithinItsAnswer", accepted + welcome + told.substr(0, told.size() - 1), false,
-            true, ""},
-        Row{"MuteFromTheBeginning", "", true, false, ""},
-        Row{"MuteWithinALine", "OK 0123", true, false, ""},
-        Row{"MuteAfterAuthentication", accepted, true, false, ""},
-        Row{"MuteWithinAMessage", accepted + welcome.substr(0, 30), true, false, ""},
+        BusRow{"Healthy", accepted + welcome + told, false, false, "unix:abstract=a11y"},
+        BusRow{"SignalsInBetween",
+               accepted + busSignal("A", "b") + welcome + busSignal("A", "b") + told, false, false,
+               "unix:abstract=a11y"},
+        BusRow{"NoAccessibilityBus", accepted + welcome + busError(2, "No owner"), false, false,
+               ""},
+        BusRow{"MuteAccessibilityService", accepted + welcome, false, true, ""},
+        BusRow{"MuteWithinItsAnswer", accepted + welcome + told.substr(0, told.size() - 1), false,
+               true, ""},
+        BusRow{"MuteFromTheBeginning", "", true, false, ""},
+        BusRow{"MuteWithinALine", "OK 0123", true, false, ""},
+        BusRow{"MuteAfterAuthentication", accepted, true, false, ""},
+        BusRow{"MuteWithinAMessage", accepted + welcome.substr(0, 30), true, false, ""},
         // None of these blocks, so the toolkit may handle them.
-        Row{"HangsUp", "", false, false, "", true},
-        Row{"HangsUpLater", accepted + welcome, false, false, "", true},
-        Row{"Rejects", "REJECTED EXTERNAL\r\n", false, false, ""},
-        Row{"OtherProtocol", accepted + "HTTP/1.1 400 Bad Request\r\n", false, false, ""},
-        Row{"NeverEndingLine", std::string(100000, 'x'), false, false, ""}),
+        BusRow{"HangsUp", "", false, false, "", true},
+        BusRow{"HangsUpLater", accepted + welcome, false, false, "", true},
+        BusRow{"Rejects", "REJECTED EXTERNAL\r\n", false, false, ""},
+        BusRow{"OtherProtocol", accepted + "HTTP/1.1 400 Bad Request\r\n", false, false, ""},
+        BusRow{"NeverEndingLine", std::string(100000, 'x'), false, false, ""}),
     [](const auto& row) { return std::string(row.param.name); });
 
 class BusProbeTest : public testing::Test {

@@ -1,6 +1,7 @@
 // The metadata that a replaced file keeps. Each test compares before and after, so it also holds
 // where the file system keeps no lists or attributes or the user may not change the owner.
 #include "posix/atomic_file.h"
+#include "tests/support/file_status.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +19,6 @@ namespace frimbolate::test {
 namespace {
 
 using namespace std::string_literals;
-
-constexpr uid_t anotherUser = 12345;
 
 struct FreeList {
     void operator()(acl_t list) const { ::acl_free(list); }

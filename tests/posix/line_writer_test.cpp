@@ -52,15 +52,15 @@ Ends makeSocket() {
     return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-struct Row {
+struct OutputRow {
     const char* name;
     Ends (*make)();
     bool reopens = true; ///< whether the end can be opened a second time
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const OutputRow& row, std::ostream* out) { *out << row.name; }
 
-class FullOutput : public testing::TestWithParam<Row> {
+class FullOutput : public testing::TestWithParam<OutputRow> {
   protected:
     std::unique_ptr<LineWriter> makeWriter() const {
         if (GetParam().reopens)
@@ -125,9 +125,9 @@ TEST_P(FullOutput, LeavesTheSharedDescriptorBlocking) {
 }
 
 INSTANTIATE_TEST_SUITE_P(LineWriter, FullOutput,
-                         testing::Values(Row{"Pipe", makePipe},
-                                         Row{"PipeOfAnotherUser", makePipe, false},
-                                         Row{"Socket", makeSocket}),
+                         testing::Values(OutputRow{"Pipe", makePipe},
+                                         OutputRow{"PipeOfAnotherUser", makePipe, false},
+                                         OutputRow{"Socket", makeSocket}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(LineWriterTest, OutlivesTheReader) {

@@ -1,6 +1,7 @@
 #include "plist/limits.h"
 #include "plist/xml_writer.h"
 #include "posix/plist_defaults.h"
+#include "tests/support/file_status.h"
 #include "tests/support/recording_log.h"
 #include "tests/support/temporary_folder.h"
 
@@ -17,11 +18,6 @@ using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-unsigned modeOf(const std::string& path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
-}
 
 class PlistDefaultsTest : public testing::Test {
   protected:
@@ -52,8 +48,8 @@ TEST_F(PlistDefaultsTest, IsOnDiskAtOnceForItsOwnerAlone) {
     PlistDefaults defaults(path, log);
     defaults.set("WarnForDelete", true);
     EXPECT_EQ(onDisk(), (Dictionary{{"WarnForDelete", true}}));
-    EXPECT_EQ(modeOf(folder / "config"), 0700U);
-    EXPECT_EQ(modeOf(path), 0600U);
+    EXPECT_EQ(modeOfFile(folder / "config"), 0700U);
+    EXPECT_EQ(modeOfFile(path), 0600U);
     defaults.set("Bookmark", Data{{1, 2}});
     defaults.remove("WarnForDelete");
     EXPECT_EQ(bytesOf(path), xmlPropertyList({{"Bookmark", Data{{1, 2}}}}));

@@ -1,5 +1,6 @@
 #include "posix/atomic_file.h"
 #include "posix/symbolic_links.h"
+#include "tests/support/file_status.h"
 #include "tests/support/rows.h"
 #include "tests/support/temporary_folder.h"
 
@@ -10,8 +11,6 @@
 namespace frimbolate::test {
 
 namespace {
-
-constexpr uid_t anotherUser = 12345;
 
 struct LinkRow {
     const char* name;

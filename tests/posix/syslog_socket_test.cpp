@@ -121,13 +121,13 @@ TEST_F(SyslogSocketTest, ContinuesWithAPathThatNoSocketCanHave) {
     EXPECT_NO_THROW(lost.line("a"));
 }
 
-struct Row {
+struct RecordRow {
     const char* name;
     std::tm time;
     std::string record;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const RecordRow& row, std::ostream* out) { *out << row.name; }
 
 std::tm at(int month, int day, int hour, int minute, int second) {
     std::tm time{};
@@ -139,19 +139,20 @@ std::tm at(int month, int day, int hour, int minute, int second) {
     return time;
 }
 
-class SyslogRecord : public testing::TestWithParam<Row> {};
+class SyslogRecord : public testing::TestWithParam<RecordRow> {};
 
 TEST_P(SyslogRecord, IsInTheClassicForm) {
     EXPECT_EQ(syslogRecord(GetParam().time, "text"), GetParam().record);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SyslogSocket, SyslogRecord,
-    testing::Values(Row{"PadsTheDay", at(0, 1, 2, 3, 4), "<13>Jan  1 02:03:04 Frimbolate: text"},
-                    Row{"TwoDigits", at(11, 31, 23, 59, 60),
-                        "<13>Dec 31 23:59:60 Frimbolate: text"},
-                    Row{"May", at(4, 10, 0, 0, 0), "<13>May 10 00:00:00 Frimbolate: text"}),
-    [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(SyslogSocket, SyslogRecord,
+                         testing::Values(RecordRow{"PadsTheDay", at(0, 1, 2, 3, 4),
+                                                   "<13>Jan  1 02:03:04 Frimbolate: text"},
+                                         RecordRow{"TwoDigits", at(11, 31, 23, 59, 60),
+                                                   "<13>Dec 31 23:59:60 Frimbolate: text"},
+                                         RecordRow{"May", at(4, 10, 0, 0, 0),
+                                                   "<13>May 10 00:00:00 Frimbolate: text"}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "posix/file_lock.h"
 #include "posix/user_socket_folder.h"
 #include "tests/support/child_process.h"
+#include "tests/support/file_status.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -12,12 +13,6 @@ namespace frimbolate::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-mode_t modeOf(const std::string& path) {
-    struct stat status {};
-    EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
-    return status.st_mode & 07777U;
-}
 
 class UserSocketFolderTest : public testing::Test {
   protected:
@@ -39,7 +34,7 @@ TEST_F(UserSocketFolderTest, IsMadeInTheRuntimeFolder) {
     const mode_t before = ::umask(0);
     EXPECT_EQ(found(runtime), first);
     ::umask(before);
-    EXPECT_EQ(modeOf(first), 0700U);
+    EXPECT_EQ(modeOfFile(first), 0700U);
     EXPECT_EQ(found(runtime), first) << "the second time";
     EXPECT_FALSE(fs::exists(second));
 }
@@ -49,7 +44,7 @@ TEST_F(UserSocketFolderTest, IsMadeAmongTemporaryFilesWithoutARuntimeFolder) {
     for (const std::string& wrong :
          {std::string(), std::string("runtime"), folder / "gone", folder / "file"}) {
         EXPECT_EQ(found(wrong), second) << wrong;
-        EXPECT_EQ(modeOf(second), 0700U);
+        EXPECT_EQ(modeOfFile(second), 0700U);
     }
 }
 
@@ -66,7 +61,7 @@ TEST_F(UserSocketFolderTest, IsNotOneThatOthersCanEnter) {
     fs::create_directory(first);
     fs::permissions(first, fs::perms(0750));
     EXPECT_EQ(found(runtime), second);
-    EXPECT_EQ(modeOf(first), 0750U) << "and it stays as it is";
+    EXPECT_EQ(modeOfFile(first), 0750U) << "and it stays as it is";
 }
 
 TEST_F(UserSocketFolderTest, IsNoSymbolicLinkAndNoFile) {
@@ -117,7 +112,7 @@ TEST(FileLockTest, IsHeldByOneAtATime) {
     one.release();
     EXPECT_FALSE(one.isHeld());
     EXPECT_EQ(other.take(path), FileLock::State::held);
-    EXPECT_EQ(modeOf(path), 0600U);
+    EXPECT_EQ(modeOfFile(path), 0600U);
 }
 
 TEST(FileLockTest, EndsWithItsProcess) {

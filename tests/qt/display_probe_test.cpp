@@ -41,47 +41,53 @@ TEST_P(DisplayRule, TellsWhetherAWindowCanBeOpened) {
     EXPECT_EQ(missingDisplay(arguments, probe).value_or(""), row.missing);
 }
 
-const std::string none = "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one";
+const std::string noDisplay = "there is no display; neither DISPLAY nor WAYLAND_DISPLAY names one";
 const std::string closed = "the display \":9\" cannot be opened";
 const std::string closedWayland = "the display \"/run/wayland-9\" cannot be opened";
-const std::pair<const std::string, std::string> runtime{"XDG_RUNTIME_DIR", "/run"};
+const std::pair<const std::string, std::string> runtimeFolder{"XDG_RUNTIME_DIR", "/run"};
 
 INSTANTIATE_TEST_SUITE_P(
     DisplayProbe, DisplayRule,
     testing::Values(
-        Row{"Nothing", {}, {}, none}, Row{"X", {}, {{"DISPLAY", ":0"}}, ""},
+        Row{"Nothing", {}, {}, noDisplay}, Row{"X", {}, {{"DISPLAY", ":0"}}, ""},
         Row{"XThatIsGone", {}, {{"DISPLAY", ":9"}}, closed},
-        Row{"Wayland", {}, {runtime, {"WAYLAND_DISPLAY", "wayland-0"}}, ""},
+        Row{"Wayland", {}, {runtimeFolder, {"WAYLAND_DISPLAY", "wayland-0"}}, ""},
         Row{"WaylandByPath", {}, {{"WAYLAND_DISPLAY", "/run/wayland-0"}}, ""},
-        Row{"WaylandThatIsGone", {}, {runtime, {"WAYLAND_DISPLAY", "wayland-9"}}, closedWayland},
-        Row{"WaylandSession", {}, {runtime, {"XDG_SESSION_TYPE", "wayland"}}, ""},
+        Row{"WaylandThatIsGone",
+            {},
+            {runtimeFolder, {"WAYLAND_DISPLAY", "wayland-9"}},
+            closedWayland},
+        Row{"WaylandSession", {}, {runtimeFolder, {"XDG_SESSION_TYPE", "wayland"}}, ""},
         Row{"WaylandConnection", {}, {{"WAYLAND_SOCKET", "5"}}, ""},
-        Row{"EitherWillDo", {}, {runtime, {"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":0"}}, ""},
+        Row{"EitherWillDo",
+            {},
+            {runtimeFolder, {"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":0"}},
+            ""},
         Row{"BothAreGone",
             {},
-            {runtime, {"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":9"}},
+            {runtimeFolder, {"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":9"}},
             closed},
         Row{"PlatformWithoutADisplay", {}, {{"QT_QPA_PLATFORM", "offscreen"}}, ""},
-        Row{"PlatformXWithoutADisplay", {}, {{"QT_QPA_PLATFORM", "xcb"}}, none},
+        Row{"PlatformXWithoutADisplay", {}, {{"QT_QPA_PLATFORM", "xcb"}}, noDisplay},
         Row{"PlatformXWithOptions",
             {},
             {{"QT_QPA_PLATFORM", "xcb:some=option"}, {"DISPLAY", ":9"}},
             closed},
         Row{"PlatformXHasNoUseForWayland",
             {},
-            {runtime, {"QT_QPA_PLATFORM", "xcb"}, {"WAYLAND_DISPLAY", "wayland-0"}},
-            none},
+            {runtimeFolder, {"QT_QPA_PLATFORM", "xcb"}, {"WAYLAND_DISPLAY", "wayland-0"}},
+            noDisplay},
         Row{"PlatformWaylandHasNoUseForX",
             {},
             {{"QT_QPA_PLATFORM", "wayland-egl"}, {"DISPLAY", ":0"}},
-            none},
+            noDisplay},
         Row{"SeveralPlatforms", {}, {{"QT_QPA_PLATFORM", "wayland;xcb"}, {"DISPLAY", ":0"}}, ""},
         Row{"ArgumentBeatsTheEnvironment",
             {"-platform", "offscreen"},
             {{"QT_QPA_PLATFORM", "xcb"}},
             ""},
         Row{"ArgumentWithTwoDashes", {"--platform", "offscreen"}, {}, ""},
-        Row{"PlatformWithoutAName", {"-platform"}, {}, none},
+        Row{"PlatformWithoutAName", {"-platform"}, {}, noDisplay},
         Row{"NamedDisplay", {"-display", ":0"}, {}, ""},
         Row{"NamedDisplayBeatsTheEnvironment", {"-display", ":9"}, {{"DISPLAY", ":0"}}, closed}),
     [](const auto& row) { return std::string(row.param.name); });

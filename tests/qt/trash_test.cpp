@@ -18,19 +18,19 @@ using namespace std::string_literals;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const Dictionary agent = {{"Label", "com.frimbolate.Backup"}};
+const Dictionary trashedAgent = {{"Label", "com.frimbolate.Backup"}};
 const Dictionary another = {{"Label", "com.frimbolate.Another"}};
 
-class RealBackend {
+class RealTrash {
   public:
-    RealBackend() {
+    RealTrash() {
         std::filesystem::create_directory(path("home"));
         // A file that is moved to a relative path by mistake must stay in the temporary folder.
         std::filesystem::current_path(folder_.path());
     }
-    RealBackend(const RealBackend&) = delete;
-    RealBackend& operator=(const RealBackend&) = delete;
-    ~RealBackend() { std::filesystem::current_path(startFolder_); }
+    RealTrash(const RealTrash&) = delete;
+    RealTrash& operator=(const RealTrash&) = delete;
+    ~RealTrash() { std::filesystem::current_path(startFolder_); }
 
     std::string path(const std::string& name) const { return folder_ / name; }
     std::string trashFolder() const { return path("home/data/Trash/files"); }
@@ -52,9 +52,9 @@ class RealBackend {
     QtTrash trash_;
 };
 
-class FakeBackend {
+class FakeTrash {
   public:
-    FakeBackend() { platform_.files.folders.insert("/Users/maya"); }
+    FakeTrash() { platform_.files.folders.insert("/Users/maya"); }
 
     std::string path(const std::string& name) const { return "/Users/maya/" + name; }
     std::string trashFolder() const { return ScriptedTrash::folder; }
@@ -77,33 +77,33 @@ class TrashContract : public testing::Test {
     std::string path = backend.path("com.fr\u0131mbolate.it's 100%.plist");
 };
 
-using Backends = testing::Types<RealBackend, FakeBackend>;
-TYPED_TEST_SUITE(TrashContract, Backends);
+using TrashBackends = testing::Types<RealTrash, FakeTrash>;
+TYPED_TEST_SUITE(TrashContract, TrashBackends);
 
 TYPED_TEST(TrashContract, KeepsTheFileAndTellsWhere) {
-    ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
+    ASSERT_TRUE(this->files.writeDictionary(this->path, trashedAgent));
     const auto place = this->trash.moveToTrash(this->path);
     EXPECT_FALSE(this->files.exists(this->path));
     ASSERT_TRUE(place);
     EXPECT_THAT(*place, StartsWith(this->backend.trashFolder() + "/"));
-    EXPECT_EQ(this->files.readDictionary(*place), agent);
+    EXPECT_EQ(this->files.readDictionary(*place), trashedAgent);
 }
 
 TYPED_TEST(TrashContract, KeepsFilesOfOneNameApart) {
-    ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
+    ASSERT_TRUE(this->files.writeDictionary(this->path, trashedAgent));
     const auto first = this->trash.moveToTrash(this->path);
     ASSERT_TRUE(this->files.writeDictionary(this->path, another));
     const auto second = this->trash.moveToTrash(this->path);
     ASSERT_TRUE(first && second);
-    EXPECT_EQ(this->files.readDictionary(*first), agent);
+    EXPECT_EQ(this->files.readDictionary(*first), trashedAgent);
     EXPECT_EQ(this->files.readDictionary(*second), another);
 }
 
 TYPED_TEST(TrashContract, LeavesTheFileWhereItRefuses) {
-    ASSERT_TRUE(this->files.writeDictionary(this->path, agent));
+    ASSERT_TRUE(this->files.writeDictionary(this->path, trashedAgent));
     this->backend.refuse();
     EXPECT_EQ(this->trash.moveToTrash(this->path), std::nullopt);
-    EXPECT_EQ(this->files.readDictionary(this->path), agent);
+    EXPECT_EQ(this->files.readDictionary(this->path), trashedAgent);
 }
 
 TYPED_TEST(TrashContract, TakesNoFolder) {
@@ -118,7 +118,7 @@ TYPED_TEST(TrashContract, TakesNothingWhereNothingIs) {
 
 class QtTrashTest : public testing::Test {
   protected:
-    RealBackend backend;
+    RealTrash backend;
 };
 
 TEST_F(QtTrashTest, RemembersWhereTheFileWas) {

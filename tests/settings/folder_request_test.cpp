@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::StartsWith;
 
-constexpr const char* agents = "/Users/maya/Library/LaunchAgents";
+constexpr const char* requestedFolder = "/Users/maya/Library/LaunchAgents";
 constexpr const char* libraryLine = "log: Path to Library: /Users/maya/Library/";
 constexpr const char* panelStarts = "open panel: Frimbolate needs access";
 constexpr const char* mustSelect =
@@ -81,9 +81,9 @@ TEST_F(FolderRequestTest, TryingAgainAfterCancellingAsksAgainEachTime) {
                     ElementsAre(mustSelect, "log: Must choose LaunchAgents folder response: 1000",
                                 libraryLine, StartsWith(panelStarts)));
     }
-    platform.choose(agents);
+    platform.choose(requestedFolder);
     ASSERT_NE(storedBookmark(), nullptr);
-    EXPECT_EQ(*storedBookmark(), Value(bookmarkOf(agents)));
+    EXPECT_EQ(*storedBookmark(), Value(bookmarkOf(requestedFolder)));
 }
 
 TEST_F(FolderRequestTest, CancellingAndQuittingEndsTheProgram) {
@@ -220,8 +220,8 @@ TEST_F(FolderRequestTest, BothLoopsCanFollowEachOther) {
     platform.choose("/elsewhere");
     platform.press("Choose Again");
     EXPECT_EQ(storedBookmark(), nullptr);
-    platform.choose(agents);
-    EXPECT_EQ(*storedBookmark(), Value(bookmarkOf(agents)));
+    platform.choose(requestedFolder);
+    EXPECT_EQ(*storedBookmark(), Value(bookmarkOf(requestedFolder)));
     EXPECT_EQ(platform.journal.count("open panel"), 3U);
     EXPECT_EQ(platform.journal.count("alert"), 3U);
     EXPECT_EQ(platform.journal.count("set"), 1U);

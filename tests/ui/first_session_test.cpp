@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* backup = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
+constexpr const char* backupFile = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
 constexpr const char* backupCommand =
     "launchctl load '/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist'";
 
@@ -33,14 +33,14 @@ class FirstSessionTest : public EditorTest {
         form.agentScheduleTypeButton.selectedItem = ScheduleType::EveryDay;
         editor.validateAgentConfig();
         ASSERT_EQ(platform.shownSavePanel().directory, agents);
-        platform.saveAs(backup);
+        platform.saveAs(backupFile);
     }
 };
 
 TEST_F(FirstSessionTest, WelcomeGrantSaveLoadTerminalAndTheNextStart) {
     begin();
     ASSERT_NO_FATAL_FAILURE(saveBackup());
-    EXPECT_TRUE(platform.files.exists(backup));
+    EXPECT_TRUE(platform.files.exists(backupFile));
     EXPECT_EQ(form.actionScriptTextView.string, backupCommand) << "before the alert is answered";
     platform.press("Continue");
     EXPECT_THAT(platform.shownSheets, ElementsAre(Sheet::executeScriptWindow));
@@ -62,7 +62,7 @@ TEST_F(FirstSessionTest, WelcomeGrantSaveLoadTerminalAndTheNextStart) {
     EXPECT_FALSE(platform.isAsking());
 
     next.unloadLaunchAgent();
-    platform.choose(backup);
+    platform.choose(backupFile);
     EXPECT_EQ(platform.pasteboard, "launchctl unload '/Users/maya/Library/LaunchAgents/"
                                    "com.frimbolate.Backup.plist'");
 }
@@ -80,7 +80,7 @@ TEST_F(FirstSessionTest, SkippingLeavesTheCommandPendingUntilTheSheetIsNextClose
     editor.createNewAgent();
     EXPECT_FALSE(form.preferencesMenuItem.enabled) << "a reset does not end it";
     editor.loadLaunchAgent();
-    platform.choose(backup);
+    platform.choose(backupFile);
     EXPECT_FALSE(form.preferencesMenuItem.enabled);
     editor.closeExecuteScriptWindow();
     EXPECT_TRUE(form.preferencesMenuItem.enabled);
@@ -94,7 +94,7 @@ TEST_F(FirstSessionTest, ASavedAgentsCommandIsCopiedBeforeItsAlertWhenAutoCopyIs
     const auto& lines = platform.journal.lines();
     ASSERT_GE(lines.size(), 4U);
     EXPECT_THAT(std::vector<std::string>(lines.end() - 4, lines.end()),
-                ElementsAre(std::string("write: ") + backup, "pasteboard: cleared",
+                ElementsAre(std::string("write: ") + backupFile, "pasteboard: cleared",
                             std::string("pasteboard: ") + backupCommand,
                             "alert: Your launch agent was created."));
     platform.press("Skip");

@@ -12,8 +12,8 @@ namespace {
 using testing::ElementsAreArray;
 using Kinds = std::vector<std::string>;
 
-constexpr const char* own = "/Users/maya/Library/LaunchAgents/com.frimbolate.x.plist";
-constexpr const char* earlier = "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.x.plist";
+constexpr const char* ownAgent = "/Users/maya/Library/LaunchAgents/com.frimbolate.x.plist";
+constexpr const char* earlierAgent = "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.x.plist";
 constexpr const char* foreign = "/Users/maya/Library/LaunchAgents/org.example.x.plist";
 constexpr const char* missing = "/Users/maya/Library/LaunchAgents/com.frimbolate.none.plist";
 
@@ -26,7 +26,7 @@ struct AccessCase {
 
 void save(AppDelegate& editor, ScriptedPlatform& platform) {
     editor.saveLaunchAgent();
-    platform.saveAs(own);
+    platform.saveAs(ownAgent);
 }
 
 void choose(void (AppDelegate::*send)(), const char* path, AppDelegate& editor,
@@ -94,7 +94,7 @@ const std::vector<AccessCase>& commandCases() {
          1},
         {"UnloadShown",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::unloadLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::unloadLaunchAgent, ownAgent, editor, platform);
          },
          {"begin", "open panel", "sheet", "first responder", "end"},
          0},
@@ -120,7 +120,7 @@ const std::vector<AccessCase>& editingCases() {
          0},
         {"EditOwn",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::editLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::editLaunchAgent, ownAgent, editor, platform);
          },
          {"begin", "open panel", "read", "end"},
          0},
@@ -133,14 +133,14 @@ const std::vector<AccessCase>& editingCases() {
          0},
         {"UpgradeDeclined",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::editLaunchAgent, earlier, editor, platform);
+             choose(&AppDelegate::editLaunchAgent, earlierAgent, editor, platform);
              platform.press("Cancel");
          },
          {"begin", "open panel", "alert", "read", "end"},
          0},
         {"UpgradeCancelled",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::editLaunchAgent, earlier, editor, platform);
+             choose(&AppDelegate::editLaunchAgent, earlierAgent, editor, platform);
              platform.press("Ok");
              platform.cancelPanel();
          },
@@ -148,16 +148,16 @@ const std::vector<AccessCase>& editingCases() {
          1},
         {"UpgradeSaved",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::editLaunchAgent, earlier, editor, platform);
+             choose(&AppDelegate::editLaunchAgent, earlierAgent, editor, platform);
              platform.press("Ok");
-             platform.saveAs(own);
+             platform.saveAs(ownAgent);
          },
          {"begin", "open panel", "alert", "read", "end", "read", "begin", "save panel", "write",
           "remove"},
          1},
         {"UpgradeRefused",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::editLaunchAgent, earlier, editor, platform);
+             choose(&AppDelegate::editLaunchAgent, earlierAgent, editor, platform);
              platform.press("Ok");
              platform.files.diskIsFull = true;
              platform.saveAs(missing);
@@ -188,22 +188,22 @@ const std::vector<AccessCase>& switchCases() {
          1},
         {"SwitchDeclined",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::onOffLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::onOffLaunchAgent, ownAgent, editor, platform);
              platform.press("Cancel");
          },
          {"begin", "open panel", "read", "alert"},
          1},
         {"Switched",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::onOffLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::onOffLaunchAgent, ownAgent, editor, platform);
              platform.press("Continue");
          },
          {"begin", "open panel", "read", "alert", "write", "end"},
          0},
         {"SwitchRefused",
          [](auto& editor, auto& platform) {
-             platform.files.readOnly = {own};
-             choose(&AppDelegate::onOffLaunchAgent, own, editor, platform);
+             platform.files.readOnly = {ownAgent};
+             choose(&AppDelegate::onOffLaunchAgent, ownAgent, editor, platform);
              platform.press("Continue");
              platform.press("Ok");
          },
@@ -224,22 +224,22 @@ const std::vector<AccessCase>& deletionCases() {
          1},
         {"DeleteDeclined",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::deleteLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::deleteLaunchAgent, ownAgent, editor, platform);
              platform.press("Cancel");
          },
          {"begin", "open panel", "alert"},
          1},
         {"Deleted",
          [](auto& editor, auto& platform) {
-             choose(&AppDelegate::deleteLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::deleteLaunchAgent, ownAgent, editor, platform);
              platform.press("Delete");
          },
          {"begin", "open panel", "alert", "remove", "end"},
          0},
         {"DeleteRefused",
          [](auto& editor, auto& platform) {
-             platform.files.readOnly = {own};
-             choose(&AppDelegate::deleteLaunchAgent, own, editor, platform);
+             platform.files.readOnly = {ownAgent};
+             choose(&AppDelegate::deleteLaunchAgent, ownAgent, editor, platform);
              platform.press("Delete");
              platform.press("Ok");
          },
@@ -248,7 +248,7 @@ const std::vector<AccessCase>& deletionCases() {
         {"DeleteFailed",
          [](auto& editor, auto& platform) {
              platform.files.removalFails = true;
-             choose(&AppDelegate::deleteLaunchAgent, own, editor, platform);
+             choose(&AppDelegate::deleteLaunchAgent, ownAgent, editor, platform);
              platform.press("Delete");
              platform.press("Ok");
          },
@@ -263,7 +263,7 @@ class FolderAccessTest : public EditorTest, public testing::WithParamInterface<A
     FolderAccessTest() {
         const Dictionary agent = {{"Label", "com.frimbolate.x"},
                                   {"ProgramArguments", Array{Value("/bin/true")}}};
-        for (const auto* path : {own, earlier, foreign})
+        for (const auto* path : {ownAgent, earlierAgent, foreign})
             platform.files.contents[path] = agent;
         platform.defaults.contents["WarnForDelete"] = false;
     }

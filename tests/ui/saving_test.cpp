@@ -19,7 +19,7 @@ using testing::IsEmpty;
 constexpr auto file = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
 constexpr auto command =
     "launchctl load '/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist'";
-constexpr auto created = "alert: Your launch agent was created.";
+constexpr auto createdLine = "alert: Your launch agent was created.";
 
 class SavingTest : public EditorTest {
   protected:
@@ -156,7 +156,7 @@ TEST_F(SavingTest, EveryStepIsTakenInItsOrder) {
         ElementsAre("log: Saving launch agent, logging all saved values...",
                     "log: Agent label key: com.frimbolate.Backup", "log: Agent target type is 2",
                     "log: Creating agent arguments, last path component is: sh",
-                    std::string("log: Path: ") + file, std::string("write: ") + file, created));
+                    std::string("log: Path: ") + file, std::string("write: ") + file, createdLine));
     EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty())
         << "the form is kept until the alert is answered";
     EXPECT_EQ(platform.pasteboard, "earlier content");
@@ -183,7 +183,7 @@ TEST_F(SavingTest, TheCommandIsCopiedWhenAutoCopyIsOn) {
     ASSERT_EQ(lines.size(), 9U);
     EXPECT_THAT((std::vector(lines.end() - 4, lines.end())),
                 ElementsAre(std::string("write: ") + file, "pasteboard: cleared",
-                            std::string("pasteboard: ") + command, created));
+                            std::string("pasteboard: ") + command, createdLine));
     EXPECT_EQ(form.autoCopyScriptsCheckbox2.state, CheckState::On);
     platform.press("Skip");
 }

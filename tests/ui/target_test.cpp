@@ -24,7 +24,7 @@ using testing::IsEmpty;
 constexpr auto bundle = "/Applications/Example.app";
 constexpr auto infoFile = "/Applications/Example.app/Contents/Info.plist";
 constexpr auto executable = "/Applications/Example.app/Contents/MacOS/Example";
-constexpr auto panelLine =
+constexpr auto targetPanelLine =
     "open panel: Please choose an application, script, or workflow (.app, .sh, .py, .rb, .pl, "
     ".scpt, .workflow):";
 constexpr auto corrupted = "This application may be corrupted or may not conform to the bundle "
@@ -107,7 +107,8 @@ TEST_F(TargetTest, ThePanelOffersApplicationsAndScripts) {
                                 "/Applications"));
         platform.cancelPanel();
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre(targetPanelLine, targetPanelLine, targetPanelLine));
 }
 
 TEST_F(TargetTest, CancellingThePanelTakesTargetAndScriptAway) {

@@ -23,7 +23,7 @@ using test::with;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto panelLine = "open panel: Please choose folder:";
+constexpr auto watchPanelLine = "open panel: Please choose folder:";
 
 OpenPanel watchPathPanel(std::optional<std::string> directory) {
     auto panel = selectPanel("Please choose folder:", {}, std::move(directory));
@@ -86,7 +86,8 @@ TEST_F(WatchPath, IsAskedForOnceTheFormIsReady) {
                             {"agentWatchPathImageWell.toolTip", "\"/Users/maya/Pictures\""}});
         EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre(watchPanelLine, watchPanelLine, watchPanelLine));
 }
 
 TEST_F(WatchPath, CancelledReturnsToNoAction) {
@@ -106,7 +107,8 @@ TEST_F(WatchPath, CancelledReturnsToNoAction) {
         EXPECT_THAT(differences(expected, snapshot(form)), IsEmpty());
         EXPECT_FALSE(platform.isAsking());
     }
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine, panelLine, panelLine));
+    EXPECT_THAT(platform.journal.lines(),
+                ElementsAre(watchPanelLine, watchPanelLine, watchPanelLine));
 }
 
 TEST_F(WatchPath, IsTakenByTheFormAsItThenIs) {
@@ -189,7 +191,7 @@ TEST_F(AdditionalPath, IsAskedForInTheApplications) {
     tick(nonDefaultForm(true));
     expectPanel(platform.shownOpenPanel(), watchPathPanel("/Applications"));
     platform.cancelPanel();
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(panelLine));
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(watchPanelLine));
 }
 
 TEST_F(AdditionalPath, IsShownWhenChosen) {

@@ -14,8 +14,8 @@ namespace {
 const std::string agents = "/Users/maya/Library/LaunchAgents";
 const std::string agent = agents + "/com.frimbolate.Backup.plist";
 const std::string earlier = agents + "/com.frımbolate.Backup.plist";
-const Dictionary content = {{"Label", Value("com.frimbolate.Backup")},
-                            {"ProgramArguments", Value(Array{Value("/Users/maya/backup.sh")})}};
+const Dictionary ownAgent = {{"Label", Value("com.frimbolate.Backup")},
+                             {"ProgramArguments", Value(Array{Value("/Users/maya/backup.sh")})}};
 
 /// The program with a scripted desktop, up to the one alert that waits for its answer.
 struct Asking {
@@ -99,36 +99,36 @@ const EscapeRow escapeRows[] = {
      "The launch agent could not be read.", ok},
     {"UnreadableKeys",
      [](Asking& a) {
-         Dictionary odd = content;
+         Dictionary odd = ownAgent;
          odd["ProgramArguments"] = Value(5);
          a.choose(&AppDelegate::continueEditingAgent, agent, odd);
      },
      "This launch agent could not be read.", ok},
     {"UnreadableAdvancedKeys",
      [](Asking& a) {
-         Dictionary odd = content;
+         Dictionary odd = ownAgent;
          odd["QueueDirectories"] = Value(5);
          a.choose(&AppDelegate::continueEditingAgent, agent, odd);
      },
      "This launch agent could not be read.", ok},
-    {"Upgrade", [](Asking& a) { a.choose(&AppDelegate::continueEditingAgent, earlier, content); },
+    {"Upgrade", [](Asking& a) { a.choose(&AppDelegate::continueEditingAgent, earlier, ownAgent); },
      "This launch agent needs to be upgraded.", cancel},
     {"NotUpgraded",
      [](Asking& a) {
-         a.choose(&AppDelegate::continueEditingAgent, earlier, content);
+         a.choose(&AppDelegate::continueEditingAgent, earlier, ownAgent);
          a.platform.files.contents.clear();
          a.platform.press("Ok");
      },
      "This launch agent could not be upgraded.", ok},
     {"NotUpgradedForTheDisk",
      [](Asking& a) {
-         a.choose(&AppDelegate::continueEditingAgent, earlier, content);
+         a.choose(&AppDelegate::continueEditingAgent, earlier, ownAgent);
          a.platform.press("Ok");
          a.platform.files.diskIsFull = true;
          a.platform.saveAs(agent);
      },
      "This launch agent could not be upgraded.", ok},
-    {"Disable", [](Asking& a) { a.choose(&AppDelegate::onOffLaunchAgent, agent, content); },
+    {"Disable", [](Asking& a) { a.choose(&AppDelegate::onOffLaunchAgent, agent, ownAgent); },
      "This launch agent is currently enabled.", cancel},
     {"Enable",
      [](Asking& a) {
@@ -143,7 +143,7 @@ const EscapeRow escapeRows[] = {
      "The launch agent could not be read.", ok},
     {"NotDisabled",
      [](Asking& a) {
-         a.choose(&AppDelegate::onOffLaunchAgent, agent, content);
+         a.choose(&AppDelegate::onOffLaunchAgent, agent, ownAgent);
          a.platform.files.readOnly.insert(agent);
          a.platform.press("Continue");
      },
@@ -155,11 +155,12 @@ const EscapeRow escapeRows[] = {
          a.platform.press("Continue");
      },
      "The launch agent could not be enabled.", ok},
-    {"Delete", [](Asking& a) { a.choose(&AppDelegate::deleteLaunchAgentContinue, agent, content); },
+    {"Delete",
+     [](Asking& a) { a.choose(&AppDelegate::deleteLaunchAgentContinue, agent, ownAgent); },
      "Are you sure", cancel},
     {"NotDeleted",
      [](Asking& a) {
-         a.choose(&AppDelegate::deleteLaunchAgentContinue, agent, content);
+         a.choose(&AppDelegate::deleteLaunchAgentContinue, agent, ownAgent);
          a.platform.files.removalFails = true;
          a.platform.press("Delete");
      },

@@ -17,7 +17,7 @@
 namespace frimbolate::test {
 namespace {
 
-constexpr const char* plain = "/Users/maya/Library/LaunchAgents/com.frimbolate.a.plist";
+constexpr const char* plainAgent = "/Users/maya/Library/LaunchAgents/com.frimbolate.a.plist";
 constexpr const char* foreign = "/Users/maya/com.frimbolate.a';touch pwned;'.plist";
 /// Characters that the toolkit would replace, and an apostrophe.
 constexpr const char* odd = "/a b\u00a0c\u2028d\u2029e\rf\r\ng\nh\u0085i\tj'k\u00a0.plist";
@@ -67,7 +67,7 @@ TEST_F(CommandSheetViewTest, WarnsOfACommandThatDoesMoreThanItShows) {
 TEST_F(CommandSheetViewTest, DoesNotWarnOfAPlainCommand) {
     showCommandFor(foreign);
     ASSERT_TRUE(warning()->isVisible());
-    showCommandFor(plain);
+    showCommandFor(plainAgent);
     EXPECT_FALSE(warning()->isVisible());
     EXPECT_EQ(command()->accessibleDescription().toStdString(), state());
 }
@@ -89,7 +89,7 @@ TEST_F(CommandSheetViewTest, ItsWarningHasTheColourOfFaults) {
 }
 
 TEST_F(CommandSheetViewTest, CopiesExactlyWhatTheModelHolds) {
-    for (const char* path : {plain, odd, foreign}) {
+    for (const char* path : {plainAgent, odd, foreign}) {
         showCommandFor(path);
         pressCopy();
         EXPECT_EQ(platform.pasteboard, std::string("launchctl load '") + path + "'");
@@ -121,7 +121,7 @@ TEST_F(CommandSheetViewTest, ASelectionIsCopiedExactlyToo) {
 TEST_F(CommandSheetViewTest, SaysWhetherTheCommandWasCopied) {
     constexpr auto asks = "Copy this command and paste it into Terminal.";
     constexpr auto copied = "Copied. Paste it into Terminal.";
-    showCommandFor(plain);
+    showCommandFor(plainAgent);
     EXPECT_EQ(state(), asks);
     find<QCheckBox>("autoCopyScriptsCheckbox2")->click();
     EXPECT_EQ(state(), asks) << "the box is for the next command";
@@ -142,12 +142,12 @@ TEST_F(CommandSheetViewTest, DoesNotSuggestPastingAnUnsafeCommand) {
     EXPECT_EQ(state(), "(hidden)");
     pressCopy();
     EXPECT_EQ(state(), "Copied.");
-    showCommandFor(plain);
+    showCommandFor(plainAgent);
     EXPECT_EQ(state(), "Copy this command and paste it into Terminal.");
 }
 
 TEST_F(CommandSheetViewTest, TheCopyButtonConfirmsTheCopy) {
-    showCommandFor(plain);
+    showCommandFor(plainAgent);
     const auto picture = [this] { return copyButton()->icon().pixmap(20, 20).toImage(); };
     const QImage before = picture();
     EXPECT_EQ(copyButton()->toolTip(), "Copy the command");
@@ -163,7 +163,7 @@ TEST_F(CommandSheetViewTest, TheCopyButtonConfirmsTheCopy) {
 }
 
 TEST_F(CommandSheetViewTest, NamesTheAgent) {
-    showCommandFor(plain);
+    showCommandFor(plainAgent);
     const auto* agent = find<ElidedLabel>("commandAgent");
     EXPECT_TRUE(agent->isVisible());
     EXPECT_EQ(agent->text(), "com.frimbolate.a.plist");

@@ -59,7 +59,7 @@ TEST_P(LongestAlerts, CanBeReadToItsEnd) {
     EXPECT_FALSE(dialog->isVisible());
 }
 
-constexpr LongestAlertsRow rows[] = {
+constexpr LongestAlertsRow longAlertRows[] = {
     {"NameTip", [](AppDelegate& delegate) { delegate.showTip("agentNameTipButton"); }, true},
     {"TargetTip", [](AppDelegate& delegate) { delegate.showTip("agentTargetTipButton"); }, false},
     {"ActionTip", [](AppDelegate& delegate) { delegate.showTip("agentActionTipButton"); }, false},
@@ -76,7 +76,7 @@ constexpr LongestAlertsRow rows[] = {
      true},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, LongestAlerts, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, LongestAlerts, testing::ValuesIn(longAlertRows), NamedAfterRow());
 
 } // namespace
 } // namespace frimbolate::test

@@ -14,7 +14,7 @@
 namespace frimbolate::test {
 namespace {
 
-constexpr qsizetype million = 1'000'000;
+constexpr qsizetype millionCharacters = 1'000'000;
 
 class ScriptEditorTest : public testing::Test {
   protected:
@@ -51,7 +51,7 @@ class ScriptEditorTest : public testing::Test {
     QWidget window;
     QLineEdit before, after;
     ScriptEditor editor;
-    const QString longLine = "a" + QString(million, u'x') + "z";
+    const QString longLine = "a" + QString(millionCharacters, u'x') + "z";
     const QString script = "#!/bin/sh\n" + longLine + "\nexit 0\n" + longLine;
 };
 

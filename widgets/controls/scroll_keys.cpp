@@ -15,7 +15,7 @@ struct Row {
     int key;
     QAbstractSlider::SliderAction action;
 };
-constexpr Row rows[] = {
+constexpr Row scrollKeys[] = {
     {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},
     {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
     {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub},
@@ -31,8 +31,8 @@ ScrollKeys::ScrollKeys(QAbstractScrollArea* area) : QObject(area), area_(area) {
 bool ScrollKeys::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        const auto* row = std::ranges::find(rows, key, &Row::key);
-        if (row != std::end(rows)) {
+        const auto* row = std::ranges::find(scrollKeys, key, &Row::key);
+        if (row != std::end(scrollKeys)) {
             area_->verticalScrollBar()->triggerAction(row->action);
             return true;
         }

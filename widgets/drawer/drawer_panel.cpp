@@ -37,7 +37,7 @@ constexpr int titleY = 12, priorityY = 40, niceY = 67, pathsY = 96;
 constexpr int globbingY = 264, exitY = 288, alsoRunY = 318, alsoRunSecondY = 342;
 constexpr int chooserSide = 24, chooserGap = 4;
 constexpr int pathHintX = 104; ///< right of the title
-constexpr int slideMilliseconds = 180;
+constexpr int drawerSlideMilliseconds = 180;
 
 struct PathRow {
     std::string_view outlet;
@@ -78,7 +78,7 @@ DrawerPanel::DrawerPanel(FormBinder& binder, int edge, QWidget* parent)
     setAccessibleName(tr("Advanced settings"));
     setFixedSize(scaled(panelSize.width), scaled(panelSize.height));
     style::setFont(this, style::FontRole::hint);
-    slide_->setDuration(slideMilliseconds);
+    slide_->setDuration(drawerSlideMilliseconds);
     slide_->setEasingCurve(QEasingCurve::OutCubic);
     connect(slide_, &QPropertyAnimation::finished, this, &DrawerPanel::slideEnded);
     addTitle();

@@ -17,15 +17,15 @@ using style::scaled;
 
 namespace {
 
-constexpr int gap = 5;
-constexpr int controlHeight = 32;
+constexpr int partGap = 5;
+constexpr int partHeight = 32;
 
 } // namespace
 
 void FormCard::addScheduleRow() {
     auto* line = new QHBoxLayout;
     line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(gap));
+    line->setSpacing(scaled(partGap));
 
     auto* schedule = new PopUpButton(agentScheduleTypeItems(), this);
     schedule->setPlaceholderText(tr("No schedule"));
@@ -57,10 +57,10 @@ void FormCard::addScheduleRow() {
     binder_.bind("agentIntervalTypeButton", unit, &FormModel::agentIntervalTypeButton);
 
     for (QWidget* part : QList<QWidget*>{schedule, dayBox, timePicker_, interval, unit}) {
-        part->setFixedHeight(scaled(controlHeight));
+        part->setFixedHeight(scaled(partHeight));
         line->addWidget(part);
     }
-    day->setFixedHeight(scaled(controlHeight));
+    day->setFixedHeight(scaled(partHeight));
     line->addStretch();
 
     // Only the typed fields of a schedule can be faulty.

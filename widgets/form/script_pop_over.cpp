@@ -24,7 +24,7 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr Size panelSize{360, 232}, largePanelSize{640, 420}, leastPanelSize{280, 160};
+constexpr Size usualPanelSize{360, 232}, largePanelSize{640, 420}, leastPanelSize{280, 160};
 constexpr int padding = 16;
 constexpr int anchorGap = 5;     ///< between the anchor and the tip of the arrow
 constexpr int aboveArrow = 32;   ///< from the panel's top to the tip
@@ -123,7 +123,7 @@ void ScriptPopOver::placeBesideAnchor() {
     const QScreen* screen = QGuiApplication::screenAt(anchor.center());
     const PopOverPlacement placement =
         placePopOver(anchor, (screen ? screen : anchor_->screen())->availableGeometry(),
-                     {.wanted = scaledSize(larger_->isChecked() ? largePanelSize : panelSize),
+                     {.wanted = scaledSize(larger_->isChecked() ? largePanelSize : usualPanelSize),
                       .least = scaledSize(leastPanelSize),
                       .distance = scaled(anchorGap + style::PopOverFrame::arrow),
                       .corner = scaled(besideCorner),

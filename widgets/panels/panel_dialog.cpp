@@ -27,18 +27,16 @@ namespace frimbolate {
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int panelWidth = 640, panelHeight = 480, placesWidth = 152, margin = 24, gap = 8;
-
-QString toQString(const std::string& text) { return QString::fromStdString(text); }
+constexpr int dialogWidth = 640, dialogHeight = 480, placesWidth = 152, margin = 24, dialogGap = 8;
 
 QString existingFolder(const std::optional<std::string>& directory) {
-    const QString wanted = directory ? toQString(*directory) : QString();
+    const QString wanted = directory ? QString::fromStdString(*directory) : QString();
     return QFileInfo(wanted).isDir() ? QDir::cleanPath(wanted) : QDir::homePath();
 }
 
 /// The message in one line: its first sentence, without parenthesised parts.
 QString titleOf(const std::string& message) {
-    QString title = toQString(message).simplified();
+    QString title = QString::fromStdString(message).simplified();
     for (const char* end : {". ", " ("})
         title.truncate(title.indexOf(end) < 0 ? title.size() : title.indexOf(end));
     while (title.endsWith(':') || title.endsWith('.'))
@@ -68,7 +66,7 @@ PanelDialog::PanelDialog(QWidget* parent, const char* name, const std::string& m
     setUpPanelViews(*this);
     setUpNavigation();
     setSidebarUrls(panelPlaces(this->directory().absolutePath()));
-    resize(style::scaled(panelWidth), style::scaled(panelHeight));
+    resize(style::scaled(dialogWidth), style::scaled(dialogHeight));
 }
 
 PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
@@ -82,7 +80,7 @@ PanelDialog::PanelDialog(const OpenPanel& panel, QWidget* parent)
     setPrompt(panel.prompt);
     setTitle(titleOf(panel.message));
     setUpForm();
-    suggest(toQString(panel.suggestedName));
+    suggest(QString::fromStdString(panel.suggestedName));
     connect(this, &QFileDialog::directoryEntered, nameField_, &QLineEdit::clear);
 }
 
@@ -92,9 +90,11 @@ PanelDialog::PanelDialog(const SavePanel& panel, QWidget* parent)
     setFileMode(AnyFile);
     offerNewFolder(panel.canCreateDirectories);
     setPrompt(panel.prompt);
-    setTitle((toQString(panel.prompt) + ' ' + toQString(panel.nameFieldStringValue)).simplified());
+    setTitle((QString::fromStdString(panel.prompt) + ' ' +
+              QString::fromStdString(panel.nameFieldStringValue))
+                 .simplified());
     setUpForm();
-    nameField_->setText(toQString(panel.nameFieldStringValue));
+    nameField_->setText(QString::fromStdString(panel.nameFieldStringValue));
     nameField_->selectAll();
     nameField_->setFocus();
 }
@@ -109,7 +109,7 @@ QWidget* PanelDialog::header(const std::string& message) {
     auto* result = new QWidget;
     auto* lines = new QVBoxLayout(result);
     lines->setContentsMargins(margin, margin, margin, 0);
-    auto* text = new QLabel(toQString(message));
+    auto* text = new QLabel(QString::fromStdString(message));
     text->setObjectName("panelMessage");
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
@@ -128,7 +128,7 @@ void PanelDialog::addRejectionLabel() {
 void PanelDialog::setUpForm() {
     auto* grid = qobject_cast<QGridLayout*>(layout());
     grid->setContentsMargins(margin, margin / 2, margin, margin);
-    grid->setSpacing(gap);
+    grid->setSpacing(dialogGap);
     grid->setColumnStretch(1, 1);
     // The message says what can be chosen; the row of file types would only repeat it.
     for (const char* row : {"fileTypeLabel", "fileTypeCombo"})
@@ -160,7 +160,7 @@ void PanelDialog::setUpNavigation() {
     // The toolkit does not set the pop-up as buddy of its label.
     findChild<QLabel*>("lookInLabel")->setBuddy(findChild<QComboBox*>("lookInCombo"));
     findChild<QSplitter*>("splitter")
-        ->setSizes({style::scaled(placesWidth), style::scaled(panelWidth - placesWidth)});
+        ->setSizes({style::scaled(placesWidth), style::scaled(dialogWidth - placesWidth)});
 }
 
 void PanelDialog::setTitle(const QString& title) {
@@ -174,7 +174,7 @@ void PanelDialog::setPrompt(const std::string& prompt) {
     box->setStandardButtons(QDialogButtonBox::NoButton);
     auto* cancel = box->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     cancel->setObjectName("cancelButton");
-    auto* button = box->addButton(toQString(prompt), QDialogButtonBox::AcceptRole);
+    auto* button = box->addButton(QString::fromStdString(prompt), QDialogButtonBox::AcceptRole);
     button->setObjectName("promptButton");
     button->setDefault(true);
     const bool needsName = !open_ || !open_->canChooseDirectories;
@@ -209,7 +209,7 @@ void PanelDialog::allowTypes(const std::vector<std::string>& extensions) {
         return;
     QStringList patterns;
     for (const std::string& extension : extensions)
-        patterns.append("*." + toQString(extension));
+        patterns.append("*." + QString::fromStdString(extension));
     setNameFilter(patterns.join(' '));
 }
 
@@ -252,7 +252,7 @@ void PanelDialog::suggest(const QString& name) {
 }
 
 void PanelDialog::askForNewFolder() {
-    const QString proposed = open_ ? toQString(open_->suggestedName) : QString();
+    const QString proposed = open_ ? QString::fromStdString(open_->suggestedName) : QString();
     auto* sheet = new NewFolderSheet(directory().absolutePath(),
                                      proposed.isEmpty() ? tr("New folder") : proposed, this);
     connect(sheet, &QDialog::accepted, &sheets_, [this, sheet] {

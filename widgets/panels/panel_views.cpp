@@ -18,7 +18,7 @@
 namespace frimbolate {
 namespace {
 
-QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
+QString panelText(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
 
 /// Swallows the Delete key of the side bar, which would remove a place.
 class DeleteKeyFilter : public QObject {
@@ -60,8 +60,8 @@ void setUpPanelViews(QFileDialog& dialog) {
         makeHarmless(*view);
         view->setItemDelegate(rows);
         view->setMouseTracking(true);
-        view->setAccessibleName(QByteArray(name) == "sidebar" ? tr("Places")
-                                                              : tr("Files and folders"));
+        view->setAccessibleName(QByteArray(name) == "sidebar" ? panelText("Places")
+                                                              : panelText("Files and folders"));
     }
     auto* places = dialog.findChild<QAbstractItemView*>("sidebar");
     places->installEventFilter(new DeleteKeyFilter(places));

@@ -25,13 +25,13 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int panelWidth = 560, textWidth = 452, copyWidth = 44, textPadding = 10;
-constexpr int leastHeight = 64, greatestHeight = 120, greatestPanelHeight = 348;
+constexpr int commandSheetWidth = 560, commandTextWidth = 452, copyWidth = 44, textPadding = 10;
+constexpr int leastHeight = 64, greatestTextHeight = 120, greatestPanelHeight = 348;
 
 } // namespace
 
 CommandSheetView::CommandSheetView(FormBinder& binder, QWidget& mainWindow)
-    : AppSheet("executeScriptWindow", panelWidth, binder, mainWindow,
+    : AppSheet("executeScriptWindow", commandSheetWidth, binder, mainWindow,
                &AppDelegate::closeExecuteScriptWindow),
       title_(addTitle({})) {
     addWords();
@@ -135,8 +135,8 @@ void CommandSheetView::showCopied(bool hasCopied, bool isUnsafe) {
 
 void CommandSheetView::fitCommand(const QString& command) {
     const QRect needed =
-        command_->fontMetrics().boundingRect(0, 0, scaled(textWidth - 2 * textPadding), 10000,
-                                             Qt::TextWrapAnywhere | Qt::AlignLeft, command);
+        command_->fontMetrics().boundingRect(0, 0, scaled(commandTextWidth - 2 * textPadding),
+                                             10000, Qt::TextWrapAnywhere | Qt::AlignLeft, command);
     const int wanted = needed.height() + scaled(textPadding) * 7 / 2;
     // The command gets the height that the texts above it leave.
     body()->invalidate();
@@ -145,7 +145,7 @@ void CommandSheetView::fitCommand(const QString& command) {
     const int others = layout()->totalHeightForWidth(width()) - margins - command_->minimumHeight();
     const int least = scaled(leastHeight);
     const int greatest =
-        std::clamp(scaled(greatestPanelHeight) - others, least, scaled(greatestHeight));
+        std::clamp(scaled(greatestPanelHeight) - others, least, scaled(greatestTextHeight));
     command_->setFixedHeight(std::clamp(wanted, least, greatest));
 }
 

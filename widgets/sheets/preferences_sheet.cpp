@@ -16,7 +16,7 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int panelWidth = 520, labelWidth = 144, controlHeight = 32, lineGap = 8;
+constexpr int preferencesSheetWidth = 520, labelWidth = 144, controlHeight = 32, lineGap = 8;
 
 struct BoxRow {
     std::string_view outlet;
@@ -48,7 +48,7 @@ constexpr PopUpRow popUps[] = {
 } // namespace
 
 PreferencesSheet::PreferencesSheet(FormBinder& binder, QWidget& mainWindow)
-    : AppSheet("preferencesWindow", panelWidth, binder, mainWindow,
+    : AppSheet("preferencesWindow", preferencesSheetWidth, binder, mainWindow,
                &AppDelegate::closeWithoutSavingPrefs),
       grid_(new QGridLayout) {
     addTitle(tr("Preferences"));

@@ -23,16 +23,14 @@ constexpr int wideWidth = 560;
 /// The width of the form less the sheet's shadow; pixels of the 1x layout.
 constexpr int widestWidth = 616;
 /// A higher sheet, its shadow included, would extend below the form; pixels of the 1x layout.
-constexpr int greatestHeight = 348;
-constexpr int iconSide = 40;
-constexpr int iconGap = 16;
+constexpr int greatestAlertHeight = 348;
+constexpr int alertIconSide = 40;
+constexpr int alertIconGap = 16;
 constexpr int titleGap = 6;
-
-QString toQString(const std::string& text) { return QString::fromStdString(text); }
 
 /// A trailing line break would show as an empty line above the buttons.
 QString withoutLastBreak(const std::string& text) {
-    QString result = toQString(text);
+    QString result = QString::fromStdString(text);
     if (result.endsWith('\n'))
         result.chop(1);
     return result;
@@ -58,9 +56,9 @@ std::optional<int> escapeAnswer(const std::vector<std::string>& buttons) {
 
 QLabel* warningSign() {
     auto* result = new QLabel;
-    result->setPixmap(
-        style::toolIcon("warning").pixmap(QSize(iconSide, iconSide), qApp->devicePixelRatio()));
-    result->setFixedSize(iconSide, iconSide);
+    result->setPixmap(style::toolIcon("warning").pixmap(QSize(alertIconSide, alertIconSide),
+                                                        qApp->devicePixelRatio()));
+    result->setFixedSize(alertIconSide, alertIconSide);
     result->setAccessibleName(QLabel::tr("Warning"));
     return result;
 }
@@ -71,11 +69,11 @@ AlertDialog::AlertDialog(const Alert& alert, QWidget* mainWindow)
     : SheetDialog("sheetAlert", usualWidth, mainWindow),
       escapeAnswer_(escapeAnswer(alert.buttons)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(toQString(alert.messageText));
-    setAccessibleName(toQString(alert.messageText));
-    setAccessibleDescription(toQString(alert.informativeText));
+    setWindowTitle(QString::fromStdString(alert.messageText));
+    setAccessibleName(QString::fromStdString(alert.messageText));
+    setAccessibleDescription(QString::fromStdString(alert.informativeText));
     auto* content = new QHBoxLayout;
-    content->setSpacing(iconGap);
+    content->setSpacing(alertIconGap);
     content->addWidget(warningSign(), 0, Qt::AlignTop);
     content->addWidget(texts(alert), 1);
     body()->addLayout(content);
@@ -109,11 +107,11 @@ QWidget* AlertDialog::texts(const Alert& alert) {
 
 int AlertDialog::excessHeight() const {
     const int margins = height() - panelRect().height();
-    return layout()->totalHeightForWidth(width()) - margins - style::scaled(greatestHeight);
+    return layout()->totalHeightForWidth(width()) - margins - style::scaled(greatestAlertHeight);
 }
 
 void AlertDialog::makeTextScroll() {
-    const int textWidth = panelRect().width() - 2 * padding - iconSide - iconGap;
+    const int textWidth = panelRect().width() - 2 * padding - alertIconSide - alertIconGap;
     const auto needed = [textWidth](const WrappedText* text) {
         return text->isHidden() ? 0 : text->heightForWidth(textWidth);
     };
@@ -126,7 +124,7 @@ void AlertDialog::makeTextScroll() {
 void AlertDialog::addButtons(const Alert& alert) {
     QList<QPushButton*> buttons;
     for (const std::string& title : alert.buttons) {
-        auto* button = new QPushButton(toQString(title).replace('&', "&&"), this);
+        auto* button = new QPushButton(QString::fromStdString(title).replace('&', "&&"), this);
         const int answer = AlertAnswer::First + static_cast<int>(buttons.size());
         connect(button, &QPushButton::clicked, this, [this, answer] { done(answer); });
         buttons.append(button);

@@ -17,7 +17,7 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int panelWidth = 520, iconSide = 72, badgeSide = 24;
+constexpr int welcomeSheetWidth = 520, appIconSide = 72, badgeSide = 24;
 
 /// The number of a step in a filled circle.
 class Badge : public QWidget {
@@ -37,14 +37,15 @@ class Badge : public QWidget {
 } // namespace
 
 WelcomeSheet::WelcomeSheet(FormBinder& binder, QWidget& mainWindow)
-    : AppSheet("welcomeWindow", panelWidth, binder, mainWindow, &AppDelegate::closeWelcomeWindow) {
+    : AppSheet("welcomeWindow", welcomeSheetWidth, binder, mainWindow,
+               &AppDelegate::closeWelcomeWindow) {
     setWindowTitle(tr("Welcome to Frimbolate"));
     setAccessibleName(tr("Welcome to Frimbolate"));
     setBodyPadding({scaled(32), scaled(28), scaled(32), scaled(24)});
     auto* columns = new QHBoxLayout;
     columns->setSpacing(scaled(24));
     auto* icon = new QLabel(this);
-    icon->setPixmap(style::toolIcon("app").pixmap(QSize(scaled(iconSide), scaled(iconSide)),
+    icon->setPixmap(style::toolIcon("app").pixmap(QSize(scaled(appIconSide), scaled(appIconSide)),
                                                   devicePixelRatioF()));
     columns->addWidget(icon, 0, Qt::AlignTop);
     auto* column = new QVBoxLayout;

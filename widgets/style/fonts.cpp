@@ -18,7 +18,7 @@ struct Row {
     int pixels;
     QFont::Weight weight;
 };
-constexpr Row rows[] = {
+constexpr Row fontRows[] = {
     {FontRole::control, 13, QFont::Normal},
     {FontRole::rowLabel, 13, QFont::Medium},
     {FontRole::hint, 12, QFont::Normal},
@@ -81,7 +81,7 @@ double fontScale() {
 int scaled(int pixels) { return static_cast<int>(std::lround(pixels * fontScale())); }
 
 QFont font(FontRole role) {
-    const Row& row = *std::ranges::find(rows, role, &Row::role);
+    const Row& row = *std::ranges::find(fontRows, role, &Row::role);
     QFont result(familyFor(role));
     result.setPixelSize(scaled(row.pixels));
     result.setWeight(row.weight);

@@ -11,7 +11,7 @@ namespace frimbolate::style {
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int rowHeight = 28, rowMargin = 4, textMargin = 8, iconSide = 16, iconGap = 8;
+constexpr int rowHeight = 28, rowMargin = 4, textMargin = 8, rowIconSide = 16, rowIconGap = 8;
 
 /// The box of the row that an item belongs to. In a list every item is a row of its own.
 QRect rowRect(const QStyleOptionViewItem& option) {
@@ -57,11 +57,11 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
                                          -textMargin - rowMargin, 0);
     painter->save();
     if (!option.icon.isNull()) {
-        const int side = scaled(iconSide);
+        const int side = scaled(rowIconSide);
         const QRect place(content.left(), content.center().y() + 1 - side / 2, side, side);
         option.icon.paint(painter, place, Qt::AlignCenter,
                           isEnabled ? QIcon::Normal : QIcon::Disabled);
-        content.setLeft(place.right() + 1 + iconGap);
+        content.setLeft(place.right() + 1 + rowIconGap);
     }
     painter->setFont(option.font);
     painter->setPen(!isEnabled ? t.disabledText : isFirst ? t.text : t.secondaryText);
@@ -73,7 +73,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& given, const QModelIndex& index) const {
     QStyleOptionViewItem option = given;
     initStyleOption(&option, index);
-    const int icon = option.icon.isNull() ? 0 : scaled(iconSide) + iconGap;
+    const int icon = option.icon.isNull() ? 0 : scaled(rowIconSide) + rowIconGap;
     const int text = option.fontMetrics.horizontalAdvance(option.text) + 1;
     return {2 * (rowMargin + textMargin) + icon + text, scaled(rowHeight)};
 }

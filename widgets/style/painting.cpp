@@ -11,8 +11,6 @@
 namespace frimbolate::style {
 namespace {
 
-bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
-
 void stroke(QPainter& painter, const QPainterPath& path, const QColor& colour, double width) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

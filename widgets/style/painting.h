@@ -22,6 +22,10 @@ constexpr int narrowFieldWidth = 60;
 /// Width, in pixels, of the part of a field that holds its steppers.
 constexpr int stepperWidth = 25;
 
+inline bool has(const QStyleOption& option, QStyle::StateFlag flag) {
+    return option.state.testFlag(flag);
+}
+
 /// A rounded rectangle. The border lies inside it, so a wider border does not move the content.
 void drawRoundedBox(QPainter& painter, const QRectF& rect, double radius, const QColor& fill,
                     const QColor& border = Qt::transparent, double borderWidth = 1);

@@ -9,8 +9,6 @@
 namespace frimbolate::style {
 namespace {
 
-bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
-
 QIcon::Mode iconMode(const QStyleOption& option) {
     return has(option, QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled;
 }

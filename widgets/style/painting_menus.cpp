@@ -15,10 +15,8 @@ constexpr int separatorHeight = 9;
 constexpr int textLeft = 25;
 /// The margin right of the text, arrow or shortcut. A larger one clips a pop-up of 160 pixels.
 constexpr int textRight = 10;
-constexpr int iconGap = 8;
+constexpr int menuIconGap = 8;
 constexpr int shortcutGap = 32;
-
-bool has(const QStyleOption& option, QStyle::StateFlag flag) { return option.state.testFlag(flag); }
 
 /// The menu with the program's name is drawn in a heavier weight.
 bool isApplicationMenu(const QStyleOptionMenuItem& option) {
@@ -86,7 +84,7 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const 
                           isSelected  ? QIcon::Selected
                           : isEnabled ? QIcon::Normal
                                       : QIcon::Disabled);
-        text.setLeft(place.right() + 1 + iconGap);
+        text.setLeft(place.right() + 1 + menuIconGap);
     }
     paintTexts(painter, option, text, foreground,
                isSelected || !isEnabled ? foreground : t.secondaryText, style);
@@ -107,7 +105,7 @@ QSize menuItemSize(const QStyleOptionMenuItem& option, const QSize& contents) {
     if (parts.size() > 1)
         width += shortcutGap + metrics.horizontalAdvance(parts.last());
     if (!option.icon.isNull())
-        width += iconSize(option).width() + iconGap;
+        width += iconSize(option).width() + menuIconGap;
     return {width + 5 + textLeft + textRight + 5, std::max(itemHeight, metrics.height() + 8)};
 }
 
