@@ -18,17 +18,17 @@ namespace frimbolate {
 
 namespace {
 
+using Arguments = std::vector<std::string>;
+
+#ifndef __APPLE__
 /// The limit for the session bus and the accessibility bus together.
 constexpr std::chrono::milliseconds busLimit{250};
-
-using Arguments = std::vector<std::string>;
 
 bool contains(const Arguments& arguments, std::initializer_list<std::string_view> options) {
     return std::find_first_of(arguments.begin(), arguments.end(), options.begin(), options.end()) !=
            arguments.end();
 }
 
-#ifndef __APPLE__
 void printError(const std::string& text) { LineWriter(STDERR_FILENO).write("frimbolate: " + text); }
 
 void disableUnresponsiveBuses(const Arguments& arguments) {

@@ -13,8 +13,9 @@ FileRights rightsInMode(mode_t mode) {
 }
 
 mode_t modeOf(const FileRights& rights) {
-    return rights.special | rights.owner << 6 | rights.mask.value_or(rights.group) << 3 |
-           rights.other;
+    // Narrower than unsigned on macOS.
+    return static_cast<mode_t>(rights.special | rights.owner << 6 |
+                               rights.mask.value_or(rights.group) << 3 | rights.other);
 }
 
 FileRights rightsOfReplacement(FileRights before, bool sameOwner, bool sameGroup) {

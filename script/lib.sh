@@ -11,7 +11,7 @@ program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libqt6svg6
 desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi
     python3-pytest x11-utils xdotool xvfb)
 # shellcheck disable=SC2034
-test_packages=(clang-14 clang-format-14 dbus-daemon libbenchmark-dev libclang-rt-14-dev
+test_packages=(clang-14 clang-format-14 dbus-daemon libbenchmark-dev libc++-16-dev libclang-rt-14-dev
     libgmock-dev libgtest-dev libxml2-utils python3)
 
 # The tools that build the package and check it.

@@ -1,0 +1,1 @@
+#define __WORDSIZE 64
