@@ -28,7 +28,7 @@ struct SystemServices {
 
     UnifiedLog log;
     ScopedFolderAccess folderAccess;
-    UserDefaults defaults;
+    UserDefaults defaults{log};
     MacWorkspace workspace;
     MacTrash trash;
 };

@@ -2,12 +2,15 @@
 
 #import "macos/values.h"
 
+#import <Foundation/Foundation.h>
+
 namespace frimbolate {
 
 std::optional<std::string> MacTrash::moveToTrash(const std::string& path) {
-    NSString* name = stringOf(path);
-    if (!name || path.find('\0') != std::string::npos)
+    const auto text = stringOf(path);
+    if (!text || path.find('\0') != std::string::npos)
         return std::nullopt;
+    NSString* name = (__bridge NSString*)text.get();
     NSFileManager* files = NSFileManager.defaultManager;
     // Does not follow links.
     NSString* type = [files attributesOfItemAtPath:name error:nullptr].fileType;
@@ -18,7 +21,7 @@ std::optional<std::string> MacTrash::moveToTrash(const std::string& path) {
               resultingItemURL:&place
                          error:nullptr])
         return std::nullopt;
-    return toStdString(place.path);
+    return toStdString((__bridge CFStringRef)place.path);
 }
 
 } // namespace frimbolate

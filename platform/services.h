@@ -69,6 +69,10 @@ class FolderAccess {
     /// Begins or ends scoped access; without a folder both do nothing.
     virtual void begin(const std::optional<std::string>& folder) = 0;
     virtual void end(const std::optional<std::string>& folder) = 0;
+    /// A new bookmark of a folder whose bookmark was stale when it was last resolved, to be stored
+    /// in its place; nothing where it was not, or where none can be created. Call it while access
+    /// lasts.
+    virtual std::optional<Data> renewedBookmark(const std::string& folder) = 0;
 };
 
 /// The user's settings: a key/value store that outlives the process.

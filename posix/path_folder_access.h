@@ -14,6 +14,8 @@ class PathFolderAccess : public FolderAccess {
     // Without scoped grants, access needs no beginning and no end.
     void begin(const std::optional<std::string>&) override {}
     void end(const std::optional<std::string>&) override {}
+    /// Nothing: a path does not become stale.
+    std::optional<Data> renewedBookmark(const std::string&) override { return std::nullopt; }
 };
 
 } // namespace frimbolate

@@ -13,6 +13,16 @@ std::optional<Data> storedBookmark(Services& services) {
     return value && value->data() ? std::optional(*value->data()) : std::nullopt;
 }
 
+/// Begins access to the folder that a bookmark resolves to, and replaces a stale bookmark in the
+/// settings, since it may not resolve the next time.
+std::optional<std::string> beginAccess(Services& services, const Data& bookmark) {
+    auto folder = services.folderAccess.resolve(bookmark);
+    services.folderAccess.begin(folder);
+    if (const auto renewed = folder ? services.folderAccess.renewedBookmark(*folder) : std::nullopt)
+        services.defaults.set(PreferenceKey::bookmark, *renewed);
+    return folder;
+}
+
 /// The granted folder, or nothing where there is no bookmark or it does not resolve.
 std::optional<std::string> grantedFolder(Services& services) {
     const auto bookmark = storedBookmark(services);
@@ -50,9 +60,10 @@ std::string responseLine(int answer) {
 } // namespace
 
 std::optional<std::string> FolderGrant::open() {
-    auto folder = grantedFolder(services_);
-    services_.folderAccess.begin(folder);
-    return folder;
+    if (const auto bookmark = storedBookmark(services_))
+        return beginAccess(services_, *bookmark);
+    services_.folderAccess.begin(std::nullopt);
+    return std::nullopt;
 }
 
 void FolderGrant::close(const std::optional<std::string>& folder) {
@@ -65,7 +76,7 @@ void BookmarkClass::startAccessingBookmark() {
         if (!bookmark)
             throw NamedError("Bookmark not found", "Key Not Found in Plist");
         // The resolved folder is not checked: without one the log line is written all the same.
-        services_.folderAccess.begin(services_.folderAccess.resolve(*bookmark));
+        beginAccess(services_, *bookmark);
         services_.log.line("Found bookmark: " + description(*bookmark));
     } catch (const NamedError&) {
         services_.log.line("ERROR WITH ACCESSING BOOKMARK");

@@ -17,8 +17,8 @@ class FolderGrant {
     /// \param services must outlive this
     explicit FolderGrant(Services& services) : services_(services) {}
 
-    /// Resolves the stored bookmark and begins access. Returns nothing, having begun no access,
-    /// where there is no bookmark or it does not resolve.
+    /// Resolves the stored bookmark and begins access; a stale bookmark is replaced by a new one.
+    /// Returns nothing, having begun no access, where there is no bookmark or it does not resolve.
     std::optional<std::string> open();
     /// Ends access.
     /// \param folder the result of open()

@@ -274,6 +274,15 @@ TYPED_TEST(FolderAccessContract, AFolderThatIsGone) {
     EXPECT_EQ(this->access.resolve(bookmark), std::nullopt);
 }
 
+TYPED_TEST(FolderAccessContract, RenewsNoFreshBookmark) {
+    this->backend.putFolder("sub");
+    const auto path = this->backend.path("sub");
+    ASSERT_EQ(this->access.resolve(this->access.createBookmark(path)), path);
+    this->access.begin(path);
+    EXPECT_EQ(this->access.renewedBookmark(path), std::nullopt);
+    this->access.end(path);
+}
+
 TYPED_TEST(FolderAccessContract, BeginsAndEndsOnNothing) {
     const std::optional<std::string> nothing;
     EXPECT_NO_THROW(this->access.begin(nothing));

@@ -74,6 +74,31 @@ TEST_F(FolderGrantTest, ABookmarkThatLeadsNowhereIsNotDetected) {
                 ElementsAre("begin: (nothing)", "end: (nothing)", "end: (nothing)"));
 }
 
+// A stale bookmark
+
+TEST_F(FolderGrantTest, OpeningReplacesAStaleBookmark) {
+    stored["Bookmark"] = bookmarkOf("/a");
+    platform.folderAccess.renewed = Data{{1, 2}};
+    EXPECT_EQ(grant.open(), "/a");
+    EXPECT_EQ(stored["Bookmark"], Value(Data{{1, 2}}));
+}
+
+TEST_F(FolderGrantTest, TheStartReplacesAStaleBookmark) {
+    stored["Bookmark"] = bookmarkOf("/a");
+    platform.folderAccess.renewed = Data{{1, 2}};
+    bookmark.startAccessingBookmark();
+    EXPECT_EQ(stored["Bookmark"], Value(Data{{1, 2}}));
+}
+
+TEST_F(FolderGrantTest, ABookmarkThatLeadsNowhereIsNotReplaced) {
+    stored["Bookmark"] = bookmarkOf("/a");
+    platform.folderAccess.resolutionFails = true;
+    platform.folderAccess.renewed = Data{{1, 2}};
+    grant.open();
+    bookmark.startAccessingBookmark();
+    EXPECT_EQ(stored["Bookmark"], Value(bookmarkOf("/a")));
+}
+
 // The stored bookmark
 
 struct NoBookmark {

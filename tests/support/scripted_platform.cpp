@@ -142,6 +142,12 @@ void ScriptedFolderAccess::end(const std::optional<std::string>& folder) {
     --begun;
 }
 
+std::optional<Data> ScriptedFolderAccess::renewedBookmark(const std::string& folder) {
+    if (renewed && begun == 0)
+        ADD_FAILURE() << "The bookmark of " << folder << " is renewed without access";
+    return renewed;
+}
+
 // Questions
 
 ScriptedPlatform::ScriptedPlatform() = default;

@@ -99,10 +99,12 @@ class ScriptedFolderAccess : public FolderAccess {
     std::optional<std::string> resolve(const Data& bookmark) override;
     void begin(const std::optional<std::string>& folder) override;
     void end(const std::optional<std::string>& folder) override;
+    std::optional<Data> renewedBookmark(const std::string& folder) override;
 
     bool creationFails = false;
     bool resolutionFails = false;
-    int begun = 0; ///< accesses begun and not ended yet
+    std::optional<Data> renewed; ///< of a stale bookmark
+    int begun = 0;               ///< accesses begun and not ended yet
 
   private:
     Journal& journal_;

@@ -1,0 +1,64 @@
+// The part of Foundation that the program uses, declared from its public documentation.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+typedef bool BOOL;
+typedef long NSInteger;
+typedef unsigned long NSUInteger;
+#define nil nullptr
+#define YES __objc_yes
+#define NO __objc_no
+
+@class NSDictionary<Key, Object>, NSError, NSString;
+
+__attribute__((objc_root_class))
+@interface NSObject
++ (instancetype)alloc;
+- (instancetype)init;
+- (BOOL)isEqual:(id)other;
+@end
+
+@interface NSString : NSObject
+- (BOOL)isEqualToString:(NSString*)other;
+@end
+
+@interface NSArray<Element> : NSObject
+@property(readonly) NSUInteger count;
+- (Element)objectAtIndexedSubscript:(NSUInteger)index;
+@end
+
+@interface NSMutableArray<Element> : NSArray <Element>
++ (instancetype)array;
+- (void)addObject:(Element)object;
+@end
+
+@interface NSDictionary<Key, Object> : NSObject
+@end
+
+@interface NSDictionary (FileAttributes)
+@property(readonly) NSString* fileType;
+@end
+
+@interface NSURL : NSObject
++ (NSURL*)fileURLWithPath:(NSString*)path isDirectory:(BOOL)isDirectory;
+@property(readonly, copy) NSString* path;
+- (BOOL)getResourceValue:(id*)value forKey:(NSString*)key error:(NSError**)error;
+@end
+
+extern "C" NSString* const NSURLIsDirectoryKey;
+extern "C" NSString* const NSURLIsPackageKey;
+extern "C" NSString* const NSFileTypeDirectory;
+
+@interface NSNumber : NSObject
+@property(readonly) BOOL boolValue;
+@end
+
+@interface NSError : NSObject
+@end
+
+@interface NSFileManager : NSObject
+@property(class, readonly, strong) NSFileManager* defaultManager;
+- (NSDictionary<NSString*, id>*)attributesOfItemAtPath:(NSString*)path error:(NSError**)error;
+- (BOOL)trashItemAtURL:(NSURL*)url resultingItemURL:(NSURL**)result error:(NSError**)error;
+@end
