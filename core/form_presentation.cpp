@@ -41,16 +41,20 @@ FormPresentation present(const FormModel& model, const TextStyle& style) {
     auto hints = rowHints(result.record, result.faults, marked, style);
     std::array<std::string*, formRows.size()> lines = {&hints.name, &hints.target, &hints.action,
                                                        &hints.schedule};
+    result.rows[static_cast<std::size_t>(FormRow::Target)].shortHint = hints.shortTarget;
+    result.rows[static_cast<std::size_t>(FormRow::Action)].shortHint = hints.shortAction;
+    result.rows[static_cast<std::size_t>(FormRow::Schedule)].shortHint = hints.shortSchedule;
     for (const auto row : formRows) {
         const auto index = static_cast<std::size_t>(row);
         auto& shown = result.rows[index];
         // A marker stays until the next validation; the row stops looking faulty once corrected.
         shown.isFaulty = marked[index] && faultOfRow(result.faults, row);
-        shown.warns = shown.isFaulty;
+        shown.warns = shown.isFaulty || (row == FormRow::Target && hints.targetWarns);
         shown.hint = std::move(*lines[index]);
         if (row == FormRow::Schedule && !result.unreadableTime.empty()) {
             shown.hint =
                 shown.isFaulty ? shown.hint + "; " + result.unreadableTime : result.unreadableTime;
+            shown.shortHint.clear();
             shown.warns = true;
         }
     }

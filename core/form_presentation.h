@@ -13,6 +13,7 @@ namespace frimbolate {
 /// What one row of the form shows beside its controls.
 struct RowPresentation {
     std::string hint;      ///< the line below the row
+    std::string shortHint; ///< shown where the hint does not fit; empty without a shorter wording
     bool isFaulty = false; ///< the row's marker is shown and its fault still present
     bool warns = false;    ///< the hint reports an error
 };

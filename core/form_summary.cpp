@@ -4,6 +4,7 @@
 #include "core/bundle_path.h"
 #include "core/conversions.h"
 #include "core/schedule_text.h"
+#include "core/script_types.h"
 
 #include <array>
 #include <cctype>
@@ -109,10 +110,10 @@ Words launchConditions(const AgentForm& form, const Faults& faults, const TextSt
     return words;
 }
 
-std::string keptRunning(const AgentForm& form) {
+/// \param started the words after "once"
+std::string keptRunning(const AgentForm& form, std::string_view started = "it has been started") {
     std::string text = "Kept running ";
-    text += form.allowSuccessfulExit ? "until it succeeds, once it has been started"
-                                     : "once it has been started";
+    text.append(form.allowSuccessfulExit ? "until it succeeds, once " : "once ").append(started);
     return hasDemand(form) ? text : text + "; nothing in this form starts it";
 }
 
@@ -153,10 +154,20 @@ std::string missingOrInvalid(const AgentForm& form, const Faults& faults) {
     return joined(parts, "; ", "; ");
 }
 
+bool needsRemovedInterpreter(const AgentForm& form) {
+    if (form.targetType != TargetType::File)
+        return false;
+    const auto* type = scriptTypeWithExtension(targetExtension(form.targetPath));
+    return type && type->interpreter == removedInterpreter;
+}
+
 std::string targetHint(const AgentForm& form, std::string_view home) {
     if (form.targetType == TargetType::None ||
         (form.targetType == TargetType::File && form.targetPath.empty()))
         return "Choose an application or a script, or drop one on the box";
+    if (needsRemovedInterpreter(form))
+        return "macOS no longer has " + std::string(removedInterpreter) +
+               "; choose a script with its own interpreter line and no .py, or type one";
     if (form.targetType == TargetType::File)
         return shownPath(form.targetPath, home);
     return form.scriptText.empty() ? "An empty script"
@@ -182,13 +193,25 @@ std::string actionHint(const AgentForm& form, std::string_view home) {
     }
 }
 
-std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
+std::string scheduleRowHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (!usesSchedule(form))
         return "Not used: the condition above launches the agent";
     if (waitsForDemand(form))
         return "Not used: the agent waits for a first start";
-    const auto words = scheduleText(form, faults, clock);
+    const auto words = scheduleHint(form, faults, clock);
     return words.empty() ? "Never" : capitalized(words);
+}
+
+void addShortHints(RowHints& hints, const AgentForm& form, const Faults& faults,
+                   const TextStyle& style) {
+    hints.targetWarns = needsRemovedInterpreter(form);
+    if (hints.targetWarns)
+        hints.shortTarget = "macOS no longer has " + std::string(removedInterpreter) +
+                            "; choose a script without .py, or type one";
+    if (waitsForDemand(form))
+        hints.shortAction = keptRunning(form, "started");
+    else if (usesSchedule(form))
+        hints.shortSchedule = capitalized(shortScheduleHint(form, faults, style.clock));
 }
 
 } // namespace
@@ -211,8 +234,14 @@ Summary summary(const AgentForm& form, const Faults& faults, const TextStyle& st
 RowHints rowHints(const AgentForm& form, const Faults& faults, const RowFlags& marked,
                   const TextStyle& style) {
     RowHints hints{proposedFileName(form.name.empty() ? "<name>" : form.name),
-                   targetHint(form, style.home), actionHint(form, style.home),
-                   scheduleHint(form, faults, style.clock)};
+                   targetHint(form, style.home),
+                   actionHint(form, style.home),
+                   scheduleRowHint(form, faults, style.clock),
+                   {},
+                   {},
+                   {},
+                   false};
+    addShortHints(hints, form, faults, style);
     constexpr std::array<std::string RowHints::*, formRows.size()> members = {
         &RowHints::name, &RowHints::target, &RowHints::action, &RowHints::schedule};
     for (const auto row : formRows) {

@@ -34,12 +34,15 @@ struct Summary {
 Summary summary(const AgentForm& form, const Faults& faults, const TextStyle& style = {});
 
 /// The line below each row of the form. Without a full stop, since some end with a path or a file
-/// name.
+/// name. Where a hint may be too wide for its line, a shorter wording is given for the line.
 struct RowHints {
     std::string name;     ///< the file name that will be proposed
     std::string target;   ///< the chosen path or the typed script
     std::string action;   ///< what the chosen condition means
     std::string schedule; ///< "Every Monday at 07:30"
+
+    std::string shortTarget, shortAction, shortSchedule; ///< empty without a shorter wording
+    bool targetWarns = false; ///< the target's hint says why launchd could not start the target
 };
 
 /// A flag per row, by FormRow.

@@ -22,10 +22,11 @@ std::string ordinal(int number) {
     return std::to_string(number).append(teen || last > 3 ? "th" : endings[last]);
 }
 
+constexpr int everyMonthHas = 28; // days
+
 std::string onceAMonth(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (faultOfRow(faults, FormRow::Schedule))
         return "once a month" + atTime(form, clock);
-    constexpr int everyMonthHas = 28;
     const int day = dayOfMonth(form);
     return "on the " + ordinal(day) + " of every month" + atTime(form, clock) +
            (day > everyMonthHas ? ", in shorter months on a day after the month's end" : "");
@@ -84,6 +85,25 @@ std::string scheduleText(const AgentForm& form, const Faults& faults, ClockForma
     if (type == ScheduleType::AtLoad)
         return "when the agent is loaded, such as at login";
     return type == ScheduleType::OnInterval ? onInterval(form, faults) : "";
+}
+
+std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
+    const auto text = scheduleText(form, faults, clock);
+    if (text.empty() || faultOfRow(faults, FormRow::Schedule))
+        return text;
+    if (form.scheduleType == ScheduleType::OnInterval)
+        return text + "; not made up if missed while asleep";
+    return form.scheduleType == ScheduleType::AtLoad
+               ? text
+               : text + "; made up once if missed while asleep";
+}
+
+std::string shortScheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
+    if (form.scheduleType != ScheduleType::OnceAMonth || faultOfRow(faults, FormRow::Schedule) ||
+        dayOfMonth(form) <= everyMonthHas)
+        return "";
+    return "on the " + ordinal(dayOfMonth(form)) + atTime(form, clock) +
+           " or after a shorter month's end; made up once if asleep";
 }
 
 std::string unreadableTimeWords(std::string_view typed, TimeOfDay kept, ClockFormat clock) {

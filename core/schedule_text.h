@@ -20,6 +20,14 @@ namespace frimbolate {
 std::string scheduleText(const AgentForm& form, const Faults& faults,
                          ClockFormat clock = ClockFormat::TwentyFourHours);
 
+/// The same with what becomes of a run that is missed while the machine is asleep: launchd makes
+/// those of a calendar up once on waking, and drops those of an interval. Nothing is added to a
+/// faulty schedule, nor to one that no clock starts.
+std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock);
+
+/// A shorter wording of scheduleHint() for a narrow line; empty where there is none.
+std::string shortScheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock);
+
 /// The message that a typed text is no time of day, and which time the form keeps. A long text is
 /// shortened; one of blanks alone is not quoted.
 std::string unreadableTimeWords(std::string_view typed, TimeOfDay kept, ClockFormat clock);

@@ -23,6 +23,9 @@ inline constexpr std::array<ScriptType, 6> scriptTypes = {
      {"scpt", "/usr/bin/osascript", "iconScriptAppleScript.png"},
      {"workflow", "/usr/bin/automator", "iconScriptWorkflow.png", true}}};
 
+/// macOS 12.3 removed it. Agents name it all the same, as the type of a Python script says.
+inline constexpr std::string_view removedInterpreter = "/usr/bin/python";
+
 /// The type of a script that is typed in the window.
 inline constexpr const ScriptType& shellScript = scriptTypes.front();
 

@@ -54,8 +54,15 @@ TEST_P(RowPresentations, TellMarkFaultAndTime) {
 }
 
 const PresentationRow presentationRows[] = {
-    {"Sound", [](FormModel&) {}, FormRow::Schedule, "Every day at 07:30 PM", false, false},
+    {"Sound", [](FormModel&) {}, FormRow::Schedule,
+     "Every day at 07:30 PM; made up once if missed while asleep", false, false},
     {"Path", [](FormModel&) {}, FormRow::Target, "~/bin/backup.sh", false, false},
+    {"PythonThatMacOSLacks",
+     [](FormModel& model) { model.agentTargetImageWell.toolTip = "/Users/ada/tool.py"; },
+     FormRow::Target,
+     "macOS no longer has /usr/bin/python; choose a script with its own interpreter line and no "
+     ".py, or type one",
+     false, true},
     {"UnmarkedFault", [](FormModel& model) { model.agentNameTextField.stringValue = "a b"; },
      FormRow::Name, "com.frimbolate.a b.plist", false, false},
     {"MarkedFault",
@@ -105,6 +112,15 @@ const PresentationRow presentationRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Table, RowPresentations, testing::ValuesIn(presentationRows),
                          NamedAfterRow());
+
+TEST(FormPresentations, HaveNoShortWordingOfAMessage) {
+    auto model = soundModel();
+    spoilDay(model);
+    model.onMonthTextField.stringValue = "31";
+    EXPECT_NE(present(model, style).row(FormRow::Schedule).shortHint, "");
+    model.agentScheduleDatePicker.unreadableText = "7x";
+    EXPECT_EQ(present(model, style).row(FormRow::Schedule).shortHint, "");
+}
 
 TEST(FormPresentations, AgreeWithEachRendering) {
     auto model = soundModel();

@@ -342,12 +342,14 @@ const HintRow hintRows[] = {
     sound("UnknownAction", action(6), &RowHints::action, "Never launched"),
 
     sound("Weekly", schedule(ScheduleType::EveryMonday), &RowHints::schedule,
-          "Every Monday at 07:05"),
+          "Every Monday at 07:05; made up once if missed while asleep"),
     sound("Monthly", onDay("30"), &RowHints::schedule,
-          "On the 30th of every month at 07:05, in shorter months on a day after the month's end"),
+          "On the 30th of every month at 07:05, in shorter months on a day after the month's end; "
+          "made up once if missed while asleep"),
     sound("AtLoad", schedule(ScheduleType::AtLoad), &RowHints::schedule,
           "When the agent is loaded, such as at login"),
-    sound("Interval", every("90", IntervalUnit::Minutes), &RowHints::schedule, "Every 90 minutes"),
+    sound("Interval", every("90", IntervalUnit::Minutes), &RowHints::schedule,
+          "Every 90 minutes; not made up if missed while asleep"),
     sound("IntervalOfZero", every("0", IntervalUnit::Minutes), &RowHints::schedule, "Never"),
     sound("ScheduleOfPathChange", action(AgentAction::PathModified, "/a"), &RowHints::schedule,
           "Not used: the condition above launches the agent"),

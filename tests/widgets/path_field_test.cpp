@@ -108,7 +108,8 @@ TEST_P(EachField, SaysThatATildeIsNotExpanded) {
     EXPECT_TRUE(hint->isVisible());
     EXPECT_TRUE(hint->isWarning());
     EXPECT_EQ(hint->text(), QString::fromUtf8("%1: “~” is not expanded").arg(GetParam().caption));
-    edited->setText("/x.log");
+    // A root folder has a hint of its own.
+    edited->setText(GetParam().name == "rootDirectoryField" ? "" : "/x.log");
     EXPECT_NE(edited->property("faulty"), true);
     EXPECT_EQ(edited->toolTip(), "");
     EXPECT_EQ(edited->accessibleDescription(), "");
@@ -175,6 +176,26 @@ TEST_F(PathFieldTest, HighlightsAnAcceptableDrag) {
     QDragLeaveEvent left;
     QCoreApplication::sendEvent(target, &left);
     EXPECT_NE(edge(), accent);
+}
+
+TEST_F(PathFieldTest, ARootFolderNeedsRoot) {
+    show([](FormModel& model) { model.rootDirectoryField.stringValue = "/jail"; });
+    const auto* hint = find<ElidedLabel>("pathHint");
+    PathField* root = field("rootDirectoryField");
+    EXPECT_EQ(hint->text(), "Root folder: needs root");
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(root->property("faulty"), true);
+    EXPECT_EQ(root->toolTip(), "Only root may change the root folder, and an agent runs as you");
+    EXPECT_EQ(root->accessibleDescription(), root->toolTip());
+    show([](FormModel& model) { model.queueDirectoryField.stringValue = "~/Queue"; });
+    EXPECT_TRUE(hint->text().startsWith("Queue folder"));
+    show([](FormModel& model) {
+        model.queueDirectoryField.stringValue = "/Queue";
+        model.rootDirectoryField.stringValue.clear();
+    });
+    EXPECT_FALSE(hint->isVisible());
+    EXPECT_NE(root->property("faulty"), true);
+    EXPECT_EQ(root->toolTip(), "");
 }
 
 TEST_F(PathFieldTest, TheFirstPathWithATildeIsNamed) {

@@ -44,6 +44,9 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
     QString shown(int hour, int minute) const {
         return QString::fromStdString(formatTimeOfDay({hour, minute}, clock_));
     }
+    static std::string dailyHint(const QString& time) {
+        return "Every day at " + time.toStdString() + "; made up once if missed while asleep";
+    }
     QString hint() { return find<ElidedLabel>("scheduleHint")->text(); }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
@@ -90,7 +93,7 @@ class TimeFieldFixture : private ChosenLocale, public WindowTest {
     void expectTime(int hour, int minute) {
         EXPECT_EQ(line()->text().toStdString(), shown(hour, minute).toStdString());
         expectModel(hour, minute);
-        EXPECT_EQ(hint().toStdString(), ("Every day at " + shown(hour, minute)).toStdString());
+        EXPECT_EQ(hint().toStdString(), dailyHint(shown(hour, minute)));
         EXPECT_FALSE(find<ElidedLabel>("scheduleHint")->isWarning());
         EXPECT_EQ(field()->accessibleDescription().toStdString(), "");
     }

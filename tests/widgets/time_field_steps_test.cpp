@@ -120,7 +120,7 @@ TEST_F(In24Hours, TheNextKeyClearsTheWarning) {
     press(Qt::Key_Return);
     expectRejected("25:00");
     type("7");
-    EXPECT_EQ(hint(), "Every day at 09:41");
+    EXPECT_EQ(hint().toStdString(), dailyHint("09:41"));
     EXPECT_EQ(field()->accessibleDescription(), "");
 }
 

@@ -13,8 +13,11 @@ ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget* parent) : QLabel(paren
     style::setFont(this, style::FontRole::hint);
 }
 
-void ElidedLabel::setWholeText(const QString& text) {
+void ElidedLabel::setWholeText(const QString& text, const QString& shortText) {
     const QString shown = labelText(text, mode_);
+    if (shortText != shortText_)
+        update();
+    shortText_ = shortText;
     setText(shown);
     setToolTip(shown);
 }
@@ -24,6 +27,13 @@ void ElidedLabel::setWarning(bool warning) {
     update();
 }
 
-void ElidedLabel::paintEvent(QPaintEvent*) { style::paintHint(*this, mode_, warning_); }
+QString ElidedLabel::drawnText() const {
+    const bool fits = shortText_.isEmpty() || fontMetrics().horizontalAdvance(text()) <= width();
+    return fits ? text() : shortText_;
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+    style::paintHint(*this, drawnText(), mode_, warning_);
+}
 
 } // namespace frimbolate

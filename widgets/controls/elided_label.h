@@ -12,7 +12,10 @@ class ElidedLabel : public QLabel {
   public:
     explicit ElidedLabel(Qt::TextElideMode mode, QWidget* parent = nullptr);
 
-    void setWholeText(const QString& text);
+    /// \param shortText is drawn instead where the text does not fit; empty elides the text
+    void setWholeText(const QString& text, const QString& shortText = {});
+    /// What is drawn at the current width: the text or the short text. Elided if that is too wide.
+    QString drawnText() const;
     /// Whether the text reports a fault and is drawn in the warning colour.
     void setWarning(bool warning);
     bool isWarning() const { return warning_; }
@@ -24,6 +27,7 @@ class ElidedLabel : public QLabel {
 
   private:
     Qt::TextElideMode mode_;
+    QString shortText_;
     bool warning_ = false;
 };
 

@@ -1,6 +1,8 @@
 #include "widgets/drawer/drawer_panel.h"
 
 #include "core/path_hint.h"
+#include "core/root_hint.h"
+#include "widgets/controls/accessible_description.h"
 #include "widgets/controls/elided_label.h"
 #include "widgets/controls/form_binder.h"
 #include "widgets/controls/image_well_button.h"
@@ -19,9 +21,6 @@
 #include <QPropertyAnimation>
 #include <QSlider>
 #include <QToolButton>
-
-#include <algorithm>
-#include <iterator>
 
 namespace frimbolate {
 
@@ -53,8 +52,27 @@ constexpr PathRow pathFields[] = {
     {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
 };
 
-QString hintOf(const std::string& path) {
+QString tildeHint(const std::string& path) {
     return text(pathHint(path, QDir::homePath().toStdString()));
+}
+
+QString hintOf(const PathRow& row, const FormModel& form) {
+    const std::string& path = (form.*row.member).stringValue;
+    const QString tilde = tildeHint(path);
+    const bool needsRoot = tilde.isEmpty() && row.member == &FormModel::rootDirectoryField;
+    return needsRoot ? text(rootFolderHint(path)) : tilde;
+}
+
+/// The title line's words about the first hint of the drawer; empty without any.
+QString firstHint(const FormModel& form, const AgentForm& record) {
+    for (const PathRow& row : pathFields)
+        if (!tildeHint((form.*row.member).stringValue).isEmpty())
+            return DrawerPanel::tr("%1: “~” is not expanded")
+                .arg(DrawerPanel::tr(row.caption).remove('&'));
+    if (!niceLevelHint(record.niceLevel).empty())
+        return DrawerPanel::tr("Nice level: below 0 needs root");
+    const bool hasRootFolder = !rootFolderHint(record.rootDirectory).empty();
+    return hasRootFolder ? DrawerPanel::tr("Root folder: needs root") : QString();
 }
 
 class Shadow : public QWidget {
@@ -204,6 +222,15 @@ void DrawerPanel::addNiceLevel() {
     value->setAccessibleName(tr("Nice level"));
     binder_.bind("niceLevelTextField", value, &FormModel::niceLevelTextField);
     place(value, controlX + controlWidth - valueWidth, niceY, valueWidth, fieldHeight);
+
+    binder_.addUpdater([slider, value](const FormModel&, const FormPresentation& shown) {
+        const QString hint = text(niceLevelHint(shown.record.niceLevel));
+        style::setFaulty(value, !hint.isEmpty());
+        for (QWidget* control : QList<QWidget*>{slider, value}) {
+            control->setToolTip(hint);
+            updateAccessibleDescription(control, hint);
+        }
+    });
 }
 
 void DrawerPanel::addPathFields() {
@@ -215,9 +242,8 @@ void DrawerPanel::addPathFields() {
         place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
         QWidget* chooser = makeChooseButton(binder_, row.outlet, field->accessibleName(), this);
         place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
-        binder_.addUpdater([field, member = row.member](const FormModel& form) {
-            field->setHint(hintOf((form.*member).stringValue));
-        });
+        binder_.addUpdater(
+            [field, &row](const FormModel& form) { field->setHint(hintOf(row, form)); });
         y += pitch;
     }
 }
@@ -227,13 +253,10 @@ void DrawerPanel::addPathHint() {
     hint->setObjectName("pathHint");
     hint->setWarning(true);
     place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
-    binder_.addUpdater([hint](const FormModel& form) {
-        const auto* row = std::ranges::find_if(pathFields, [&form](const PathRow& each) {
-            return !hintOf((form.*each.member).stringValue).isEmpty();
-        });
-        hint->setVisible(row != std::end(pathFields));
-        if (row != std::end(pathFields))
-            hint->setWholeText(tr("%1: “~” is not expanded").arg(tr(row->caption).remove('&')));
+    binder_.addUpdater([hint](const FormModel& form, const FormPresentation& shown) {
+        const QString words = firstHint(form, shown.record);
+        hint->setVisible(!words.isEmpty());
+        hint->setWholeText(words);
     });
 }
 

@@ -224,7 +224,7 @@ void FormCard::showHints(const FormPresentation& presentation) {
     for (int i = 0; i < RowCount; ++i) {
         const Row& row = rows_[i];
         const RowPresentation& shown = presentation.row(formRows[static_cast<std::size_t>(i)]);
-        row.hint->setWholeText(text(shown.hint));
+        row.hint->setWholeText(text(shown.hint), text(shown.shortHint));
         row.hint->setWarning(shown.warns);
         updateAccessibleDescription(row.control, row.hint->text());
         for (QWidget* control : row.marked) {

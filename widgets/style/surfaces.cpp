@@ -122,13 +122,12 @@ void paintWarning(QLabel& label) {
                      label.text());
 }
 
-void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning) {
+void paintHint(QLabel& hint, const QString& text, Qt::TextElideMode mode, bool warning) {
     const Tokens& t = tokens(hint.palette());
     QPainter painter(&hint);
     painter.setPen(warning ? t.warnText : t.secondaryText);
     // A typed script may contain line breaks; a hint has one line.
-    const QString shown =
-        hint.fontMetrics().elidedText(hint.text().simplified(), mode, hint.width());
+    const QString shown = hint.fontMetrics().elidedText(text.simplified(), mode, hint.width());
     painter.drawText(hint.rect(), static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), shown);
 }
 

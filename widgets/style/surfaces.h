@@ -42,7 +42,7 @@ constexpr int warningSignSide = 20, warningSignGap = 8;
 /// A wrapped text in the warning colour, with the sign in the left margin.
 void paintWarning(QLabel& label);
 /// One line of text, elided if it is too long, in the hint or warning colour.
-void paintHint(QLabel& hint, Qt::TextElideMode mode, bool warning);
+void paintHint(QLabel& hint, const QString& text, Qt::TextElideMode mode, bool warning);
 
 /// The spread of a sheet's shadow and its downward offset; pixels.
 constexpr int sheetShadowReach = 26, sheetShadowDrop = 6;

@@ -50,7 +50,7 @@ def test_first_agent_over_the_bus(app, tools):
     tools.pick("When to launch", "Launch on schedule")
     tools.pick("Schedule", "Every Wednesday")
     tools.set_text("time", "Time of day", "07:05")
-    tools.find("label", "Every Wednesday at 07:05")
+    tools.find("label", "Every Wednesday at 07:05; made up once if missed while asleep")
     assert save(app, tools, NAME) == expected_agent(script)
 
 
@@ -66,7 +66,7 @@ def test_every_other_control_over_the_bus(app, tools):
     tools.pick("Schedule", "On Interval")
     tools.set_text("field", "Interval", "5")
     tools.pick("Unit of the interval", "minutes")
-    tools.find("label", "Every 5 minutes")
+    tools.find("label", "Every 5 minutes; not made up if missed while asleep")
     tools.use("check box", "Advanced")
     tools.pick("Priority", "Low")
     tools.set_value("Nice level", 7)
