@@ -1,0 +1,142 @@
+#include "core/check_rules.h"
+
+#include "core/launchd_keys.h"
+
+#include <algorithm>
+
+namespace frimbolate {
+
+namespace {
+
+using enum Severity;
+
+struct RuleRow {
+    Rule rule;
+    std::string_view id, key, wanted;
+    Severity severity;
+    std::array<std::string_view, 4> words;
+};
+
+constexpr RuleRow rows[] = {
+    {Rule::NoDictionary,
+     "no-dictionary",
+     "the file",
+     "a dictionary",
+     Refused,
+     {"is %1; launchd reads a dictionary of keys"}},
+    {Rule::MisspeltKey,
+     "misspelt-key",
+     "any key",
+     "a key of launchd",
+     Suspicious,
+     {"is not a key of launchd; probably %1 is meant", "is spelt %1 in launchd's manual"}},
+    {Rule::UnknownKey,
+     "unknown-key",
+     "any key",
+     "a key of launchd",
+     Note,
+     {"is not a key that launchd documents"}},
+    {Rule::WrongType,
+     "wrong-type",
+     "any key",
+     "the type of the key",
+     Suspicious,
+     {"is %1; launchd reads %2"}},
+    {Rule::LabelMissing,
+     "label-missing",
+     "Label",
+     "a string",
+     Refused,
+     {"is missing; launchd requires it", "is %1; launchd requires a string"}},
+    {Rule::NoProgram,
+     "no-program",
+     "ProgramArguments",
+     "an array of strings, or Program",
+     Refused,
+     {"is missing, and so is Program: there is nothing to run"}},
+    {Rule::IntervalNotPositive,
+     "interval-not-positive",
+     "StartInterval",
+     "an integer above 0",
+     Ignored,
+     {"is %1; launchd ignores an interval of 0 and less"}},
+};
+static_assert(std::size(rows) == ruleCount);
+
+constexpr auto table = [] {
+    std::array<CheckRule, ruleCount> rules{};
+    for (const auto& row : rows) {
+        std::size_t words = 0;
+        while (words < row.words.size() && !row.words[words].empty())
+            ++words;
+        rules[std::size_t(row.rule)] = {row.id, row.key, row.wanted, row.severity,
+                                        std::span(row.words.data(), words)};
+    }
+    return rules;
+}();
+
+/// The argument as part of a line: without control characters, which a terminal could act on, and
+/// not longer than a line.
+std::string printable(std::string_view text) {
+    constexpr std::size_t most = 120;
+    const bool isLong = text.size() > most;
+    if (isLong) {
+        std::size_t end = most;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+            --end;
+        text = text.substr(0, end);
+    }
+    std::string result(text);
+    for (char& c : result)
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            c = ' ';
+    return isLong ? result + "\u2026" : result;
+}
+
+std::string filledIn(std::string_view words, std::initializer_list<std::string_view> arguments) {
+    std::string text;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (words[i] != '%') {
+            text += words[i];
+            continue;
+        }
+        const auto argument = static_cast<std::size_t>(words[++i] - '1');
+        text += printable(arguments.begin()[argument]);
+    }
+    return text;
+}
+
+/// The place of a key path in the manual; paths of unknown keys come last, the file first.
+std::size_t rank(std::string_view path) {
+    if (path.empty())
+        return 0;
+    const auto keys = launchdKeys();
+    const auto* key = launchdKey("", path.substr(0, path.find_first_of(".[")));
+    return 1 + (key ? static_cast<std::size_t>(key - keys.data()) : keys.size());
+}
+
+} // namespace
+
+std::span<const CheckRule> checkRules() { return table; }
+
+std::string_view severityName(Severity severity) {
+    static constexpr std::string_view names[] = {"refused", "ignored", "suspicious", "note"};
+    return names[std::size_t(severity)];
+}
+
+void FindingList::add(Rule rule, std::string key, std::size_t variant,
+                      std::initializer_list<std::string_view> arguments) {
+    if (++counts_[std::size_t(rule)] > mostPerRule)
+        return;
+    const auto& row = table[std::size_t(rule)];
+    findings_.push_back({std::string(row.id), row.severity, std::move(key),
+                         filledIn(row.words[variant], arguments)});
+}
+
+std::vector<Finding> FindingList::takeSorted() {
+    std::stable_sort(findings_.begin(), findings_.end(),
+                     [](const Finding& a, const Finding& b) { return rank(a.key) < rank(b.key); });
+    return std::move(findings_);
+}
+
+} // namespace frimbolate
