@@ -7,18 +7,6 @@
 
 namespace frimbolate {
 
-namespace {
-
-bool areEqualWithoutCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [lower](char x, char y) { return lower(x) == lower(y); });
-}
-
-} // namespace
-
 const std::string* CheckedAgent::string(std::string_view key) const {
     const auto* value = find(keys, key);
     return value ? value->string() : nullptr;
@@ -39,14 +27,25 @@ const Dictionary* CheckedAgent::dictionary(std::string_view key) const {
     return value ? value->dictionary() : nullptr;
 }
 
-bool CheckedAgent::isTrue(std::string_view key) const {
+bool CheckedAgent::isSet(std::string_view key) const {
     const auto* value = find(keys, key);
     return value && value->boolean() && *value->boolean();
 }
 
-bool CheckedAgent::hasInAnyCase(std::string_view key) const {
-    return std::any_of(keys.begin(), keys.end(),
-                       [key](const auto& entry) { return areEqualWithoutCase(entry.first, key); });
+bool CheckedAgent::hasInAnotherCase(std::string_view key) const {
+    return std::any_of(keys.begin(), keys.end(), [key](const auto& entry) {
+        return entry.first != key && areEqualWithoutCase(entry.first, key);
+    });
+}
+
+PathState CheckedAgent::pathState(std::string_view path) const {
+    if (!context.pathState || !path.starts_with('/'))
+        return PathState::Unknown;
+    const auto end = path.find('/', 1);
+    if (end != std::string_view::npos &&
+        context.pathState(std::string(path.substr(0, end))) != PathState::Folder)
+        return PathState::Unknown;
+    return context.pathState(std::string(path));
 }
 
 std::string elementPath(std::string_view key, std::size_t index) {
@@ -64,9 +63,13 @@ std::vector<Finding> checkAgent(const Value& agent, const CheckContext& context)
     FindingList findings;
     if (const auto* keys = agent.dictionary()) {
         const CheckedAgent checked{*keys, context, findings};
+        checkFile(checked);
         checkKeys(checked);
-        checkRequiredKeys(checked);
+        checkProgram(checked);
+        checkPaths(checked);
         checkSchedule(checked);
+        checkTriggers(checked);
+        checkExecution(checked);
     } else {
         findings.add(Rule::NoDictionary, "", 0, {kindWithArticle(agent)});
     }

@@ -8,73 +8,6 @@ namespace frimbolate {
 
 namespace {
 
-using enum Severity;
-
-struct RuleRow {
-    Rule rule;
-    std::string_view id, key, wanted;
-    Severity severity;
-    std::array<std::string_view, 4> words;
-};
-
-constexpr RuleRow rows[] = {
-    {Rule::NoDictionary,
-     "no-dictionary",
-     "the file",
-     "a dictionary",
-     Refused,
-     {"is %1; launchd reads a dictionary of keys"}},
-    {Rule::MisspeltKey,
-     "misspelt-key",
-     "any key",
-     "a key of launchd",
-     Suspicious,
-     {"is not a key of launchd; probably %1 is meant", "is spelt %1 in launchd's manual"}},
-    {Rule::UnknownKey,
-     "unknown-key",
-     "any key",
-     "a key of launchd",
-     Note,
-     {"is not a key that launchd documents"}},
-    {Rule::WrongType,
-     "wrong-type",
-     "any key",
-     "the type of the key",
-     Suspicious,
-     {"is %1; launchd reads %2"}},
-    {Rule::LabelMissing,
-     "label-missing",
-     "Label",
-     "a string",
-     Refused,
-     {"is missing; launchd requires it", "is %1; launchd requires a string"}},
-    {Rule::NoProgram,
-     "no-program",
-     "ProgramArguments",
-     "an array of strings, or Program",
-     Refused,
-     {"is missing, and so is Program: there is nothing to run"}},
-    {Rule::IntervalNotPositive,
-     "interval-not-positive",
-     "StartInterval",
-     "an integer above 0",
-     Ignored,
-     {"is %1; launchd ignores an interval of 0 and less"}},
-};
-static_assert(std::size(rows) == ruleCount);
-
-constexpr auto table = [] {
-    std::array<CheckRule, ruleCount> rules{};
-    for (const auto& row : rows) {
-        std::size_t words = 0;
-        while (words < row.words.size() && !row.words[words].empty())
-            ++words;
-        rules[std::size_t(row.rule)] = {row.id, row.key, row.wanted, row.severity,
-                                        std::span(row.words.data(), words)};
-    }
-    return rules;
-}();
-
 /// The argument as part of a line: without control characters, which a terminal could act on, and
 /// not longer than a line.
 std::string printable(std::string_view text) {
@@ -117,8 +50,6 @@ std::size_t rank(std::string_view path) {
 
 } // namespace
 
-std::span<const CheckRule> checkRules() { return table; }
-
 std::string_view severityName(Severity severity) {
     static constexpr std::string_view names[] = {"refused", "ignored", "suspicious", "note"};
     return names[std::size_t(severity)];
@@ -128,7 +59,7 @@ void FindingList::add(Rule rule, std::string key, std::size_t variant,
                       std::initializer_list<std::string_view> arguments) {
     if (++counts_[std::size_t(rule)] > mostPerRule)
         return;
-    const auto& row = table[std::size_t(rule)];
+    const auto& row = checkRules()[std::size_t(rule)];
     findings_.push_back({std::string(row.id), row.severity, std::move(key),
                          filledIn(row.words[variant], arguments)});
 }

@@ -13,17 +13,70 @@ namespace frimbolate {
 enum class Rule : std::uint8_t {
     // The file
     NoDictionary,
-    // Keys and types
+    FileWritable,
+    FileOwner,
+    FileName,
+    // Names and types of keys
     MisspeltKey,
+    MisplacedKey,
     UnknownKey,
     WrongType,
-    // What the agent is called and runs
+    EnvironmentType,
+    // Keys that launchd does not read, or should not be given
+    DaemonKey,
+    DroppedKey,
+    ReportedKey,
+    EnabledKey,
+    RetiredKey,
+    DiscouragedKey,
+    DisabledDefault,
+    // Label and program
     LabelMissing,
+    LabelEmpty,
     NoProgram,
-    // Schedule
-    IntervalNotPositive
+    ArgumentsString,
+    ArgumentsEmpty,
+    ProgramRelative,
+    ArgumentsRelative,
+    ArgumentsSearched,
+    ProgramNotFound,
+    ProgramNotExecutable,
+    ScriptNotFound,
+    BundleProgram,
+    // Paths
+    Tilde,
+    Variable,
+    LogFolderMissing,
+    ProtectedFolder,
+    // Calendar and interval
+    CalendarRange,
+    CalendarMissingDay,
+    CalendarLeapDay,
+    CalendarShortMonth,
+    CalendarWildcard,
+    CalendarDayAndWeekday,
+    CalendarWeekdayAndMonth,
+    CalendarShadowed,
+    IntervalNotPositive,
+    // What starts the agent
+    EmptyTrigger,
+    NoTrigger,
+    ShadowedTrigger,
+    KeepAliveInterval,
+    RunAtLoadOff,
+    AfterInitialDemand,
+    LaunchOnce,
+    // How it runs
+    PressuredExit,
+    Debugger,
+    NiceRange,
+    NiceRoot,
+    RootDirectory,
+    UmaskDecimal,
+    ProcessType,
+    ExitTimeOut
 };
-inline constexpr std::size_t ruleCount = std::size_t(Rule::IntervalNotPositive) + 1;
+inline constexpr std::size_t ruleCount = std::size_t(Rule::ExitTimeOut) + 1;
 
 /// Collects findings, at most `mostPerRule` of one rule, so that a damaged file of any size yields
 /// a list that can be read.
@@ -57,15 +110,24 @@ struct CheckedAgent {
     const Array* array(std::string_view key) const;
     const Dictionary* dictionary(std::string_view key) const;
     /// Whether the key is the boolean true.
-    bool isTrue(std::string_view key) const;
-    /// Whether the file has a key of this name, in any case of its letters.
-    bool hasInAnyCase(std::string_view key) const;
+    bool isSet(std::string_view key) const;
+    /// Whether the file has this key, but in another case of its letters.
+    bool hasInAnotherCase(std::string_view key) const;
+    /// What stands at a path; Unknown where the first folder of the path is not on this machine.
+    PathState pathState(std::string_view path) const;
 };
 
+/// Whether a key that names what to run has a value that can. One in other letters' case counts.
+bool namesProgram(const CheckedAgent& agent);
+
 // The groups of rules.
+void checkFile(const CheckedAgent& agent);
 void checkKeys(const CheckedAgent& agent);
-void checkRequiredKeys(const CheckedAgent& agent);
+void checkProgram(const CheckedAgent& agent);
+void checkPaths(const CheckedAgent& agent);
 void checkSchedule(const CheckedAgent& agent);
+void checkTriggers(const CheckedAgent& agent);
+void checkExecution(const CheckedAgent& agent);
 
 /// "ProgramArguments[1]"
 std::string elementPath(std::string_view key, std::size_t index);

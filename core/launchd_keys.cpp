@@ -160,19 +160,16 @@ constexpr std::size_t longestName = 48;
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-bool areEqualWithoutCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
-}
-
 /// The number of letters to insert, remove, replace or swap with their neighbour, without case.
 /// \pre both names have at most longestName characters
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    using Row = std::array<std::size_t, longestName + 1>;
-    Row beforeLast{}, last{}, current{};
+    std::array<std::array<std::size_t, longestName + 1>, 3> rows;
     for (std::size_t j = 0; j <= b.size(); ++j)
-        last[j] = j;
+        rows[0][j] = j;
     for (std::size_t i = 1; i <= a.size(); ++i) {
+        const auto& beforeLast = rows[(i + 1) % 3];
+        const auto& last = rows[(i + 2) % 3];
+        auto& current = rows[i % 3];
         current[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
             const bool same = lower(a[i - 1]) == lower(b[j - 1]);
@@ -183,10 +180,8 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
             if (isSwap)
                 current[j] = std::min(current[j], beforeLast[j - 2] + 1);
         }
-        beforeLast = last;
-        last = current;
     }
-    return last[b.size()];
+    return rows[a.size() % 3][b.size()];
 }
 
 bool isWorthWriting(const LaunchdKey& key) {
@@ -206,6 +201,11 @@ unsigned kindOf(const Value& value) {
 }
 
 } // namespace
+
+bool areEqualWithoutCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lower(x) == lower(y); });
+}
 
 std::span<const LaunchdKey> launchdKeys() { return keys; }
 
@@ -245,6 +245,16 @@ const LaunchdKey* nearestLaunchdKey(std::string_view parent, std::string_view na
 
 bool isOfKinds(const Value& value, unsigned kinds) {
     return kinds == Kinds::Any || (kindOf(value) & kinds) != 0;
+}
+
+std::string kindsInWords(unsigned kinds) {
+    static constexpr std::string_view names[] = {"a string", "a boolean", "an integer", "an array",
+                                                 "a dictionary"};
+    std::string text;
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        if ((kinds >> i & 1U) != 0)
+            text.append(text.empty() ? "" : " or ").append(names[i]);
+    return text;
 }
 
 std::string kindWithArticle(const Value& value) {

@@ -67,8 +67,14 @@ bool hasKnownKeys(std::string_view parent);
 /// Only keys that are worth writing are proposed.
 const LaunchdKey* nearestLaunchdKey(std::string_view parent, std::string_view name);
 
+/// Whether two names differ at most in the case of their Latin letters.
+bool areEqualWithoutCase(std::string_view a, std::string_view b);
+
 /// Whether a value is of one of the kinds. A boolean is no integer, and neither is a real.
 bool isOfKinds(const Value& value, unsigned kinds);
+
+/// The kinds by name: "a boolean or a dictionary".
+std::string kindsInWords(unsigned kinds);
 
 /// The name of a value's kind with its article: "an integer"; "data".
 std::string kindWithArticle(const Value& value);
