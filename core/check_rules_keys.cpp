@@ -125,6 +125,8 @@ class KeyChecks {
     }
 
     void reportUnknown(std::string_view parent, std::string_view name, std::string path) {
+        if (++unknownKeys_ > mostUnknownKeys)
+            return;
         const auto keys = launchdKeys();
         const auto elsewhere = std::find_if(keys.begin(), keys.end(), [name](const auto& key) {
             return key.name == name && !key.parent.ends_with('*');
@@ -139,8 +141,12 @@ class KeyChecks {
             findings_.add(Rule::UnknownKey, std::move(path));
     }
 
+    /// A search for the nearest key takes long beside the other rules.
+    static constexpr int mostUnknownKeys = 100;
+
     FindingList& findings_;
     bool namesProgram_;
+    int unknownKeys_ = 0;
 };
 
 } // namespace

@@ -13,6 +13,7 @@ namespace {
 constexpr const char* calendarKey = "StartCalendarInterval";
 constexpr std::int64_t wildcard = -1;
 constexpr std::int64_t february = 2;
+constexpr std::int64_t shortestMonth = 28;
 
 struct Month {
     std::string_view name;
@@ -88,7 +89,7 @@ std::string runInstead(const Times& times) {
 }
 
 void checkDay(const Times& times, const std::string& path, FindingList& findings) {
-    constexpr std::int64_t shortestMonth = 28, leapDay = 29;
+    constexpr std::int64_t leapDay = 29;
     if (times.day <= shortestMonth)
         return;
     if (times.month == wildcard) {
@@ -143,6 +144,9 @@ std::optional<std::size_t> coveredBy(const IndexedTimes& entry,
             candidate.hour = wildcard;
         if ((dropped & 4U) != 0)
             candidate.minute = wildcard;
+        // On the day that stands for a missing one, wildcards match a single time.
+        if (candidate.day > shortestMonth && (dropped & 6U) != 0)
+            continue;
         const auto found =
             std::lower_bound(sorted.begin(), sorted.end(), IndexedTimes{candidate, 0});
         if (found == sorted.end() || found->times != candidate)

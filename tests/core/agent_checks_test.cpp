@@ -101,6 +101,16 @@ TEST(AgentChecks, ReportAtMostTwentyFindingsOfARule) {
     EXPECT_THAT(checkAgent(agent), SizeIs(20));
 }
 
+TEST(AgentChecks, LookForTheNearestOfAHundredUnknownKeys) {
+    auto agent = poller();
+    for (int i = 100; i < 199; ++i)
+        agent["Unheard" + std::to_string(i)] = i;
+    agent["Watchpath"] = Array{};
+    EXPECT_THAT(checkAgent(agent), SizeIs(21));
+    agent["Unheard199"] = 199;
+    EXPECT_THAT(checkAgent(agent), SizeIs(20));
+}
+
 TEST(AgentChecks, ShortenLongTextsBetweenCharacters) {
     // 119 bytes, then a character of two bytes across the limit of 120.
     const auto agent = edited(backup(), {{"ProcessType", std::string(119, 'x') + "\u00e9tail"}});

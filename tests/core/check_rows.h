@@ -5,6 +5,7 @@
 #include "core/agent_checks.h"
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +23,7 @@ struct CheckRow {
     CheckContext context = {};
 
     bool breaksRule() const;
+    friend void PrintTo(const CheckRow& row, std::ostream* out) { *out << description(row.agent); }
 };
 
 /// The keys to set; nothing removes the key.

@@ -180,6 +180,12 @@ std::vector<CheckRow> shadowRows() {
         return result;
     };
     const Dictionary hourly{{"Minute", 5}};
+    auto wildcard = [](CheckRow made) {
+        made.findings.insert(made.findings.begin(),
+                             "calendar-wildcard StartCalendarInterval[1]: has no Minute: launchd "
+                             "runs it every minute");
+        return made;
+    };
     return {
         row("SameTwice", {timed({}), timed({})}, {{1, 0}}),
         row("SameThreeTimes", {timed({}), timed({}), timed({})}, {{1, 0}, {2, 0}}),
@@ -194,6 +200,8 @@ std::vector<CheckRow> shadowRows() {
             {timed({{"Weekday", 1}}), timed({{"Weekday", 2}}), timed({{"Weekday", 3}})}, {}),
         row("DaysOfMonths", {timed({{"Month", 3}, {"Day", 1}}), timed({{"Day", 1}, {"Month", 5}})},
             {}),
+        wildcard(row("WithinAnHourOfTheDay", {timed({{"Day", 28}}), {{"Day", 28}, {"Hour", 7}}},
+                     {{0, 1}})),
         row("One", {timed({})}, {}),
     };
 }
