@@ -137,7 +137,7 @@ std::vector<CheckRow> relativeRows() {
 std::vector<CheckRow> fileRows() {
     const std::string missing = ": does not exist on this machine";
     const std::string script =
-        "script-not-found ProgramArguments[1]: names a script that does not exist on this machine";
+        "script-not-found ProgramArguments[1]: does not exist on this machine";
     const auto found = [](const char* name, const char* program, std::vector<std::string> texts) {
         return CheckRow{name, "program-not-found", withProgram(program), std::move(texts),
                         machine()};

@@ -216,7 +216,7 @@ std::vector<CheckRow> scheduleCheckRows() {
         return "interval-not-positive StartInterval: is " + std::string(number) +
                "; launchd ignores an interval of 0 and less";
     };
-    const std::string none = "no-trigger : holds no key that starts the agent";
+    const std::string none = "no-trigger : has no key that starts it";
     std::vector<CheckRow> rows = {
         {"NoSeconds", "interval-not-positive", every(0), {none, ignored("0")}},
         {"NegativeSeconds", "interval-not-positive", every(-60), {none, ignored("-60")}},

@@ -4,7 +4,7 @@ namespace frimbolate::test {
 
 namespace {
 
-const std::string none = "no-trigger : holds no key that starts the agent";
+const std::string none = "no-trigger : has no key that starts it";
 
 /// poller() with these keys and without its interval.
 Dictionary startedBy(const Edits& edits) {

@@ -1,0 +1,102 @@
+#include "core/form_findings.h"
+
+#include "core/agent_plist.h"
+
+#include <algorithm>
+
+namespace frimbolate {
+
+namespace {
+
+using Row = std::optional<FormRow>;
+constexpr Row drawer = std::nullopt;
+
+/// What a key is called in the form, and the row that it is from.
+struct Origin {
+    std::string_view key; ///< without the keys and indexes behind it
+    std::string_view name;
+    Row row;
+};
+
+constexpr Origin origins[] = {
+    {"", "The agent", FormRow::Action},
+    {"Label", "The name", FormRow::Name},
+    {"ProgramArguments", "The program", FormRow::Target},
+    {"KeepAlive", "The agent", FormRow::Action},
+    {"StartOnMount", "The mounting of a volume", FormRow::Action},
+    {"WatchPaths", "The watched path", FormRow::Action},
+    {"StartInterval", "The interval", FormRow::Schedule},
+    {"StartCalendarInterval", "The schedule", FormRow::Schedule},
+    {"RunAtLoad", "The loading", FormRow::Schedule},
+    {"Nice", "The nice level", drawer},
+    {"QueueDirectories", "The queue directory", drawer},
+    {"RootDirectory", "The root directory", drawer},
+    {"WorkingDirectory", "The working directory", drawer},
+    {"StandardInPath", "The standard input", drawer},
+    {"StandardOutPath", "The standard output", drawer},
+    {"StandardErrorPath", "The standard error", drawer},
+};
+
+const Origin* originOf(std::string_view key) {
+    const auto first = key.substr(0, key.find_first_of(".["));
+    const auto* found = std::find_if(std::begin(origins), std::end(origins),
+                                     [first](const Origin& origin) { return origin.key == first; });
+    return found == std::end(origins) ? nullptr : found;
+}
+
+/// An additional condition of the drawer replaces that of a row.
+Row rowOf(const Origin& origin, const AgentForm& form) {
+    const bool isAdditional =
+        (origin.key == "WatchPaths" && form.alsoRunOnPathChange) ||
+        (origin.key == "StartOnMount" && form.action != AgentAction::VolumeMounted);
+    return isAdditional ? drawer : origin.row;
+}
+
+/// The arguments of a chosen file are the file alone, or its interpreter and the file.
+std::string_view nameOf(const Origin& origin, const Finding& finding) {
+    if (finding.key == "ProgramArguments[1]")
+        return "The script";
+    if (finding.key == "StartCalendarInterval.Day")
+        return "The day";
+    return origin.name;
+}
+
+/// Whether the form says so itself, since something is missing in it.
+bool isOfIncompleteForm(const Finding& finding, const AgentForm& form, const Faults& faults) {
+    return (finding.rule == "arguments-empty" && form.targetPath.empty()) ||
+           (finding.rule == "no-trigger" && !faults.empty());
+}
+
+} // namespace
+
+std::vector<FormFinding> formFindings(const AgentForm& form, const Faults& faults,
+                                      const CheckContext& context) {
+    CheckContext machine;
+    machine.home = context.home;
+    machine.pathState = context.pathState;
+    const auto label = std::string(labelPrefix) + form.name;
+    std::vector<FormFinding> result;
+    for (auto& finding : checkAgent(buildAgentPlist(form, label), machine)) {
+        const auto* origin = originOf(finding.key);
+        if (!origin || isOfIncompleteForm(finding, form, faults))
+            continue;
+        const Row row = rowOf(*origin, form);
+        if (row && faultOfRow(faults, *row))
+            continue;
+        auto text = std::string(nameOf(*origin, finding)).append(" ").append(finding.text);
+        result.push_back({row, std::move(text), std::move(finding)});
+    }
+    return result;
+}
+
+const FormFinding* findingOfRow(const std::vector<FormFinding>& findings,
+                                std::optional<FormRow> row) {
+    const FormFinding* worst = nullptr;
+    for (const auto& candidate : findings)
+        if (candidate.row == row &&
+            (!worst || candidate.finding.severity < worst->finding.severity))
+            worst = &candidate;
+    return worst;
+}
+
+} // namespace frimbolate
