@@ -20,9 +20,16 @@ std::string printable(std::string_view text) {
         text = text.substr(0, end);
     }
     std::string result(text);
-    for (char& c : result)
-        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
-            c = ' ';
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(result[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < result.size() ? result[i + 1] : 0);
+        // In UTF-8, C1 is 0xC2 and a byte of 0x80 to 0x9F.
+        const bool isC1 = byte == 0xC2 && next >= 0x80 && next <= 0x9F;
+        if (isC1)
+            result[i + 1] = ' ';
+        if (isC1 || byte < 0x20 || byte == 0x7F)
+            result[i] = ' ';
+    }
     return isLong ? result + "\u2026" : result;
 }
 

@@ -361,7 +361,7 @@ constexpr RuleRow rows[] = {
      "ProcessType",
      "Background, Standard, Adaptive or Interactive",
      Suspicious,
-     {"is “%1”; launchd knows Background, Standard, Adaptive and Interactive"}},
+     {"is “%1”; launchd's manual names Background, Standard, Adaptive and Interactive"}},
     {Rule::ExitTimeOut,
      "exit-timeout",
      "ExitTimeOut",

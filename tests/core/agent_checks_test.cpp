@@ -117,13 +117,15 @@ TEST(AgentChecks, ShortenLongTextsBetweenCharacters) {
     const auto findings = checkAgent(agent);
     ASSERT_THAT(findings, SizeIs(1));
     EXPECT_EQ(findings[0].text, "is “" + std::string(119, 'x') +
-                                    "\u2026”; launchd knows "
+                                    "\u2026”; launchd's manual names "
                                     "Background, Standard, Adaptive and Interactive");
 }
 
 TEST(AgentChecks, ShowNoControlCharacters) {
     const auto agent = edited(backup(), {{"ProcessType", "a\x1b[31m\n\x7f"}});
     EXPECT_THAT(checkAgent(agent)[0].text, testing::StartsWith("is “a [31m  ”;"));
+    const auto others = edited(backup(), {{"ProcessType", "\u00809\u009f\u00a0\u00a9\xc2"}});
+    EXPECT_THAT(checkAgent(others)[0].text, testing::StartsWith("is “  9  \u00a0\u00a9\xc2”;"));
 }
 
 TEST(AgentChecks, NameTheSeverities) {

@@ -19,7 +19,7 @@ std::vector<CheckRow> executionCheckRows() {
                              "user";
     const auto type = [](const std::string& name) {
         return "process-type ProcessType: is “" + name +
-               "”; launchd knows Background, Standard, Adaptive and Interactive";
+               "”; launchd's manual names Background, Standard, Adaptive and Interactive";
     };
     const auto ofLoginWindow = [](const char* key, Value value, Value session) {
         return edited(backup(),
