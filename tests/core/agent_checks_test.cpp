@@ -1,7 +1,7 @@
 // The findings of over 200 made agents, each of which breaks one rule or keeps it.
 #include "core/agent_checks.h"
 
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>

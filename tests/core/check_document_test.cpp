@@ -2,7 +2,7 @@
 #include "core/agent_checks.h"
 
 #include "plist/property_list_reader.h"
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include "core/agent_plist.h"
 #include "core/calendar_runs.h"
 #include "core/launchd_keys.h"
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 #include "tests/support/random_values.h"
 
 #include <gmock/gmock.h>

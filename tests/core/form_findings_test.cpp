@@ -1,7 +1,7 @@
 #include "core/form_findings.h"
 
 #include "core/agent_plist.h"
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 #include "tests/support/rows.h"
 
 #include <gmock/gmock.h>

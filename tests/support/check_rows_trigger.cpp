@@ -1,4 +1,4 @@
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 
 namespace frimbolate::test {
 

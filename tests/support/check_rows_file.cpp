@@ -1,4 +1,4 @@
-#include "tests/core/check_rows.h"
+#include "tests/support/check_rows.h"
 
 namespace frimbolate::test {
 
@@ -76,6 +76,11 @@ std::vector<CheckRow> fileCheckRows() {
          backup(),
          {otherName},
          inFile("/x/com.example.backup.plist.old")},
+        {"FileNameOfNoLabel",
+         "file-name",
+         label(""),
+         {"label-empty Label: is empty; no other agent may have the same label"},
+         inFile("/x/com.example.backup.plist")},
         {"FileNameOfLabel", "file-name", backup(), {}, inFile("/x/com.example.backup.plist")},
         {"FileNameWithoutFolder", "file-name", backup(), {}, inFile("com.example.backup.plist")},
         {"FileNameWithoutSuffix", "file-name", backup(), {}, inFile("/x/com.example.backup")},
