@@ -1,13 +1,11 @@
 // When launchd runs an agent that has a StartCalendarInterval.
 #pragma once
 
-#include <chrono>
+#include "core/wall_clock.h"
+
 #include <optional>
 
 namespace frimbolate {
-
-/// A wall-clock time of the user's zone, to the minute.
-using LocalMinute = std::chrono::local_time<std::chrono::minutes>;
 
 /// One dictionary of StartCalendarInterval. A missing key matches every value.
 struct CalendarInterval {

@@ -7,8 +7,10 @@
 #include "core/agent_form.h"
 #include "core/time_of_day.h"
 #include "core/validation.h"
+#include "core/wall_clock.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,8 @@ struct TextStyle {
     /// the style.
     std::string_view home = {};
     ClockFormat clock = ClockFormat::TwentyFourHours;
+    /// The clock by which the next run is computed; without it no next run is claimed.
+    std::optional<WallClock> now = {};
 };
 
 /// One sentence: when launchd runs what, or what is still missing or wrong.
