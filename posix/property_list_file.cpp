@@ -51,6 +51,19 @@ PropertyListFile parsed(const std::string& bytes) {
     }
 }
 
+PropertyListFile contentOf(int file, const struct stat& status) {
+    if (!S_ISREG(status.st_mode))
+        return refused(FileCondition::inaccessible, "it is not a regular file");
+    if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
+        return refused(FileCondition::damaged, tooLarge);
+    const auto bytes = readBytes(file);
+    if (!bytes)
+        return refused(FileCondition::inaccessible, errnoMessage());
+    if (bytes->size() > maximumPlistBytes)
+        return refused(FileCondition::damaged, tooLarge);
+    return parsed(*bytes);
+}
+
 } // namespace
 
 PropertyListFile readPropertyListFile(const std::string& path) {
@@ -63,16 +76,10 @@ PropertyListFile readPropertyListFile(const std::string& path) {
     struct stat status {};
     if (::fstat(file.number(), &status) != 0)
         return refused(FileCondition::inaccessible, errnoMessage());
-    if (!S_ISREG(status.st_mode))
-        return refused(FileCondition::inaccessible, "it is not a regular file");
-    if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
-        return refused(FileCondition::damaged, tooLarge);
-    const auto bytes = readBytes(file.number());
-    if (!bytes)
-        return refused(FileCondition::inaccessible, errnoMessage());
-    if (bytes->size() > maximumPlistBytes)
-        return refused(FileCondition::damaged, tooLarge);
-    return parsed(*bytes);
+    PropertyListFile result = contentOf(file.number(), status);
+    result.mode = status.st_mode & 07777;
+    result.owner = status.st_uid;
+    return result;
 }
 
 std::optional<std::string> writePropertyListFile(const std::string& path,

@@ -21,6 +21,8 @@ struct PropertyListFile {
     Dictionary dictionary; ///< empty unless read
     std::string reason;    ///< a clause such as "it is not a regular file"; empty when read. For a
                            ///< damaged text it ends with the line, "… (line 12)"
+    std::optional<mode_t> mode = {}; ///< permission bits; nothing where no file was opened
+    std::optional<uid_t> owner = {};
 };
 
 /// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.

@@ -1,0 +1,59 @@
+#include "core/agent_overview.h"
+
+#include "core/agent_reader.h"
+#include "core/conversions.h"
+
+namespace frimbolate {
+
+namespace {
+
+AgentKind kindOf(std::string_view path) {
+    switch (agentOrigin(path)) {
+    case AgentOrigin::Own:
+        return AgentKind::Own;
+    case AgentOrigin::EarlierVersion:
+        return AgentKind::EarlierVersion;
+    default:
+        return AgentKind::OtherProgram;
+    }
+}
+
+std::string nameOf(const Dictionary& agent, AgentKind kind, const std::string& path) {
+    const Value* label = find(agent, "Label");
+    const std::string* text = label ? label->string() : nullptr;
+    if (kind == AgentKind::OtherProgram)
+        return text && !text->empty() ? *text : std::string(afterLast(path, "/"));
+    return agentNameFromLabel(text ? std::string_view(*text) : afterLast(path, "/"));
+}
+
+} // namespace
+
+bool isAgentOn(const Dictionary& agent) {
+    const Value* enabled = find(agent, "Enabled");
+    const Value* disabled = find(agent, "Disabled");
+    return (!enabled || toBoolOrFalse(*enabled)) && !(disabled && toBoolOrFalse(*disabled));
+}
+
+AgentOverview agentOverview(const Value& agent, const std::string& path, const CheckContext&,
+                            const TextStyle&) {
+    const Dictionary* keys = agent.dictionary();
+    if (!keys)
+        return unreadableOverview(path,
+                                  "it holds no dictionary, but: " + std::string(agent.kind()));
+    AgentOverview overview;
+    overview.path = path;
+    overview.kind = kindOf(path);
+    overview.name = nameOf(*keys, overview.kind, path);
+    overview.isOn = isAgentOn(*keys);
+    return overview;
+}
+
+AgentOverview unreadableOverview(const std::string& path, const std::string& reason) {
+    AgentOverview overview;
+    overview.path = path;
+    overview.name = afterLast(path, "/");
+    overview.sentence = "Cannot be read: " + reason + ".";
+    return overview;
+}
+
+} // namespace frimbolate
