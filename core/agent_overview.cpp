@@ -2,6 +2,7 @@
 
 #include "core/agent_reader.h"
 #include "core/conversions.h"
+#include "core/next_run.h"
 
 namespace frimbolate {
 
@@ -28,14 +29,8 @@ std::string nameOf(const Dictionary& agent, AgentKind kind, const std::string& p
 
 } // namespace
 
-bool isAgentOn(const Dictionary& agent) {
-    const Value* enabled = find(agent, "Enabled");
-    const Value* disabled = find(agent, "Disabled");
-    return (!enabled || toBoolOrFalse(*enabled)) && !(disabled && toBoolOrFalse(*disabled));
-}
-
 AgentOverview agentOverview(const Value& agent, const std::string& path, const CheckContext&,
-                            const TextStyle&) {
+                            const TextStyle& style) {
     const Dictionary* keys = agent.dictionary();
     if (!keys)
         return unreadableOverview(path,
@@ -45,6 +40,8 @@ AgentOverview agentOverview(const Value& agent, const std::string& path, const C
     overview.kind = kindOf(path);
     overview.name = nameOf(*keys, overview.kind, path);
     overview.isOn = isAgentOn(*keys);
+    if (style.now)
+        overview.nextRun = nextRun(*keys, *style.now);
     return overview;
 }
 

@@ -39,7 +39,4 @@ AgentOverview agentOverview(const Value& agent, const std::string& path,
 /// \param reason a clause such as "it is not a regular file"
 AgentOverview unreadableOverview(const std::string& path, const std::string& reason);
 
-/// Whether an agent is on: by the key of the program's switch, and by that of launchd.
-bool isAgentOn(const Dictionary& agent);
-
 } // namespace frimbolate

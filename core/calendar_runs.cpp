@@ -16,13 +16,6 @@ bool isWithin(const std::optional<int>& value, int least, int greatest) {
     return !value || (*value >= least && *value <= greatest);
 }
 
-bool isValid(const CalendarInterval& interval) {
-    return isWithin(interval.month, 1, 12) && isWithin(interval.day, 1, 31) &&
-           isWithin(interval.weekday, 0, daysPerWeek) &&
-           isWithin(interval.hour, 0, hoursPerDay - 1) &&
-           isWithin(interval.minute, 0, minutesPerHour - 1);
-}
-
 /// The first time of a day that hour and minute match.
 /// \param after the time of day that must have passed; nothing for the day's beginning
 ///
@@ -81,8 +74,15 @@ LocalMinute nextByWeekday(const CalendarInterval& interval, LocalMinute now) {
 
 } // namespace
 
+bool isValidInterval(const CalendarInterval& interval) {
+    return isWithin(interval.month, 1, 12) && isWithin(interval.day, 1, 31) &&
+           isWithin(interval.weekday, 0, daysPerWeek) &&
+           isWithin(interval.hour, 0, hoursPerDay - 1) &&
+           isWithin(interval.minute, 0, minutesPerHour - 1);
+}
+
 std::optional<LocalMinute> nextCalendarRun(const CalendarInterval& interval, LocalMinute now) {
-    if (!isValid(interval))
+    if (!isValidInterval(interval))
         return std::nullopt;
     if (!interval.weekday)
         return nextByDate(interval, now);

@@ -18,6 +18,9 @@ struct CalendarInterval {
     friend bool operator==(const CalendarInterval&, const CalendarInterval&) = default;
 };
 
+/// Whether every value is in its range.
+bool isValidInterval(const CalendarInterval& interval);
+
 /// The first run after `now`; the change of clocks is not taken into account.
 ///
 /// As launchd computes it: a day that the month lacks is counted on from the month's end (31 April
