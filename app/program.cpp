@@ -19,6 +19,7 @@ Program::Program(const std::string& preferencePath, const QProcessEnvironment& e
                  .application = application_,
                  .trash = system_.trash}) {
     window_.connectTo(delegate_);
+    window_.setWallClock(localWallClock);
     queue_.setAfterCompletion([this] { window_.mirror(); });
 }
 

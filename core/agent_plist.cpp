@@ -110,6 +110,13 @@ AgentPlist buildAgentPlist(const AgentForm& form, std::string_view label) {
     return file;
 }
 
+AgentPlist buildStartKeys(const AgentForm& form) {
+    AgentPlist keys;
+    writeLaunchCondition(keys, form);
+    writeAdditionalConditions(keys, form);
+    return keys;
+}
+
 std::int32_t startInterval(const AgentForm& form) {
     return scaledInteger(form.intervalText, secondsPer(form.intervalUnit));
 }

@@ -17,6 +17,9 @@ using AgentPlist = Dictionary;
 /// agent that was read before survives only if the form writes it again.
 AgentPlist buildAgentPlist(const AgentForm& form, std::string_view label);
 
+/// Those of its keys that start the agent, and nothing else.
+AgentPlist buildStartKeys(const AgentForm& form);
+
 /// The interval of an interval schedule, in seconds: the leading number of the text times its
 /// unit, truncated to 32 bits. launchd ignores an interval that is not positive.
 std::int32_t startInterval(const AgentForm& form);

@@ -1,8 +1,10 @@
 #include "core/form_presentation.h"
 
+#include "core/agent_plist.h"
 #include "core/command_warning.h"
 #include "core/conversions.h"
 #include "core/launchctl_command.h"
+#include "core/next_run.h"
 #include "core/schedule_text.h"
 
 namespace frimbolate {
@@ -29,11 +31,18 @@ CommandPresentation presentCommand(const std::string& command) {
 
 } // namespace
 
+std::string nextRunOf(const AgentForm& form, const WallClock& now, ClockFormat clock) {
+    const auto run = nextRun(buildStartKeys(form), now);
+    return run ? nextRunText(*run, now.now(), clock) : "";
+}
+
 FormPresentation present(const FormModel& model, const TextStyle& style) {
     FormPresentation result;
     result.record = agentForm(model);
     result.faults = validate(result.record);
     result.summary = summary(result.record, result.faults, style);
+    if (style.now && result.summary.isComplete)
+        result.nextRun = nextRunOf(result.record, *style.now, style.clock);
     result.unreadableTime = unreadableTime(model, style.clock);
     result.command = presentCommand(model.actionScriptTextView.string);
 

@@ -33,10 +33,15 @@ struct FormPresentation {
     /// The message of the time field about a typed text that is no time; empty where there is none.
     std::string unreadableTime;
     Summary summary;
+    /// nextRunText(); empty without a clock, for an incomplete form, and where it cannot be known.
+    std::string nextRun;
     CommandPresentation command;
 
     const RowPresentation& row(FormRow row) const { return rows[static_cast<std::size_t>(row)]; }
 };
+
+/// The text of the next run of a complete form.
+std::string nextRunOf(const AgentForm& form, const WallClock& now, ClockFormat clock);
 
 /// Validates the form once and derives everything else from that list of faults.
 FormPresentation present(const FormModel& model, const TextStyle& style = {});

@@ -14,8 +14,10 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <utility>
 
 namespace frimbolate {
@@ -27,7 +29,7 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
 using style::cardMargin;
-constexpr int statusLineHeight = 44, dotGap = 8;
+constexpr int statusLineHeight = 44, dotGap = 8, nextRunGap = 16;
 
 /// The line at the bottom of the form: a hairline above, and a dot that lights up when the summary
 /// is complete.
@@ -107,17 +109,41 @@ QWidget* MainWindow::makeForm(QWidget* parent) {
 QWidget* MainWindow::makeStatusLine(QWidget* parent) {
     auto* statusLine = new StatusLine(parent);
     statusLine->setFixedHeight(scaled(statusLineHeight));
-    auto* line = new QVBoxLayout(statusLine);
+    auto* line = new QHBoxLayout(statusLine);
     line->setContentsMargins(scaled(cardMargin + style::statusDotSide + dotGap), 0,
                              scaled(cardMargin), 0);
     auto* plan = new ElidedLabel(Qt::ElideRight, statusLine);
     plan->setObjectName("summary");
-    line->addWidget(plan);
+    line->setSpacing(scaled(nextRunGap));
+    line->addWidget(plan, 1);
+    line->addWidget(makeNextRun(statusLine));
     binder_.addUpdater([plan, statusLine](const FormModel&, const FormPresentation& presentation) {
         plan->setWholeText(text(presentation.summary.sentence));
         statusLine->setComplete(presentation.summary.isComplete);
     });
     return statusLine;
+}
+
+QWidget* MainWindow::makeNextRun(QWidget* parent) {
+    auto* nextRun = new ElidedLabel(Qt::ElideRight, parent);
+    nextRun->setObjectName("nextRun");
+    // Never elided: the sentence before it gives way, which its tool tip shows whole.
+    nextRun->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    nextRun->hide();
+    binder_.addUpdater([nextRun](const FormModel&, const FormPresentation& presentation) {
+        nextRun->setWholeText(text(presentation.nextRun));
+        nextRun->setVisible(!presentation.nextRun.empty());
+    });
+    // The next run changes with time, without any action of the user.
+    auto* timer = new QTimer(nextRun);
+    timer->setObjectName("nextRunTimer");
+    timer->setTimerType(Qt::VeryCoarseTimer);
+    connect(timer, &QTimer::timeout, this, [this, nextRun] {
+        if (nextRun->isVisible())
+            mirror();
+    });
+    timer->start(std::chrono::minutes(1));
+    return nextRun;
 }
 
 void MainWindow::bringToFront() {

@@ -8,6 +8,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 class QAction;
 
 namespace frimbolate {
@@ -29,6 +31,8 @@ class MainWindow : public QMainWindow {
 
     /// The delegate is not owned and must outlive the window.
     void connectTo(AppDelegate& delegate) { binder_.connectTo(delegate); }
+    /// The clock of the next run in the status line; without one it shows none.
+    void setWallClock(std::function<WallClock()> clock) { binder_.setWallClock(std::move(clock)); }
     /// Updates all controls from the model. Call it after every change of the model.
     void mirror() { binder_.mirror(); }
     /// Shows the window, raises it and gives it the keyboard focus.
@@ -40,6 +44,7 @@ class MainWindow : public QMainWindow {
   private:
     QWidget* makeForm(QWidget* parent);
     QWidget* makeStatusLine(QWidget* parent);
+    QWidget* makeNextRun(QWidget* parent);
 
     void focusFirstFaultAfterValidation(FormCard& card);
 

@@ -136,6 +136,73 @@ TEST(FormPresentations, AgreeWithEachRendering) {
     }
 }
 
+struct NextRunRow {
+    std::string_view name;
+    std::function<void(FormModel&)> change;
+    std::string_view expected;
+};
+
+class NextRunPresentations : public testing::TestWithParam<NextRunRow> {};
+
+TEST_P(NextRunPresentations, ClaimWhatIsKnownAndLeaveTheSentence) {
+    using namespace std::chrono;
+    auto model = soundModel();
+    GetParam().change(model);
+    TextStyle timed = style;
+    timed.now = LocalMinute(local_days(2026y / November / 21) + hours(9));
+    const auto shown = present(model, timed);
+    EXPECT_EQ(shown.nextRun, GetParam().expected);
+    const auto plain = present(model, style);
+    EXPECT_EQ(plain.nextRun, "");
+    EXPECT_EQ(shown.summary.sentence, plain.summary.sentence);
+}
+
+const NextRunRow nextRuns[] = {
+    {"Daily", [](FormModel&) {}, "Next: Saturday 21 November, 07:30 PM"},
+    {"Weekly",
+     [](FormModel& model) {
+         model.agentScheduleTypeButton.selectedItem = ScheduleType::EveryWednesday;
+     },
+     "Next: Wednesday 25 November, 07:30 PM"},
+    {"Monthly",
+     [](FormModel& model) {
+         model.agentScheduleTypeButton.selectedItem = ScheduleType::OnceAMonth;
+         model.onMonthTextField.stringValue = "1";
+     },
+     "Next: Tuesday 1 December, 07:30 PM"},
+    {"MonthlyOnAFaultyDay", spoilDay, ""},
+    {"WithoutAName", [](FormModel& model) { model.agentNameTextField.stringValue = ""; }, ""},
+    {"Interval",
+     [](FormModel& model) {
+         model.agentScheduleTypeButton.selectedItem = ScheduleType::OnInterval;
+         model.agentIntervalField.stringValue = "60";
+     },
+     ""},
+    {"AtLoad",
+     [](FormModel& model) { model.agentScheduleTypeButton.selectedItem = ScheduleType::AtLoad; },
+     ""},
+    {"KeptRunning",
+     [](FormModel& model) {
+         model.agentActionButton.selectedItem = AgentAction::KeepRunning;
+         model.queueDirectoryField.stringValue = "/queue";
+     },
+     ""},
+    {"WatchedPath",
+     [](FormModel& model) {
+         model.agentActionButton.selectedItem = AgentAction::PathModified;
+         model.agentWatchPathImageWell.toolTip = "/a";
+     },
+     ""},
+    {"WatchedPathBesideASchedule",
+     [](FormModel& model) {
+         model.alsoRunPathChangeCheckbox.state = CheckState::On;
+         model.alsoRunPathChangeImageWell.toolTip = "/a";
+     },
+     "Next: Saturday 21 November, 07:30 PM"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, NextRunPresentations, testing::ValuesIn(nextRuns), NamedAfterRow());
+
 struct CommandRow {
     std::string_view name;
     std::string_view command;

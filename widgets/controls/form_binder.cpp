@@ -39,7 +39,10 @@ void FormBinder::mirror() {
     const QScopedValueRollback guard(updating_, true);
     const FormModel& form = delegate_->form();
     const std::string home = QDir::homePath().toStdString();
-    const FormPresentation presentation = present(form, {home, localeClockFormat()});
+    TextStyle style{home, localeClockFormat()};
+    if (wallClock_)
+        style.now = wallClock_();
+    const FormPresentation presentation = present(form, style);
     for (const auto& update : updaters_)
         update(form, presentation);
 }

@@ -37,6 +37,9 @@ class FormBinder : public QObject {
     /// From here on input reaches the model. The delegate is not owned and must outlive the binder.
     void connectTo(AppDelegate& delegate);
 
+    /// The clock by which the presentation gets the next run; without one it has none.
+    void setWallClock(std::function<WallClock()> clock) { wallClock_ = std::move(clock); }
+
     /// Runs all updaters with the current model. No effect before connectTo() and while running.
     void mirror();
     /// Handles input: changes the model, sends the action, runs the updaters. No effect before
@@ -76,6 +79,7 @@ class FormBinder : public QObject {
   private:
     AppDelegate* delegate_ = nullptr;
     bool updating_ = false;
+    std::function<WallClock()> wallClock_;
     std::vector<std::function<void(const FormModel&, const FormPresentation&)>> updaters_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window
 };
