@@ -1,6 +1,7 @@
 #include "core/agent_overview.h"
 
 #include "core/agent_reader.h"
+#include "core/agent_sentence.h"
 #include "core/conversions.h"
 #include "core/next_run.h"
 
@@ -29,8 +30,8 @@ std::string nameOf(const Dictionary& agent, AgentKind kind, const std::string& p
 
 } // namespace
 
-AgentOverview agentOverview(const Value& agent, const std::string& path, const CheckContext&,
-                            const TextStyle& style) {
+AgentOverview agentOverview(const Value& agent, const std::string& path,
+                            const CheckContext& context, const TextStyle& style) {
     const Dictionary* keys = agent.dictionary();
     if (!keys)
         return unreadableOverview(path,
@@ -40,6 +41,8 @@ AgentOverview agentOverview(const Value& agent, const std::string& path, const C
     overview.kind = kindOf(path);
     overview.name = nameOf(*keys, overview.kind, path);
     overview.isOn = isAgentOn(*keys);
+    overview.sentence = agentSentence(*keys, style);
+    overview.findings = checkAgent(agent, context);
     if (style.now)
         overview.nextRun = nextRun(*keys, *style.now);
     return overview;

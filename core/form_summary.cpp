@@ -1,66 +1,22 @@
 #include "core/form_summary.h"
 
 #include "core/agent_plist.h"
-#include "core/bundle_path.h"
 #include "core/conversions.h"
 #include "core/schedule_text.h"
 #include "core/script_types.h"
+#include "core/sentence_words.h"
 
 #include <array>
-#include <cctype>
-#include <vector>
 
 namespace frimbolate {
 
 namespace {
 
-using Words = std::vector<std::string>;
-
-std::string joined(const Words& words, std::string_view separator, std::string_view last) {
-    std::string text;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (i > 0)
-            text += i + 1 == words.size() ? last : separator;
-        text += words[i];
-    }
-    return text;
-}
-
-std::string capitalized(std::string text) {
-    if (!text.empty())
-        text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
-    return text;
-}
-
-std::string uncapitalized(std::string text) {
-    if (!text.empty())
-        text[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[0])));
-    return text;
-}
-
-/// With "~" for the home folder. A typed "~" is quoted, because launchd does not expand it.
-std::string shownPath(std::string_view path, std::string_view home) {
-    if (path.starts_with('~'))
-        return std::string("\u201c").append(path).append("\u201d");
-    const bool inHome = !home.empty() && path.substr(0, home.size()) == home;
-    const auto rest = inHome ? path.substr(home.size()) : path;
-    if (inHome && (rest.empty() || rest[0] == '/'))
-        return std::string("~").append(rest);
-    return std::string(path);
-}
-
-/// The name of the target in a sentence: that of an application without ".app", the file name of
-/// any other file.
+/// The name of the target in a sentence.
 std::string targetName(const AgentForm& form) {
     if (form.targetType != TargetType::File)
         return form.scriptText.empty() ? "an empty script" : "a script";
-    auto path = bundlePath(form.targetPath);
-    while (path.size() > 1 && path.back() == '/')
-        path.remove_suffix(1);
-    const auto name = path == "/" ? path : afterLast(path, "/");
-    constexpr std::string_view bundle = ".app";
-    const bool isBundle = name.size() > bundle.size() && afterLast(name, ".") == "app";
-    return std::string(isBundle ? name.substr(0, name.size() - bundle.size()) : name);
+    return programName(form.targetPath);
 }
 
 bool usesSchedule(const AgentForm& form) { return form.action <= AgentAction::KeepRunning; }

@@ -15,21 +15,12 @@ std::string atTime(const AgentForm& form, ClockFormat clock) {
     return " at " + formatTimeOfDay({time.hour, time.minute}, clock);
 }
 
-std::string ordinal(int number) {
-    const bool teen = number / 10 == 1;
-    const auto last = static_cast<std::size_t>(number % 10);
-    constexpr std::array<std::string_view, 4> endings = {"th", "st", "nd", "rd"};
-    return std::to_string(number).append(teen || last > 3 ? "th" : endings[last]);
-}
-
-constexpr int everyMonthHas = 28; // days
-
 std::string onceAMonth(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     if (faultOfRow(faults, FormRow::Schedule))
         return "once a month" + atTime(form, clock);
     const int day = dayOfMonth(form);
     return "on the " + ordinal(day) + " of every month" + atTime(form, clock) +
-           (day > everyMonthHas ? ", in shorter months on a day after the month's end" : "");
+           std::string(day > everyMonthHas ? afterMonthsEnd : "");
 }
 
 /// Empty for an interval that launchd ignores: zero or negative.
@@ -71,6 +62,13 @@ std::string excerpt(std::string_view text) {
 }
 
 } // namespace
+
+std::string ordinal(int number) {
+    const bool teen = number / 10 == 1;
+    const auto last = static_cast<std::size_t>(number % 10);
+    constexpr std::array<std::string_view, 4> endings = {"th", "st", "nd", "rd"};
+    return std::to_string(number).append(teen || last > 3 ? "th" : endings[last]);
+}
 
 std::string scheduleText(const AgentForm& form, const Faults& faults, ClockFormat clock) {
     const int type = form.scheduleType;

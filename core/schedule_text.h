@@ -27,6 +27,14 @@ std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockForma
 
 /// A shorter wording of scheduleHint() for a narrow line; empty where there is none.
 std::string shortScheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock);
+/// "1st", "22nd"; for numbers from 1 to 31.
+std::string ordinal(int number);
+
+/// What follows the time of a day that some months lack.
+inline constexpr std::string_view afterMonthsEnd =
+    ", in shorter months on a day after the month's end";
+/// The last day that every month has.
+inline constexpr int everyMonthHas = 28;
 
 /// The message that a typed text is no time of day, and which time the form keeps. A long text is
 /// shortened; one of blanks alone is not quoted.
