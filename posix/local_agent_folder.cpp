@@ -1,7 +1,5 @@
 #include "posix/local_agent_folder.h"
 
-#include "posix/property_list_file.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <dirent.h>
@@ -50,14 +48,19 @@ AgentOverview LocalAgentFolder::read(const std::string& path, const TextStyle& s
     const PropertyListFile file = readPropertyListFile(path);
     if (file.condition != FileCondition::read)
         return unreadableOverview(path, file.reason);
+    return agentOverview(file.dictionary, path, localCheckContext(path, file, style.home), style);
+}
+
+CheckContext localCheckContext(const std::string& path, const PropertyListFile& file,
+                               std::string_view home) {
     CheckContext context;
     context.filePath = path;
     context.mode = file.mode;
     if (file.owner)
         context.ownedByUser = *file.owner == ::getuid() || *file.owner == 0;
-    context.home = style.home;
+    context.home = home;
     context.pathState = localPathState;
-    return agentOverview(file.dictionary, path, context, style);
+    return context;
 }
 
 } // namespace frimbolate

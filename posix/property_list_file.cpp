@@ -51,22 +51,25 @@ PropertyListFile parsed(const std::string& bytes) {
     }
 }
 
-PropertyListFile contentOf(int file, const struct stat& status) {
+PropertyListFile contentOf(int file, const struct stat& status, std::string* content) {
     if (!S_ISREG(status.st_mode))
         return refused(FileCondition::inaccessible, "it is not a regular file");
     if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
-    const auto bytes = readBytes(file);
+    auto bytes = readBytes(file);
     if (!bytes)
         return refused(FileCondition::inaccessible, errnoMessage());
     if (bytes->size() > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
-    return parsed(*bytes);
+    PropertyListFile result = parsed(*bytes);
+    if (content)
+        *content = std::move(*bytes);
+    return result;
 }
 
 } // namespace
 
-PropertyListFile readPropertyListFile(const std::string& path) {
+PropertyListFile readPropertyListFile(const std::string& path, std::string* bytes) {
     if (path.find('\0') != std::string::npos)
         return refused(FileCondition::missing, "its path holds a NUL");
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
@@ -76,7 +79,7 @@ PropertyListFile readPropertyListFile(const std::string& path) {
     struct stat status {};
     if (::fstat(file.number(), &status) != 0)
         return refused(FileCondition::inaccessible, errnoMessage());
-    PropertyListFile result = contentOf(file.number(), status);
+    PropertyListFile result = contentOf(file.number(), status, bytes);
     result.mode = status.st_mode & 07777;
     result.owner = status.st_uid;
     return result;

@@ -26,7 +26,8 @@ struct PropertyListFile {
 };
 
 /// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.
-PropertyListFile readPropertyListFile(const std::string& path);
+/// \param bytes receives the content of the file where it was read, whether damaged or not
+PropertyListFile readPropertyListFile(const std::string& path, std::string* bytes = nullptr);
 
 /// Writes an XML property list atomically (see atomic_file.h, for the modes too).
 /// \returns nothing, or why the file is unchanged
