@@ -27,13 +27,17 @@ Alert question(bool enable) {
     return alert;
 }
 
-/// A missing key counts as enabled, a value without a truth value as disabled.
+} // namespace
+
 bool isEnabled(const AgentPlist& agent) {
     const Value* enabled = find(agent, enabledKey);
     return !enabled || toBoolOrFalse(*enabled);
 }
 
-} // namespace
+AgentPlist withSwitch(AgentPlist agent, bool enable) {
+    agent.insert_or_assign(std::string(enabledKey), Value(enable));
+    return agent;
+}
 
 void AgentSwitch::onOffLaunchAgent() {
     const auto folder = FolderGrant(services_).open();
@@ -67,8 +71,7 @@ void AgentSwitch::confirm(const std::string& path, const Folder& folder, AgentPl
         lifetime_.whileAlive([=, this, agent = std::move(agent)](AlertOutcome outcome) mutable {
             if (outcome.answer != AlertAnswer::First)
                 return; // access stays begun, see FolderGrant
-            agent.insert_or_assign(std::string(enabledKey), Value(enable));
-            write(path, agent, enable);
+            write(path, withSwitch(std::move(agent), enable), enable);
             FolderGrant(services_).close(folder);
         }));
 }

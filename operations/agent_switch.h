@@ -10,6 +10,13 @@
 
 namespace frimbolate {
 
+/// Whether the switch of an agent is on. A missing key counts as enabled, a value without a truth
+/// value as disabled.
+bool isEnabled(const AgentPlist& agent);
+
+/// The agent with its switch on or off.
+AgentPlist withSwitch(AgentPlist agent, bool enable);
+
 class AgentSwitch {
   public:
     /// \param services must outlive this
