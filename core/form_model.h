@@ -21,6 +21,7 @@ enum : int { Mixed = -1, Off = 0, On = 1 };
 struct TextField {
     std::string stringValue;
     bool hidden = false;
+    friend bool operator==(const TextField&, const TextField&) = default;
 };
 
 struct PopUp {
@@ -29,11 +30,13 @@ struct PopUp {
     bool hidden = false;
     int width = 0; ///< points; 0 where the layout decides
     std::set<int> disabledItems;
+    friend bool operator==(const PopUp&, const PopUp&) = default;
 };
 
 struct CheckBox {
     int state = CheckState::Off;
     bool enabled = true;
+    friend bool operator==(const CheckBox&, const CheckBox&) = default;
 };
 
 struct DatePicker {
@@ -46,19 +49,23 @@ struct DatePicker {
 
     void set(const LocalDateTime& date) { dateValue = date, unreadableText.reset(); }
     void hide() { hidden = true, unreadableText.reset(); }
+    friend bool operator==(const DatePicker&, const DatePicker&) = default;
 };
 
 struct Box {
     bool hidden = false;
+    friend bool operator==(const Box&, const Box&) = default;
 };
 
 struct Button {
     bool hidden = false;
     std::string toolTip;
+    friend bool operator==(const Button&, const Button&) = default;
 };
 
 struct Slider {
     double value = 0.0;
+    friend bool operator==(const Slider&, const Slider&) = default;
 };
 
 /// An image by reference, so that the rules need no pixels: a named resource of the program, or the
@@ -80,17 +87,20 @@ struct ImageWell {
     bool hidden = false;
 
     void clear() { image = Image::none(), toolTip.clear(); }
+    friend bool operator==(const ImageWell&, const ImageWell&) = default;
 };
 
 /// An error marker beside a row. Only validation shows it.
 struct Marker {
     bool hidden = true;
+    friend bool operator==(const Marker&, const Marker&) = default;
 };
 
 struct PopOver {
     bool shown = false;
     bool animates = false;
     enum class Behavior { ApplicationDefined = 0, Transient = 1 } behavior = {};
+    friend bool operator==(const PopOver&, const PopOver&) = default;
 };
 
 struct Size {
@@ -103,34 +113,41 @@ struct Drawer {
     bool open = false;
     int edge = 2; ///< 2 = the right edge of the window
     Size contentSize, minContentSize, maxContentSize;
+    friend bool operator==(const Drawer&, const Drawer&) = default;
 };
 
 struct ToolbarItem {
     /// The action that the next click sends.
     enum class Action { openAdvancedDrawer, closeAdvancedDrawer } action = {};
+    friend bool operator==(const ToolbarItem&, const ToolbarItem&) = default;
 };
 
 struct Toolbar {
     bool allowsUserCustomization = true;
     int sizeMode = 0; ///< 0 = the platform's default, 1 = regular
+    friend bool operator==(const Toolbar&, const Toolbar&) = default;
 };
 
 struct MenuItem {
     bool enabled = true;
+    friend bool operator==(const MenuItem&, const MenuItem&) = default;
 };
 
 struct TextView {
     std::string string;
     bool editable = false;
+    friend bool operator==(const TextView&, const TextView&) = default;
 };
 
 /// The button that copies the command of the command sheet.
 struct CopyButton {
     bool hasCopied = false; ///< whether the command shown now was put on the pasteboard
+    friend bool operator==(const CopyButton&, const CopyButton&) = default;
 };
 
 struct Window {
     bool visible = false;
+    friend bool operator==(const Window&, const Window&) = default;
 };
 
 struct FormModel {
@@ -186,6 +203,7 @@ struct FormModel {
     TextView actionScriptTextView;
     CopyButton copyCommandButton;
     CheckBox autoCopyScriptsCheckbox2;
+    friend bool operator==(const FormModel&, const FormModel&) = default;
 };
 
 /// The record of the agent that the controls show.
