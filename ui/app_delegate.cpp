@@ -25,7 +25,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     drawer_.addWillOpenObserver([this] { advancedDrawerDidClose(); });
     drawer_.addWillCloseObserver([this] { advancedDrawerDidClose(); });
     setUpDefaults();
-    createNewAgent();
+    resetForm();
     showWelcomeWindow();
 }
 
@@ -61,7 +61,7 @@ bool AppDelegate::applicationShouldHandleReopen() {
 
 void AppDelegate::showAlertThatResets(const std::string& message, const std::string& text) {
     services_.alerts.show({message, text},
-                          lifetime_.whileAlive([this](AlertOutcome) { createNewAgent(); }));
+                          lifetime_.whileAlive([this](AlertOutcome) { resetForm("Reset"); }));
 }
 
 std::optional<Value> AppDelegate::preference(std::string_view key) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/agent_reader.h"
+#include "core/form_history.h"
 #include "core/form_model.h"
 #include "operations/agent_deletion.h"
 #include "operations/agent_switch.h"
@@ -124,6 +125,16 @@ class AppDelegate : private AgentReaderHost {
     /// Sets the additional watch path; does nothing while its check box is off.
     void additionalWatchPathDropped(const std::string& path);
 
+    // Undo
+
+    /// Brings back the form before the last step that emptied it: a new agent, an opened one, a
+    /// reset, or a cancelled panel. The step can be redone. Asks nothing.
+    void undo();
+    void redo();
+    const FormHistory& history() const { return history_; }
+    /// Keeps the form as it is. The window calls it before it changes the form for an action.
+    void keepFormBeforeInput() { beforeInput_ = form_; }
+
     // Saving
 
     /// Validates the form, shows the error markers, and then saves (saveLaunchAgent()) or shows the
@@ -196,13 +207,20 @@ class AppDelegate : private AgentReaderHost {
     void showAlertThatResets(const std::string& message, const std::string& text) override;
     std::optional<Value> preference(std::string_view key) override;
 
+    void resetForm();
+    /// Resets the form as a step that can be undone, unless nothing was changed since the last
+    /// reset.
+    void resetForm(std::string_view step);
+    void restore(const std::optional<FormModel>& form);
+    FormModel takeFormBeforeInput();
+
     void clearTarget();
     void closeScriptPopOver();
     void hideErrorMarkers();
     void resetDrawerControls();
     void setScheduleToNeutral();
     void applyAgentAction();
-    void chooseWatchPath();
+    void chooseWatchPath(const FormModel& before);
     void watchPathChosen(const std::string& path);
     bool isSuccessfulExitAtRisk();
 
@@ -226,6 +244,10 @@ class AppDelegate : private AgentReaderHost {
 
     Services services_;
     FormModel form_;
+    FormModel afterReset_; ///< the form as the last reset left it
+    FormHistory history_;
+    std::optional<FormModel> beforeInput_;
+    bool isReading_ = false; ///< a reset belongs to the step that opens the agent
     Preferences preferences_;
     FolderGrant folderGrant_;
     LoadedAgentWarning loadedAgentWarning_;

@@ -6,6 +6,12 @@
 
 namespace frimbolate {
 
+namespace {
+
+constexpr std::string_view openStep = "Open Agent";
+
+} // namespace
+
 void AppDelegate::editLaunchAgent() {
     // A form without a name counts as unchanged.
     if (!form_.agentNameTextField.stringValue.empty()) {
@@ -17,7 +23,7 @@ void AppDelegate::editLaunchAgent() {
             lifetime_.whileAlive([this](AlertOutcome outcome) {
                 if (outcome.answer != AlertAnswer::First)
                     return;
-                createNewAgent();
+                resetForm(openStep);
                 editLaunchAgent();
             }));
         return;
@@ -26,7 +32,7 @@ void AppDelegate::editLaunchAgent() {
 }
 
 void AppDelegate::continueEditingAgent() {
-    createNewAgent();
+    resetForm(openStep);
     const auto folder = folderGrant_.open();
     services_.filePanels.open(
         agentPanel("Please choose a launch agent to edit:", folder),
@@ -34,7 +40,7 @@ void AppDelegate::continueEditingAgent() {
             if (path)
                 readAgent(*path, folder);
             else
-                createNewAgent(); // access stays begun, see FolderGrant
+                resetForm(openStep); // access stays begun, see FolderGrant
         }));
 }
 
@@ -53,6 +59,7 @@ void AppDelegate::readAgent(const std::string& path, const Folder& folder) {
     log("Agent was created with Frimbolate.");
     if (origin == AgentOrigin::EarlierVersion)
         askForUpgrade(path); // returns at once; the file is read before the answer
+    isReading_ = true;
     try {
         const auto agent = services_.files.readDictionary(path);
         if (!agent)
@@ -62,6 +69,7 @@ void AppDelegate::readAgent(const std::string& path, const Folder& folder) {
         showAlertThatResets("The launch agent could not be read.",
                             "The agent may be corrupted or missing values for some of its keys.");
     }
+    isReading_ = false;
     folderGrant_.close(folder);
 }
 

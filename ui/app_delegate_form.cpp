@@ -21,6 +21,13 @@ void turnOff(CheckBox& box, bool enabled) {
 } // namespace
 
 void AppDelegate::createNewAgent() {
+    if (isReading_)
+        resetForm();
+    else
+        resetForm("New");
+}
+
+void AppDelegate::resetForm() {
     closeAdvancedDrawer();
     hideErrorMarkers();
     form_.agentNameTextField.stringValue.clear();
@@ -47,6 +54,7 @@ void AppDelegate::createNewAgent() {
     resetDrawerControls();
     form_.showPopOverScriptButton.toolTip = "Click to edit script";
     setUpDefaults(); // sets globbing and priority, too
+    afterReset_ = form_;
 }
 
 void AppDelegate::hideErrorMarkers() {
@@ -71,9 +79,10 @@ void AppDelegate::resetDrawerControls() {
 }
 
 void AppDelegate::chooseAgentAction() {
+    const FormModel before = takeFormBeforeInput();
     applyAgentAction();
     if (form_.agentActionButton.selectedItem == AgentAction::PathModified)
-        chooseWatchPath();
+        chooseWatchPath(before);
 }
 
 void AppDelegate::applyAgentAction() {
@@ -142,15 +151,17 @@ void AppDelegate::watchPathDropped(const std::string& path) {
     watchPathChosen(path);
 }
 
-void AppDelegate::chooseWatchPath() {
-    services_.filePanels.open(watchPathPanel(),
-                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
-                                  if (path)
-                                      return watchPathChosen(*path);
-                                  form_.agentActionButton.selectedItem = AgentAction::None;
-                                  form_.agentWatchPathImageWell.clear();
-                                  chooseAgentAction();
-                              }));
+void AppDelegate::chooseWatchPath(const FormModel& before) {
+    services_.filePanels.open(
+        watchPathPanel(),
+        lifetime_.whileAlive([this, before](const std::optional<std::string>& path) {
+            if (path)
+                return watchPathChosen(*path);
+            form_.agentActionButton.selectedItem = AgentAction::None;
+            form_.agentWatchPathImageWell.clear();
+            chooseAgentAction();
+            history_.record("Choose Path", before, form_);
+        }));
 }
 
 void AppDelegate::chooseAgentSchedule() {

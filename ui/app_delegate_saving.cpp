@@ -92,7 +92,7 @@ void AppDelegate::showSuccess() {
          "you log in.\n\nIf you'd like to load your launch agent now, click Continue below.",
          {"Continue", "Skip"}},
         lifetime_.whileAlive([this](AlertOutcome outcome) {
-            createNewAgent();
+            resetForm("Reset After Save");
             if (outcome.answer == AlertAnswer::First)
                 commandSheet_.show();
             else

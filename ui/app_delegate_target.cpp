@@ -54,17 +54,19 @@ void AppDelegate::targetDropped(const std::string& path) {
 }
 
 void AppDelegate::chooseApplicationOrScript() {
+    const FormModel before = takeFormBeforeInput();
     form_.showPopOverScriptButton.hidden = true;
-    services_.filePanels.open(targetPanel(),
-                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
-                                  if (path) {
-                                      targetChosen(*path);
-                                      return;
-                                  }
-                                  form_.agentTargetButton.selectedItem = TargetType::None;
-                                  clearTarget();
-                                  form_.scriptPopOverScriptField.stringValue.clear();
-                              }));
+    services_.filePanels.open(
+        targetPanel(), lifetime_.whileAlive([this, before](const std::optional<std::string>& path) {
+            if (path) {
+                targetChosen(*path);
+                return;
+            }
+            form_.agentTargetButton.selectedItem = TargetType::None;
+            clearTarget();
+            form_.scriptPopOverScriptField.stringValue.clear();
+            history_.record("Choose Target", before, form_);
+        }));
 }
 
 void AppDelegate::targetChosen(const std::string& path) {
@@ -132,16 +134,19 @@ void AppDelegate::createNewScript() {
 }
 
 void AppDelegate::chooseAdditionalWathPath() {
+    const FormModel before = takeFormBeforeInput();
     if (form_.alsoRunPathChangeCheckbox.state != CheckState::On) {
         additionalWatchPathChosen(std::nullopt);
         return;
     }
     OpenPanel panel = watchPathPanel();
     panel.directory = "/Applications";
-    services_.filePanels.open(panel,
-                              lifetime_.whileAlive([this](const std::optional<std::string>& path) {
-                                  additionalWatchPathChosen(path);
-                              }));
+    services_.filePanels.open(
+        panel, lifetime_.whileAlive([this, before](const std::optional<std::string>& path) {
+            additionalWatchPathChosen(path);
+            if (!path)
+                history_.record("Choose Path", before, form_);
+        }));
 }
 
 void AppDelegate::additionalWatchPathDropped(const std::string& path) {

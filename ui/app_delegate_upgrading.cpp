@@ -25,7 +25,7 @@ void AppDelegate::askForUpgrade(const std::string& path) {
             if (outcome.answer == AlertAnswer::First)
                 upgrade(path);
             else
-                createNewAgent();
+                resetForm("Cancel Upgrade");
         }));
 }
 
