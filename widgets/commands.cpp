@@ -26,7 +26,7 @@ constexpr int menuBarHeight = 28, toolbarHeight = 64, itemWidth = 64, itemHeight
 constexpr int leftGap = 22, beforeSeparator = 6, afterSeparator = 5, gapBeforeView = 43;
 constexpr int iconSize = 20;
 
-/// An editing command and the slot of the text fields that implements it.
+/// An editing command and the slot of the text fields that implements it, which is its name too.
 struct Edit {
     const char* slot; ///< null for a separator
     const char* title;
@@ -145,6 +145,8 @@ void Commands::addEditMenu() {
         }
         QAction* action = addCommand(menu, edit.slot, tr(edit.title));
         action->setShortcut(QKeySequence(edit.key));
+        if (edit.key == QKeySequence::Undo || edit.key == QKeySequence::Redo)
+            continue; // UndoCommands handles them
         connect(action, &QAction::triggered, this, [slot = edit.slot] {
             if (QObject* field = focusedField())
                 QMetaObject::invokeMethod(field, slot);

@@ -11,6 +11,7 @@
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
 #include "widgets/style/surfaces.h"
+#include "widgets/undo_commands.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -76,6 +77,7 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
         else if (!model.mainWindow.visible && isVisible())
             hide();
     });
+    new UndoCommands(binder_, *this); // last: it looks at the fields after they were updated
 }
 
 void MainWindow::focusFirstFaultAfterValidation(FormCard& card) {

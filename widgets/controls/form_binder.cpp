@@ -50,8 +50,10 @@ void FormBinder::mirror() {
 void FormBinder::edit(const std::function<void(FormModel&)>& change, const Send& send) {
     if (!delegate_ || updating_)
         return;
-    if (send)
+    if (send) {
         finishTyping();
+        delegate_->keepFormBeforeInput();
+    }
     change(delegate_->form());
     if (send)
         send(*delegate_);

@@ -40,6 +40,9 @@ class FormBinder : public QObject {
     /// The clock by which the presentation gets the next run; without one it has none.
     void setWallClock(std::function<WallClock()> clock) { wallClock_ = std::move(clock); }
 
+    /// For an updater that shows more than model and presentation; null before connectTo().
+    AppDelegate* delegate() const { return delegate_; }
+
     /// Runs all updaters with the current model. No effect before connectTo() and while running.
     void mirror();
     /// Handles input: changes the model, sends the action, runs the updaters. No effect before
