@@ -9,7 +9,6 @@
 #include "qt/window_blending.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
-#include "widgets/panels/qt_file_panels.h"
 #include "widgets/qt_sheets.h"
 #include "widgets/sheets/qt_alerts.h"
 #include "widgets/sheets/sheet_queue.h"
@@ -36,7 +35,7 @@ class Program {
     MainWindow window_{blendsWindows()};
     SheetQueue queue_{window_};
     QtAlerts alerts_{queue_, window_};
-    QtFilePanels filePanels_{queue_, window_};
+    SystemFilePanels filePanels_{queue_, window_};
     QtSheets sheets_{queue_, window_};
     SystemServices system_;
     LocalFiles files_{system_.log};

@@ -2,20 +2,24 @@
 #pragma once
 
 #ifdef __APPLE__
+#include "macos/mac_file_panels.h"
 #include "macos/mac_trash.h"
 #include "macos/mac_workspace.h"
 #include "macos/scoped_folder_access.h"
 #include "macos/unified_log.h"
 #include "macos/user_defaults.h"
+#include "widgets/panels/queued_file_panels.h"
 #else
 #include "posix/path_folder_access.h"
 #include "posix/plist_defaults.h"
 #include "posix/system_log.h"
 #include "qt/qt_trash.h"
 #include "qt/qt_workspace.h"
+#include "widgets/panels/qt_file_panels.h"
 #endif
 
 #include <QProcessEnvironment>
+#include <QWidget>
 
 #include <string>
 
@@ -32,6 +36,19 @@ struct SystemServices {
     MacWorkspace workspace;
     MacTrash trash;
 };
+
+class SystemFilePanels {
+  public:
+    SystemFilePanels(SheetQueue& queue, QWidget& mainWindow)
+        : ofMac_([&mainWindow] { return mainWindow.winId(); }), panels_(queue, mainWindow, ofMac_) {
+    }
+
+    operator FilePanels&() { return panels_; }
+
+  private:
+    MacFilePanels ofMac_;
+    QueuedFilePanels panels_;
+};
 #else
 struct SystemServices {
     /// \param preferencePath of the preference file
@@ -45,6 +62,8 @@ struct SystemServices {
     QtWorkspace workspace;
     QtTrash trash;
 };
+
+using SystemFilePanels = QtFilePanels;
 #endif
 
 } // namespace frimbolate

@@ -1,13 +1,10 @@
 #include "widgets/controls/file_panel_rules.h"
 
-#include "core/script_types.h"
-#include "widgets/controls/text.h"
+#include "platform/choosable_items.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-
-#include <algorithm>
 
 namespace frimbolate {
 
@@ -17,26 +14,6 @@ namespace {
 constexpr qsizetype longestName = 255;
 
 QString tr(const char* words) { return QCoreApplication::translate("PanelDialog", words); }
-
-bool isOfAllowedType(const OpenPanel& panel, const QString& path) {
-    if (panel.allowedFileTypes.empty())
-        return true;
-    const QString suffix = QFileInfo(path).suffix();
-    return std::ranges::any_of(panel.allowedFileTypes, [&](const std::string& extension) {
-        return suffix.compare(QString::fromStdString(extension), Qt::CaseInsensitive) == 0;
-    });
-}
-
-/// Applications and workflows are folders that desktops show as one file.
-bool isOfBundleType(const QString& path) {
-    const QString suffix = QFileInfo(path).suffix();
-    const auto isSuffix = [&](std::string_view extension) {
-        return suffix.compare(text(extension), Qt::CaseInsensitive) == 0;
-    };
-    return isSuffix("app") || std::ranges::any_of(scriptTypes, [&](const ScriptType& type) {
-               return type.isFolder && isSuffix(type.extension);
-           });
-}
 
 QString rejectionReasonFor(const OpenPanel& panel, const QFileInfo& item) {
     if (isUnreadableName(item.filePath()))
@@ -48,7 +25,7 @@ QString rejectionReasonFor(const OpenPanel& panel, const QFileInfo& item) {
         return tr("“%1” is a folder.");
     if (!isFolder && !panel.canChooseFiles)
         return tr("“%1” is not a folder.");
-    if (!isFolder && !isOfAllowedType(panel, item.filePath()))
+    if (!isFolder && !isOfAllowedType(panel, item.fileName().toStdString()))
         return tr("“%1” is not of a kind that can be chosen here.");
     return {};
 }
@@ -74,8 +51,8 @@ bool isUnreadableName(const QString& path) {
 }
 
 bool isBundle(const OpenPanel& panel, const QString& path) {
-    return panel.canChooseFiles && !panel.allowedFileTypes.empty() && isOfBundleType(path) &&
-           QFileInfo(path).isDir() && isOfAllowedType(panel, path);
+    const QFileInfo item(path);
+    return item.isDir() && isBundleName(panel, item.fileName().toStdString());
 }
 
 PanelSelection validateSelection(const OpenPanel& panel, const QString& path) {

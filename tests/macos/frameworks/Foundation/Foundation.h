@@ -19,21 +19,20 @@ __attribute__((objc_root_class))
 - (BOOL)isEqual:(id)other;
 @end
 
-@interface NSString : NSObject
+@protocol NSObject
+@end
+
+@protocol NSCopying
+@end
+
+@interface NSString : NSObject <NSCopying>
 - (BOOL)isEqualToString:(NSString*)other;
 @end
 
-@interface NSArray<Element> : NSObject
-@property(readonly) NSUInteger count;
-- (Element)objectAtIndexedSubscript:(NSUInteger)index;
-@end
-
-@interface NSMutableArray<Element> : NSArray <Element>
-+ (instancetype)array;
-- (void)addObject:(Element)object;
-@end
-
 @interface NSDictionary<Key, Object> : NSObject
++ (instancetype)dictionaryWithObjects:(const Object[])objects
+                              forKeys:(const id<NSCopying>[])keys
+                                count:(NSUInteger)count;
 @end
 
 @interface NSDictionary (FileAttributes)
@@ -43,6 +42,7 @@ __attribute__((objc_root_class))
 @interface NSURL : NSObject
 + (NSURL*)fileURLWithPath:(NSString*)path isDirectory:(BOOL)isDirectory;
 @property(readonly, copy) NSString* path;
+@property(readonly, copy) NSString* lastPathComponent;
 - (BOOL)getResourceValue:(id*)value forKey:(NSString*)key error:(NSError**)error;
 @end
 
@@ -54,7 +54,15 @@ extern "C" NSString* const NSFileTypeDirectory;
 @property(readonly) BOOL boolValue;
 @end
 
+typedef NSString* NSErrorDomain;
+extern "C" NSErrorDomain const NSCocoaErrorDomain;
+extern "C" NSString* const NSLocalizedDescriptionKey;
+enum : NSInteger { NSFileReadUnknownError = 256 };
+
 @interface NSError : NSObject
++ (instancetype)errorWithDomain:(NSErrorDomain)domain
+                           code:(NSInteger)code
+                       userInfo:(NSDictionary<NSString*, id>*)userInfo;
 @end
 
 @interface NSFileManager : NSObject
