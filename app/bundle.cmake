@@ -15,7 +15,16 @@ get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
 cmake_path(GET qmake PARENT_PATH qt_tools)
 add_custom_target(frimbolate_signed
   COMMAND ${qt_tools}/macdeployqt $<TARGET_BUNDLE_DIR:frimbolate>
-  COMMAND codesign --force --deep --sign ${FRIMBOLATE_SIGNER}
-          --entitlements ${FRIMBOLATE_ENTITLEMENTS} $<TARGET_BUNDLE_DIR:frimbolate>
+  COMMAND ${CMAKE_COMMAND} -DBUNDLE=$<TARGET_BUNDLE_DIR:frimbolate>
+          -DIDENTITY=${FRIMBOLATE_SIGNER} -DENTITLEMENTS=${FRIMBOLATE_ENTITLEMENTS}
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/sign_bundle.cmake
   VERBATIM)
 add_dependencies(frimbolate_signed frimbolate)
+
+add_custom_target(frimbolate_image
+  COMMAND ${CMAKE_COMMAND} -DBUNDLE=$<TARGET_BUNDLE_DIR:frimbolate>
+          -DIDENTITY=${FRIMBOLATE_SIGNER}
+          -DIMAGE=${PROJECT_BINARY_DIR}/Frimbolate-${PROJECT_VERSION}.dmg
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/make_image.cmake
+  VERBATIM)
+add_dependencies(frimbolate_image frimbolate_signed)
