@@ -46,6 +46,9 @@ class Files {
     /// \throws NamedError "Unwritable content" for a text or date that not every reader would
     ///         return unchanged
     virtual bool writeDictionary(const std::string& path, const Dictionary& dictionary) = 0;
+    /// The whole content of the file that writeDictionary() writes; UTF-8. Writes nothing.
+    /// \throws NamedError as writeDictionary() does
+    virtual std::string propertyListText(const Dictionary& dictionary) = 0;
 };
 
 /// The desktop's trash, from which the user can restore a file.

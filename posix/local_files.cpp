@@ -1,5 +1,6 @@
 #include "posix/local_files.h"
 
+#include "plist/xml_writer.h"
 #include "posix/property_list_file.h"
 
 #include <fcntl.h>
@@ -47,6 +48,10 @@ bool LocalFiles::writeDictionary(const std::string& path, const Dictionary& dict
     if (reason)
         log_.line("Could not write property list " + path + ": " + *reason);
     return !reason;
+}
+
+std::string LocalFiles::propertyListText(const Dictionary& dictionary) {
+    return xmlPropertyList(dictionary);
 }
 
 } // namespace frimbolate

@@ -20,6 +20,7 @@ class LocalFiles : public Files {
     /// An existing file loses the right of its group and of others to write it, with which launchd
     /// refuses an agent; else it keeps its rights.
     bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;
+    std::string propertyListText(const Dictionary& dictionary) override;
 
   private:
     Log& log_;

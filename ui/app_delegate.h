@@ -178,6 +178,16 @@ class AppDelegate : private AgentReaderHost {
     /// Asks for an agent file and, after a confirmation, deletes it.
     void deleteLaunchAgentContinue() { agentDeletion_.deleteLaunchAgentContinue(); }
 
+    // The property list of the form
+
+    /// The content of the file that a save under the proposed name would write; also of a form that
+    /// fails validation.
+    /// \param form the record of the form
+    /// \throws NamedError "Unwritable content" where a save would fail for it
+    std::string propertyListText(const AgentForm& form) const;
+    /// Copies the text of propertyListText() to the pasteboard; without effect where it throws.
+    void copyPropertyList();
+
     // Preferences
 
     /// Normalises the stored preferences and sets the controls that show them.

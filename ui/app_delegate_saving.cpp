@@ -84,6 +84,21 @@ AgentPlist AppDelegate::buildLoggedAgentPlist(const SaveLocation& location) {
     return buildAgentPlist(form, label);
 }
 
+std::string AppDelegate::propertyListText(const AgentForm& form) const {
+    const auto label = labelForFileName(proposedFileName(form.name));
+    return services_.files.propertyListText(buildAgentPlist(form, label));
+}
+
+void AppDelegate::copyPropertyList() {
+    try {
+        const auto text = propertyListText(agentForm(form_));
+        services_.pasteboard.clearContents();
+        services_.pasteboard.setString(text);
+    } catch (const NamedError&) { // there is nothing to copy; the page shows the reason
+        return;
+    }
+}
+
 void AppDelegate::showSuccess() {
     services_.alerts.show(
         {"Your launch agent was created.",

@@ -120,6 +120,7 @@ void Commands::addMenus() {
     addEditMenu();
     QMenu* agent = bar->addMenu(tr("&Agent"));
     QMenu* view = bar->addMenu(tr("&View"));
+    view->setObjectName("viewMenu");
     QMenu* help = bar->addMenu(tr("&Help"));
 
     QMenu* const menus[] = {application, file, agent, view}; // in the order of Action::Menu

@@ -8,6 +8,9 @@
 #include "widgets/drawer/drawer_panel.h"
 #include "widgets/form/form_card.h"
 #include "widgets/form/script_pop_over.h"
+#include "widgets/pages/page_stack.h"
+#include "widgets/pages/page_switcher.h"
+#include "widgets/pages/property_list_page.h"
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
 #include "widgets/style/surfaces.h"
@@ -15,6 +18,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QMenu>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -30,7 +35,7 @@ namespace {
 // Pixels of the 1x layout.
 constexpr int formWidth = 680, windowHeight = 472, contentHeight = 380;
 using style::cardMargin;
-constexpr int statusLineHeight = 44, dotGap = 8, nextRunGap = 16;
+constexpr int statusLineHeight = 44, dotGap = 8, statusLineGap = 12;
 
 /// The line at the bottom of the form: a hairline above, and a dot that lights up when the summary
 /// is complete.
@@ -63,13 +68,20 @@ MainWindow::MainWindow(bool blendsWindows) : commands_(new Commands(binder_, *th
     auto* drawer = new DrawerPanel(binder_, scaled(formWidth), content);
     // The form is created last to lie above the drawer, which slides out from behind it.
     QWidget* form = makeForm(content);
+    binder_.addUpdater([this](const FormModel& model) {
+        // The script's pop-over points at a button of the form.
+        if (model.popoverScriptObject.shown)
+            pages_->showPage(Page::Form);
+    });
     new DrawerHost(binder_, *this, form, drawer, {scaled(formWidth), scaled(windowHeight)});
     auto* card = form->findChild<FormCard*>();
     new ScriptPopOver(binder_, card->scriptButton(), blendsWindows, this);
     setTabOrder(form, drawer);
     card->firstField()->setFocus();
-    connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card,
-            [card] { card->firstField()->setFocus(); });
+    connect(findChild<QAction*>("createNewAgent"), &QAction::triggered, card, [this, card] {
+        pages_->showPage(Page::Form);
+        card->firstField()->setFocus();
+    });
     focusFirstFaultAfterValidation(*card);
     binder_.addUpdater([this](const FormModel& model) {
         if (model.mainWindow.visible && !isVisible())
@@ -87,8 +99,10 @@ void MainWindow::focusFirstFaultAfterValidation(FormCard& card) {
             [this] { focusesFault_ = true; });
     binder_.addUpdater([this, &card](const FormModel&) {
         QWidget* fault = std::exchange(focusesFault_, false) ? card.firstFault() : nullptr;
-        if (fault)
-            fault->setFocus();
+        if (!fault)
+            return;
+        pages_->showPage(Page::Form);
+        fault->setFocus();
     });
 }
 
@@ -102,7 +116,12 @@ QWidget* MainWindow::makeForm(QWidget* parent) {
     auto* column = new QVBoxLayout(form);
     column->setContentsMargins(0, scaled(cardMargin), 0, 0);
     column->setSpacing(0);
-    column->addWidget(new FormCard(binder_, form), 0, Qt::AlignHCenter);
+    pages_ = new PageStack(*findChild<QMenu*>("viewMenu"), form);
+    auto* card = new FormCard(binder_, pages_);
+    pages_->addPage(card, card->firstField());
+    auto* propertyList = new PropertyListPage(binder_, pages_);
+    pages_->addPage(propertyList, propertyList->firstControl());
+    column->addWidget(pages_, 0, Qt::AlignHCenter);
     column->addStretch();
     column->addWidget(makeStatusLine(form));
     return form;
@@ -114,11 +133,14 @@ QWidget* MainWindow::makeStatusLine(QWidget* parent) {
     auto* line = new QHBoxLayout(statusLine);
     line->setContentsMargins(scaled(cardMargin + style::statusDotSide + dotGap), 0,
                              scaled(cardMargin), 0);
+    line->setSpacing(scaled(statusLineGap));
     auto* plan = new ElidedLabel(Qt::ElideRight, statusLine);
     plan->setObjectName("summary");
-    line->setSpacing(scaled(nextRunGap));
     line->addWidget(plan, 1);
     line->addWidget(makeNextRun(statusLine));
+    auto* switcher = new PageSwitcher(statusLine);
+    line->addWidget(switcher);
+    pages_->follow(*switcher);
     binder_.addUpdater([plan, statusLine](const FormModel&, const FormPresentation& presentation) {
         plan->setWholeText(text(presentation.summary.sentence));
         statusLine->setComplete(presentation.summary.isComplete);

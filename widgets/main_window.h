@@ -17,6 +17,7 @@ namespace frimbolate {
 class Commands;
 class DrawerPanel;
 class FormCard;
+class PageStack;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -50,6 +51,7 @@ class MainWindow : public QMainWindow {
 
     FormBinder binder_;
     Commands* commands_;
+    PageStack* pages_ = nullptr;
     bool focusesFault_ = false; ///< the next update focuses the first fault
 };
 

@@ -112,6 +112,15 @@ TEST_F(LocalFilesTest, WritesNothingThatItWouldNotRead) {
     EXPECT_EQ(bytesOf(file), "original");
 }
 
+TEST_F(LocalFilesTest, TheTextOfAPropertyListIsWhatIsWritten) {
+    const auto path = folder / "a.plist";
+    const Dictionary odd = {{"Label", "a & <b>"}, {"Nice", -5}, {"Empty", Dictionary{}}};
+    ASSERT_TRUE(files.writeDictionary(path, odd));
+    EXPECT_EQ(files.propertyListText(odd), bytesOf(path));
+    const Dictionary unwritable = {{"Label", "a\x01"}};
+    EXPECT_THROW(files.propertyListText(unwritable), NamedError);
+}
+
 TEST_F(LocalFilesTest, UnwritableContentRaisesAndLeavesTheOriginal) {
     writeBytes(file, "original");
     EXPECT_NE(reasonOf("Unwritable content",

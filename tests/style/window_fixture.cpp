@@ -279,6 +279,16 @@ void replaceAlert(WindowFixture& fixture) {
     press(fixture, "promptButton");
 }
 
+void propertyList(WindowFixture& fixture) {
+    filled(fixture);
+    fixture.find<QAction>("showPropertyList")->trigger();
+}
+
+void incompletePropertyList(WindowFixture& fixture) {
+    propertyList(fixture);
+    fixture.form().agentNameTextField.stringValue.clear();
+}
+
 constexpr UiState rows[] = {
     {"empty", [](WindowFixture&) {}},
     {"weekly", filled},
@@ -312,6 +322,8 @@ constexpr UiState rows[] = {
     {"pop_up_open", popUpOpen},
     {"menu_open", menuOpen},
     {"about", about},
+    {"property_list", propertyList},
+    {"property_list_incomplete", incompletePropertyList},
     {"open_panel", openPanel},
     {"rejecting_panel", rejectingPanel},
     {"grant_panel", grantPanel},

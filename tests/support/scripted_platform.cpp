@@ -2,6 +2,7 @@
 
 #include "core/conversions.h"
 #include "core/named_error.h"
+#include "plist/xml_writer.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,12 @@ bool ScriptedFiles::writeDictionary(const std::string& path, const Dictionary& d
         return false;
     contents[path] = dictionary;
     return true;
+}
+
+std::string ScriptedFiles::propertyListText(const Dictionary& dictionary) {
+    if (contentIsUnwritable)
+        throw NamedError("Unwritable content", "This content cannot be written");
+    return xmlPropertyList(dictionary);
 }
 
 // Trash

@@ -41,6 +41,7 @@ class ScriptedFiles : public Files {
     bool remove(const std::string& path) override;
     std::optional<Dictionary> readDictionary(const std::string& path) override;
     bool writeDictionary(const std::string& path, const Dictionary& dictionary) override;
+    std::string propertyListText(const Dictionary& dictionary) override;
 
     /// The files by path; std::nullopt for a file that is no property list.
     std::map<std::string, std::optional<Dictionary>> contents;

@@ -4,6 +4,7 @@
 #include "tests/widgets/call_counts.h"
 #include "tests/widgets/window_test.h"
 
+#include <QAction>
 #include <QCoreApplication>
 
 namespace frimbolate::test {
@@ -75,6 +76,21 @@ TEST_F(RefreshTest, ValidatesACompleteFormOnce) {
         window.mirror();
         expectOneValidation();
     }
+}
+
+TEST_F(RefreshTest, BuildsThePropertyListOnceAndOnlyWhileItIsShown) {
+    complete(ScheduleType::EveryDay);
+    find<QAction>("showPropertyList")->trigger();
+    callCounts = {};
+    window.mirror();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(callCounts.validations, 1);
+    EXPECT_EQ(callCounts.records, 1);
+    EXPECT_EQ(callCounts.agentPlists, 1);
+    find<QAction>("showForm")->trigger();
+    callCounts = {};
+    window.mirror();
+    expectOneValidation();
 }
 
 TEST_F(RefreshTest, ValidatesOnceForATypedCharacter) {

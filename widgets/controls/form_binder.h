@@ -39,6 +39,8 @@ class FormBinder : public QObject {
 
     /// The clock by which the presentation gets the next run; without one it has none.
     void setWallClock(std::function<WallClock()> clock) { wallClock_ = std::move(clock); }
+    /// For an updater that shows more than model and presentation; null before connectTo().
+    AppDelegate* delegate() const { return delegate_; }
 
     /// For an updater that shows more than model and presentation; null before connectTo().
     AppDelegate* delegate() const { return delegate_; }

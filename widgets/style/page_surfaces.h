@@ -1,0 +1,24 @@
+// The painting of the pages' switcher, of their bars and buttons, and of the list of agents beside
+// its rows. Lengths scale with the user's font, colours follow the widget's palette.
+#pragma once
+
+class QAbstractButton;
+class QWidget;
+
+namespace frimbolate::style {
+
+/// The box around the segments of the switcher.
+void paintSwitcher(QWidget& switcher);
+/// A segment: its icon, on a background by state.
+void paintSegment(QAbstractButton& segment);
+
+/// The heights of a page's header and of the strip that reports a fault, without their lines;
+/// pixels of the 1x layout.
+constexpr int pageHeaderHeight = 38, faultStripHeight = 34;
+/// The card of the property list, with a line below its header and one above the strip.
+void paintPropertyListPage(QWidget& page, bool hasStrip, bool hasFocus);
+
+/// The side of the icons of segments and flat buttons; pixels of the 1x layout.
+constexpr int pageIconSide = 16;
+
+} // namespace frimbolate::style
