@@ -1,5 +1,6 @@
 #include "macos/mac_workspace.h"
 
+#include "macos/file_viewer.h"
 #include "macos/values.h"
 
 #include <CoreServices/CoreServices.h>
@@ -33,6 +34,8 @@ void open(CFURLRef application, LSLaunchFlags flags) {
 void MacWorkspace::openTerminal() {
     open(applicationWith("com.apple.Terminal").get(), kLSLaunchDefaults);
 }
+
+void MacWorkspace::showFile(const std::string& path) { showInFinder(path); }
 
 void MacWorkspace::launchNewInstance() {
     open(applicationWith("com.qz.Frimbolate").get(), kLSLaunchDefaults | kLSLaunchNewInstance);

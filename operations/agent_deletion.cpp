@@ -20,6 +20,10 @@ void AgentDeletion::deleteLaunchAgentContinue() {
         }));
 }
 
+void AgentDeletion::deleteAgent(const std::string& path) {
+    confirm(path, FolderGrant(services_).open());
+}
+
 void AgentDeletion::confirm(const std::string& path, const Folder& folder) {
     services_.alerts.show(
         {"Are you sure you want to delete the following launch agent?", path, {"Delete", "Cancel"}},

@@ -20,6 +20,8 @@ class AgentDeletion {
     void deleteLaunchAgent();
     /// The same without the warning.
     void deleteLaunchAgentContinue();
+    /// The same for a file that is chosen already.
+    void deleteAgent(const std::string& path);
 
   private:
     using Folder = std::optional<std::string>;

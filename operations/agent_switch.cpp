@@ -49,6 +49,10 @@ void AgentSwitch::onOffLaunchAgent() {
         }));
 }
 
+void AgentSwitch::switchAgent(const std::string& path) {
+    agentChosen(path, FolderGrant(services_).open());
+}
+
 void AgentSwitch::agentChosen(const std::string& path, const Folder& folder) {
     try {
         auto agent = services_.files.readDictionary(path);

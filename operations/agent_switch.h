@@ -25,6 +25,8 @@ class AgentSwitch {
     /// Asks for an agent file and for a confirmation, and writes the opposite of its present state
     /// to "Enabled". An error is logged and shown.
     void onOffLaunchAgent();
+    /// The same for a file that is chosen already.
+    void switchAgent(const std::string& path);
 
   private:
     using Folder = std::optional<std::string>;

@@ -14,17 +14,28 @@ void CommandSheet::unloadLaunchAgent() {
     chooseAgent("Please choose a launch agent to unload:", unloadCommand);
 }
 
-void CommandSheet::chooseAgent(std::string message, std::string (*compose)(std::string_view)) {
+void CommandSheet::showLoadCommand(const std::string& path) {
+    agentChosen(path, FolderGrant(services_).open(), loadCommand);
+}
+
+void CommandSheet::showUnloadCommand(const std::string& path) {
+    agentChosen(path, FolderGrant(services_).open(), unloadCommand);
+}
+
+void CommandSheet::chooseAgent(std::string message, Compose compose) {
     const auto folder = FolderGrant(services_).open();
     services_.filePanels.open(
         agentPanel(std::move(message), folder),
         lifetime_.whileAlive([this, folder, compose](const std::optional<std::string>& path) {
-            if (!path)
-                return; // access stays begun, see FolderGrant
-            setCommand(compose(*path));
-            show();
-            FolderGrant(services_).close(folder);
+            if (path)
+                agentChosen(*path, folder, compose); // else access stays begun, see FolderGrant
         }));
+}
+
+void CommandSheet::agentChosen(const std::string& path, const Folder& folder, Compose compose) {
+    setCommand(compose(path));
+    show();
+    FolderGrant(services_).close(folder);
 }
 
 void CommandSheet::setCommand(const std::string& command) {

@@ -9,6 +9,7 @@
 #include "platform/lifetime.h"
 #include "platform/services.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ class CommandSheet {
     void loadLaunchAgent();
     /// Asks for an agent file and shows the command that unloads it.
     void unloadLaunchAgent();
+    /// Shows the command that loads, or unloads, an agent file that is chosen already.
+    void showLoadCommand(const std::string& path);
+    void showUnloadCommand(const std::string& path);
 
     /// Sets the command of the sheet, then calls evaluateAutoCopyScripts().
     void setCommand(const std::string& command);
@@ -39,8 +43,11 @@ class CommandSheet {
     void launchTerminal();
 
   private:
+    using Folder = std::optional<std::string>;
+    using Compose = std::string (*)(std::string_view path);
     void copy(const std::string& command);
-    void chooseAgent(std::string message, std::string (*compose)(std::string_view path));
+    void chooseAgent(std::string message, Compose compose);
+    void agentChosen(const std::string& path, const Folder& folder, Compose compose);
 
     FormModel& form_;
     Services& services_;

@@ -103,6 +103,8 @@ class Workspace {
     virtual ~Workspace() = default;
     /// Opens the desktop's terminal; a failure is not reported.
     virtual void openTerminal() = 0;
+    /// Shows a file, selected, in the desktop's file manager; a failure is not reported.
+    virtual void showFile(const std::string& path) = 0;
     /// Starts another instance beside the running one; a failure is not reported.
     virtual void launchNewInstance() = 0;
     /// The short (login) name of the user, such as "maya".

@@ -1,8 +1,14 @@
 #include "qt/qt_workspace.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
+#include <QUrl>
 
 #include <cstdlib>
 #include <pwd.h>
@@ -27,6 +33,28 @@ void QtWorkspace::openTerminal() {
         if (start(program, arguments, QDir::homePath()))
             return;
     }
+}
+
+void QtWorkspace::showFile(const std::string& path) {
+    const QString file = QString::fromStdString(path);
+    const auto openFolder = [*this, folder = QFileInfo(file).path()] {
+        start("xdg-open", {folder}, {});
+    };
+    // A connection of its own: one that is lost does not end the program, unlike the shared one.
+    const QString name = "frimbolate-file-manager";
+    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+    if (!bus.isConnected())
+        return openFolder();
+    auto message = QDBusMessage::createMethodCall("org.freedesktop.FileManager1",
+                                                  "/org/freedesktop/FileManager1",
+                                                  "org.freedesktop.FileManager1", "ShowItems");
+    message << QStringList{QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)} << QString();
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(message), qApp);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, openFolder] {
+        if (answer->isError())
+            openFolder();
+        answer->deleteLater();
+    });
 }
 
 void QtWorkspace::launchNewInstance() {

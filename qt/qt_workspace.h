@@ -24,6 +24,9 @@ class QtWorkspace : public Workspace {
     static QStringList terminalCommands();
 
     void openTerminal() override;
+    /// Asks the file manager over the session bus to select the file; where none answers, opens the
+    /// file's folder.
+    void showFile(const std::string& path) override;
     void launchNewInstance() override;
     std::string userName() override;
 

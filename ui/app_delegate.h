@@ -178,6 +178,25 @@ class AppDelegate : private AgentReaderHost {
     /// Asks for an agent file and, after a confirmation, deletes it.
     void deleteLaunchAgentContinue() { agentDeletion_.deleteLaunchAgentContinue(); }
 
+    // The list of agents. An action on a listed file continues as the action of the same kind does
+    // once its panel has been answered: with the same alerts, log lines and effects.
+
+    /// Reads an agent into the form. Returns whether it was one that the form can show; else an
+    /// alert says why not, and the form stays as it is.
+    bool editAgent(const std::string& path);
+    void switchAgent(const std::string& path) { agentSwitch_.switchAgent(path); }
+    void showLoadCommand(const std::string& path) { commandSheet_.showLoadCommand(path); }
+    void showUnloadCommand(const std::string& path) { commandSheet_.showUnloadCommand(path); }
+    void deleteAgent(const std::string& path) { agentDeletion_.deleteAgent(path); }
+    /// Shows the file in the desktop's file manager.
+    void showInFileManager(const std::string& path) { services_.workspace.showFile(path); }
+    /// Begins access to the granted folder for one reading. Returns nothing, having begun no
+    /// access, where none is granted. Call closeAgentFolder() with the folder after the reading.
+    std::optional<std::string> openAgentFolder();
+    void closeAgentFolder(const std::optional<std::string>& folder);
+    /// Asks for the folder and stores the grant, as the end of the welcome flow does.
+    void requestAgentFolder();
+
     // The property list of the form
 
     /// The content of the file that a save under the proposed name would write; also of a form that
@@ -264,7 +283,7 @@ class AppDelegate : private AgentReaderHost {
     CommandSheet commandSheet_;
     AgentSwitch agentSwitch_;
     AgentDeletion agentDeletion_;
-    /// Replaced each time the welcome flow ends.
+    /// Replaced each time the welcome flow ends, and when the list of agents asks for the grant.
     std::unique_ptr<BookmarkClass> bookmark_;
     DrawerController drawer_{form_.advancedDrawer};
     Lifetime lifetime_;

@@ -101,6 +101,14 @@ TEST_F(WorkspaceTest, GivesATerminalTheEnvironmentAndSignalsOfOrdinaryPrograms) 
     EXPECT_EQ(openedTerminal(), "as it was\nSigIgn:\t0000000000000000\n");
 }
 
+TEST_F(WorkspaceTest, OpensTheFolderOfAFileWhereNoFileManagerAnswers) {
+    const Variable bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    putProgram("xdg-open");
+    workspace.showFile(folder / "a b.plist");
+    ASSERT_TRUE(eventually([&] { return std::filesystem::exists(sign); }));
+    EXPECT_TRUE(bytesOf(sign).starts_with("xdg-open|" + folder.path() + "|")) << bytesOf(sign);
+}
+
 TEST_F(WorkspaceTest, LaunchesItselfWithAnArgument) {
     workspace.launchNewInstance();
     ASSERT_TRUE(eventually([&] { return std::filesystem::exists(sign); }));

@@ -184,6 +184,7 @@ class ScriptedPlatform : public Alerts,
     void clearContents() override;
     void setString(const std::string& text) override;
     void openTerminal() override { journal.add("workspace", "terminal"); }
+    void showFile(const std::string& path) override { journal.add("workspace", "show " + path); }
     void launchNewInstance() override { journal.add("workspace", "new instance"); }
     std::string userName() override { return user; }
     LocalDateTime now() override { return time; }

@@ -46,3 +46,8 @@ enum : NSModalResponse { NSModalResponseCancel = 0, NSModalResponseOK = 1 };
 @property BOOL canChooseFiles;
 @property BOOL allowsMultipleSelection;
 @end
+
+@interface NSWorkspace : NSObject
+@property(class, readonly, strong) NSWorkspace* sharedWorkspace;
+- (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)urls;
+@end
