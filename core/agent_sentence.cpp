@@ -22,7 +22,7 @@ bool isSet(const Dictionary& keys, std::string_view key) {
 }
 
 /// The texts of an array; empty where it is no array of texts.
-Words texts(const Dictionary& agent, std::string_view key) {
+Words textsOf(const Dictionary& agent, std::string_view key) {
     Words words;
     const Value* value = find(agent, key);
     const Array* elements = value ? value->array() : nullptr;
@@ -60,7 +60,7 @@ std::string commandName(const Words& command) {
 
 /// The command line that launchd runs; empty where the agent names no program.
 Words commandLine(const Dictionary& agent) {
-    Words command = texts(agent, "ProgramArguments");
+    Words command = textsOf(agent, "ProgramArguments");
     const Value* program = find(agent, "Program");
     if (program && program->string()) {
         if (command.empty())
@@ -139,7 +139,7 @@ Keeping readKeepAlive(const Dictionary& agent, std::string_view home) {
 
 Words demands(const Dictionary& agent, std::string_view home) {
     const auto paths = [&](std::string_view key) {
-        Words shown = texts(agent, key);
+        Words shown = textsOf(agent, key);
         for (auto& path : shown)
             path = shownPath(path, home);
         return joined(shown, ", ", " or ");

@@ -14,7 +14,7 @@ struct RuleRow {
     std::array<std::string_view, 4> words;
 };
 
-constexpr RuleRow rows[] = {
+constexpr RuleRow ruleRows[] = {
     {Rule::NoDictionary,
      "no-dictionary",
      "the file",
@@ -369,11 +369,11 @@ constexpr RuleRow rows[] = {
      Note,
      {"is 0: launchd waits for ever, which may stall a shutdown"}},
 };
-static_assert(std::size(rows) == ruleCount);
+static_assert(std::size(ruleRows) == ruleCount);
 
 consteval bool areInOrder() {
     for (std::size_t i = 0; i < ruleCount; ++i)
-        if (std::size_t(rows[i].rule) != i)
+        if (std::size_t(ruleRows[i].rule) != i)
             return false;
     return true;
 }
@@ -381,7 +381,7 @@ static_assert(areInOrder(), "a row per rule, in the order of the rules");
 
 constexpr auto table = [] {
     std::array<CheckRule, ruleCount> rules{};
-    for (const auto& row : rows) {
+    for (const auto& row : ruleRows) {
         std::size_t words = 0;
         while (words < row.words.size() && !row.words[words].empty())
             ++words;

@@ -9,7 +9,7 @@ namespace frimbolate {
 
 namespace {
 
-using Names = std::vector<std::string_view>;
+using KeyNames = std::vector<std::string_view>;
 
 bool startsByInterval(const CheckedAgent& agent) {
     const auto* value = find(agent.keys, "StartInterval");
@@ -41,8 +41,8 @@ bool waitsForDemand(const CheckedAgent& agent) {
 }
 
 /// The keys that start the agent, but not for the first time where it waits for a demand.
-Names triggersWithoutDemand(const CheckedAgent& agent) {
-    Names names;
+KeyNames triggersWithoutDemand(const CheckedAgent& agent) {
+    KeyNames names;
     if (startsByInterval(agent))
         names.emplace_back("StartInterval");
     if (startsByCalendar(agent))
@@ -68,7 +68,7 @@ bool mayStartOtherwise(const CheckedAgent& agent) {
                        [](const auto& entry) { return !launchdKey("", entry.first); });
 }
 
-std::string joined(const Names& names) {
+std::string joinedNames(const KeyNames& names) {
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i)
         text.append(i == 0 ? "" : i + 1 == names.size() ? " or " : ", ").append(names[i]);
@@ -85,7 +85,7 @@ void checkFirstDemand(const CheckedAgent& agent) {
     const auto others = triggersWithoutDemand(agent);
     const auto add = [&](std::size_t variant) {
         agent.findings.add(Rule::AfterInitialDemand, "KeepAlive.AfterInitialDemand", variant,
-                           {joined(others)});
+                           {joinedNames(others)});
     };
     const bool isDemandCertain = hasDemand(agent);
     if (!isDemandCertain && mayStartOtherwise(agent))

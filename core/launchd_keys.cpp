@@ -19,7 +19,7 @@ constexpr K integerOrString{Kinds::Integer | Kinds::String, Kinds::Any, Kinds::A
 constexpr K strings{Kinds::Array, Kinds::String, Kinds::Any, "an array of strings"};
 constexpr K stringOrStrings{Kinds::String | Kinds::Array, Kinds::String, Kinds::Any,
                             "a string or an array of strings"};
-constexpr K dictionary{Kinds::Dictionary, Kinds::Any, Kinds::Any, "a dictionary"};
+constexpr K anyDictionary{Kinds::Dictionary, Kinds::Any, Kinds::Any, "a dictionary"};
 constexpr K booleanOrDictionary{Kinds::Boolean | Kinds::Dictionary, Kinds::Any, Kinds::Any,
                                 "a boolean or a dictionary"};
 constexpr K arraysByName{Kinds::Dictionary, Kinds::Any, Kinds::Array, "a dictionary of arrays"};
@@ -38,17 +38,17 @@ constexpr K events{Kinds::Dictionary, Kinds::Any, Kinds::Dictionary,
                    "a dictionary of dictionaries"};
 
 using S = KeyState;
-constexpr std::string_view inetd = "inetdCompatibility", keepAlive = "KeepAlive",
+constexpr std::string_view inetd = "inetdCompatibility", keepAliveKey = "KeepAlive",
                            calendar = "StartCalendarInterval", service = "MachServices.*",
                            softLimits = "SoftResourceLimits", hardLimits = "HardResourceLimits",
                            socket = "Sockets.*";
 
-constexpr LaunchdKey keys[] = {
+constexpr LaunchdKey keyTable[] = {
     {"", "Label", string},
     {"", "Disabled", boolean},
     {"", "UserName", string, S::DaemonsOnly},
     {"", "GroupName", string, S::DaemonsOnly},
-    {"", "inetdCompatibility", dictionary, S::Discouraged},
+    {"", "inetdCompatibility", anyDictionary, S::Discouraged},
     {inetd, "Wait", boolean, S::Discouraged},
     {"", "LimitLoadToHosts", strings, S::NotSupported},
     {"", "LimitLoadFromHosts", strings, S::NotSupported},
@@ -64,13 +64,13 @@ constexpr LaunchdKey keys[] = {
     {"", "OnDemand", boolean, S::Retired},
     {"", "ServiceIPC", boolean, S::Retired},
     {"", "KeepAlive", booleanOrDictionary},
-    {keepAlive, "SuccessfulExit", boolean},
-    {keepAlive, "NetworkState", boolean, S::WithoutEffect},
-    {keepAlive, "PathState", booleansByName, S::Discouraged},
-    {keepAlive, "OtherJobEnabled", booleansByName, S::Discouraged},
-    {keepAlive, "OtherJobActive", booleansByName, S::Undocumented},
-    {keepAlive, "Crashed", boolean},
-    {keepAlive, "AfterInitialDemand", boolean, S::Undocumented},
+    {keepAliveKey, "SuccessfulExit", boolean},
+    {keepAliveKey, "NetworkState", boolean, S::WithoutEffect},
+    {keepAliveKey, "PathState", booleansByName, S::Discouraged},
+    {keepAliveKey, "OtherJobEnabled", booleansByName, S::Discouraged},
+    {keepAliveKey, "OtherJobActive", booleansByName, S::Undocumented},
+    {keepAliveKey, "Crashed", boolean},
+    {keepAliveKey, "AfterInitialDemand", boolean, S::Undocumented},
     {"", "RunAtLoad", boolean},
     {"", "RootDirectory", string},
     {"", "WorkingDirectory", string},
@@ -148,7 +148,7 @@ constexpr LaunchdKey keys[] = {
     {"", "LegacyTimers", boolean},
     {"", "AssociatedBundleIdentifiers", stringOrStrings},
     {"", "CFBundleIdentifier", string, S::Undocumented},
-    {"", "Policies", dictionary, S::Undocumented},
+    {"", "Policies", anyDictionary, S::Undocumented},
     {"", "BonjourFDs", any, S::Undocumented},
     {"", "LastExitStatus", integer, S::Reported},
     {"", "PID", integer, S::Reported},
@@ -207,29 +207,29 @@ bool areEqualWithoutCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return lower(x) == lower(y); });
 }
 
-std::span<const LaunchdKey> launchdKeys() { return keys; }
+std::span<const LaunchdKey> launchdKeys() { return keyTable; }
 
 const LaunchdKey* launchdKey(std::string_view parent, std::string_view name) {
-    for (const auto& key : keys)
+    for (const auto& key : keyTable)
         if (key.name == name && key.parent == parent)
             return &key;
     return nullptr;
 }
 
 bool hasKnownKeys(std::string_view parent) {
-    return std::any_of(std::begin(keys), std::end(keys),
+    return std::any_of(std::begin(keyTable), std::end(keyTable),
                        [parent](const LaunchdKey& key) { return key.parent == parent; });
 }
 
 const LaunchdKey* nearestLaunchdKey(std::string_view parent, std::string_view name) {
-    for (const auto& key : keys)
+    for (const auto& key : keyTable)
         if (key.parent == parent && areEqualWithoutCase(key.name, name))
             return &key;
     if (name.size() > longestName)
         return nullptr;
     const LaunchdKey* nearest = nullptr;
     std::size_t least = longestName;
-    for (const auto& key : keys) {
+    for (const auto& key : keyTable) {
         const auto longer = std::max(key.name.size(), name.size());
         const auto shorter = std::min(key.name.size(), name.size());
         const auto most = std::max<std::size_t>(longer / 4, 1);

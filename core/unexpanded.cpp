@@ -1,5 +1,6 @@
 #include "core/unexpanded.h"
 
+#include "core/ascii.h"
 #include "core/conversions.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@ namespace frimbolate {
 namespace {
 
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// The variable that begins at the text's "$"; empty where none does.
 std::string_view variableAtStart(std::string_view text) {

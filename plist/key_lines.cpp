@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t mostLevels = 4;
 
 /// An open array or dictionary.
-struct Level {
+struct KeyLevel {
     std::string path;
     bool isArray;
     std::size_t elements; ///< of an array, begun so far
@@ -100,7 +100,7 @@ class KeyLineScanner {
             levels_.pop_back();
     }
 
-    std::string childPath(const Level& level) const {
+    std::string childPath(const KeyLevel& level) const {
         if (level.isArray)
             return level.path + "[" + std::to_string(level.elements) + "]";
         return level.path.empty() ? key_ : level.path + "." + key_;
@@ -116,7 +116,7 @@ class KeyLineScanner {
     std::string_view text_;
     TextCursor in_;
     KeyLines lines_;
-    std::vector<Level> levels_;
+    std::vector<KeyLevel> levels_;
     std::string key_;
     std::size_t line_ = 1;
     std::size_t counted_ = 0;

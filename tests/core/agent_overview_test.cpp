@@ -26,15 +26,15 @@ Array calendars(std::initializer_list<Dictionary> elements) {
     return result;
 }
 
-struct Row {
+struct OverviewRow {
     const char* name;
     Dictionary keys; ///< beside the program
     const char* sentence;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const OverviewRow& row, std::ostream* out) { *out << row.name; }
 
-class AgentSentence : public testing::TestWithParam<Row> {};
+class AgentSentence : public testing::TestWithParam<OverviewRow> {};
 
 TEST_P(AgentSentence, SaysWhatLaunchdDoes) {
     Dictionary agent = GetParam().keys;
@@ -42,7 +42,7 @@ TEST_P(AgentSentence, SaysWhatLaunchdDoes) {
     EXPECT_EQ(agentSentence(agent, {.home = "/Users/ada"}), GetParam().sentence);
 }
 
-const Row rows[] = {
+const OverviewRow overviewRows[] = {
     {"Nothing", {}, "Never runs sync: nothing launches it."},
     {"AtLoad", {{"RunAtLoad", true}}, "Runs sync when the agent is loaded, such as at login."},
     {"NotAtLoad", {{"RunAtLoad", false}}, "Never runs sync: nothing launches it."},
@@ -190,7 +190,7 @@ const Row rows[] = {
      "Runs nothing: the agent names no program."},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, AgentSentence, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, AgentSentence, testing::ValuesIn(overviewRows), NamedAfterRow());
 
 TEST(AgentSentences, FollowTheClock) {
     const Dictionary agent = {{"ProgramArguments", sync},

@@ -25,7 +25,7 @@ Dictionary with(Dictionary keys, const char* key, Value value) {
 const Snapshot anyCalendar = {{"agentIntervalField.hidden", "yes"},
                               {"agentScheduleDatePicker.width", "146"}};
 
-Snapshot at(const std::string& time) {
+Snapshot atTime(const std::string& time) {
     return anyCalendar + Snapshot{{"agentScheduleDatePicker.dateValue", "2000-1-1 " + time + ":0"}};
 }
 
@@ -67,10 +67,10 @@ const Snapshot atLoad =
 
 // Two entries
 
-std::vector<ReaderRow> days() {
+std::vector<ReaderRow> calendarDays() {
     const Lines everyDay = {"log: Agent runs on every day on a schedule"};
     const auto daily = [](const std::string& time) {
-        return at(time) + shown + selected(ScheduleType::EveryDay) +
+        return atTime(time) + shown + selected(ScheduleType::EveryDay) +
                Snapshot{{"onMonthTextBox.hidden", "yes"}};
     };
     const auto row = [&](const char* name, Value hour, Value minute, const std::string& time) {
@@ -91,7 +91,8 @@ std::vector<ReaderRow> days() {
             {"AnyTwoEntries", calendar(Dictionary{{"Day", 3}, {"Weekday", 4}}), daily("0:0"),
              hourAndMinute("(null)", "(null)") + everyDay}};
 }
-INSTANTIATE_TEST_SUITE_P(Calendar, ScheduleKeys, testing::ValuesIn(days()), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Calendar, ScheduleKeys, testing::ValuesIn(calendarDays()),
+                         NamedAfterRow());
 
 // Three entries
 
@@ -99,14 +100,14 @@ ReaderRow weekly(const char* name, Value weekday, const Snapshot& selection) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a week on day : " + description(weekday)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Weekday", weekday}}),
-            at("7:5") + shown + selection, lines};
+            atTime("7:5") + shown + selection, lines};
 }
 
 ReaderRow monthly(const char* name, Value day, const std::string& text) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a month " + description(day)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", day}}),
-            at("7:5") + shown + selected(ScheduleType::OnceAMonth) +
+            atTime("7:5") + shown + selected(ScheduleType::OnceAMonth) +
                 Snapshot{{"onMonthTextField.stringValue", '"' + text + '"'},
                          {"onMonthTextBox.hidden", "no"},
                          {"agentScheduleDatePicker.width", "90"}},
@@ -131,7 +132,7 @@ std::vector<ReaderRow> weekdays() {
             weekly("Fraction", 5.9, selected(ScheduleType::EveryFriday)),
             weekly("Boolean", true, selected(ScheduleType::EveryMonday)),
             {"NoWeekday", calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Month", 2}}),
-             at("7:5") + shown + selected(ScheduleType::EverySunday),
+             atTime("7:5") + shown + selected(ScheduleType::EverySunday),
              hourAndMinute("7", "5") + specificDay +
                  Lines{"log: Agent runs once a week on day : (null)"}}};
 }
@@ -169,13 +170,13 @@ std::vector<ReaderRow> oddCalendars() {
     auto day = broken("Day", Data{{1}},
                       hourAndMinute("7", "5") + specificDay +
                           Lines{"log: Agent runs once a month <01>"} + asInterval);
-    day.name = "DayWithoutANumber", day.sets = at("7:5") + interval("");
+    day.name = "DayWithoutANumber", day.sets = atTime("7:5") + interval("");
     auto weekday = broken("Weekday", Data{{1}},
                           hourAndMinute("7", "5") + specificDay +
                               Lines{"log: Agent runs once a week on day : <01>"} + asInterval);
-    weekday.name = "WeekdayWithoutANumber", weekday.sets = at("7:5") + interval("");
-    return {{"OneEntry", calendar(one), at("0:5"), hourAndMinute("(null)", "5")},
-            {"FourEntries", calendar(four), at("7:5"), hourAndMinute("7", "5")},
+    weekday.name = "WeekdayWithoutANumber", weekday.sets = atTime("7:5") + interval("");
+    return {{"OneEntry", calendar(one), atTime("0:5"), hourAndMinute("(null)", "5")},
+            {"FourEntries", calendar(four), atTime("7:5"), hourAndMinute("7", "5")},
             {"AnArray", calendar(Array{one, four}), interval(""), asInterval},
             {"AText", calendar("daily"), interval(""), asInterval},
             hour,
@@ -214,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(Interval, ScheduleKeys, testing::ValuesIn(intervals()),
 // Neither calendar nor interval
 
 Snapshot watched(const std::string& path) {
-    return wide(ScheduleType::NoSelection) + at("0:0") +
+    return wide(ScheduleType::NoSelection) + atTime("0:0") +
            Snapshot{{"agentScheduleTypeButton.enabled", "no"},
                     {"agentActionButton.selectedItem", "4"},
                     {"agentWatchPathImageWell.toolTip", '"' + path + '"'},
@@ -223,7 +224,7 @@ Snapshot watched(const std::string& path) {
 }
 
 const Snapshot mounted =
-    wide(ScheduleType::NoSelection) + at("0:0") +
+    wide(ScheduleType::NoSelection) + atTime("0:0") +
     Snapshot{{"agentScheduleTypeButton.enabled", "no"}, {"agentActionButton.selectedItem", "5"}};
 
 Lines watchLines(const std::string& path) {
@@ -248,48 +249,49 @@ std::vector<ReaderRow> triggers() {
     const Lines kept = {
         "log: KeepAlive key is bool, key is true and does not allow successful exit"};
     const Lines noCalendar = hourAndMinute("(null)", "(null)");
-    return {{"NothingAtAll", {}, atLoad + at("0:0"), onDemand},
-            {"AnEmptyCalendar", calendar(Dictionary{}), atLoad + at("0:0"), onDemand},
-            {"AnEmptyInterval", {{"StartInterval", Dictionary{}}}, atLoad + at("0:0"), onDemand},
-            {"AnOddInterval", {{"StartInterval", Dictionary{{"a", 1}}}}, at("0:0"), noCalendar},
-            {"AtLoad", {{"RunAtLoad", true}}, atLoad + at("0:0"), noCalendar},
-            {"AtLoadThoughFalse", {{"RunAtLoad", false}}, atLoad + at("0:0"), noCalendar},
-            {"AtLoadAndWatching",
-             {{"RunAtLoad", true}, {"WatchPaths", paths}},
-             atLoad + at("0:0") + alsoWatched,
-             noCalendar,
-             {"drawer"}},
-            {"AtLoadAndMounting",
-             {{"RunAtLoad", true}, {"StartOnMount", true}},
-             atLoad + at("0:0") + alsoMounted,
-             noCalendar,
-             {"drawer"}},
-            {"Watching", {{"WatchPaths", paths}}, watched("/b"), watchLines("/b")},
-            {"WatchingNothing", {{"WatchPaths", Array{}}}, watched(""), watchLines("(null)")},
-            {"WatchingAndMounting",
-             {{"WatchPaths", paths}, {"StartOnMount", true}},
-             watched("/b") + alsoMounted,
-             watchLines("/b"),
-             {"drawer"}},
-            {"WatchingThoughKeptAlive",
-             {{"WatchPaths", paths}, {"KeepAlive", true}},
-             watched("/b") + keptAlive,
-             kept + watchLines("/b")},
-            {"Mounting", {{"StartOnMount", true}}, mounted, mountLines("1")},
-            {"MountingThoughFalse", {{"StartOnMount", false}}, mounted, mountLines("0")},
-            {"MountingByAText", {{"StartOnMount", "no"}}, mounted, mountLines("no")},
-            {"MountingByAnEmptyText", {{"StartOnMount", ""}}, atLoad + at("0:0"), onDemand},
-            {"WatchingAText",
-             {{"WatchPaths", "/b"}},
-             at("0:0") + interval(""),
-             onDemand + asInterval,
-             {keysAlert}},
-            {"WatchingANumber",
-             {{"WatchPaths", Array{Value(5)}}},
-             at("0:0") + interval("") +
-                 Snapshot{{"agentActionButton.selectedItem", "4"},
-                          {"agentScheduleTypeButton.enabled", "no"}},
-             watchLines("5") + asInterval}};
+    return {
+        {"NothingAtAll", {}, atLoad + atTime("0:0"), onDemand},
+        {"AnEmptyCalendar", calendar(Dictionary{}), atLoad + atTime("0:0"), onDemand},
+        {"AnEmptyInterval", {{"StartInterval", Dictionary{}}}, atLoad + atTime("0:0"), onDemand},
+        {"AnOddInterval", {{"StartInterval", Dictionary{{"a", 1}}}}, atTime("0:0"), noCalendar},
+        {"AtLoad", {{"RunAtLoad", true}}, atLoad + atTime("0:0"), noCalendar},
+        {"AtLoadThoughFalse", {{"RunAtLoad", false}}, atLoad + atTime("0:0"), noCalendar},
+        {"AtLoadAndWatching",
+         {{"RunAtLoad", true}, {"WatchPaths", paths}},
+         atLoad + atTime("0:0") + alsoWatched,
+         noCalendar,
+         {"drawer"}},
+        {"AtLoadAndMounting",
+         {{"RunAtLoad", true}, {"StartOnMount", true}},
+         atLoad + atTime("0:0") + alsoMounted,
+         noCalendar,
+         {"drawer"}},
+        {"Watching", {{"WatchPaths", paths}}, watched("/b"), watchLines("/b")},
+        {"WatchingNothing", {{"WatchPaths", Array{}}}, watched(""), watchLines("(null)")},
+        {"WatchingAndMounting",
+         {{"WatchPaths", paths}, {"StartOnMount", true}},
+         watched("/b") + alsoMounted,
+         watchLines("/b"),
+         {"drawer"}},
+        {"WatchingThoughKeptAlive",
+         {{"WatchPaths", paths}, {"KeepAlive", true}},
+         watched("/b") + keptAlive,
+         kept + watchLines("/b")},
+        {"Mounting", {{"StartOnMount", true}}, mounted, mountLines("1")},
+        {"MountingThoughFalse", {{"StartOnMount", false}}, mounted, mountLines("0")},
+        {"MountingByAText", {{"StartOnMount", "no"}}, mounted, mountLines("no")},
+        {"MountingByAnEmptyText", {{"StartOnMount", ""}}, atLoad + atTime("0:0"), onDemand},
+        {"WatchingAText",
+         {{"WatchPaths", "/b"}},
+         atTime("0:0") + interval(""),
+         onDemand + asInterval,
+         {keysAlert}},
+        {"WatchingANumber",
+         {{"WatchPaths", Array{Value(5)}}},
+         atTime("0:0") + interval("") +
+             Snapshot{{"agentActionButton.selectedItem", "4"},
+                      {"agentScheduleTypeButton.enabled", "no"}},
+         watchLines("5") + asInterval}};
 }
 INSTANTIATE_TEST_SUITE_P(Trigger, ScheduleKeys, testing::ValuesIn(triggers()), NamedAfterRow());
 
@@ -311,7 +313,7 @@ std::vector<ReaderRow> afterRunAtLoad() {
     auto eighth = weekly("EighthDayAfter", 8, {});
     eighth.sets = atLoad + eighth.sets;
     const Value one = Dictionary{{"Minute", 5}};
-    ReaderRow single{"OneEntryAfter", calendar(one), atLoad + at("0:5"),
+    ReaderRow single{"OneEntryAfter", calendar(one), atLoad + atTime("0:5"),
                      hourAndMinute("(null)", "5")};
     for (auto* row : {&eighth, &single}) {
         row->keys.emplace("RunAtLoad", true);

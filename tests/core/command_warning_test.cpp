@@ -13,13 +13,13 @@ using namespace std::string_literals;
 constexpr std::string_view beginning = "Do not paste this command as it stands. Its path holds ";
 constexpr std::string_view end = ", so it may do more than it shows. Change the path first.";
 
-struct Row {
+struct WarningRow {
     std::string_view name;
     std::string path;
     std::string_view culprit; ///< as the warning names it; empty where no warning is due
 };
 
-class CommandWarning : public testing::TestWithParam<Row> {};
+class CommandWarning : public testing::TestWithParam<WarningRow> {};
 
 TEST_P(CommandWarning, NamesWhatTheQuotesDoNotHold) {
     const auto& row = GetParam();
@@ -32,7 +32,7 @@ constexpr std::string_view apostrophe = "an apostrophe";
 constexpr std::string_view control = "a control character";
 constexpr std::string_view both = "an apostrophe and a control character";
 
-const Row rows[] = {
+const WarningRow warningRows[] = {
     {"Plain", "/Users/ada/Library/LaunchAgents/com.frimbolate.a.plist", ""},
     {"Empty", "", ""},
     {"Blanks", "/a b/  c.plist", ""},
@@ -66,7 +66,8 @@ const Row rows[] = {
     {"BothTheOtherWayRound", "/\u2028a'", both},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, CommandWarning, testing::ValuesIn(rows), test::NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, CommandWarning, testing::ValuesIn(warningRows),
+                         test::NamedAfterRow());
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "tests/macos/fake_core_foundation.h"
 
 #include "core/named_error.h"
+#include "macos/file_viewer.h"
 #include "plist/property_list_reader.h"
 #include "plist/text_encoding.h"
 #include "tests/plist/binary_file.h"
@@ -300,4 +301,9 @@ void os_log_entry(os_log_t, os_log_type_t, const char* format, ...) {
     fake->logged.emplace_back(va_arg(rest, const char*));
     va_end(rest);
 }
+}
+
+// The Finder has no C interface; file_viewer.mm is not compiled here.
+void frimbolate::showInFinder(const std::string& path) {
+    frimbolate::test::fake->shownInFinder.push_back(path);
 }

@@ -33,6 +33,7 @@ class FakeCoreFoundation {
     std::vector<std::string> accesses;               ///< "begin …" and "end …"
     std::map<std::string, std::string> applications; ///< paths by bundle identifier
     std::vector<std::pair<std::string, unsigned>> launched; ///< paths, with the flags
+    std::vector<std::string> shownInFinder;                 ///< paths
     std::vector<std::string> logged;
 
     int objects = 0; ///< that exist

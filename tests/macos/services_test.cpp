@@ -212,6 +212,12 @@ TEST(MacWorkspaceTest, OpensByIdentifier) {
                             Pair("/F.app", kLSLaunchDefaults | kLSLaunchNewInstance)));
 }
 
+TEST(MacWorkspaceTest, ShowsAFileInTheFinder) {
+    FakeCoreFoundation system;
+    MacWorkspace().showFile("/Users/maya/Library/LaunchAgents/a.plist");
+    EXPECT_THAT(system.shownInFinder, ElementsAre("/Users/maya/Library/LaunchAgents/a.plist"));
+}
+
 TEST(MacWorkspaceTest, OpensNothingWhereTheSystemKnowsNoSuchApplication) {
     FakeCoreFoundation system;
     MacWorkspace().openTerminal();

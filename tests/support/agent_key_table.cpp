@@ -16,23 +16,23 @@ constexpr KindSet arrayOfText{1U << 14}, emptyArray{1U << 15}, arrayOfNumber{1U 
 constexpr KindSet arrayOfThreeTexts{1U << 17};
 constexpr KindSet fullDictionary{1U << 18}, emptyDictionary{1U << 19};
 
-constexpr KindSet texts = plainText | emptyText | numberText | yesText;
+constexpr KindSet textKinds = plainText | emptyText | numberText | yesText;
 constexpr KindSet booleans = trueValue | falseValue;
 constexpr KindSet numbers = three | zero | leastInteger | greatestInteger | real;
 constexpr KindSet dictionaries = fullDictionary | emptyDictionary;
 /// What has no truth value and is no number: data, dates, arrays and dictionaries.
-constexpr KindSet noScalars = ~(missing | texts | booleans | numbers);
+constexpr KindSet noScalars = ~(missing | textKinds | booleans | numbers);
 
 using Fails = PerKind<FailedStep>;
 using Selects = PerKind<SelectedSchedule>;
 using enum FailedStep;
 
 constexpr Fails nothing(None);
-constexpr Fails needsText = nothing.where(~(missing | texts), AdvancedKeys);
+constexpr Fails needsText = nothing.where(~(missing | textKinds), AdvancedKeys);
 constexpr Fails needsTruth = nothing.where(noScalars, AdvancedKeys);
-constexpr Fails needsLabel = nothing.where(~texts, WholeReading);
+constexpr Fails needsLabel = nothing.where(~textKinds, WholeReading);
 constexpr Fails needsArguments = nothing.where(
-    ~(missing | texts | arrayOfText | emptyArray | arrayOfThreeTexts), ProgramArguments);
+    ~(missing | textKinds | arrayOfText | emptyArray | arrayOfThreeTexts), ProgramArguments);
 constexpr Fails needsExitTruth = nothing.where(noScalars, WholeReading);
 constexpr Fails needsFolders =
     nothing.where(~(missing | arrayOfText | arrayOfThreeTexts), AdvancedKeys);
@@ -81,8 +81,8 @@ constexpr KeyRow beside(const char* name, const char* key, Fails fails) {
 }
 
 constexpr KeyRow rows[] = {
-    {"Label", "Label", nullptr, needsLabel, kept.where(texts, ScheduleType::AtLoad), needsLabel,
-     kept.where(texts, ScheduleType::EveryDay)},
+    {"Label", "Label", nullptr, needsLabel, kept.where(textKinds, ScheduleType::AtLoad), needsLabel,
+     kept.where(textKinds, ScheduleType::EveryDay)},
     beside("ProgramArguments", "ProgramArguments", needsArguments),
     beside("KeepAlive", "KeepAlive", nothing),
     {"SuccessfulExit", "SuccessfulExit", "KeepAlive", needsExitTruth,

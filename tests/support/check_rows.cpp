@@ -68,6 +68,10 @@ Dictionary running(const std::vector<std::string>& arguments) {
     return edited(backup(), {{"ProgramArguments", texts(arguments)}});
 }
 
+Dictionary backupWith(const char* key, Value value) {
+    return edited(backup(), {{key, std::move(value)}});
+}
+
 Dictionary at(Value calendar) {
     return edited(backup(), {{"StartCalendarInterval", std::move(calendar)}});
 }

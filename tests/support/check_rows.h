@@ -45,6 +45,8 @@ Dictionary watcher();
 Value texts(const std::vector<std::string>& elements);
 /// backup() that runs these arguments instead.
 Dictionary running(const std::vector<std::string>& arguments);
+/// backup() with this value of the key.
+Dictionary backupWith(const char* key, Value value);
 /// backup() with this calendar.
 Dictionary at(Value calendar);
 

@@ -4,10 +4,6 @@ namespace frimbolate::test {
 
 namespace {
 
-Dictionary with(const char* key, Value value) {
-    return edited(backup(), {{key, std::move(value)}});
-}
-
 Dictionary keptIf(const char* condition, Value value) {
     return edited(poller(), {{"KeepAlive", Dictionary{{condition, std::move(value)}}}});
 }
@@ -25,48 +21,60 @@ std::vector<CheckRow> stateCheckRows() {
         "enabled-key Enabled: is not read by launchd, where only Disabled counts";
     const std::string discouraged = ": is discouraged by launchd's manual";
     return {
-        {"UserName", "daemon-key", with("UserName", "maya"), {"daemon-key UserName" + daemon}},
-        {"GroupName", "daemon-key", with("GroupName", "staff"), {"daemon-key GroupName" + daemon}},
-        {"InitGroups", "daemon-key", with("InitGroups", true), {"daemon-key InitGroups" + daemon}},
-        {"SessionCreate", "daemon-key", with("SessionCreate", true), {}},
+        {"UserName",
+         "daemon-key",
+         backupWith("UserName", "maya"),
+         {"daemon-key UserName" + daemon}},
+        {"GroupName",
+         "daemon-key",
+         backupWith("GroupName", "staff"),
+         {"daemon-key GroupName" + daemon}},
+        {"InitGroups",
+         "daemon-key",
+         backupWith("InitGroups", true),
+         {"daemon-key InitGroups" + daemon}},
+        {"SessionCreate", "daemon-key", backupWith("SessionCreate", true), {}},
 
         {"LimitLoadToHosts",
          "dropped-key",
-         with("LimitLoadToHosts", texts({"a"})),
+         backupWith("LimitLoadToHosts", texts({"a"})),
          {"dropped-key LimitLoadToHosts" + unsupported}},
         {"LimitLoadFromHosts",
          "dropped-key",
-         with("LimitLoadFromHosts", texts({"a"})),
+         backupWith("LimitLoadFromHosts", texts({"a"})),
          {"dropped-key LimitLoadFromHosts" + unsupported}},
         {"NetworkState",
          "dropped-key",
          keptIf("NetworkState", true),
          {"dropped-key KeepAlive.NetworkState" + withoutEffect}},
-        {"TimeOut", "dropped-key", with("TimeOut", 5), {"dropped-key TimeOut" + withoutEffect}},
+        {"TimeOut",
+         "dropped-key",
+         backupWith("TimeOut", 5),
+         {"dropped-key TimeOut" + withoutEffect}},
         {"HopefullyExitsFirst",
          "dropped-key",
-         with("HopefullyExitsFirst", "x"),
+         backupWith("HopefullyExitsFirst", "x"),
          {"dropped-key HopefullyExitsFirst" + withoutEffect}},
         {"HopefullyExitsLast",
          "dropped-key",
-         with("HopefullyExitsLast", 1),
+         backupWith("HopefullyExitsLast", 1),
          {"dropped-key HopefullyExitsLast" + withoutEffect}},
-        {"ExitTimeOut", "dropped-key", with("ExitTimeOut", 5), {}},
+        {"ExitTimeOut", "dropped-key", backupWith("ExitTimeOut", 5), {}},
 
         {"LastExitStatus",
          "reported-key",
-         with("LastExitStatus", 0),
+         backupWith("LastExitStatus", 0),
          {"reported-key LastExitStatus" + reported}},
-        {"Pid", "reported-key", with("PID", 512), {"reported-key PID" + reported}},
-        {"LegacyTimers", "reported-key", with("LegacyTimers", true), {}},
+        {"Pid", "reported-key", backupWith("PID", 512), {"reported-key PID" + reported}},
+        {"LegacyTimers", "reported-key", backupWith("LegacyTimers", true), {}},
 
-        {"EnabledFalse", "enabled-key", with("Enabled", false), {runs}},
-        {"EnabledZero", "enabled-key", with("Enabled", 0), {runs}},
-        {"EnabledNo", "enabled-key", with("Enabled", "NO"), {runs}},
-        {"EnabledArray", "enabled-key", with("Enabled", Array{}), {runs}},
-        {"EnabledTrue", "enabled-key", with("Enabled", true), {counts}},
-        {"EnabledYes", "enabled-key", with("Enabled", "YES"), {counts}},
-        {"DisabledFalse", "enabled-key", with("Disabled", false), {}},
+        {"EnabledFalse", "enabled-key", backupWith("Enabled", false), {runs}},
+        {"EnabledZero", "enabled-key", backupWith("Enabled", 0), {runs}},
+        {"EnabledNo", "enabled-key", backupWith("Enabled", "NO"), {runs}},
+        {"EnabledArray", "enabled-key", backupWith("Enabled", Array{}), {runs}},
+        {"EnabledTrue", "enabled-key", backupWith("Enabled", true), {counts}},
+        {"EnabledYes", "enabled-key", backupWith("Enabled", "YES"), {counts}},
+        {"DisabledFalse", "enabled-key", backupWith("Disabled", false), {}},
 
         {"OnDemandFalse",
          "retired-key",
@@ -75,22 +83,22 @@ std::vector<CheckRow> stateCheckRows() {
           "place"}},
         {"OnDemandTrue",
          "retired-key",
-         with("OnDemand", true),
+         backupWith("OnDemand", true),
          {"retired-key OnDemand: is retired and should be removed"}},
         {"ServiceIpc",
          "retired-key",
-         with("ServiceIPC", false),
+         backupWith("ServiceIPC", false),
          {"retired-key ServiceIPC: is retired and should be removed"}},
         {"ServiceIpcOfWrongType",
          "retired-key",
-         with("ServiceIPC", 0),
+         backupWith("ServiceIPC", 0),
          {"retired-key ServiceIPC: is retired and should be removed",
           "wrong-type ServiceIPC: is an integer; launchd reads a boolean"}},
-        {"EnableTransactions", "retired-key", with("EnableTransactions", true), {}},
+        {"EnableTransactions", "retired-key", backupWith("EnableTransactions", true), {}},
 
         {"Inetd",
          "discouraged-key",
-         with("inetdCompatibility", Dictionary{{"Wait", false}}),
+         backupWith("inetdCompatibility", Dictionary{{"Wait", false}}),
          {"discouraged-key inetdCompatibility" + discouraged}},
         {"PathState",
          "discouraged-key",
@@ -105,14 +113,14 @@ std::vector<CheckRow> stateCheckRows() {
 
         {"DisabledTrue",
          "disabled-default",
-         with("Disabled", true),
+         backupWith("Disabled", true),
          {"disabled-default Disabled: is a default for loading; what launchctl enable or disable "
           "has stored wins"}},
         {"DisabledOfWrongType",
          "disabled-default",
-         with("Disabled", "true"),
+         backupWith("Disabled", "true"),
          {"wrong-type Disabled: is a string; launchd reads a boolean"}},
-        {"DebugOn", "disabled-default", with("Debug", true), {}},
+        {"DebugOn", "disabled-default", backupWith("Debug", true), {}},
     };
 }
 

@@ -11,10 +11,11 @@ namespace {
 using testing::ElementsAre;
 using Lines = std::vector<std::string>;
 
-constexpr const char* own = "/Users/maya/Library/LaunchAgents/com.frimbolate.x.plist";
-constexpr const char* earlier = "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.x.plist";
-constexpr const char* foreign = "/Users/maya/Library/LaunchAgents/org.example.x.plist";
-constexpr const char* missing = "/Users/maya/Library/LaunchAgents/com.frimbolate.none.plist";
+constexpr const char* listedOwn = "/Users/maya/Library/LaunchAgents/com.frimbolate.x.plist";
+constexpr const char* listedEarlier =
+    "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.x.plist";
+constexpr const char* listedForeign = "/Users/maya/Library/LaunchAgents/org.example.x.plist";
+constexpr const char* listedMissing = "/Users/maya/Library/LaunchAgents/com.frimbolate.none.plist";
 
 struct ListedCase {
     const char* name;
@@ -35,18 +36,18 @@ constexpr auto switching = &AppDelegate::onOffLaunchAgent;
 constexpr auto deleting = &AppDelegate::deleteLaunchAgentContinue;
 
 const ListedCase listedCases[] = {
-    {"EditOwn", editing, edit, own, {}},
-    {"EditEarlierCancelled", editing, edit, earlier, {"Cancel"}},
-    {"EditMissing", editing, edit, missing, {"Ok"}},
-    {"SwitchOff", switching, switchAgent, own, {"Continue"}},
-    {"SwitchCancelled", switching, switchAgent, own, {"Cancel"}},
-    {"SwitchForeign", switching, switchAgent, foreign, {"Continue"}},
-    {"SwitchMissing", switching, switchAgent, missing, {"Ok"}},
-    {"Load", &AppDelegate::loadLaunchAgent, load, own, {}},
-    {"Unload", &AppDelegate::unloadLaunchAgent, unload, foreign, {}},
-    {"Delete", deleting, remove, foreign, {"Delete"}},
-    {"DeleteCancelled", deleting, remove, own, {"Cancel"}},
-    {"DeleteMissing", deleting, remove, missing, {"Delete", "Ok"}},
+    {"EditOwn", editing, edit, listedOwn, {}},
+    {"EditEarlierCancelled", editing, edit, listedEarlier, {"Cancel"}},
+    {"EditMissing", editing, edit, listedMissing, {"Ok"}},
+    {"SwitchOff", switching, switchAgent, listedOwn, {"Continue"}},
+    {"SwitchCancelled", switching, switchAgent, listedOwn, {"Cancel"}},
+    {"SwitchForeign", switching, switchAgent, listedForeign, {"Continue"}},
+    {"SwitchMissing", switching, switchAgent, listedMissing, {"Ok"}},
+    {"Load", &AppDelegate::loadLaunchAgent, load, listedOwn, {}},
+    {"Unload", &AppDelegate::unloadLaunchAgent, unload, listedForeign, {}},
+    {"Delete", deleting, remove, listedForeign, {"Delete"}},
+    {"DeleteCancelled", deleting, remove, listedOwn, {"Cancel"}},
+    {"DeleteMissing", deleting, remove, listedMissing, {"Delete", "Ok"}},
 };
 
 class ListedAgentTest : public EditorTest, public testing::WithParamInterface<ListedCase> {
@@ -54,7 +55,7 @@ class ListedAgentTest : public EditorTest, public testing::WithParamInterface<Li
     static void fill(ScriptedPlatform& desktop) {
         desktop.files.folders = {agents, "/Users/maya"};
         desktop.defaults.contents["Bookmark"] = bookmarkOf(agents);
-        for (const char* path : {own, earlier, foreign})
+        for (const char* path : {listedOwn, listedEarlier, listedForeign})
             desktop.files.contents[path] =
                 Dictionary{{"Label", "com.frimbolate.x"},
                            {"ProgramArguments", Array{Value("/bin/sh"), Value("/a.sh")}},
@@ -90,16 +91,16 @@ INSTANTIATE_TEST_SUITE_P(Rows, ListedAgentTest, testing::ValuesIn(listedCases), 
 class AgentFolderAccessTest : public EditorTest {};
 
 TEST_F(AgentFolderAccessTest, EditTellsWhetherTheFormShowsTheAgent) {
-    platform.files.contents[own] = Dictionary{{"Label", "com.frimbolate.x"}};
+    platform.files.contents[listedOwn] = Dictionary{{"Label", "com.frimbolate.x"}};
     form.agentNameTextField.stringValue = "unfinished";
-    EXPECT_FALSE(editor.editAgent(foreign));
+    EXPECT_FALSE(editor.editAgent(listedForeign));
     EXPECT_THAT(platform.journal.lines(),
                 ElementsAre(std::string("begin: ") + agents,
                             "alert: This launch agent is not fully compatible with Frimbolate.",
                             std::string("end: ") + agents));
     EXPECT_EQ(form.agentNameTextField.stringValue, "unfinished");
     platform.press("Ok");
-    EXPECT_TRUE(editor.editAgent(own));
+    EXPECT_TRUE(editor.editAgent(listedOwn));
     EXPECT_EQ(form.agentNameTextField.stringValue, "x");
     platform.abandonQuestions();
 }
@@ -129,8 +130,8 @@ TEST_F(AgentFolderAccessTest, AsksForTheGrantAndStoresIt) {
 }
 
 TEST_F(AgentFolderAccessTest, ShowsAFileInTheFileManager) {
-    editor.showInFileManager(own);
-    EXPECT_THAT(platform.journal.lines(), ElementsAre(std::string("workspace: show ") + own));
+    editor.showInFileManager(listedOwn);
+    EXPECT_THAT(platform.journal.lines(), ElementsAre(std::string("workspace: show ") + listedOwn));
 }
 
 } // namespace

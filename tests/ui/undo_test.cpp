@@ -9,13 +9,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* own = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
-constexpr const char* earlier = "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.Backup.plist";
-constexpr const char* foreign = "/Users/maya/Library/LaunchAgents/org.example.plist";
+constexpr const char* undoneOwn = "/Users/maya/Library/LaunchAgents/com.frimbolate.Backup.plist";
+constexpr const char* undoneEarlier =
+    "/Users/maya/Library/LaunchAgents/com.fr\u0131mbolate.Backup.plist";
+constexpr const char* undoneForeign = "/Users/maya/Library/LaunchAgents/org.example.plist";
 
-const AgentPlist backup = {{"Label", "com.frimbolate.Backup"},
-                           {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
-                           {"StartInterval", 3600}};
+const AgentPlist undoneBackup = {{"Label", "com.frimbolate.Backup"},
+                                 {"ProgramArguments", Array{Value("/bin/sh"), Value("/b.sh")}},
+                                 {"StartInterval", 3600}};
 const AgentPlist damaged = {{"Label", "com.frimbolate.Backup"}, {"ProgramArguments", 7}};
 
 /// The controller in a state of its own, and the form that an undo must bring back.
@@ -23,9 +24,9 @@ class Undoing : public EditorTest {
   public:
     Undoing() {
         platform.defaults.contents["WarnForDelete"] = false;
-        platform.files.contents[own] = backup;
-        platform.files.contents[earlier] = backup;
-        platform.files.contents[foreign] = backup;
+        platform.files.contents[undoneOwn] = undoneBackup;
+        platform.files.contents[undoneEarlier] = undoneBackup;
+        platform.files.contents[undoneForeign] = undoneBackup;
         editor.applicationDidFinishLaunching();
         platform.journal.clear();
     }
@@ -78,7 +79,7 @@ struct Row {
 void saveAndAnswer(Undoing& test, const std::string& answer) {
     test.keep();
     test.editor.saveLaunchAgent();
-    test.platform.saveAs(own);
+    test.platform.saveAs(undoneOwn);
     test.platform.press(answer);
 }
 
@@ -94,7 +95,7 @@ const Row rows[] = {
          test.keep();
          test.editor.editLaunchAgent();
          test.platform.press("Continue");
-         test.platform.choose(own);
+         test.platform.choose(undoneOwn);
      },
      "Open Agent"},
     {"OpenAfterDiscardWithACancelledPanel",
@@ -114,10 +115,11 @@ const Row rows[] = {
          test.platform.press("Cancel");
      },
      "Open Agent"},
-    {"OpenWithoutAName", [](Undoing& test) { test.openAgent(own, backup); }, "Open Agent"},
+    {"OpenWithoutAName", [](Undoing& test) { test.openAgent(undoneOwn, undoneBackup); },
+     "Open Agent"},
     {"OpenAnAgentOfAnotherProgram",
      [](Undoing& test) {
-         test.openAgent(foreign, backup);
+         test.openAgent(undoneForeign, undoneBackup);
          test.platform.press("Ok");
      },
      "Open Agent"},
@@ -131,41 +133,41 @@ const Row rows[] = {
      "Open Agent"},
     {"OpenAnUnreadableFile",
      [](Undoing& test) {
-         test.openAgent(own, std::nullopt);
+         test.openAgent(undoneOwn, std::nullopt);
          test.platform.press("Ok");
      },
      "Open Agent"},
     {"OpenADamagedAgent",
      [](Undoing& test) {
-         test.openAgent(own, damaged);
+         test.openAgent(undoneOwn, damaged);
          test.platform.press("Ok");
      },
      "Reset", 2},
     {"AlertThatResets",
      [](Undoing& test) {
-         test.openAgent(own, damaged);
+         test.openAgent(undoneOwn, damaged);
          test.keep();
          test.platform.press("Ok");
      },
      "Reset"},
     {"CancelledUpgrade",
      [](Undoing& test) {
-         test.openAgent(earlier, backup);
+         test.openAgent(undoneEarlier, undoneBackup);
          test.keep();
          test.platform.press("Cancel");
      },
      "Cancel Upgrade"},
     {"OpenBeforeACancelledUpgrade",
      [](Undoing& test) {
-         test.openAgent(earlier, backup);
+         test.openAgent(undoneEarlier, undoneBackup);
          test.platform.press("Cancel");
      },
      "Cancel Upgrade", 2},
     {"FailedUpgrade",
      [](Undoing& test) {
-         test.openAgent(earlier, backup);
+         test.openAgent(undoneEarlier, undoneBackup);
          test.keep();
-         test.platform.files.contents.erase(earlier);
+         test.platform.files.contents.erase(undoneEarlier);
          test.platform.press("Ok");
          test.platform.press("Ok");
      },
@@ -243,7 +245,7 @@ TEST_F(Undoing, RecordsNoResetOfAnUnchangedForm) {
     platform.time.hour = 23; // a later reset shows another time
     editor.createNewAgent();
     EXPECT_EQ(editor.history().undoName(), "");
-    openAgent(own, backup);
+    openAgent(undoneOwn, undoneBackup);
     EXPECT_EQ(editor.history().undoName(), "");
     editor.createNewAgent();
     EXPECT_EQ(editor.history().undoName(), "New");
@@ -293,19 +295,19 @@ TEST_F(Undoing, GoesBackTwentySteps) {
 }
 
 TEST_F(Undoing, SavesTheFormThatWasBroughtBackAsBefore) {
-    openAgent(own, backup);
+    openAgent(undoneOwn, undoneBackup);
     editor.saveLaunchAgent();
     const auto panel = platform.shownSavePanel();
-    platform.saveAs(own);
-    const auto saved = platform.files.contents[own];
+    platform.saveAs(undoneOwn);
+    const auto saved = platform.files.contents[undoneOwn];
     platform.journal.clear();
     platform.press("Skip");
-    platform.files.contents.erase(own);
+    platform.files.contents.erase(undoneOwn);
     editor.undo();
     editor.saveLaunchAgent();
     EXPECT_EQ(platform.shownSavePanel().nameFieldStringValue, panel.nameFieldStringValue);
-    platform.saveAs(own);
-    EXPECT_EQ(platform.files.contents[own], saved);
+    platform.saveAs(undoneOwn);
+    EXPECT_EQ(platform.files.contents[undoneOwn], saved);
     platform.press("Skip");
 }
 

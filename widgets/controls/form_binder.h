@@ -42,9 +42,6 @@ class FormBinder : public QObject {
     /// For an updater that shows more than model and presentation; null before connectTo().
     AppDelegate* delegate() const { return delegate_; }
 
-    /// For an updater that shows more than model and presentation; null before connectTo().
-    AppDelegate* delegate() const { return delegate_; }
-
     /// Runs all updaters with the current model. No effect before connectTo() and while running.
     void mirror();
     /// Handles input: changes the model, sends the action, runs the updaters. No effect before

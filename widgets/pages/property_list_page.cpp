@@ -21,8 +21,8 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int cardWidth = 632, cardHeight = 288, margin = 24;
-constexpr int copyRight = 624, copyWidth = 68, copyHeight = 28;
+constexpr int cardWidth = 632, cardHeight = 288, pageMargin = 24;
+constexpr int copyRight = 624, copyButtonWidth = 68, copyHeight = 28;
 constexpr int textTop = 47, bottomGap = 7, stripGap = 8;
 /// The text ends where the scroll bar begins, whose handle is 6 wide at x 622.
 constexpr int viewRight = 630;
@@ -37,9 +37,9 @@ class CompactButton : public QPushButton {
     using QPushButton::QPushButton;
 
     QSize sizeHint() const override {
-        constexpr int padding = 6, iconGap = 8;
+        constexpr int buttonPadding = 6, iconGap = 8;
         const int width = fontMetrics().horizontalAdvance(text());
-        return {iconSize().width() + iconGap + width + 2 * padding, scaled(copyHeight)};
+        return {iconSize().width() + iconGap + width + 2 * buttonPadding, scaled(copyHeight)};
     }
 };
 
@@ -70,14 +70,15 @@ QWidget* PropertyListPage::firstControl() const { return view_; }
 
 void PropertyListPage::addHeader() {
     fileName_->setObjectName("propertyListFileName");
-    fileName_->setGeometry(
-        scaledRect(margin, 0, copyRight - copyWidth - 2 * margin, style::pageHeaderHeight));
+    fileName_->setGeometry(scaledRect(pageMargin, 0, copyRight - copyButtonWidth - 2 * pageMargin,
+                                      style::pageHeaderHeight));
     copy_->setObjectName("copyPropertyList");
     copy_->setAccessibleName(tr("Copy the property list"));
     copy_->setIconSize({scaled(style::pageIconSide), scaled(style::pageIconSide)});
     copy_->setAutoDefault(false);
-    copy_->setGeometry(scaledRect(copyRight - copyWidth, (style::pageHeaderHeight - copyHeight) / 2,
-                                  copyWidth, copyHeight));
+    copy_->setGeometry(scaledRect(copyRight - copyButtonWidth,
+                                  (style::pageHeaderHeight - copyHeight) / 2, copyButtonWidth,
+                                  copyHeight));
     setCopied(false);
     connect(copy_, &QPushButton::clicked, this, &PropertyListPage::copy);
 }
@@ -88,11 +89,11 @@ void PropertyListPage::addFaultStrip() {
     faultSign_->setPixmap(style::toolIcon("warning").pixmap(scaled(side), scaled(side)));
     faultSign_->setAccessibleName(tr("Fault of the form"));
     faultSign_->setGeometry(
-        scaledRect(margin, top + (style::faultStripHeight - side) / 2, side, side));
+        scaledRect(pageMargin, top + (style::faultStripHeight - side) / 2, side, side));
     fault_->setObjectName("propertyListFault");
     fault_->setWarning(true);
     fault_->setGeometry(
-        scaledRect(2 * margin, top, cardWidth - 3 * margin, style::faultStripHeight));
+        scaledRect(2 * pageMargin, top, cardWidth - 3 * pageMargin, style::faultStripHeight));
 }
 
 void PropertyListPage::setFault(const QString& fault) {
@@ -103,7 +104,7 @@ void PropertyListPage::setFault(const QString& fault) {
     updateAccessibleDescription(view_, fault);
     const int bottom =
         isFaulty ? cardHeight - style::faultStripHeight - 1 - stripGap : cardHeight - bottomGap;
-    view_->setGeometry(scaledRect(margin, textTop, viewRight - margin, bottom - textTop));
+    view_->setGeometry(scaledRect(pageMargin, textTop, viewRight - pageMargin, bottom - textTop));
     QWidget::update();
 }
 
