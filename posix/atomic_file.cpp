@@ -2,6 +2,7 @@
 
 #include "posix/file_descriptor.h"
 #include "posix/file_metadata.h"
+#include "posix/overwritten_file.h"
 #include "posix/symbolic_links.h"
 #include "posix/temporary_files.h"
 
@@ -64,8 +65,12 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     if (!rejectionReason.empty())
         return rejectionReason;
     const FileDescriptor folder(::open(target.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const auto writeChosenFile = [&, &place = target] {
+        return overwriteFile(place.folder + place.name, content, newFileMode, keptMode,
+                             temporaryFolderOfUser());
+    };
     if (!folder)
-        return errnoMessage();
+        return errno == EPERM ? writeChosenFile() : errnoMessage();
 
     struct stat status {};
     const bool exists =
@@ -80,8 +85,9 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     const FileDescriptor original(exists ? openOriginal(folder.number(), target.name) : -1);
     // Other users must not read the content before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
-    if (!temporary.isOpen() ||
-        (exists && !copyMetadata(original.number(), status, temporary.number(), keptMode)) ||
+    if (!temporary.isOpen())
+        return errno == EPERM ? writeChosenFile() : errnoMessage();
+    if ((exists && !copyMetadata(original.number(), status, temporary.number(), keptMode)) ||
         !temporary.write(content) || !temporary.moveTo(target.name))
         return errnoMessage();
     // The new file is in place. If this fails, a power cut may restore the old one, complete.

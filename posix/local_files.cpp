@@ -2,7 +2,9 @@
 
 #include "plist/xml_writer.h"
 #include "posix/property_list_file.h"
+#include "posix/sandboxed_folder.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,7 +24,10 @@ bool LocalFiles::exists(const std::string& path) {
 }
 
 bool LocalFiles::isWritable(const std::string& path) {
-    return isPath(path) && ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    if (!isPath(path))
+        return false;
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ||
+           isRefusedBySandboxAlone(path.c_str(), errno);
 }
 
 bool LocalFiles::remove(const std::string& path) {

@@ -12,6 +12,7 @@ class LocalFiles : public Files {
 
     /// Follows links: a dangling link does not exist.
     bool exists(const std::string& path) override;
+    /// Also true for a folder that only the sandbox refuses (see sandboxed_folder.h).
     bool isWritable(const std::string& path) override;
     /// Removes one file, or one link but not its target; never a folder, since that could be a
     /// whole bundle.
