@@ -18,6 +18,7 @@ Program::Program(const std::string& preferencePath, const QProcessEnvironment& e
                  .log = system_.log,
                  .application = application_,
                  .trash = system_.trash}) {
+    window_.formBinder().setHomeFolder(system_.homeFolder());
     window_.connectTo(delegate_);
     window_.setWallClock(localWallClock);
     queue_.setAfterCompletion([this] { window_.mirror(); });

@@ -8,6 +8,7 @@
 #include "macos/scoped_folder_access.h"
 #include "macos/unified_log.h"
 #include "macos/user_defaults.h"
+#include "posix/home_folder.h"
 #include "widgets/panels/queued_file_panels.h"
 #else
 #include "posix/path_folder_access.h"
@@ -18,6 +19,7 @@
 #include "widgets/panels/qt_file_panels.h"
 #endif
 
+#include <QDir>
 #include <QProcessEnvironment>
 #include <QWidget>
 
@@ -35,6 +37,8 @@ struct SystemServices {
     UserDefaults defaults{log};
     MacWorkspace workspace;
     MacTrash trash;
+    /// The environment of a sandboxed program names its container instead.
+    static std::string homeFolder() { return homeFolderInUserDatabase(); }
 };
 
 class SystemFilePanels {
@@ -61,6 +65,7 @@ struct SystemServices {
     PlistDefaults defaults;
     QtWorkspace workspace;
     QtTrash trash;
+    static std::string homeFolder() { return QDir::homePath().toStdString(); }
 };
 
 using SystemFilePanels = QtFilePanels;

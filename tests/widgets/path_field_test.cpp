@@ -95,6 +95,14 @@ TEST_P(EachField, HasAButtonThatChoosesItsPath) {
     EXPECT_EQ((form().*GetParam().member).stringValue, "/var/log/x.log");
 }
 
+TEST_P(EachField, ExpandsATildeToTheHomeFolderThatTheWindowWasGiven) {
+    window.formBinder().setHomeFolder("/Users/maya");
+    PathField* edited = field(GetParam().name);
+    QTest::keyClicks(edited, "~/x.log");
+    EXPECT_TRUE(edited->toolTip().endsWith("/Users/maya/x.log"));
+    EXPECT_TRUE(find<ElidedLabel>("pathHint")->isVisible());
+}
+
 TEST_P(EachField, SaysThatATildeIsNotExpanded) {
     PathField* edited = field(GetParam().name);
     const auto* hint = find<ElidedLabel>("pathHint");

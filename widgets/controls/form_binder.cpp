@@ -33,12 +33,16 @@ int sliderPosition(const QSlider& slider, double value) {
 
 void FormBinder::connectTo(AppDelegate& delegate) { delegate_ = &delegate; }
 
+std::string FormBinder::homeFolder() const {
+    return homeFolder_.empty() ? QDir::homePath().toStdString() : homeFolder_;
+}
+
 void FormBinder::mirror() {
     if (!delegate_ || updating_)
         return;
     const QScopedValueRollback guard(updating_, true);
     const FormModel& form = delegate_->form();
-    const std::string home = QDir::homePath().toStdString();
+    const std::string home = homeFolder();
     TextStyle style{home, localeClockFormat()};
     if (wallClock_)
         style.now = wallClock_();

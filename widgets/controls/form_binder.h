@@ -11,7 +11,9 @@
 #include <QObject>
 
 #include <functional>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QAbstractButton;
@@ -41,6 +43,9 @@ class FormBinder : public QObject {
     void setWallClock(std::function<WallClock()> clock) { wallClock_ = std::move(clock); }
     /// For an updater that shows more than model and presentation; null before connectTo().
     AppDelegate* delegate() const { return delegate_; }
+    /// Sets the folder that "~" stands for. Without a call it is that of the environment.
+    void setHomeFolder(std::string folder) { homeFolder_ = std::move(folder); }
+    std::string homeFolder() const;
 
     /// Runs all updaters with the current model. No effect before connectTo() and while running.
     void mirror();
@@ -82,6 +87,7 @@ class FormBinder : public QObject {
     AppDelegate* delegate_ = nullptr;
     bool updating_ = false;
     std::function<WallClock()> wallClock_;
+    std::string homeFolder_; ///< empty for that of the environment
     std::vector<std::function<void(const FormModel&, const FormPresentation&)>> updaters_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window
 };

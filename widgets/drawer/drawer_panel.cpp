@@ -15,7 +15,6 @@
 #include "widgets/style/surfaces.h"
 
 #include <QCheckBox>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPropertyAnimation>
@@ -52,21 +51,21 @@ constexpr PathRow pathFields[] = {
     {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
 };
 
-QString tildeHint(const std::string& path) {
-    return text(pathHint(path, QDir::homePath().toStdString()));
+QString tildeHint(const std::string& path, std::string_view home) {
+    return text(pathHint(path, home));
 }
 
-QString hintOf(const PathRow& row, const FormModel& form) {
+QString hintOf(const PathRow& row, const FormModel& form, std::string_view home) {
     const std::string& path = (form.*row.member).stringValue;
-    const QString tilde = tildeHint(path);
+    const QString tilde = tildeHint(path, home);
     const bool needsRoot = tilde.isEmpty() && row.member == &FormModel::rootDirectoryField;
     return needsRoot ? text(rootFolderHint(path)) : tilde;
 }
 
 /// The title line's words about the first hint of the drawer; empty without any.
-QString firstHint(const FormModel& form, const AgentForm& record) {
+QString firstHint(const FormModel& form, const AgentForm& record, std::string_view home) {
     for (const PathRow& row : pathFields)
-        if (!tildeHint((form.*row.member).stringValue).isEmpty())
+        if (!tildeHint((form.*row.member).stringValue, home).isEmpty())
             return DrawerPanel::tr("%1: “~” is not expanded")
                 .arg(DrawerPanel::tr(row.caption).remove('&'));
     if (!niceLevelHint(record.niceLevel).empty())
@@ -242,8 +241,9 @@ void DrawerPanel::addPathFields() {
         place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
         QWidget* chooser = makeChooseButton(binder_, row.outlet, field->accessibleName(), this);
         place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
-        binder_.addUpdater(
-            [field, &row](const FormModel& form) { field->setHint(hintOf(row, form)); });
+        binder_.addUpdater([this, field, &row](const FormModel& form) {
+            field->setHint(hintOf(row, form, binder_.homeFolder()));
+        });
         y += pitch;
     }
 }
@@ -253,8 +253,8 @@ void DrawerPanel::addPathHint() {
     hint->setObjectName("pathHint");
     hint->setWarning(true);
     place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
-    binder_.addUpdater([hint](const FormModel& form, const FormPresentation& shown) {
-        const QString words = firstHint(form, shown.record);
+    binder_.addUpdater([this, hint](const FormModel& form, const FormPresentation& shown) {
+        const QString words = firstHint(form, shown.record, binder_.homeFolder());
         hint->setVisible(!words.isEmpty());
         hint->setWholeText(words);
     });

@@ -146,9 +146,9 @@ constexpr Glyph glyphs[] = {
 };
 
 #ifdef Q_OS_MACOS
-constexpr bool desktopKnowsBundles = true;
+constexpr bool desktopHasEveryIcon = true;
 #else
-constexpr bool desktopKnowsBundles = false;
+constexpr bool desktopHasEveryIcon = false;
 #endif
 
 /// The resource of the program's tile for a file; empty where the desktop's icon is preferred.
@@ -156,19 +156,20 @@ QString tileFor(const QFileInfo& file) {
     if (const auto* type = scriptTypeWithExtension(file.suffix().toStdString()))
         return ":/images/" + QString::fromUtf8(type->image.data(), std::ssize(type->image));
     if (file.suffix() == "app")
-        return desktopKnowsBundles && file.exists() ? QString() : ":/icons/application.svg";
+        return ":/icons/application.svg";
     return file.isDir() ? ":/icons/folder.svg" : QString();
 }
 
 QIcon fileIcon(const QString& path, Surface surface) {
     const QFileInfo file(path);
     QString tile = tileFor(file);
-    if (tile.isEmpty()) {
+    if (tile.isEmpty() || desktopHasEveryIcon) {
         const QIcon ofDesktop = QFileIconProvider().icon(file);
         if (file.exists() && !ofDesktop.isNull())
             return ofDesktop;
-        tile = ":/icons/file.svg";
     }
+    if (tile.isEmpty())
+        tile = ":/icons/file.svg";
     return svgIcon(tile, surface);
 }
 

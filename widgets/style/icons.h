@@ -25,9 +25,9 @@ QIcon toolIcon(std::string_view name);
 QIcon standardIcon(QStyle::StandardPixmap pixmap);
 
 /// The icon of an image well. A resource is one of the program's own tiles. A file gets the
-/// program's tile for folders, for scripts recognised by their extension and for applications
-/// (macOS: their own icons), else the desktop's icon, else the tile of a plain file. It is never
-/// the program's own icon. Image::Kind::None gives a null icon.
+/// program's tile for folders, for scripts recognised by their extension and for applications,
+/// else the desktop's icon, else the tile of a plain file; on macOS whatever exists gets the
+/// desktop's icon. It is never the program's own icon. Image::Kind::None gives a null icon.
 QIcon imageIcon(const Image& image, Surface surface = Surface::card);
 
 } // namespace frimbolate::style
