@@ -61,7 +61,7 @@ TEST_F(AtomicFile, CreatesAFileOfAnotherMode) {
 }
 
 TEST_F(AtomicFile, ReplacesAFileAndKeepsItsMode) {
-    for (const unsigned mode : {0600U, 0644U, 0666U, 0755U, 0640U}) {
+    for (const mode_t mode : std::initializer_list<mode_t>{0600, 0644, 0666, 0755, 0640}) {
         writeBytes(file, original);
         ASSERT_EQ(::chmod(file.c_str(), mode), 0);
         expectWritten(file, {"a.plist"});

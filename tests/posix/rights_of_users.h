@@ -53,7 +53,7 @@ inline std::vector<User> usersOfFile(bool sameOwner, bool sameGroup) {
 /// Calls with each combination of rights and of the rights that the list grants the named group.
 template <typename Visit>
 void forAllRights(Visit visit) {
-    for (unsigned bits = 0; bits < 8 * 8 * 8; ++bits) {
+    for (mode_t bits = 0; bits < 8 * 8 * 8; ++bits) {
         visit(rightsInMode(bits), 0U);
         for (unsigned list = 0; list < 8 * 8; ++list) {
             auto rights = rightsInMode(bits);
