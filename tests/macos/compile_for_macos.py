@@ -1,9 +1,11 @@
 """Type-checks a module as a Mac's compiler would: compile_for_macos.py <options> <module>
 
 Runs clang without making code: for the Mac's processor and system, with libc++, the C library of
-this machine, and the headers in stubs/ and frameworks/ for what is different there. The module
-"headers" makes the precompiled headers of the others. Ninja remembers what has been checked, so
-that a second run looks only at what changed.
+this machine, and the headers in stubs/ and frameworks/ for what is different there. Ninja remembers
+what has been checked, so that a second run looks only at what changed.
+
+The module "headers" makes the precompiled headers of the others. The module "faults" is a folder of
+sources with errors that must be found: clang compares them with the comments there.
 """
 
 import argparse
@@ -50,9 +52,11 @@ def without_comments(text):
 
 def sources_of(module):
     """What the build compiles there: all sources but those that the module's list excludes."""
-    folder = ROOT / module
+    folder = HERE / module if module == "faults" else ROOT / module
     found = sorted(path for suffix in ("cpp", "mm") for path in folder.rglob(f"*.{suffix}"))
-    excluded = EXCLUDED.search(without_comments((folder / "CMakeLists.txt").read_text("utf-8")))
+    listing = folder / "CMakeLists.txt"
+    text = listing.read_text("utf-8") if listing.exists() else ""
+    excluded = EXCLUDED.search(without_comments(text))
     if excluded:
         pattern = re.compile(excluded[1].replace("\\\\", "\\"))
         found = [path for path in found if not pattern.search(path.as_posix())]
@@ -104,6 +108,8 @@ def module(options, plan, build):
     with_toolkit = name in WITH_TOOLKIT
     precompiled = build / ("toolkit.pch" if with_toolkit else "standard.pch")
     flags = system_folders(options.toolkit) if with_toolkit else []
+    if name == "faults":
+        flags = ["-Xclang", "-verify"]
     found = sources_of(name)
     if not found:
         sys.exit(f"{name} has no sources")
