@@ -114,7 +114,9 @@ const CFAllocatorRef kCFAllocatorDefault = nullptr;
 const CFStringRef kCFPreferencesCurrentApplication = reinterpret_cast<CFStringRef>("application");
 const CFStringRef kCFPreferencesCurrentUser = reinterpret_cast<CFStringRef>("user");
 const CFStringRef kCFPreferencesAnyHost = reinterpret_cast<CFStringRef>("host");
-struct os_log_s {};
+struct os_log_s {
+    int unused;
+};
 os_log_s _os_log_default;
 
 CFTypeRef CFRetain(CFTypeRef object) {
