@@ -31,9 +31,11 @@ struct Finding {
     std::string rule; ///< the id of its row in checkRules()
     Severity severity = Severity::Note;
     /// Key path in the file, "StartCalendarInterval[1].Hour"; empty for the file as a whole.
+    /// Exactly as in the file: of any length, and with any control character.
     std::string key;
     /// What is wrong, to be read behind the key: "is a string; launchd reads an array of strings".
-    /// One or more clauses without a final full stop.
+    /// One or more clauses without a final full stop. What it quotes of the file is shortened and
+    /// without control characters.
     std::string text;
     friend bool operator==(const Finding&, const Finding&) = default;
 };

@@ -116,9 +116,10 @@ std::vector<CheckRow> dayRows() {
 std::vector<CheckRow> fieldRows() {
     const std::string calendar = " StartCalendarInterval: ";
     const auto everyMinute =
-        "calendar-wildcard" + calendar + "has no Minute: launchd runs it every minute";
-    const auto everyHour =
-        "calendar-wildcard" + calendar + "has no Hour: launchd runs it every hour";
+        "calendar-wildcard" + calendar +
+        "has no Minute: launchd runs it at each minute of the times that match";
+    const auto everyHour = "calendar-wildcard" + calendar +
+                           "has no Hour: launchd runs it at each hour of the days that match";
     const auto either = "calendar-day-and-weekday" + calendar +
                         "has Day and Weekday: launchd runs it on either of them";
     const auto everyMonth = "calendar-weekday-and-month" + calendar +
@@ -183,7 +184,7 @@ std::vector<CheckRow> shadowRows() {
     auto wildcard = [](CheckRow made) {
         made.findings.insert(made.findings.begin(),
                              "calendar-wildcard StartCalendarInterval[1]: has no Minute: launchd "
-                             "runs it every minute");
+                             "runs it at each minute of the times that match");
         return made;
     };
     return {
@@ -193,6 +194,12 @@ std::vector<CheckRow> shadowRows() {
         row("WithinAnHourlyOne", {timed({}), hourly}, {{0, 1}}),
         row("WithinADailyOne", {timed({{"Weekday", 1}}), timed({}), timed({{"Day", 3}})},
             {{0, 1}, {2, 1}}),
+        {"WithinEveryMinute",
+         "calendar-shadowed",
+         atEach({timed({{"Day", 31}, {"Month", 1}}), {}}),
+         {"calendar-wildcard StartCalendarInterval[1]: is empty: launchd runs it every minute",
+          "calendar-shadowed StartCalendarInterval[0]: adds no run to those of "
+          "StartCalendarInterval[1]"}},
         row("OtherMinute", {timed({}), {{"Minute", 6}}}, {}),
         row("OtherHour", {timed({}), {{"Hour", 8}, {"Minute", 5}}}, {}),
         row("OtherWeekday", {timed({{"Weekday", 1}}), timed({{"Weekday", 2}})}, {}),
