@@ -87,7 +87,7 @@ class KeyChecks {
     }
 
     void checkInner(const Dictionary& entries, const LaunchdKey& key, const std::string& path) {
-        if (key.parent.empty() && hasKnownKeys(key.name))
+        if (hasKnownKeys(key.name))
             return checkEntries(entries, key.name, path);
         for (const auto& [name, value] : entries) {
             if (isOfKinds(value, key.type.entries))

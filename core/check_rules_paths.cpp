@@ -23,7 +23,7 @@ void checkPath(const CheckedAgent& agent, const std::string& path, std::string k
 /// Options whose argument is code: -c, -lc, -e …
 bool announcesCode(std::string_view argument) {
     return argument.size() > 1 && argument.front() == '-' &&
-           (argument.back() == 'c' || argument.back() == 'e' || argument.back() == 'l');
+           (argument.back() == 'c' || argument.back() == 'e');
 }
 
 /// An argument may be a text for the program rather than a path: only what is surely a path, or a
@@ -61,7 +61,7 @@ void checkSearchPath(const CheckedAgent& agent) {
 void checkLogFolder(const CheckedAgent& agent, const char* key) {
     const auto* path = agent.string(key);
     const auto end = path ? path->rfind('/') : std::string::npos;
-    if (end == std::string::npos || end == 0)
+    if (end == std::string::npos)
         return;
     // The path's own first folder decides whether this machine can tell.
     const bool isInFirstFolder = path->find('/', 1) == end;

@@ -175,7 +175,7 @@ const NearestRow nearestRows[] = {
     {"FiveOfSixteen", "", "ProgramArguXXXXX", ""},
     {"NearerOfTwo", "", "StandardInnPath", "StandardInPath"},
     {"OutRatherThanIn", "", "StandardOuPath", "StandardOutPath"},
-    {"FirstOfTwoAsNear", "", "LimitLoadTomHardware", "LimitLoadToHardware"},
+    {"FirstOfTwoAsNear", "", "HaftResourceLimits", "SoftResourceLimits"},
     {"NotARetiredKey", "", "ServiceIPX", ""},
     {"NotAReportedKey", "", "PIDD", ""},
     {"NotEnabled", "", "Enable", ""},

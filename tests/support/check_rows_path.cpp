@@ -93,6 +93,11 @@ std::vector<CheckRow> tildeRows() {
         {"TildeBehindOption", "tilde", running({"/bin/ls", "--in=~/x"}), {}, home},
         {"TildeInCode", "tilde", running({"/bin/sh", "-c", "~/bin/backup"}), {}, home},
         {"TildeBehindCode", "tilde", running({"/bin/bash", "-lc", "exec $0", "~/bin/x"}), {}, home},
+        {"TildeForALoginShell",
+         "tilde",
+         running({"/bin/bash", "-l", "~/x.sh"}),
+         {tilde("ProgramArguments[2]", "/Users/maya/x.sh")},
+         home},
         {"TildeInCodeOfSearchedShell",
          "tilde",
          running({"/usr/bin/env", "zsh", "-c", "~/bin/backup"}),
@@ -281,18 +286,19 @@ std::vector<CheckRow> pathCheckRows() {
         rows.push_back(std::move(row));
     for (auto& row : folderRows())
         rows.push_back(std::move(row));
-    CheckContext context = machine();
-    context.home = "/home/maya";
-    rows.push_back(
-        {"DocumentsOfHomeOnLinux",
-         "protected-folder",
-         backupWith("WorkingDirectory", "/home/maya/Documents"),
-         {
-             "protected-folder WorkingDirectory: is in Documents, which privacy settings "
-             "protect: the agent may be unable to read it",
-         },
-         homeContext()});
-    rows.back().context.home = "/home/maya";
+    CheckContext onLinux;
+    onLinux.home = "/home/maya";
+    rows.push_back({"DocumentsOfHomeOnLinux",
+                    "protected-folder",
+                    backupWith("WorkingDirectory", "/home/maya/Documents"),
+                    {"protected-folder WorkingDirectory: is in Documents, which privacy settings "
+                     "protect: the agent may be unable to read it"},
+                    onLinux});
+    rows.push_back({"HomeOfLongerName",
+                    "protected-folder",
+                    backupWith("WorkingDirectory", "/home/mayasDocuments/x"),
+                    {},
+                    onLinux});
     return rows;
 }
 

@@ -111,6 +111,7 @@ std::vector<CheckRow> relativeRows() {
          withProgram("$HOME/bin/convert"),
          {"program-relative Program: begins with $HOME, which launchd does not expand: write the "
           "whole path"}},
+        {"ProgramBeforeVariable", "program-relative", withProgram("bin/$USER"), {relative}},
         {"ProgramAtRoot", "program-relative", withProgram("/convert"), {}},
 
         {"ArgumentInFolder", "arguments-relative", running({"bin/backup"}), {relativeArgument}},
@@ -196,6 +197,12 @@ std::vector<CheckRow> fileRows() {
         ran("NoInterpreter", {"/usr/bin/tool", "/opt/none.sh"}, {}),
         ran("InterpreterAlone", {"/bin/sh"}, {}),
         ran("RelativeScript", {"/bin/sh", "none.sh"}, {}),
+        {"ScriptBesideProgram",
+         "script-not-found",
+         edited(watcher(), {{"Program", "/usr/bin/tool"},
+                            {"ProgramArguments", texts({"/bin/sh", "/opt/none.sh"})}}),
+         {},
+         machine()},
         {"GlobbedScript",
          "script-not-found",
          edited(running({"/bin/sh", "/opt/none.*"}), {{"EnableGlobbing", true}}),
