@@ -18,12 +18,13 @@ struct Origin {
     Row row;
 };
 
+/// Only an additional StartOnMount can have a finding: KeepAlive may stand beside it.
 constexpr Origin origins[] = {
     {"", "The agent", FormRow::Action},
     {"Label", "The name", FormRow::Name},
     {"ProgramArguments", "The program", FormRow::Target},
     {"KeepAlive", "The agent", FormRow::Action},
-    {"StartOnMount", "The mounting of a volume", FormRow::Action},
+    {"StartOnMount", "The mounting of a volume", drawer},
     {"WatchPaths", "The watched path", FormRow::Action},
     {"StartInterval", "The interval", FormRow::Schedule},
     {"StartCalendarInterval", "The schedule", FormRow::Schedule},
@@ -44,12 +45,9 @@ const Origin* originOf(std::string_view key) {
     return found == std::end(origins) ? nullptr : found;
 }
 
-/// An additional condition of the drawer replaces that of a row.
+/// The additional path of the drawer replaces that of the row.
 Row rowOf(const Origin& origin, const AgentForm& form) {
-    const bool isAdditional =
-        (origin.key == "WatchPaths" && form.alsoRunOnPathChange) ||
-        (origin.key == "StartOnMount" && form.action != AgentAction::VolumeMounted);
-    return isAdditional ? drawer : origin.row;
+    return origin.key == "WatchPaths" && form.alsoRunOnPathChange ? drawer : origin.row;
 }
 
 /// The arguments of a chosen file are the file alone, or its interpreter and the file.
