@@ -86,7 +86,7 @@ std::string scheduleText(const AgentForm& form, const Faults& faults, ClockForma
 }
 
 std::string scheduleHint(const AgentForm& form, const Faults& faults, ClockFormat clock) {
-    const auto text = scheduleText(form, faults, clock);
+    auto text = scheduleText(form, faults, clock);
     if (text.empty() || faultOfRow(faults, FormRow::Schedule))
         return text;
     if (form.scheduleType == ScheduleType::OnInterval)
