@@ -6,7 +6,7 @@
 # version of clang that was chosen. `?` marks what the project can go without.
 # shellcheck disable=SC2034
 {
-    program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev 'libqt6svg6|libqt6svg6t64'
+    program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libcli11-dev 'libqt6svg6|libqt6svg6t64'
         libxcb1-dev ninja-build qt6-base-dev 'qt6-svg-dev|libqt6svg6-dev')
     [[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
     # A virtual desktop, and the tools that drive the program on it.
@@ -19,7 +19,7 @@
     # The tools that build the package and check it.
     package_packages=(appstream desktop-file-utils dpkg-dev lintian man-db mandoc python3)
     # On macOS, beside Xcode's command line tools.
-    brew_packages=(cmake google-benchmark googletest ninja qt)
+    brew_packages=(cli11 cmake google-benchmark googletest ninja qt)
 }
 least_qt=6.4
 

@@ -15,7 +15,7 @@ INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]*)"|<([^>]*)>)', re
 STANDARD = re.compile(r"[a-z_]+[0-9]*")
 QT = re.compile(r"Q[A-Z].*|Qt.*")
 QT_MODULES = ("qt", "widgets", "app")
-SYSTEM_MODULES = ("posix", "qt", "macos", "app")
+SYSTEM_MODULES = ("posix", "cli", "qt", "macos", "app")
 # Only PAINTING chooses colours, fonts and strokes.
 PAINTERS = re.compile(r"QPainter.*|QBrush|QPen|QStylePainter|QProxyStyle")
 PAINTING = "widgets/style"

@@ -11,7 +11,7 @@ import yaml
 PROJECT = Path(__file__).resolve().parents[2]
 
 PLAIN = """appstream at-spi2-core cmake dbus-daemon desktop-file-utils dpkg-dev fonts-dejavu-core
-    fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libgmock-dev libgtest-dev
+    fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libcli11-dev libgmock-dev libgtest-dev
     libxcb1-dev libxml2-utils lintian man-db mandoc ninja-build openbox python3 python3-pyatspi
     python3-pytest python3-yaml qt6-base-dev x11-utils xdotool xvfb""".split()
 

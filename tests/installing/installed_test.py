@@ -17,12 +17,15 @@ SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 PICTURES = {f"share/icons/hicolor/{size}x{size}/apps/{ID}.png": size for size in SIZES}
 FILES = {
     "bin/frimbolate",
+    "lib/frimbolate/modules/frimbolate-window.so",
     f"share/applications/{ID}.desktop",
+    "share/bash-completion/completions/frimbolate",
     "share/doc/frimbolate/changelog.gz",
     "share/doc/frimbolate/copyright",
     f"share/icons/hicolor/scalable/apps/{ID}.svg",
     "share/man/man1/frimbolate.1.gz",
     f"share/metainfo/{ID}.metainfo.xml",
+    "share/zsh/vendor-completions/_frimbolate",
     *PICTURES,
 }
 MANUAL = PREFIX / "share/man/man1/frimbolate.1.gz"
