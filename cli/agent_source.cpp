@@ -39,12 +39,24 @@ std::optional<std::size_t> takeLine(std::string& reason) {
     return line;
 }
 
-/// A damaged file, which launchd does not load either.
-AgentSource damaged(const std::string& path, std::string reason) {
+/// The findings of a value that is no agent; nothing for a text that is no property list.
+std::vector<Finding> findingsOf(std::string_view text) {
+    try {
+        return checkAgent(readPropertyList(text));
+    } catch (const NamedError&) {
+        return {};
+    }
+}
+
+/// A file whose content is no agent, which launchd does not load either.
+AgentSource damaged(const std::string& path, std::string reason, std::string_view text) {
     AgentSource source;
     source.overview = unreadableOverview(path, reason);
+    source.overview.findings = findingsOf(text);
     source.lines = {takeLine(reason)};
-    source.overview.findings = {{"damaged-file", Severity::Refused, "", reason}};
+    if (source.overview.findings.empty())
+        source.overview.findings = {{"damaged-file", Severity::Refused, "", reason}};
+    source.lines.resize(source.overview.findings.size());
     return source;
 }
 
@@ -95,10 +107,10 @@ AgentSource readInput(const CommandLineServices& services) {
     try {
         const Value value = readPropertyList(text);
         if (!value.dictionary())
-            return damaged(path, "it holds no dictionary, but: " + std::string(value.kind()));
+            return damaged(path, "it holds no dictionary, but: " + std::string(value.kind()), text);
         CheckContext context;
         context.home = services.home;
-        context.pathState = localPathState;
+        context.pathState = services.pathState;
         auto overview =
             agentOverview(value, fileNameByLabel(*value.dictionary()), context, styleOf(services));
         overview.path = path;
@@ -108,7 +120,7 @@ AgentSource readInput(const CommandLineServices& services) {
         findLines(source, text);
         return source;
     } catch (const NamedError& error) {
-        return damaged(path, error.reason());
+        return damaged(path, error.reason(), {});
     }
 }
 
@@ -120,10 +132,11 @@ AgentSource readAgent(const std::string& path, const CommandLineServices& servic
     std::string text;
     const PropertyListFile file = readPropertyListFile(path, &text);
     if (file.condition == FileCondition::damaged)
-        return damaged(path, file.reason);
+        return damaged(path, file.reason, text);
     if (file.condition != FileCondition::read)
         return inaccessible(path, file.reason);
-    const auto context = localCheckContext(path, file, services.home);
+    auto context = localCheckContext(path, file, services.home);
+    context.pathState = services.pathState;
     AgentSource source = described(
         file.dictionary, agentOverview(file.dictionary, path, context, styleOf(services)));
     findLines(source, text);
@@ -147,7 +160,7 @@ AgentSource sourceOf(const Dictionary& agent, const std::string& path,
     const bool isFile = path != standardInput;
     CheckContext context;
     context.home = services.home;
-    context.pathState = localPathState;
+    context.pathState = services.pathState;
     if (isFile)
         context.filePath = path;
     auto overview =

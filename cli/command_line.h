@@ -5,7 +5,9 @@
 #pragma once
 
 #include "core/wall_clock.h"
+#include "posix/local_agent_folder.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -30,6 +32,8 @@ struct CommandLineServices {
     std::string home; ///< shown as "~"; without a final "/"
     bool colorsOut = false;
     bool colorsErr = false;
+    /// What stands at the paths of an agent; asked of this computer by default.
+    std::function<PathState(const std::string&)> pathState = localPathState;
 };
 
 /// Whether the program's first argument is for the command line: any that is no option.

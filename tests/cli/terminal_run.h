@@ -19,6 +19,7 @@ struct TerminalInput {
     std::string in = {};
     std::string home = "/Users/ada";
     bool colors = false;
+    std::function<PathState(const std::string&)> pathState = localPathState;
 };
 
 /// At 09:41 on Saturday, 21 November 2026, in a zone without changes of clocks.
@@ -33,7 +34,8 @@ inline TerminalRun run(const std::vector<std::string>& arguments, const Terminal
                                                 .now = now,
                                                 .home = input.home,
                                                 .colorsOut = input.colors,
-                                                .colorsErr = input.colors});
+                                                .colorsErr = input.colors,
+                                                .pathState = input.pathState});
     return {code, out.str(), err.str()};
 }
 
