@@ -28,7 +28,7 @@ _frimbolate() {
             fi
             ;;
         command)
-            if ((COMP_CWORD == 2)); then
+            if [[ $previous == command && $current != -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "load unload" -- "$current")
                 return
             fi

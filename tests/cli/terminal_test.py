@@ -3,6 +3,7 @@
 import json
 import os
 import pty
+import re
 import subprocess
 import sys
 import tempfile
@@ -25,6 +26,8 @@ SOUND = """<?xml version="1.0" encoding="UTF-8"?>
 </plist>
 """
 BAD = SOUND.replace("<key>RunAtLoad", "<key>RunAtLoadd")
+WORDS = ("check", "explain", "new", "on", "off", "list", "command")
+COMPLETIONS = Path(__file__).resolve().parents[2] / "resources" / "completions"
 ESCAPE = "\x1b["
 # Without a display, a session or a bus.
 VARIABLES = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "TERM": "xterm", "TZ": "UTC0"}
@@ -182,6 +185,33 @@ class Terminal(unittest.TestCase):
         self.assertIn("libstdc++", loaded)
         for library in ("libQt", "libxcb", "frimbolate-window"):
             self.assertNotIn(library, loaded)
+
+
+class Completion(unittest.TestCase):
+    def completed(self, *words):
+        """What bash offers for the last word."""
+        script = (f'source {COMPLETIONS / "frimbolate.bash"}; COMP_WORDS=("$@"); '
+                  'COMP_CWORD=$(($# - 1)); _frimbolate; printf "%s\\n" "${COMPREPLY[@]}"')
+        shell = subprocess.run(["bash", "--norc", "-c", script, "bash", "frimbolate", *words],
+                               text=True, capture_output=True, check=True, cwd=COMPLETIONS)
+        return shell.stdout.split()
+
+    def test_both_shells_know_every_option_of_every_word(self):
+        for word in WORDS:
+            said = subprocess.run([PROGRAM, word, "--help"], env=VARIABLES, text=True,
+                                  capture_output=True, check=True).stdout
+            options = set(re.findall(r"^ +(?:-h,)?(--[a-z-]+)", said, re.MULTILINE))
+            self.assertIn("--json", options)
+            self.assertEqual(set(self.completed(word, "-")), options, word)
+            for option in options - {"--help"}:
+                self.assertIn(f"'{option}[", (COMPLETIONS / "_frimbolate").read_text(), word)
+
+    def test_bash_completes_words_days_and_files(self):
+        self.assertEqual(self.completed("o"), ["on", "off"])
+        self.assertEqual(set(self.completed("")) & set(WORDS), set(WORDS))
+        self.assertEqual(self.completed("new", "--on", "t"), ["tue", "thu"])
+        self.assertEqual(self.completed("command", "l"), ["load"])
+        self.assertEqual(self.completed("check", "frim"), ["frimbolate.bash"])
 
 
 if __name__ == "__main__":
