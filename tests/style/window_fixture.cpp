@@ -34,6 +34,16 @@ void filled(WindowFixture& fixture) {
     fixture.form().agentScheduleDatePicker.dateValue.minute = 30;
 }
 
+/// A sentence that takes all of its line, beside the next run.
+void nextRun(WindowFixture& fixture) {
+    using namespace std::chrono;
+    const LocalMinute now(local_days(2026y / November / 21) + hours(9));
+    fixture.window.setWallClock([now] { return WallClock(now); });
+    filled(fixture);
+    fixture.form().alsoRunPathChangeCheckbox.state = CheckState::On;
+    fixture.form().alsoRunPathChangeImageWell.toolTip = "/Users/maya/Pictures/Holidays in spring";
+}
+
 void withoutTips(WindowFixture& fixture) {
     filled(fixture);
     fixture.delegate.showHideTips();
@@ -292,6 +302,7 @@ void incompletePropertyList(WindowFixture& fixture) {
 constexpr UiState rows[] = {
     {"empty", [](WindowFixture&) {}},
     {"weekly", filled},
+    {"next_run", nextRun},
     {"without_tips", withoutTips},
     {"faulty", faulty},
     {"fault_alert", faultAlert},
