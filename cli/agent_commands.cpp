@@ -1,7 +1,6 @@
 #include "cli/agent_commands.h"
 
 #include "cli/agent_source.h"
-#include "cli/json_text.h"
 #include "cli/report.h"
 #include "core/agent_plist.h"
 #include "core/command_warning.h"
@@ -178,7 +177,7 @@ int launchctlCommand(LaunchctlCommand command, const std::string& path, bool jso
         commandWarning(command.isModern ? removeAll(whole, "'") : std::string(whole));
     if (warning.empty())
         return ExitCode::Nothing;
-    services.err << jsonText(whole) << ": " << warning << "\n";
+    services.err << printable(whole) << ": " << warning << "\n";
     return ExitCode::Findings;
 }
 

@@ -28,13 +28,14 @@ CLI::App& addWord(CLI::App& app, Arguments& arguments, const std::string& word,
                   const std::string& description, const std::string& example) {
     CLI::App& sub = *app.add_subcommand(word, description);
     sub.add_flag("--json", arguments.json, "Print one JSON document");
-    sub.footer("Example:\n  " + example +
-               "\n\n\"-\" is the standard input; names that begin with a dash follow \"--\".");
+    sub.footer("Example:\n  " + example);
     return sub;
 }
 
 void addPaths(CLI::App& sub, Arguments& arguments, const std::string& name) {
     sub.add_option(name, arguments.paths)->required();
+    sub.footer(sub.get_footer() +
+               "\n\n\"-\" is the standard input; names that begin with a dash follow \"--\".");
 }
 
 bool isKnown(std::string_view word) {

@@ -21,15 +21,6 @@ std::string colored(std::string_view text, std::string_view color, bool colors) 
     return colors ? std::string(color).append(text).append(plain) : std::string(text);
 }
 
-/// A name from a file, harmless in a terminal: control characters are replaced.
-std::string printable(std::string_view text) {
-    std::string line(text);
-    for (char& unit : line)
-        if (static_cast<unsigned char>(unit) < ' ' || unit == 0x7f)
-            unit = '?';
-    return line;
-}
-
 std::string_view stateName(const AgentOverview& overview) {
     return !overview.isOn ? "?" : *overview.isOn ? "on" : "off";
 }
@@ -94,6 +85,18 @@ void writeAgent(JsonWriter& json, const AgentSource& source) {
 }
 
 } // namespace
+
+std::string printable(std::string_view text) {
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto unit = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
+        const bool isC1 = unit == 0xc2 && next >= 0x80 && next < 0xa0;
+        line += unit < ' ' || unit == 0x7f || isC1 ? '?' : text[i];
+        i += isC1 ? 1 : 0;
+    }
+    return line;
+}
 
 std::string findingLines(const AgentSource& source, bool colors) {
     const auto path = printable(source.overview.path);

@@ -9,6 +9,9 @@
 
 namespace frimbolate {
 
+/// A text from a file, harmless in a terminal: each control character is shown as "?".
+std::string printable(std::string_view text);
+
 /// "file:line: key: what is wrong [severity]" for each finding, and "file: why" for an error.
 std::string findingLines(const AgentSource& source, bool colors);
 

@@ -120,6 +120,8 @@ TEST_F(CommandLine, ColorsOnlyWhereTheyAreShown) {
 TEST_F(CommandLine, KeepsControlCharactersFromTheTerminal) {
     const auto path = make("a.plist", with(soundAgent, "a\tb", true));
     EXPECT_THAT(run({"check", path}).err, HasSubstr("a?b: "));
+    const auto label = make("b.plist", with(soundAgent, "Label", "a\u009b1mb\u00e9"));
+    EXPECT_THAT(run({"explain", label}).out, StartsWith("a?1mb\u00e9 ("));
 }
 
 TEST_F(CommandLine, ExplainSaysWhatTheAgentDoesAndWhenNext) {
@@ -214,7 +216,7 @@ TEST_F(CommandLine, ComposesEachLaunchctlCommand) {
 TEST_F(CommandLine, WarnsOfAQuoteThatTheCommandDoesNotEscape) {
     const auto path = make("a'b.plist", soundAgent);
     EXPECT_EQ(run({"command", "load", path}).code, 1);
-    EXPECT_NE(run({"command", "load", path}).err, "");
+    EXPECT_THAT(run({"command", "load", path}).err, StartsWith(path + ": "));
     const auto modern = run({"command", "load", "--modern", path});
     EXPECT_EQ(modern.code, 0);
     EXPECT_THAT(modern.out, HasSubstr("a'\\''b.plist"));
