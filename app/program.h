@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/system_services.h"
+#include "posix/local_agent_folder.h"
 #include "posix/local_clock.h"
 #include "posix/local_files.h"
 #include "qt/qt_application.h"
@@ -9,6 +10,7 @@
 #include "qt/window_blending.h"
 #include "ui/app_delegate.h"
 #include "widgets/main_window.h"
+#include "widgets/pages/agent_list_reader.h"
 #include "widgets/qt_sheets.h"
 #include "widgets/sheets/qt_alerts.h"
 #include "widgets/sheets/sheet_queue.h"
@@ -43,6 +45,8 @@ class Program {
     LocalClock clock_;
     QtApplication application_;
     AppDelegate delegate_;
+    LocalAgentFolder agentFolder_;
+    AgentListReader agentListReader_{agentFolder_, delegate_, localWallClock};
 };
 
 } // namespace frimbolate

@@ -8,6 +8,7 @@
 #include "widgets/drawer/drawer_panel.h"
 #include "widgets/form/form_card.h"
 #include "widgets/form/script_pop_over.h"
+#include "widgets/pages/agents_page.h"
 #include "widgets/pages/page_stack.h"
 #include "widgets/pages/page_switcher.h"
 #include "widgets/pages/property_list_page.h"
@@ -121,6 +122,13 @@ QWidget* MainWindow::makeForm(QWidget* parent) {
     pages_->addPage(card, card->firstField());
     auto* propertyList = new PropertyListPage(binder_, pages_);
     pages_->addPage(propertyList, propertyList->firstControl());
+    auto* agents = new AgentsPage(binder_, pages_);
+    pages_->addPage(agents, agents->firstControl());
+    findChild<QMenu*>("viewMenu")->addMenu(agents->sortMenu());
+    connect(agents, &AgentsPage::agentOpened, card, [this, card] {
+        pages_->showPage(Page::Form);
+        card->firstField()->setFocus();
+    });
     column->addWidget(pages_, 0, Qt::AlignHCenter);
     column->addStretch();
     column->addWidget(makeStatusLine(form));
@@ -168,6 +176,10 @@ QWidget* MainWindow::makeNextRun(QWidget* parent) {
     });
     timer->start(std::chrono::minutes(1));
     return nextRun;
+}
+
+void MainWindow::setAgentListReader(AgentListReader& reader) {
+    findChild<AgentsPage*>()->setReader(reader);
 }
 
 void MainWindow::bringToFront() {

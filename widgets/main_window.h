@@ -14,6 +14,7 @@ class QAction;
 
 namespace frimbolate {
 
+class AgentListReader;
 class Commands;
 class DrawerPanel;
 class FormCard;
@@ -34,6 +35,9 @@ class MainWindow : public QMainWindow {
     void connectTo(AppDelegate& delegate) { binder_.connectTo(delegate); }
     /// The clock of the next run in the status line; without one it shows none.
     void setWallClock(std::function<WallClock()> clock) { binder_.setWallClock(std::move(clock)); }
+    /// The reader of the list of agents, which reads while the list is shown. Not owned; it may end
+    /// before the window.
+    void setAgentListReader(AgentListReader& reader);
     /// Updates all controls from the model. Call it after every change of the model.
     void mirror() { binder_.mirror(); }
     /// Shows the window, raises it and gives it the keyboard focus.

@@ -299,6 +299,32 @@ void incompletePropertyList(WindowFixture& fixture) {
     fixture.form().agentNameTextField.stringValue.clear();
 }
 
+void agents(WindowFixture& fixture) {
+    filled(fixture);
+    fixture.listAgents();
+}
+
+void agentsFiltered(WindowFixture& fixture) {
+    agents(fixture);
+    fixture.find<QLineEdit>("agentFilter")->setFocus();
+    fixture.find<QLineEdit>("agentFilter")->setText("sync");
+}
+
+void agentsFilteredAway(WindowFixture& fixture) {
+    agentsFiltered(fixture);
+    fixture.find<QLineEdit>("agentFilter")->setText("rsync");
+}
+
+void agentsWithoutGrant(WindowFixture& fixture) {
+    fixture.platform.defaults.contents.erase("Bookmark");
+    fixture.find<QAction>("showAgents")->trigger();
+}
+
+void agentsBesideDrawer(WindowFixture& fixture) {
+    agents(fixture);
+    fixture.openDrawer();
+}
+
 constexpr UiState rows[] = {
     {"empty", [](WindowFixture&) {}},
     {"weekly", filled},
@@ -335,6 +361,11 @@ constexpr UiState rows[] = {
     {"about", about},
     {"property_list", propertyList},
     {"property_list_incomplete", incompletePropertyList},
+    {"agents", agents},
+    {"agents_filtered", agentsFiltered},
+    {"agents_filtered_away", agentsFilteredAway},
+    {"agents_without_grant", agentsWithoutGrant},
+    {"agents_beside_drawer", agentsBesideDrawer},
     {"open_panel", openPanel},
     {"rejecting_panel", rejectingPanel},
     {"grant_panel", grantPanel},
@@ -345,7 +376,10 @@ constexpr UiState rows[] = {
 
 } // namespace
 
-WindowFixture::WindowFixture() { start(); }
+WindowFixture::WindowFixture() {
+    window.setAgentListReader(agentReader);
+    start();
+}
 
 WindowFixture::~WindowFixture() { platform.abandonQuestions(); }
 

@@ -1,7 +1,9 @@
 // The UI states of the window, each set up by the actions that lead to it.
 #pragma once
 
+#include "tests/widgets/fake_agent_folder.h"
 #include "tests/widgets/scripted_window.h"
+#include "widgets/pages/agent_list_reader.h"
 #include "widgets/panels/qt_file_panels.h"
 #include "widgets/sheets/qt_alerts.h"
 
@@ -23,9 +25,16 @@ class WindowFixture : public ScriptedWindow {
     void scriptTarget();
     void schedule(const char* title);
     void openDrawer();
+    /// Fills the folder, shows the list, and waits until it is read.
+    void listAgents();
 
     QtAlerts alerts{queue, window};
     QtFilePanels panels{queue, window};
+    FakeAgentFolder agentFolder;
+    AgentListReader agentReader{agentFolder, delegate, [] { return wallClock(); }};
+
+  private:
+    static WallClock wallClock();
 };
 
 /// A row of the table; `name` is the test's name and the screenshot's file name.

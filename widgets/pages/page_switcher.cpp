@@ -25,6 +25,7 @@ constexpr PageTitle titles[pageCount] = {
     {"showForm", QT_TRANSLATE_NOOP("pages", "&Form"), "page-form", "Ctrl+1"},
     {"showPropertyList", QT_TRANSLATE_NOOP("pages", "&Property List"), "page-property-list",
      "Ctrl+2"},
+    {"showAgents", QT_TRANSLATE_NOOP("pages", "A&gents"), "page-agents", "Ctrl+3"},
 };
 
 /// A radio button without a circle: the toolkit gives a group of them one Tab stop and the arrow

@@ -9,8 +9,8 @@ class QRadioButton;
 
 namespace frimbolate {
 
-enum class Page { Form, PropertyList };
-constexpr int pageCount = 2;
+enum class Page { Form, PropertyList, Agents };
+constexpr int pageCount = 3;
 
 /// What a page is called in the menu, and its icon and shortcut.
 struct PageTitle {

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QPainter>
+#include <QToolButton>
 
 namespace frimbolate::style {
 
@@ -41,6 +42,45 @@ void paintPropertyListPage(QWidget& page, bool hasStrip, bool hasFocus) {
                          t.hairline);
     if (hasFocus)
         drawRoundedBox(painter, page.rect(), scaled(10), Qt::transparent, t.accent, 2);
+}
+
+void paintAgentsPage(QWidget& page) {
+    const Tokens& t = tokens(page.palette());
+    paintCard(page, 1);
+    const double radius = scaled(10) - 1;
+    const QRectF inner = QRectF(page.rect()).adjusted(1, 1, -1, -1);
+    const double top = page.height() - scaled(agentBarHeight);
+    QPainter painter(&page);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(t.raised);
+    painter.setClipRect(QRectF(0, top, page.width(), page.height() - top));
+    painter.drawRoundedRect(inner, radius, radius);
+    painter.fillRect(QRectF(1, top, page.width() - 2, 1), t.hairline);
+}
+
+void paintFlatButton(QToolButton& button) {
+    const Tokens& t = tokens(button.palette());
+    QPainter painter(&button);
+    const bool isEnabled = button.isEnabled();
+    const QColor fill = !isEnabled            ? QColor(Qt::transparent)
+                        : button.isDown()     ? t.pressed
+                        : button.underMouse() ? t.hover
+                                              : QColor(Qt::transparent);
+    const QColor border = button.hasFocus() ? t.accent : QColor(Qt::transparent);
+    drawRoundedBox(painter, button.rect(), scaled(6), fill, border, 2);
+    QRect content = button.rect().adjusted(scaled(flatButtonPadding), 0, 0, 0);
+    if (!button.icon().isNull()) {
+        const QSize size = button.iconSize();
+        const QRect icon(QPoint(content.left(), (button.height() - size.height()) / 2), size);
+        button.icon().paint(&painter, icon, Qt::AlignCenter,
+                            isEnabled ? QIcon::Normal : QIcon::Disabled);
+        content.setLeft(icon.right() + 1 + scaled(flatButtonGap));
+    }
+    painter.setFont(button.font());
+    painter.setPen(isEnabled ? t.text : t.disabledText);
+    painter.drawText(content, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic,
+                     button.text());
 }
 
 } // namespace frimbolate::style

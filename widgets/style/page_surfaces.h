@@ -3,6 +3,7 @@
 #pragma once
 
 class QAbstractButton;
+class QToolButton;
 class QWidget;
 
 namespace frimbolate::style {
@@ -18,6 +19,13 @@ constexpr int pageHeaderHeight = 38, faultStripHeight = 34;
 /// The card of the property list, with a line below its header and one above the strip.
 void paintPropertyListPage(QWidget& page, bool hasStrip, bool hasFocus);
 
+/// The height of the bar below the list of agents, its line included; pixels of the 1x layout.
+constexpr int agentBarHeight = 30;
+/// The card of the list of agents, with the bar below the list.
+void paintAgentsPage(QWidget& page);
+/// A button of that bar: icon and text, on a background by state.
+void paintFlatButton(QToolButton& button);
+constexpr int flatButtonHeight = 26, flatButtonPadding = 8, flatButtonGap = 6; ///< as above
 /// The side of the icons of segments and flat buttons; pixels of the 1x layout.
 constexpr int pageIconSide = 16;
 

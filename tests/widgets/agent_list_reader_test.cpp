@@ -1,0 +1,145 @@
+// The reading of the folder: off the window's thread, balanced, stopped, and repeated on a change.
+#include "tests/widgets/agents_fixture.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+namespace frimbolate::test {
+namespace {
+
+using testing::ElementsAre;
+
+class AgentListReaderTest : public AgentsPageTest {
+  protected:
+    /// The readings begun and ended so far.
+    std::pair<std::size_t, std::size_t> accesses() {
+        return {platform.journal.count("begin"), platform.journal.count("end")};
+    }
+};
+
+TEST_F(AgentListReaderTest, OpensTheFolderForEachReadingAndClosesIt) {
+    showAgents();
+    EXPECT_EQ(accesses(), std::pair(std::size_t{1}, std::size_t{1}));
+    readAgain();
+    EXPECT_EQ(accesses(), std::pair(std::size_t{2}, std::size_t{2}));
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+}
+
+TEST_F(AgentListReaderTest, AnotherPageStopsTheReadingAndClosesTheFolder) {
+    folder.hold();
+    find<QAction>("showAgents")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return folder.reads() == 1; }));
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+    find<QAction>("showForm")->trigger();
+    folder.release();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !reader.isReading(); }));
+    EXPECT_EQ(folder.reads(), 1) << "the rest is not read";
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+    EXPECT_THAT(names(), testing::IsEmpty());
+    showAgents();
+    EXPECT_EQ(names().size(), 4u);
+}
+
+TEST_F(AgentListReaderTest, APageShownAgainDuringAReadingReadsAgain) {
+    folder.hold();
+    find<QAction>("showAgents")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return folder.reads() == 1; }));
+    find<QAction>("showForm")->trigger();
+    find<QAction>("showAgents")->trigger();
+    folder.release();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return names().size() == 4; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !reader.isReading(); }));
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+}
+
+TEST_F(AgentListReaderTest, TheEndOfTheReaderWaitsForTheReadingAndClosesTheFolder) {
+    AgentListReader other(folder, delegate, [this] { return WallClock(now); });
+    auto short_ =
+        std::make_unique<AgentListReader>(folder, delegate, [this] { return WallClock(now); });
+    short_->start();
+    short_.reset();
+    EXPECT_EQ(platform.folderAccess.begun, 0);
+    QCoreApplication::processEvents();
+}
+
+TEST_F(AgentListReaderTest, ShowsManyAgentsInTheOrderOfTheirNames) {
+    for (int i = 0; i < 700; ++i) {
+        const std::string name = "n" + std::to_string(1000 + i);
+        folder.put(own(name), listed(name, "Runs " + name + "."));
+    }
+    showAgents();
+    const auto all = names();
+    EXPECT_EQ(all.size(), 704u);
+    EXPECT_TRUE(std::ranges::is_sorted(all));
+}
+
+TEST_F(AgentListReaderTest, AChangeKeepsTheSelectionByPath) {
+    showAgents();
+    select(3);
+    folder.put(own("aaa"), listed("aaa", "Runs aaa."));
+    folder.remove(own("backup"));
+    folder.put(own("sync"), listed("sync", "Runs Notes never.", AgentKind::Own, false));
+    readAgain();
+    EXPECT_THAT(names(), ElementsAre("aaa", "broken.plist", "org.example.tool", "sync"));
+    EXPECT_EQ(selected(), "sync");
+    folder.remove(own("sync"));
+    readAgain();
+    EXPECT_EQ(selected(), "org.example.tool") << "the neighbour of a row that is gone";
+}
+
+TEST_F(AgentListReaderTest, ManyChangesKeepTheSelectionToo) {
+    showAgents();
+    select(3);
+    for (int i = 0; i < 200; ++i)
+        folder.put(own("a" + std::to_string(i)), listed("a" + std::to_string(i), "Runs."));
+    readAgain();
+    EXPECT_EQ(names().size(), 204u);
+    EXPECT_EQ(selected(), "sync");
+}
+
+TEST_F(AgentListReaderTest, FollowsTheFolderOnTheDiskWhileThePageIsShown) {
+    const QTemporaryDir disk;
+    const QString file = disk.filePath("a.plist");
+    platform.defaults.contents["Bookmark"] = bookmarkOf(disk.path().toStdString());
+    folder.put(file.toStdString(), listed("a", "Runs a."));
+    showAgents();
+    const auto becomes = [this](std::size_t count) {
+        return QTest::qWaitFor([&] { return names().size() == count; });
+    };
+    folder.put(own("new"), listed("new", "Runs new."));
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly));
+    made.close();
+    EXPECT_TRUE(becomes(6)) << "a new file";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !reader.isReading(); }));
+
+    find<QAction>("showForm")->trigger();
+    const int lists = folder.lists();
+    ASSERT_TRUE(made.remove());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(folder.lists(), lists) << "a hidden page follows nothing";
+}
+
+TEST_F(AgentListReaderTest, FollowsAFileThatIsChangedInPlace) {
+    const QTemporaryDir disk;
+    const QString file = disk.filePath("a.plist");
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly));
+    platform.defaults.contents["Bookmark"] = bookmarkOf(disk.path().toStdString());
+    folder.put(file.toStdString(), listed("a", "Runs a."));
+    showAgents();
+    auto* watcher = reader.findChild<QFileSystemWatcher*>();
+    Q_UNUSED(watcher)
+    QCoreApplication::processEvents(); // the watches are added behind the reading
+    folder.put(file.toStdString(), listed("b", "Runs b."));
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        made.write("x");
+        made.flush();
+        return names().front() == "b";
+    }));
+}
+
+} // namespace
+} // namespace frimbolate::test

@@ -1,0 +1,156 @@
+#include "widgets/pages/agent_list_reader.h"
+
+#include "ui/app_delegate.h"
+#include "widgets/controls/clock_format.h"
+#include "widgets/controls/text.h"
+
+#include <QDir>
+#include <QMetaObject>
+
+#include <chrono>
+
+namespace frimbolate {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Changes that come within this time are read together.
+constexpr auto debounceTime = 120ms;
+/// The rows of one delivery, and the files added to the watcher in one turn of the event loop.
+constexpr std::size_t batchSize = 128;
+/// The system bounds the watches of all programs together. A file beyond is still followed where it
+/// is replaced as a whole, as most programs write a file.
+constexpr qsizetype mostWatchedFiles = 1024;
+
+} // namespace
+
+AgentListReader::AgentListReader(AgentFolder& folder, AppDelegate& delegate,
+                                 std::function<WallClock()> clock)
+    : folder_(folder), delegate_(delegate), clock_(std::move(clock)) {
+    pool_.setMaxThreadCount(1);
+    debounce_.setSingleShot(true);
+    debounce_.setInterval(debounceTime);
+    connect(&debounce_, &QTimer::timeout, this, &AgentListReader::start);
+    connect(&watching_, &QTimer::timeout, this, &AgentListReader::watchFiles);
+    const auto changed = [this] {
+        if (isWanted_ && !debounce_.isActive())
+            debounce_.start();
+    };
+    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, changed);
+    connect(&watcher_, &QFileSystemWatcher::fileChanged, this, changed);
+}
+
+AgentListReader::~AgentListReader() {
+    stop_.request_stop();
+    pool_.waitForDone();
+    // The end of the reading was posted to this object, which no longer gets it.
+    if (opened_)
+        delegate_.closeAgentFolder(opened_);
+}
+
+void AgentListReader::start() {
+    isWanted_ = true;
+    if (isReading_)
+        again_ = true;
+    else
+        read();
+}
+
+void AgentListReader::stop() {
+    isWanted_ = again_ = false;
+    stop_.request_stop();
+    debounce_.stop();
+    watching_.stop();
+    files_.clear();
+    watch({});
+}
+
+void AgentListReader::read() {
+    again_ = false;
+    opened_ = delegate_.openAgentFolder();
+    if (!opened_) {
+        watch({});
+        emit refused();
+        return;
+    }
+    // Before the reading, so that no change behind it is missed.
+    if (const QString path = text(*opened_); !watcher_.directories().contains(path))
+        watch({path});
+    isReading_ = true;
+    files_.clear();
+    stop_ = {};
+    pool_.start([this, stop = stop_.get_token(),
+                 reading = Reading{*opened_, QDir::homePath().toStdString(), localeClockFormat(),
+                                   clock_()}] {
+        const Outcome outcome = readFolder(reading, stop);
+        QMetaObject::invokeMethod(
+            this, [this, outcome] { readingEnded(outcome); }, Qt::QueuedConnection);
+    });
+}
+
+AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading,
+                                                     const std::stop_token& stop) {
+    const auto paths = folder_.list(reading.folder);
+    if (!paths)
+        return Outcome::Unreadable;
+    const TextStyle style{.home = reading.home, .clock = reading.format, .now = reading.clock};
+    const LocalMinute now = reading.clock.now();
+    AgentRows rows;
+    for (const std::string& path : *paths) {
+        if (stop.stop_requested())
+            return Outcome::Stopped;
+        rows.push_back(makeAgentRow(folder_.read(path, style), now, style.clock));
+        if (rows.size() == batchSize)
+            post(std::exchange(rows, {}), stop);
+    }
+    post(std::move(rows), stop);
+    return Outcome::Complete;
+}
+
+void AgentListReader::post(AgentRows rows, const std::stop_token& stop) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, stop, rows = std::move(rows)] {
+            if (stop.stop_requested() || rows.empty())
+                return;
+            for (const auto& row : rows)
+                files_.append(text(row->overview.path));
+            emit rowsRead(rows);
+        },
+        Qt::QueuedConnection);
+}
+
+void AgentListReader::readingEnded(Outcome outcome) {
+    isReading_ = false;
+    delegate_.closeAgentFolder(std::exchange(opened_, {}));
+    if (stop_.stop_requested())
+        outcome = Outcome::Stopped;
+    if (outcome == Outcome::Complete)
+        emit finished();
+    else if (outcome == Outcome::Unreadable)
+        emit refused();
+    if (outcome == Outcome::Complete && isWanted_)
+        watching_.start(0ms);
+    if (again_)
+        read();
+}
+
+void AgentListReader::watch(const QStringList& paths) {
+    if (const QStringList before = watcher_.directories() + watcher_.files(); !before.isEmpty())
+        watcher_.removePaths(before);
+    if (!paths.isEmpty())
+        watcher_.addPaths(paths);
+}
+
+void AgentListReader::watchFiles() {
+    const qsizetype space = mostWatchedFiles - watcher_.files().size();
+    const qsizetype count = std::min<qsizetype>({files_.size(), space, batchSize});
+    if (count <= 0)
+        return watching_.stop();
+    // A file that was replaced has lost its watch; one that is watched already is left alone.
+    watcher_.addPaths(files_.mid(0, count));
+    files_.remove(0, count);
+}
+
+} // namespace frimbolate

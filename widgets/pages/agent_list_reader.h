@@ -1,0 +1,81 @@
+// Reads the agents of the granted folder on a thread of its own, and again whenever the folder or
+// one of its files changes.
+#pragma once
+
+#ifndef Q_MOC_RUN // which cannot parse the calendar of the standard library
+#include "platform/agent_folder.h"
+#include "widgets/pages/agent_row.h"
+#endif
+
+#include <QFileSystemWatcher>
+#include <QObject>
+#include <QThreadPool>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <string>
+
+namespace frimbolate {
+
+class AppDelegate;
+
+/// Everything but the reading itself happens on the thread that made this object. The folder is
+/// opened before each reading and closed after it, also after one that was stopped.
+class AgentListReader : public QObject {
+    Q_OBJECT
+
+  public:
+    /// The folder and the delegate, which opens it, must outlive this.
+    /// \param clock by which the next runs are computed
+    AgentListReader(AgentFolder& folder, AppDelegate& delegate, std::function<WallClock()> clock);
+    /// Stops a reading and waits until it has left the file that it is at.
+    ~AgentListReader() override;
+
+    /// Reads the folder and follows it until stop(). While a reading runs, another one follows it.
+    void start();
+    /// Gives up a reading, and no longer follows the folder. Returns at once.
+    void stop();
+    bool isReading() const { return isReading_; }
+
+  signals:
+    /// Some rows, in the order of their paths, on the thread of this object.
+    void rowsRead(const frimbolate::AgentRows& rows);
+    /// All rows of the folder have been given.
+    void finished();
+    /// No folder is granted, or it cannot be read.
+    void refused();
+
+  private:
+    enum class Outcome { Complete, Stopped, Unreadable };
+    /// What a reading needs, gathered before it leaves the thread of this object.
+    struct Reading {
+        std::string folder, home;
+        ClockFormat format;
+        WallClock clock;
+    };
+
+    void read();
+    Outcome readFolder(const Reading& reading, const std::stop_token& stop);
+    void post(AgentRows rows, const std::stop_token& stop);
+    void readingEnded(Outcome outcome);
+    void watch(const QStringList& paths);
+    void watchFiles();
+
+    AgentFolder& folder_;
+    AppDelegate& delegate_;
+    std::function<WallClock()> clock_;
+    std::optional<std::string> opened_; ///< the folder while a reading runs
+    std::stop_source stop_;
+    bool isReading_ = false;
+    bool isWanted_ = false; ///< between start() and stop()
+    bool again_ = false;    ///< another reading follows
+    QStringList files_;     ///< of the last reading, still to be watched
+    QFileSystemWatcher watcher_;
+    QTimer debounce_;
+    QTimer watching_; ///< adds the files to the watcher, some at a time
+    QThreadPool pool_;
+};
+
+} // namespace frimbolate
