@@ -23,6 +23,7 @@ TEST_F(AgentsPageTest, ListsTheAgentsByName) {
     EXPECT_THAT(names(), ElementsAre("backup", "broken.plist", "org.example.tool", "sync"));
     EXPECT_EQ(shownText("agentCount"), "4 agents · 1 off · 1 problem");
     EXPECT_EQ(window.focusWidget(), view());
+    EXPECT_EQ(selected(), "backup");
     EXPECT_EQ(window.size(), QSize(680, 472));
 }
 

@@ -1,4 +1,4 @@
-// The switcher at the foot and the commands of the View menu.
+// The switcher in the status line and the commands of the View menu.
 #include "tests/widgets/window_test.h"
 #include "widgets/controls/elided_label.h"
 #include "widgets/pages/page_stack.h"

@@ -154,8 +154,9 @@ void AgentsPage::restoreSelection() {
     const bool isGone = std::ranges::none_of(
         model_.rows(), [this](const auto& row) { return row->overview.path == selectedPath_; });
     // After a deletion the row that took its place is selected, so that the keyboard goes on there.
-    if (isGone && selectedRow_ >= 0 && filter_.rowCount() > 0)
-        index = filter_.index(std::min(selectedRow_, filter_.rowCount() - 1), 0);
+    const bool isFirst = selectedRow_ < 0 && hasRead_ && view_->hasFocus();
+    if (isGone && (selectedRow_ >= 0 || isFirst) && filter_.rowCount() > 0)
+        index = filter_.index(std::clamp(selectedRow_, 0, filter_.rowCount() - 1), 0);
     if (isGone && index.isValid())
         selectedPath_ = filter_.row(index).overview.path;
     isReplacing_ = true;

@@ -27,6 +27,8 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr int filterLeft = 8, filterTop = 6, filterWidth = 200, filterHeight = 28;
+/// The sign is part of the field's inset.
+constexpr int filterTextShift = 8;
 constexpr int countLeft = 224, countWidth = 280, runLeft = 520, runWidth = 96;
 constexpr int barLeft = 8, barRight = 624, barGap = 4;
 
@@ -61,6 +63,7 @@ void AgentsPage::addHeader() {
     filterField_->addAction(style::toolIcon("search"), QLineEdit::LeadingPosition);
     filterField_->setGeometry(scaled(filterLeft), scaled(filterTop), scaled(filterWidth),
                               scaled(filterHeight));
+    filterField_->setTextMargins(-scaled(filterTextShift), 0, 0, 0);
     filterField_->installEventFilter(this);
     connect(filterField_, &QLineEdit::textChanged, this, [this](const QString& typed) {
         isReplacing_ = true;

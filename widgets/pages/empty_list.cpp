@@ -21,6 +21,7 @@ EmptyList::EmptyList(QWidget* parent)
     style::setFont(title_, style::FontRole::sheetTitle);
     line_->setObjectName("emptyListLine");
     button_->setObjectName("emptyListButton");
+    button_->setAccessibleName(tr("Show the list"));
     connect(button_, &QPushButton::clicked, this, &EmptyList::pressed);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(scaled(24), 0, scaled(24), 0);
@@ -36,9 +37,14 @@ EmptyList::EmptyList(QWidget* parent)
 
 void EmptyList::setWords(const QString& title, const QString& line, const QString& button,
                          bool isDefault) {
-    title_->setText(title);
+    const int most = width() - 2 * scaled(24);
+    title_->setText(title_->fontMetrics().elidedText(title, Qt::ElideMiddle, most));
+    title_->setToolTip(title_->text() == title ? QString() : title);
     line_->setWholeText(line);
-    button_->setText(button);
+    if (!button.isEmpty()) {
+        button_->setText(button);
+        button_->setAccessibleName(button);
+    }
     button_->setDefault(isDefault);
     button_->setAutoDefault(false);
     button_->setVisible(!button.isEmpty());

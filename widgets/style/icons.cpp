@@ -133,6 +133,8 @@ constexpr Glyph glyphs[] = {
     {QStyle::SP_FileDialogNewFolder,
      "M2.75 6.25c0-1 .75-1.75 1.75-1.75h3.25l2 2.25h5.75c1 0 1.75.75 1.75 1.75v5.25c0 1-.75 "
      "1.75-1.75 1.75h-11c-1 0-1.75-.75-1.75-1.75Z M10 8.75v4.5 M7.75 11h4.5"},
+    {QStyle::SP_LineEditClearButton, "M17 10a7 7 0 1 1-14 0 7 7 0 0 1 14 0Z M7.75 7.75l4.5 4.5 "
+                                     "M12.25 7.75l-4.5 4.5"},
     {QStyle::SP_DirIcon, folder},
     {QStyle::SP_DirOpenIcon, folder},
     {QStyle::SP_DirLinkIcon, folder},

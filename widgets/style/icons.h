@@ -21,7 +21,8 @@ enum class Surface { card, drawer };
 /// is drawn without the margin that desktops expect around it.
 QIcon toolIcon(std::string_view name);
 
-/// The icons of the toolkit's file dialog, drawn in the same strokes; null for any other pixmap.
+/// The icons of the toolkit's file dialog and of its text fields, drawn in the same strokes; null
+/// for any other pixmap.
 QIcon standardIcon(QStyle::StandardPixmap pixmap);
 
 /// The icon of an image well. A resource is one of the program's own tiles. A file gets the

@@ -78,7 +78,7 @@ void paintFlatButton(QToolButton& button) {
         content.setLeft(icon.right() + 1 + scaled(flatButtonGap));
     }
     painter.setFont(button.font());
-    painter.setPen(isEnabled ? t.text : t.disabledText);
+    painter.setPen(!isEnabled ? t.disabledText : button.icon().isNull() ? t.secondaryText : t.text);
     painter.drawText(content, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextHideMnemonic,
                      button.text());
 }

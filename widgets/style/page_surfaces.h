@@ -23,7 +23,8 @@ void paintPropertyListPage(QWidget& page, bool hasStrip, bool hasFocus);
 constexpr int agentBarHeight = 30;
 /// The card of the list of agents, with the bar below the list.
 void paintAgentsPage(QWidget& page);
-/// A button of that bar: icon and text, on a background by state.
+/// A button of that bar, or a caption that can be pressed, which has no icon: on a background by
+/// state.
 void paintFlatButton(QToolButton& button);
 constexpr int flatButtonHeight = 26, flatButtonPadding = 8, flatButtonGap = 6; ///< as above
 /// The side of the icons of segments and flat buttons; pixels of the 1x layout.
