@@ -12,8 +12,6 @@ namespace frimbolate {
 
 namespace {
 
-using Services = CommandLineServices;
-
 /// What the arguments say. One word is called; the others leave their part as it is.
 struct Arguments {
     Paths paths;
@@ -98,7 +96,7 @@ void addNewOptions(CLI::App& sub, NewAgentOptions& agent) {
 }
 
 /// Adds every word, with the options and the action of each.
-void addWords(CLI::App& app, Arguments& arguments, const Services& services, int& code) {
+void addWords(CLI::App& app, Arguments& arguments, const CommandLineServices& services, int& code) {
     auto& check = addWord(app, arguments, "check",
                           "Say what launchd would refuse, ignore or do otherwise than meant",
                           "frimbolate check ~/Library/LaunchAgents");
@@ -154,7 +152,7 @@ bool isCommandWord(std::string_view argument) {
     return !argument.empty() && !argument.starts_with('-');
 }
 
-int runCommandLine(const std::vector<std::string>& arguments, const Services& services) {
+int runCommandLine(const std::vector<std::string>& arguments, const CommandLineServices& services) {
     CLI::App app("The rules of Frimbolate in a terminal", "frimbolate");
     app.require_subcommand(1);
     Arguments parsed;

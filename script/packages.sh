@@ -6,7 +6,8 @@
 # version of clang that was chosen. `?` marks what the project can go without.
 # shellcheck disable=SC2034
 {
-    program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libcli11-dev 'libqt6svg6|libqt6svg6t64'
+    program_packages=(cmake fonts-dejavu-core fonts-inter g++ libacl1-dev libcli11-dev
+        'libqt6svg6|libqt6svg6t64'
         libxcb1-dev ninja-build qt6-base-dev 'qt6-svg-dev|libqt6svg6-dev')
     [[ -z ${WAYLAND_DISPLAY:-} ]] || program_packages+=(qt6-wayland)
     # A virtual desktop, and the tools that drive the program on it.

@@ -18,12 +18,12 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr const char* before = "the original";
-constexpr const char* after = "what comes in its place";
+constexpr const char* overwritten = "the original";
+constexpr const char* overwriting = "what comes in its place";
 
 class OverwrittenFile : public testing::Test {
   protected:
-    std::optional<std::string> overwrite(std::string_view content = after,
+    std::optional<std::string> overwrite(std::string_view content = overwriting,
                                          mode_t keptMode = 07777) {
         return overwriteFile(file, content, 0644, keptMode, copies.path());
     }
@@ -42,9 +42,9 @@ class OverwrittenFile : public testing::Test {
 };
 
 TEST_F(OverwrittenFile, ReplacesTheContentOfTheFileItself) {
-    for (const std::string& content : {std::string(after), std::string(), std::string("x"),
-                                       std::string(200000, 'y'), std::string(before)}) {
-        writeBytes(file, before);
+    for (const std::string& content : {std::string(overwriting), std::string(), std::string("x"),
+                                       std::string(200000, 'y'), std::string(overwritten)}) {
+        writeBytes(file, overwritten);
         const ino_t same = inode();
         EXPECT_EQ(overwrite(content), std::nullopt);
         EXPECT_EQ(bytesOf(file), content);
@@ -57,19 +57,19 @@ TEST_F(OverwrittenFile, ReplacesTheContentOfTheFileItself) {
 TEST_F(OverwrittenFile, ReplacesALargeFile) {
     writeBytes(file, std::string(200000, 'z'));
     EXPECT_EQ(overwrite(), std::nullopt);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(bytesOf(file), overwriting);
 }
 
 TEST_F(OverwrittenFile, CreatesAFile) {
     const mode_t umaskBefore = ::umask(022);
     EXPECT_EQ(overwrite(), std::nullopt);
     ::umask(umaskBefore);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(bytesOf(file), overwriting);
     EXPECT_EQ(mode(), 0644U);
 }
 
 TEST_F(OverwrittenFile, KeepsTheModeButForTheBitsToBeTaken) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     ASSERT_EQ(::chmod(file.c_str(), 0666), 0);
     EXPECT_EQ(overwrite(), std::nullopt);
     EXPECT_EQ(mode(), 0666U);
@@ -82,59 +82,59 @@ TEST_F(OverwrittenFile, RefusesWhatIsNoFile) {
     EXPECT_EQ(overwrite(), "it is not a regular file");
     std::filesystem::remove(file);
     const std::string elsewhere = folder / "elsewhere";
-    writeBytes(elsewhere, before);
+    writeBytes(elsewhere, overwritten);
     std::filesystem::create_symlink(elsewhere, file);
     EXPECT_NE(overwrite(), std::nullopt);
-    EXPECT_EQ(bytesOf(elsewhere), before);
+    EXPECT_EQ(bytesOf(elsewhere), overwritten);
 }
 
 // Failures
 
 TEST_F(OverwrittenFile, AFailedCopyLeavesTheFileAlone) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const FailingFlush failing(1);
     const auto reason = overwrite();
     EXPECT_THAT(reason.value_or(""),
                 StartsWith("no copy of it can be kept in " + copies.path() + ": "));
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(bytesOf(file), overwritten);
     EXPECT_THAT(copies.names(), IsEmpty());
 }
 
 TEST_F(OverwrittenFile, WithoutAPlaceForTheCopyNothingIsWritten) {
-    writeBytes(file, before);
-    EXPECT_NE(overwriteFile(file, after, 0644, 07777, folder / "gone"), std::nullopt);
-    EXPECT_EQ(bytesOf(file), before);
+    writeBytes(file, overwritten);
+    EXPECT_NE(overwriteFile(file, overwriting, 0644, 07777, folder / "gone"), std::nullopt);
+    EXPECT_EQ(bytesOf(file), overwritten);
 }
 
 TEST_F(OverwrittenFile, AFailedWriteIsTakenBack) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     ASSERT_EQ(::chmod(file.c_str(), 0666), 0);
     const std::string large(4096, 'x');
     {
         const FullDisk disk(20);
         EXPECT_NE(overwrite(large, 0755), std::nullopt);
     }
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(bytesOf(file), overwritten);
     EXPECT_EQ(mode(), 0666U);
     EXPECT_THAT(copies.names(), IsEmpty());
 }
 
 TEST_F(OverwrittenFile, AFailedFlushIsTakenBack) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const FailingFlush failing(2, 2);
     EXPECT_NE(overwrite(), std::nullopt);
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(bytesOf(file), overwritten);
     EXPECT_THAT(copies.names(), IsEmpty());
 }
 
 TEST_F(OverwrittenFile, TheCopyStaysWhereTheOldContentCannotBePutBack) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const FailingFlush failing(2);
     const auto reason = overwrite();
     ASSERT_EQ(copies.names().size(), 1U);
     const std::string copy = copies / *copies.names().begin();
     EXPECT_THAT(reason.value_or(""), HasSubstr("; its old content is in " + copy));
-    EXPECT_EQ(bytesOf(copy), before);
+    EXPECT_EQ(bytesOf(copy), overwritten);
 }
 
 TEST_F(OverwrittenFile, AFileThatCannotBeWrittenIsNotCreated) {
@@ -151,11 +151,11 @@ class RefusedTemporaryFile : public OverwrittenFile {
 };
 
 TEST_F(RefusedTemporaryFile, TheChosenFileIsWrittenItself) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const ino_t same = inode();
     const RefusedCreation refused;
-    EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(writeFileAtomically(file, overwriting), std::nullopt);
+    EXPECT_EQ(bytesOf(file), overwriting);
     EXPECT_EQ(inode(), same);
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
     EXPECT_THAT(copies.names(), IsEmpty());
@@ -163,42 +163,42 @@ TEST_F(RefusedTemporaryFile, TheChosenFileIsWrittenItself) {
 
 TEST_F(RefusedTemporaryFile, TheChosenFileIsCreated) {
     const RefusedCreation refused;
-    EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(writeFileAtomically(file, overwriting), std::nullopt);
+    EXPECT_EQ(bytesOf(file), overwriting);
 }
 
 TEST_F(RefusedTemporaryFile, SoItIsWhereTheFolderCannotBeOpened) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const ino_t same = inode();
     const RefusedFolder refused(folder.path());
-    EXPECT_EQ(writeFileAtomically(file, after, 0644, 0600), std::nullopt);
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(writeFileAtomically(file, overwriting, 0644, 0600), std::nullopt);
+    EXPECT_EQ(bytesOf(file), overwriting);
     EXPECT_EQ(inode(), same);
     EXPECT_EQ(mode(), 0600U);
 }
 
 TEST_F(RefusedTemporaryFile, ALinkToTheChosenFileStaysALink) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     std::filesystem::create_symlink("a.plist", folder / "link");
     const RefusedCreation refused;
-    EXPECT_EQ(writeFileAtomically(folder / "link", after), std::nullopt);
+    EXPECT_EQ(writeFileAtomically(folder / "link", overwriting), std::nullopt);
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
-    EXPECT_EQ(bytesOf(file), after);
+    EXPECT_EQ(bytesOf(file), overwriting);
 }
 
 TEST_F(OverwrittenFile, IsNotThatOfAFolderWithoutWritePermission) {
     const OrdinaryUser user;
     const TemporaryFolder own;
-    writeBytes(own / "a.plist", before);
+    writeBytes(own / "a.plist", overwritten);
     TemporaryFolder::forbidWriting(own.path());
-    EXPECT_NE(writeFileAtomically(own / "a.plist", after), std::nullopt);
-    EXPECT_EQ(bytesOf(own / "a.plist"), before);
+    EXPECT_NE(writeFileAtomically(own / "a.plist", overwriting), std::nullopt);
+    EXPECT_EQ(bytesOf(own / "a.plist"), overwritten);
 }
 
 TEST_F(RefusedTemporaryFile, AnOrdinaryWriteReplacesTheFile) {
-    writeBytes(file, before);
+    writeBytes(file, overwritten);
     const ino_t old = inode();
-    EXPECT_EQ(writeFileAtomically(file, after), std::nullopt);
+    EXPECT_EQ(writeFileAtomically(file, overwriting), std::nullopt);
     EXPECT_NE(inode(), old);
 }
 

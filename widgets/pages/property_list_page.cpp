@@ -21,7 +21,7 @@ using style::scaled;
 namespace {
 
 // Pixels of the 1x layout.
-constexpr int cardWidth = 632, cardHeight = 288, pageMargin = 24;
+constexpr int pageWidth = 632, pageHeight = 288, pageMargin = 24;
 constexpr int copyRight = 624, copyButtonWidth = 68, copyHeight = 28;
 constexpr int textTop = 47, bottomGap = 7, stripGap = 8;
 /// The text ends where the scroll bar begins, whose handle is 6 wide at x 622.
@@ -54,7 +54,7 @@ PropertyListPage::PropertyListPage(FormBinder& binder, QWidget* parent)
       fileName_(new ElidedLabel(Qt::ElideMiddle, this)), copy_(new CompactButton(tr("Copy"), this)),
       faultSign_(new QLabel(this)), fault_(new ElidedLabel(Qt::ElideRight, this)) {
     setObjectName("propertyListPage");
-    setFixedSize(scaled(cardWidth), scaled(cardHeight));
+    setFixedSize(scaled(pageWidth), scaled(pageHeight));
     addHeader();
     addFaultStrip();
     setFault({});
@@ -84,7 +84,7 @@ void PropertyListPage::addHeader() {
 }
 
 void PropertyListPage::addFaultStrip() {
-    const int top = cardHeight - style::faultStripHeight;
+    const int top = pageHeight - style::faultStripHeight;
     const int side = style::pageIconSide;
     faultSign_->setPixmap(style::toolIcon("warning").pixmap(scaled(side), scaled(side)));
     faultSign_->setAccessibleName(tr("Fault of the form"));
@@ -93,7 +93,7 @@ void PropertyListPage::addFaultStrip() {
     fault_->setObjectName("propertyListFault");
     fault_->setWarning(true);
     fault_->setGeometry(
-        scaledRect(2 * pageMargin, top, cardWidth - 3 * pageMargin, style::faultStripHeight));
+        scaledRect(2 * pageMargin, top, pageWidth - 3 * pageMargin, style::faultStripHeight));
 }
 
 void PropertyListPage::setFault(const QString& fault) {
@@ -103,7 +103,7 @@ void PropertyListPage::setFault(const QString& fault) {
     faultSign_->setVisible(isFaulty);
     updateAccessibleDescription(view_, fault);
     const int bottom =
-        isFaulty ? cardHeight - style::faultStripHeight - 1 - stripGap : cardHeight - bottomGap;
+        isFaulty ? pageHeight - style::faultStripHeight - 1 - stripGap : pageHeight - bottomGap;
     view_->setGeometry(scaledRect(pageMargin, textTop, viewRight - pageMargin, bottom - textTop));
     QWidget::update();
 }

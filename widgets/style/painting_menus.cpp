@@ -12,9 +12,9 @@ namespace {
 constexpr int itemHeight = 26;
 constexpr int separatorHeight = 9;
 /// From an item's left edge to its text; includes the check mark.
-constexpr int textLeft = 25;
+constexpr int menuTextLeft = 25;
 /// The margin right of the text, arrow or shortcut. A larger one clips a pop-up of 160 pixels.
-constexpr int textRight = 10;
+constexpr int menuTextRight = 10;
 constexpr int menuIconGap = 8;
 constexpr int shortcutGap = 32;
 
@@ -77,7 +77,7 @@ void paintMenuItem(QPainter& painter, const QStyleOptionMenuItem& option, const 
     painter.setFont(option.font);
     if (isChecked(option))
         checkMark(painter, QRectF(rect.left() + 4.5, rect.center().y() - 7, 15, 15), foreground);
-    QRect text = rect.adjusted(textLeft, 0, -textRight, 0);
+    QRect text = rect.adjusted(menuTextLeft, 0, -menuTextRight, 0);
     if (const QSize size = iconSize(option); !size.isEmpty()) {
         const QRect place(QPoint(text.left(), rect.center().y() - size.height() / 2 + 1), size);
         option.icon.paint(&painter, place, Qt::AlignCenter,
@@ -106,7 +106,8 @@ QSize menuItemSize(const QStyleOptionMenuItem& option, const QSize& contents) {
         width += shortcutGap + metrics.horizontalAdvance(parts.last());
     if (!option.icon.isNull())
         width += iconSize(option).width() + menuIconGap;
-    return {width + 5 + textLeft + textRight + 5, std::max(itemHeight, metrics.height() + 8)};
+    return {width + 5 + menuTextLeft + menuTextRight + 5,
+            std::max(itemHeight, metrics.height() + 8)};
 }
 
 void paintMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& option, const QStyle& style) {
