@@ -27,8 +27,7 @@ namespace {
 
 // Pixels of the 1x layout.
 constexpr int filterLeft = 8, filterTop = 6, filterWidth = 200, filterHeight = 28;
-/// The sign is part of the field's inset.
-constexpr int filterTextShift = 8;
+constexpr int signLeft = 8, filterTextShift = 18;
 constexpr int countLeft = 224, countWidth = 280, runLeft = 520, runWidth = 96;
 constexpr int barLeft = 8, barRight = 624, barGap = 4;
 
@@ -36,6 +35,17 @@ QString counted(qsizetype count, const char* one, const char* many) {
     return QStringLiteral("%1 %2").arg(count).arg(
         QCoreApplication::translate("agents", count == 1 ? one : many));
 }
+
+/// Painted in the field: an action of the field would be a button that does nothing.
+class SearchSign : public QWidget {
+  public:
+    explicit SearchSign(QWidget* field) : QWidget(field) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override { style::paintSearchSign(*this); }
+};
 
 /// "12 agents · 1 off · 1 problem"
 QString countOf(const AgentRows& rows) {
@@ -60,10 +70,13 @@ void AgentsPage::addHeader() {
     filterField_->setPlaceholderText(tr("Filter"));
     filterField_->setClearButtonEnabled(true);
     filterField_->setMaxLength(static_cast<int>(longestLabel));
-    filterField_->addAction(style::toolIcon("search"), QLineEdit::LeadingPosition);
     filterField_->setGeometry(scaled(filterLeft), scaled(filterTop), scaled(filterWidth),
                               scaled(filterHeight));
-    filterField_->setTextMargins(-scaled(filterTextShift), 0, 0, 0);
+    filterField_->setTextMargins(scaled(filterTextShift), 0, 0, 0);
+    auto* sign = new SearchSign(filterField_);
+    sign->setGeometry(scaled(signLeft), (scaled(filterHeight) - scaled(style::pageIconSide)) / 2,
+                      scaled(style::pageIconSide), scaled(style::pageIconSide));
+    filterField_->findChild<QToolButton*>()->setAccessibleName(tr("Clear the filter"));
     filterField_->installEventFilter(this);
     connect(filterField_, &QLineEdit::textChanged, this, [this](const QString& typed) {
         isReplacing_ = true;

@@ -1,6 +1,7 @@
 #include "widgets/style/page_surfaces.h"
 
 #include "widgets/style/fonts.h"
+#include "widgets/style/icons.h"
 #include "widgets/style/painting.h"
 #include "widgets/style/surfaces.h"
 #include "widgets/style/tokens.h"
@@ -57,6 +58,12 @@ void paintAgentsPage(QWidget& page) {
     painter.setClipRect(QRectF(0, top, page.width(), page.height() - top));
     painter.drawRoundedRect(inner, radius, radius);
     painter.fillRect(QRectF(1, top, page.width() - 2, 1), t.hairline);
+}
+
+void paintSearchSign(QWidget& sign) {
+    QPainter painter(&sign);
+    toolIcon("search").paint(&painter, sign.rect(), Qt::AlignCenter,
+                             sign.isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }
 
 void paintFlatButton(QToolButton& button) {

@@ -21,6 +21,8 @@ void paintPropertyListPage(QWidget& page, bool hasStrip, bool hasFocus);
 
 /// The height of the bar below the list of agents, its line included; pixels of the 1x layout.
 constexpr int agentBarHeight = 30;
+/// The sign of a field that filters.
+void paintSearchSign(QWidget& sign);
 /// The card of the list of agents, with the bar below the list.
 void paintAgentsPage(QWidget& page);
 /// A button of that bar, or a caption that can be pressed, which has no icon: on a background by

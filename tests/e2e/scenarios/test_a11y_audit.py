@@ -4,6 +4,8 @@ In each state, every control has a name and a matching role. An alert is announc
 announced twice.
 """
 
+import plistlib
+
 import pytest
 
 from a11y_rules import faults, missing
@@ -14,7 +16,7 @@ MENUS = {
     "File": ["New Agent", "Open Agent…", "Save Agent…", "Close Window"],
     "Edit": ["Undo", "Redo", "Cut", "Copy", "Paste", "Select All"],
     "Agent": ["Load…", "Unload…", "Switch On or Off…", "Delete…"],
-    "View": ["Tips", "Advanced"],
+    "View": ["Form", "Property List", "Agents", "Tips", "Advanced"],
     "Help": ["About Frimbolate"],
 }
 FORM = [
@@ -43,6 +45,7 @@ SCHEDULES = {
     "On Login/Load": [],
     "On Interval": ["text 'Interval'", "combo box 'Unit of the interval'"],
 }
+SEGMENTS = [f"radio button '{page}'" for page in ("Form", "Property List", "Agents")]
 PANEL = ["text 'Name'", "push button 'Cancel'"]
 INCOMPLETE = "Some information is missing or incorrect."
 
@@ -146,6 +149,28 @@ def test_events_that_launch(audit):
     audit.inspect("watched volumes", "button", "Watched path", FORM)
     audit.tools.pick("When to launch", "Launch on schedule and keep alive")
     audit.inspect("kept alive", "time", "Time of day", FORM)
+
+
+def test_pages(app, audit):
+    (audit.folder / "com.frimbolate.Backup.plist").write_bytes(plistlib.dumps(
+        {"Label": "com.frimbolate.Backup", "ProgramArguments": ["/bin/ls"], "StartOnMount": True}))
+    audit.start()
+    audit.tools.use("segment", "Property List")
+    audit.inspect("property list", "field", "Property list",
+                  [*SEGMENTS, "push button 'Copy the property list'"])
+    audit.tools.use("segment", "Agents")
+    audit.tools.wait_until(lambda: rows(audit.tools), "the list of agents")
+    audit.inspect("agents", "field", "Filter",
+                  [*SEGMENTS, "push button 'Edit the selected agent'",
+                   "push button 'Sort by the next run'"])
+    assert rows(audit.tools)[0].startswith("Backup, on, made with Frimbolate, ")
+    audit.tools.set_text("field", "Filter", "nothing")
+    audit.inspect("no agent matches", "button", "Clear Filter", SEGMENTS)
+
+
+def rows(tools):
+    """The names of the rows of the list of agents."""
+    return [row.name for row in tools.showing("row")]
 
 
 def test_script_pop_over(audit):
