@@ -55,11 +55,14 @@ TEST_F(AgentListReaderTest, APageShownAgainDuringAReadingReadsAgain) {
 }
 
 TEST_F(AgentListReaderTest, TheEndOfTheReaderWaitsForTheReadingAndClosesTheFolder) {
-    AgentListReader other(folder, delegate, [this] { return WallClock(now); });
-    auto short_ =
+    folder.hold();
+    auto ended =
         std::make_unique<AgentListReader>(folder, delegate, [this] { return WallClock(now); });
-    short_->start();
-    short_.reset();
+    ended->start();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return folder.reads() == 1; }));
+    EXPECT_EQ(platform.folderAccess.begun, 1);
+    folder.release();
+    ended.reset();
     EXPECT_EQ(platform.folderAccess.begun, 0);
     QCoreApplication::processEvents();
 }
@@ -99,6 +102,23 @@ TEST_F(AgentListReaderTest, ManyChangesKeepTheSelectionToo) {
     EXPECT_EQ(selected(), "sync");
 }
 
+TEST_F(AgentListReaderTest, ReadsAgainWhenANextRunHasPassed) {
+    showAgents();
+    auto* minute = reader.findChild<QTimer*>("agentListMinute");
+    EXPECT_TRUE(minute->isActive());
+    const int lists = folder.lists();
+    now = time(21, 18);
+    ASSERT_TRUE(QMetaObject::invokeMethod(minute, "timeout"));
+    EXPECT_FALSE(reader.isReading()) << "none has passed";
+    now = time(21, 19);
+    ASSERT_TRUE(QMetaObject::invokeMethod(minute, "timeout"));
+    EXPECT_TRUE(reader.isReading());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !reader.isReading(); }));
+    EXPECT_GT(folder.lists(), lists);
+    find<QAction>("showForm")->trigger();
+    EXPECT_FALSE(minute->isActive());
+}
+
 TEST_F(AgentListReaderTest, FollowsTheFolderOnTheDiskWhileThePageIsShown) {
     const QTemporaryDir disk;
     const QString file = disk.filePath("a.plist");
@@ -130,8 +150,6 @@ TEST_F(AgentListReaderTest, FollowsAFileThatIsChangedInPlace) {
     platform.defaults.contents["Bookmark"] = bookmarkOf(disk.path().toStdString());
     folder.put(file.toStdString(), listed("a", "Runs a."));
     showAgents();
-    auto* watcher = reader.findChild<QFileSystemWatcher*>();
-    Q_UNUSED(watcher)
     QCoreApplication::processEvents(); // the watches are added behind the reading
     folder.put(file.toStdString(), listed("b", "Runs b."));
     ASSERT_TRUE(QTest::qWaitFor([&] {

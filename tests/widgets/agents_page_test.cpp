@@ -88,6 +88,16 @@ TEST_F(AgentsPageTest, TheFilterIsReachedByKeyAndNarrowsTheList) {
     EXPECT_THAT(names(), ElementsAre("org.example.tool"));
 }
 
+TEST_F(AgentsPageTest, EscapeInTheListClearsTheFilterBeforeItClosesADrawer) {
+    showAgents();
+    filter()->setText("sync");
+    view()->setFocus();
+    QTest::keyClick(view(), Qt::Key_Escape);
+    EXPECT_EQ(filter()->text(), "");
+    EXPECT_EQ(names().size(), 4u);
+    EXPECT_EQ(window.focusWidget(), view());
+}
+
 TEST_F(AgentsPageTest, TheFilterKeepsTheSelectionOfARowThatItHides) {
     showAgents();
     select(3);

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QMetaObject>
 
+#include <algorithm>
 #include <chrono>
 
 namespace frimbolate {
@@ -33,6 +34,10 @@ AgentListReader::AgentListReader(AgentFolder& folder, AppDelegate& delegate,
     debounce_.setInterval(debounceTime);
     connect(&debounce_, &QTimer::timeout, this, &AgentListReader::start);
     connect(&watching_, &QTimer::timeout, this, &AgentListReader::watchFiles);
+    minute_.setObjectName("agentListMinute");
+    minute_.setTimerType(Qt::VeryCoarseTimer);
+    minute_.setInterval(1min);
+    connect(&minute_, &QTimer::timeout, this, &AgentListReader::readWhenPassed);
     const auto changed = [this] {
         if (isWanted_ && !debounce_.isActive())
             debounce_.start();
@@ -61,6 +66,7 @@ void AgentListReader::stop() {
     isWanted_ = again_ = false;
     stop_.request_stop();
     debounce_.stop();
+    minute_.stop();
     watching_.stop();
     files_.clear();
     watch({});
@@ -80,13 +86,17 @@ void AgentListReader::read() {
     isReading_ = true;
     files_.clear();
     stop_ = {};
-    pool_.start([this, stop = stop_.get_token(),
-                 reading = Reading{*opened_, QDir::homePath().toStdString(), localeClockFormat(),
-                                   clock_()}] {
-        const Outcome outcome = readFolder(reading, stop);
-        QMetaObject::invokeMethod(
-            this, [this, outcome] { readingEnded(outcome); }, Qt::QueuedConnection);
-    });
+    const WallClock clock = clock_();
+    // "Today" is another day from midnight on.
+    passes_ = std::chrono::floor<std::chrono::days>(clock.now()) + std::chrono::days(1);
+    minute_.start();
+    pool_.start(
+        [this, stop = stop_.get_token(),
+         reading = Reading{*opened_, QDir::homePath().toStdString(), localeClockFormat(), clock}] {
+            const Outcome outcome = readFolder(reading, stop);
+            QMetaObject::invokeMethod(
+                this, [this, outcome] { readingEnded(outcome); }, Qt::QueuedConnection);
+        });
 }
 
 AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading,
@@ -114,8 +124,10 @@ void AgentListReader::post(AgentRows rows, const std::stop_token& stop) {
         [this, stop, rows = std::move(rows)] {
             if (stop.stop_requested() || rows.empty())
                 return;
-            for (const auto& row : rows)
+            for (const auto& row : rows) {
                 files_.append(text(row->overview.path));
+                passes_ = std::min(passes_, row->overview.nextRun.value_or(passes_));
+            }
             emit rowsRead(rows);
         },
         Qt::QueuedConnection);
@@ -141,6 +153,11 @@ void AgentListReader::watch(const QStringList& paths) {
         watcher_.removePaths(before);
     if (!paths.isEmpty())
         watcher_.addPaths(paths);
+}
+
+void AgentListReader::readWhenPassed() {
+    if (isWanted_ && !isReading_ && clock_().now() >= passes_)
+        start();
 }
 
 void AgentListReader::watchFiles() {

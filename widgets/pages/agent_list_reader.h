@@ -1,5 +1,5 @@
 // Reads the agents of the granted folder on a thread of its own, and again whenever the folder or
-// one of its files changes.
+// one of its files changes, or a next run has passed.
 #pragma once
 
 #ifndef Q_MOC_RUN // which cannot parse the calendar of the standard library
@@ -62,6 +62,7 @@ class AgentListReader : public QObject {
     void readingEnded(Outcome outcome);
     void watch(const QStringList& paths);
     void watchFiles();
+    void readWhenPassed();
 
     AgentFolder& folder_;
     AppDelegate& delegate_;
@@ -71,10 +72,12 @@ class AgentListReader : public QObject {
     bool isReading_ = false;
     bool isWanted_ = false; ///< between start() and stop()
     bool again_ = false;    ///< another reading follows
+    LocalMinute passes_;    ///< the first of the next runs, or the midnight before it
     QStringList files_;     ///< of the last reading, still to be watched
     QFileSystemWatcher watcher_;
     QTimer debounce_;
-    QTimer watching_; ///< adds the files to the watcher, some at a time
+    QTimer minute_{this}; ///< looks whether a next run has passed
+    QTimer watching_;     ///< adds the files to the watcher, some at a time
     QThreadPool pool_;
 };
 

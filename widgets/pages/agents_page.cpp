@@ -43,6 +43,7 @@ AgentsPage::AgentsPage(FormBinder& binder, QWidget* parent)
     view_->setGeometry(scaled(style::agentRowsInset), top,
                        scaled(listRight - style::agentRowsInset), height);
     empty_->setGeometry(0, top, width(), height);
+    view_->installEventFilter(this);
     addHeader();
     addCommands();
     addSortMenu();
@@ -87,14 +88,14 @@ void AgentsPage::hideEvent(QHideEvent* event) {
 }
 
 bool AgentsPage::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == filterField_ &&
+    if ((watched == filterField_ || watched == view_) &&
         (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride)) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (event->type() == QEvent::ShortcutOverride) {
             // Escape clears the filter before it closes a drawer.
             if (key == Qt::Key_Escape && !filterField_->text().isEmpty())
                 event->accept();
-        } else if (filterKeyPressed(key)) {
+        } else if (watched == filterField_ ? filterKeyPressed(key) : viewKeyPressed(key)) {
             return true;
         }
     }
@@ -111,11 +112,14 @@ bool AgentsPage::filterKeyPressed(int key) {
             view_->setCurrentIndex(filter_.index(0, 0));
         return true;
     }
-    if (key == Qt::Key_Escape && !filterField_->text().isEmpty()) {
-        filterField_->clear();
-        return true;
-    }
-    return false;
+    return viewKeyPressed(key);
+}
+
+bool AgentsPage::viewKeyPressed(int key) {
+    if (key != Qt::Key_Escape || filterField_->text().isEmpty())
+        return false;
+    filterField_->clear();
+    return true;
 }
 
 void AgentsPage::rowsRead(const AgentRows& rows) {

@@ -69,6 +69,7 @@ class AgentsPage : public QWidget {
     void addSortMenu();
     void showMenu(const QPoint& place);
     bool filterKeyPressed(int key);
+    bool viewKeyPressed(int key);
 
     void rowsRead(const AgentRows& rows);
     void readingFinished();
