@@ -46,7 +46,8 @@ class Program {
     QtApplication application_;
     AppDelegate delegate_;
     LocalAgentFolder agentFolder_;
-    AgentListReader agentListReader_{agentFolder_, delegate_, localWallClock};
+    AgentListReader agentListReader_{agentFolder_, delegate_, localWallClock,
+                                     SystemServices::homeFolder()};
 };
 
 } // namespace frimbolate

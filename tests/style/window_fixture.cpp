@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <vector>
 
 namespace frimbolate::test {
 
@@ -23,15 +24,6 @@ constexpr const char* script = "/Users/maya/Scripts/backup_photos.sh";
 void chooseAction(WindowFixture& fixture, int action) {
     fixture.form().agentActionButton.selectedItem = action;
     fixture.delegate.chooseAgentAction();
-}
-
-void filled(WindowFixture& fixture) {
-    fixture.name();
-    fixture.scriptTarget();
-    chooseAction(fixture, AgentAction::OnSchedule);
-    fixture.schedule("Every Monday");
-    fixture.form().agentScheduleDatePicker.dateValue.hour = 7;
-    fixture.form().agentScheduleDatePicker.dateValue.minute = 30;
 }
 
 /// A sentence that takes all of its line, beside the next run.
@@ -289,43 +281,7 @@ void replaceAlert(WindowFixture& fixture) {
     press(fixture, "promptButton");
 }
 
-void propertyList(WindowFixture& fixture) {
-    filled(fixture);
-    fixture.find<QAction>("showPropertyList")->trigger();
-}
-
-void incompletePropertyList(WindowFixture& fixture) {
-    propertyList(fixture);
-    fixture.form().agentNameTextField.stringValue.clear();
-}
-
-void agents(WindowFixture& fixture) {
-    filled(fixture);
-    fixture.listAgents();
-}
-
-void agentsFiltered(WindowFixture& fixture) {
-    agents(fixture);
-    fixture.find<QLineEdit>("agentFilter")->setFocus();
-    fixture.find<QLineEdit>("agentFilter")->setText("sync");
-}
-
-void agentsFilteredAway(WindowFixture& fixture) {
-    agentsFiltered(fixture);
-    fixture.find<QLineEdit>("agentFilter")->setText("rsync");
-}
-
-void agentsWithoutGrant(WindowFixture& fixture) {
-    fixture.platform.defaults.contents.erase("Bookmark");
-    fixture.find<QAction>("showAgents")->trigger();
-}
-
-void agentsBesideDrawer(WindowFixture& fixture) {
-    agents(fixture);
-    fixture.openDrawer();
-}
-
-constexpr UiState rows[] = {
+constexpr UiState formStates[] = {
     {"empty", [](WindowFixture&) {}},
     {"weekly", filled},
     {"next_run", nextRun},
@@ -359,13 +315,6 @@ constexpr UiState rows[] = {
     {"pop_up_open", popUpOpen},
     {"menu_open", menuOpen},
     {"about", about},
-    {"property_list", propertyList},
-    {"property_list_incomplete", incompletePropertyList},
-    {"agents", agents},
-    {"agents_filtered", agentsFiltered},
-    {"agents_filtered_away", agentsFilteredAway},
-    {"agents_without_grant", agentsWithoutGrant},
-    {"agents_beside_drawer", agentsBesideDrawer},
     {"open_panel", openPanel},
     {"rejecting_panel", rejectingPanel},
     {"grant_panel", grantPanel},
@@ -401,6 +350,23 @@ void WindowFixture::schedule(const char* title) {
 
 void WindowFixture::openDrawer() { delegate.openAdvancedDrawer(); }
 
-std::span<const UiState> uiStates() { return rows; }
+void filled(WindowFixture& fixture) {
+    fixture.name();
+    fixture.scriptTarget();
+    chooseAction(fixture, AgentAction::OnSchedule);
+    fixture.schedule("Every Monday");
+    fixture.form().agentScheduleDatePicker.dateValue.hour = 7;
+    fixture.form().agentScheduleDatePicker.dateValue.minute = 30;
+}
+
+std::span<const UiState> uiStates() {
+    static const std::vector<UiState> states = [] {
+        std::vector<UiState> all(std::begin(formStates), std::end(formStates));
+        const auto pages = pageStates();
+        all.insert(all.end(), pages.begin(), pages.end());
+        return all;
+    }();
+    return states;
+}
 
 } // namespace frimbolate::test

@@ -44,5 +44,10 @@ struct UiState {
 };
 
 std::span<const UiState> uiStates();
+/// Those of them that show a page beside the form.
+std::span<const UiState> pageStates();
+
+/// Fills in the form.
+void filled(WindowFixture& fixture);
 
 } // namespace frimbolate::test

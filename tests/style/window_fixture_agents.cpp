@@ -1,7 +1,8 @@
-// The list of agents that the UI states show.
+// The states of the pages beside the form, and the agents that they show.
 #include "tests/style/window_fixture.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QTest>
 
 namespace frimbolate::test {
@@ -50,5 +51,57 @@ void WindowFixture::listAgents() {
     if (!QTest::qWaitFor([this] { return !agentReader.isReading(); }))
         throw std::runtime_error("The agents are not read");
 }
+
+namespace {
+
+void propertyList(WindowFixture& fixture) {
+    filled(fixture);
+    fixture.find<QAction>("showPropertyList")->trigger();
+}
+
+void incompletePropertyList(WindowFixture& fixture) {
+    propertyList(fixture);
+    fixture.form().agentNameTextField.stringValue.clear();
+}
+
+void agents(WindowFixture& fixture) {
+    filled(fixture);
+    fixture.listAgents();
+}
+
+void agentsFiltered(WindowFixture& fixture) {
+    agents(fixture);
+    fixture.find<QLineEdit>("agentFilter")->setFocus();
+    fixture.find<QLineEdit>("agentFilter")->setText("sync");
+}
+
+void agentsFilteredAway(WindowFixture& fixture) {
+    agentsFiltered(fixture);
+    fixture.find<QLineEdit>("agentFilter")->setText("rsync");
+}
+
+void agentsWithoutGrant(WindowFixture& fixture) {
+    fixture.platform.defaults.contents.erase("Bookmark");
+    fixture.find<QAction>("showAgents")->trigger();
+}
+
+void agentsBesideDrawer(WindowFixture& fixture) {
+    agents(fixture);
+    fixture.openDrawer();
+}
+
+constexpr UiState pageRows[] = {
+    {"property_list", propertyList},
+    {"property_list_incomplete", incompletePropertyList},
+    {"agents", agents},
+    {"agents_filtered", agentsFiltered},
+    {"agents_filtered_away", agentsFilteredAway},
+    {"agents_without_grant", agentsWithoutGrant},
+    {"agents_beside_drawer", agentsBesideDrawer},
+};
+
+} // namespace
+
+std::span<const UiState> pageStates() { return pageRows; }
 
 } // namespace frimbolate::test

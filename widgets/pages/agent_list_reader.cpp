@@ -27,8 +27,9 @@ constexpr qsizetype mostWatchedFiles = 1024;
 } // namespace
 
 AgentListReader::AgentListReader(AgentFolder& folder, AppDelegate& delegate,
-                                 std::function<WallClock()> clock)
-    : folder_(folder), delegate_(delegate), clock_(std::move(clock)) {
+                                 std::function<WallClock()> clock, std::string home)
+    : folder_(folder), delegate_(delegate), clock_(std::move(clock)),
+      home_(home.empty() ? QDir::homePath().toStdString() : std::move(home)) {
     pool_.setMaxThreadCount(1);
     debounce_.setSingleShot(true);
     debounce_.setInterval(debounceTime);
@@ -47,7 +48,7 @@ AgentListReader::AgentListReader(AgentFolder& folder, AppDelegate& delegate,
 }
 
 AgentListReader::~AgentListReader() {
-    stop_.request_stop();
+    *stop_ = true;
     pool_.waitForDone();
     // The end of the reading was posted to this object, which no longer gets it.
     if (opened_)
@@ -64,7 +65,7 @@ void AgentListReader::start() {
 
 void AgentListReader::stop() {
     isWanted_ = again_ = false;
-    stop_.request_stop();
+    *stop_ = true;
     debounce_.stop();
     minute_.stop();
     watching_.stop();
@@ -85,22 +86,20 @@ void AgentListReader::read() {
         watch({path});
     isReading_ = true;
     files_.clear();
-    stop_ = {};
+    stop_ = std::make_shared<std::atomic<bool>>(false);
     const WallClock clock = clock_();
     // "Today" is another day from midnight on.
     passes_ = std::chrono::floor<std::chrono::days>(clock.now()) + std::chrono::days(1);
     minute_.start();
     pool_.start(
-        [this, stop = stop_.get_token(),
-         reading = Reading{*opened_, QDir::homePath().toStdString(), localeClockFormat(), clock}] {
+        [this, stop = stop_, reading = Reading{*opened_, home_, localeClockFormat(), clock}] {
             const Outcome outcome = readFolder(reading, stop);
             QMetaObject::invokeMethod(
                 this, [this, outcome] { readingEnded(outcome); }, Qt::QueuedConnection);
         });
 }
 
-AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading,
-                                                     const std::stop_token& stop) {
+AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading, const StopFlag& stop) {
     const auto paths = folder_.list(reading.folder);
     if (!paths)
         return Outcome::Unreadable;
@@ -108,7 +107,7 @@ AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading,
     const LocalMinute now = reading.clock.now();
     AgentRows rows;
     for (const std::string& path : *paths) {
-        if (stop.stop_requested())
+        if (*stop)
             return Outcome::Stopped;
         rows.push_back(makeAgentRow(folder_.read(path, style), now, style.clock));
         if (rows.size() == batchSize)
@@ -118,11 +117,11 @@ AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading,
     return Outcome::Complete;
 }
 
-void AgentListReader::post(AgentRows rows, const std::stop_token& stop) {
+void AgentListReader::post(AgentRows rows, const StopFlag& stop) {
     QMetaObject::invokeMethod(
         this,
         [this, stop, rows = std::move(rows)] {
-            if (stop.stop_requested() || rows.empty())
+            if (*stop || rows.empty())
                 return;
             for (const auto& row : rows) {
                 files_.append(text(row->overview.path));
@@ -136,7 +135,7 @@ void AgentListReader::post(AgentRows rows, const std::stop_token& stop) {
 void AgentListReader::readingEnded(Outcome outcome) {
     isReading_ = false;
     delegate_.closeAgentFolder(std::exchange(opened_, {}));
-    if (stop_.stop_requested())
+    if (*stop_)
         outcome = Outcome::Stopped;
     if (outcome == Outcome::Complete)
         emit finished();

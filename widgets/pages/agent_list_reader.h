@@ -12,9 +12,10 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
-#include <stop_token>
 #include <string>
 
 namespace frimbolate {
@@ -29,7 +30,9 @@ class AgentListReader : public QObject {
   public:
     /// The folder and the delegate, which opens it, must outlive this.
     /// \param clock by which the next runs are computed
-    AgentListReader(AgentFolder& folder, AppDelegate& delegate, std::function<WallClock()> clock);
+    /// \param home the folder that "~" stands for; empty for that of the environment
+    AgentListReader(AgentFolder& folder, AppDelegate& delegate, std::function<WallClock()> clock,
+                    std::string home = {});
     /// Stops a reading and waits until it has left the file that it is at.
     ~AgentListReader() override;
 
@@ -48,6 +51,8 @@ class AgentListReader : public QObject {
     void refused();
 
   private:
+    /// Tells the thread of a reading to stop. (Not std::stop_token, which macOS's library lacks.)
+    using StopFlag = std::shared_ptr<std::atomic<bool>>;
     enum class Outcome { Complete, Stopped, Unreadable };
     /// What a reading needs, gathered before it leaves the thread of this object.
     struct Reading {
@@ -57,8 +62,8 @@ class AgentListReader : public QObject {
     };
 
     void read();
-    Outcome readFolder(const Reading& reading, const std::stop_token& stop);
-    void post(AgentRows rows, const std::stop_token& stop);
+    Outcome readFolder(const Reading& reading, const StopFlag& stop);
+    void post(AgentRows rows, const StopFlag& stop);
     void readingEnded(Outcome outcome);
     void watch(const QStringList& paths);
     void watchFiles();
@@ -67,8 +72,9 @@ class AgentListReader : public QObject {
     AgentFolder& folder_;
     AppDelegate& delegate_;
     std::function<WallClock()> clock_;
+    std::string home_;
     std::optional<std::string> opened_; ///< the folder while a reading runs
-    std::stop_source stop_;
+    StopFlag stop_ = std::make_shared<std::atomic<bool>>(false); ///< of the last reading
     bool isReading_ = false;
     bool isWanted_ = false; ///< between start() and stop()
     bool again_ = false;    ///< another reading follows

@@ -3,6 +3,8 @@
 #include "widgets/style/agent_rows.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace frimbolate {
 
@@ -34,6 +36,13 @@ int differences(const AgentRows& before, const AgentRows& after) {
     return count;
 }
 
+/// The next run as a number; rows without one come first. (Neither times nor optional values have
+/// <=> in macOS's library.)
+std::int64_t minutesOf(const AgentRow& row) {
+    const auto& run = row.overview.nextRun;
+    return run ? run->time_since_epoch().count() : std::numeric_limits<std::int64_t>::min();
+}
+
 /// Orders by a number, then by name, then by path.
 std::strong_ordering compare(const AgentRow& a, const AgentRow& b, AgentColumn column) {
     const auto order = [&]() -> std::strong_ordering {
@@ -45,7 +54,7 @@ std::strong_ordering compare(const AgentRow& a, const AgentRow& b, AgentColumn c
         case AgentColumn::Findings:
             return a.problems <=> b.problems;
         case AgentColumn::NextRun:
-            return a.overview.nextRun <=> b.overview.nextRun;
+            return minutesOf(a) <=> minutesOf(b);
         default:
             return std::strong_ordering::equal;
         }

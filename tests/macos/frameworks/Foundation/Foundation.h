@@ -40,6 +40,7 @@ __attribute__((objc_root_class))
 @end
 
 @interface NSURL : NSObject
++ (NSURL*)fileURLWithPath:(NSString*)path;
 + (NSURL*)fileURLWithPath:(NSString*)path isDirectory:(BOOL)isDirectory;
 @property(readonly, copy) NSString* path;
 @property(readonly, copy) NSString* lastPathComponent;
@@ -52,6 +53,10 @@ extern "C" NSString* const NSFileTypeDirectory;
 
 @interface NSNumber : NSObject
 @property(readonly) BOOL boolValue;
+@end
+
+@interface NSArray<Element> : NSObject
++ (instancetype)arrayWithObjects:(const Element[])objects count:(NSUInteger)count;
 @end
 
 typedef NSString* NSErrorDomain;
