@@ -57,16 +57,12 @@ bool PropertyListView::setText(const QString& text) {
     if (wanted == shown_)
         return false;
     const auto [oldEnd, newEnd] = std::ranges::mismatch(shown_, wanted);
-    auto same = static_cast<int>(oldEnd - shown_.begin());
-    if (same > 0 && shown_[same - 1].isHighSurrogate())
-        --same;
+    const auto same = static_cast<int>(oldEnd - shown_.begin());
     const qsizetype mostAtEnd = std::min(shown_.size(), wanted.size()) - same;
     int sameAtEnd = 0;
     while (sameAtEnd < mostAtEnd &&
            shown_[shown_.size() - 1 - sameAtEnd] == wanted[wanted.size() - 1 - sameAtEnd])
         ++sameAtEnd;
-    if (sameAtEnd > 0 && shown_[shown_.size() - sameAtEnd].isLowSurrogate())
-        --sameAtEnd;
     QTextCursor change(document());
     change.setPosition(same);
     change.setPosition(static_cast<int>(shown_.size()) - sameAtEnd, QTextCursor::KeepAnchor);
