@@ -2,6 +2,7 @@
 // the choice of its file to the painted window. The limit is half a second.
 #include "tests/widgets/scripted_window.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QPlainTextEdit>
 
@@ -106,6 +107,37 @@ void typeIntoScript(benchmark::State& state, const std::function<std::string()>&
         QCoreApplication::processEvents();
     }
 }
+
+/// Measures the page of the property list for such a text, from its command to the painted window.
+void showPropertyList(benchmark::State& state, const std::function<std::string()>& make) {
+    startToolkit();
+    test::ScriptedWindow window;
+    window.start();
+    const auto setScript = [&](const std::string& script) {
+        window.show([&](FormModel& form) {
+            form.agentTargetButton.selectedItem = TargetType::Script;
+            form.scriptPopOverScriptField.stringValue = script;
+        });
+        QCoreApplication::processEvents();
+    };
+    for (auto _ : state) {
+        state.PauseTiming();
+        setScript("");
+        window.find<QAction>("showForm")->trigger();
+        setScript(make());
+        state.ResumeTiming();
+        window.find<QAction>("showPropertyList")->trigger();
+        QCoreApplication::processEvents();
+        benchmark::DoNotOptimize(window.window.grab());
+    }
+}
+
+BENCHMARK_CAPTURE(showPropertyList, oneLine, [] {
+    return longText;
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(showPropertyList, manyLines, [] {
+    return lines(50);
+})->Unit(benchmark::kMillisecond);
 
 BENCHMARK_CAPTURE(typeIntoScript, oneLine, [] { return longText; })->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(typeIntoScript, manyLines, [] {
