@@ -11,6 +11,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 target_compile_options(frimbolate_options INTERFACE
   -fstack-protector-strong
   $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+# g++ 12 reports overlaps that cannot be in sums of texts once it has inlined them; they must not
+# stop a build that the tests do not cover.
+target_compile_options(frimbolate_options INTERFACE
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-error=restrict>)
 if(NOT APPLE)
   target_link_options(frimbolate_options INTERFACE LINKER:-z,relro LINKER:-z,now)
 endif()

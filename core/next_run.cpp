@@ -113,12 +113,12 @@ std::vector<CalendarInterval> calendarIntervals(const Value& startCalendarInterv
 }
 
 std::optional<LocalMinute> nextRun(const Dictionary& agent, const WallClock& clock) {
-    const Value* calendar = find(agent, "StartCalendarInterval");
-    if (!calendar || !isAgentOn(agent) || hasInterval(agent) || isKeptAlive(agent) ||
+    const Value* schedule = find(agent, "StartCalendarInterval");
+    if (!schedule || !isAgentOn(agent) || hasInterval(agent) || isKeptAlive(agent) ||
         mayNeverRunAgain(agent))
         return std::nullopt;
     std::optional<LocalMinute> earliest;
-    for (const auto& interval : calendarIntervals(*calendar))
+    for (const auto& interval : calendarIntervals(*schedule))
         if (const auto run = nextShownRun(interval, clock); run && (!earliest || *run < *earliest))
             earliest = run;
     return earliest;
@@ -132,10 +132,11 @@ bool isAgentOn(const Dictionary& agent) {
 
 std::string nextRunText(LocalMinute run, LocalMinute now, ClockFormat clock) {
     const auto date = dateOf(run);
-    std::string text = "Next: " + std::string(weekdayName(run)) + " " + dayAndMonth(date);
+    std::string text = "Next: ";
+    text.append(weekdayName(run)).append(" ").append(dayAndMonth(date));
     if (date.year() != dateOf(now).year())
-        text += " " + std::to_string(static_cast<int>(date.year()));
-    return text + ", " + timeText(run, clock);
+        text.append(" ").append(std::to_string(static_cast<int>(date.year())));
+    return text.append(", ").append(timeText(run, clock));
 }
 
 std::string shortRunText(LocalMinute run, LocalMinute now, ClockFormat clock) {
@@ -144,7 +145,7 @@ std::string shortRunText(LocalMinute run, LocalMinute now, ClockFormat clock) {
     const bool isWide = clock == ClockFormat::TwelveHours;
     const auto time = timeText(run, clock);
     if (distance == days(0))
-        return isWide ? time : "Today " + time;
+        return isWide ? time : std::string("Today ").append(time);
     if (distance > days(0) && distance < days(weekdays.size()))
         return std::string(weekdayName(run).substr(0, letters)) + " " + time;
     const auto date = dateOf(run);

@@ -240,6 +240,7 @@ class AppDelegate : private AgentReaderHost {
     /// Resets the form as a step that can be undone, unless nothing was changed since the last
     /// reset.
     void resetForm(std::string_view step);
+    static constexpr std::string_view openStep = "Open Agent";
     void restore(const std::optional<FormModel>& form);
     FormModel takeFormBeforeInput();
 

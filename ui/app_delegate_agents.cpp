@@ -6,7 +6,7 @@ namespace frimbolate {
 bool AppDelegate::editAgent(const std::string& path) {
     const bool opens = agentOrigin(path) != AgentOrigin::Foreign;
     if (opens)
-        createNewAgent();
+        resetForm(openStep);
     readAgent(path, folderGrant_.open());
     return opens;
 }

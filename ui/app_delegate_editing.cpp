@@ -6,12 +6,6 @@
 
 namespace frimbolate {
 
-namespace {
-
-constexpr std::string_view openStep = "Open Agent";
-
-} // namespace
-
 void AppDelegate::editLaunchAgent() {
     // A form without a name counts as unchanged.
     if (!form_.agentNameTextField.stringValue.empty()) {

@@ -7,19 +7,19 @@
 namespace frimbolate::test {
 namespace {
 
-struct Row {
+struct JsonRow {
     const char* name;
     std::string text;
     const char* json;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const JsonRow& row, std::ostream* out) { *out << row.name; }
 
-class JsonTexts : public testing::TestWithParam<Row> {};
+class JsonTexts : public testing::TestWithParam<JsonRow> {};
 
 TEST_P(JsonTexts, AreQuotedAndValid) { EXPECT_EQ(jsonText(GetParam().text), GetParam().json); }
 
-const Row rows[] = {
+const JsonRow jsonRows[] = {
     {"Empty", "", R"("")"},
     {"Plain", "a b", R"("a b")"},
     {"QuoteAndBackslash", R"("\)", R"("\"\\")"},
@@ -40,7 +40,7 @@ const Row rows[] = {
     {"NoByteOfUtf8", "\xff", R"("\ufffd")"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, JsonTexts, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, JsonTexts, testing::ValuesIn(jsonRows), NamedAfterRow());
 
 TEST(JsonWriters, IndentNestedValues) {
     JsonWriter json;

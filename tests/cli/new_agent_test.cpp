@@ -153,16 +153,16 @@ TEST(NewAgents, HaveTheBytesThatTheWindowSaves) {
     EXPECT_GT(sentences, formCount / 10);
 }
 
-struct Row {
+struct NewAgentRow {
     const char* name;
     std::vector<std::string> arguments; ///< beside a name and a program
     const char* says;                   ///< the sentence, or the fault
     bool isFault = false;
 };
 
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const NewAgentRow& row, std::ostream* out) { *out << row.name; }
 
-class NewAgent : public testing::TestWithParam<Row> {};
+class NewAgent : public testing::TestWithParam<NewAgentRow> {};
 
 TEST_P(NewAgent, IsMadeOrRejected) {
     std::vector<std::string> arguments = {"new", "--name", "Sync", "--run", "/bin/sync"};
@@ -174,7 +174,7 @@ TEST_P(NewAgent, IsMadeOrRejected) {
     EXPECT_THAT(result.out + result.err, HasSubstr(GetParam().says));
 }
 
-const Row rows[] = {
+const NewAgentRow newAgentRows[] = {
     {"Daily", {"--at", "07:05"}, "every day at 07:05."},
     {"TwelveHours", {"--at", "7:05 pm"}, "every day at 19:05."},
     {"Weekly", {"--at", "07:05", "--on", "wed"}, "every Wednesday at 07:05."},
@@ -198,7 +198,7 @@ const Row rows[] = {
     {"NiceThatIsNoNumber", {"--at-load", "--nice", "1x"}, "--nice: \u201c1x\u201d is", true},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, NewAgent, testing::ValuesIn(rows), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, NewAgent, testing::ValuesIn(newAgentRows), NamedAfterRow());
 
 TEST(NewAgents, NeedAName) {
     EXPECT_THAT(run({"new", "--run", "/a", "--at-load"}).err, StartsWith("new: --name: "));

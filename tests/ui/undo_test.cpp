@@ -115,6 +115,12 @@ const Row rows[] = {
          test.platform.press("Cancel");
      },
      "Open Agent"},
+    {"OpenFromTheList",
+     [](Undoing& test) {
+         test.keep();
+         test.editor.editAgent(undoneOwn);
+     },
+     "Open Agent"},
     {"OpenWithoutAName", [](Undoing& test) { test.openAgent(undoneOwn, undoneBackup); },
      "Open Agent"},
     {"OpenAnAgentOfAnotherProgram",
