@@ -104,6 +104,9 @@ void JsonWriter::beginValue() {
     isEmpty_ = false;
 }
 
-void JsonWriter::beginLine() { text_ += "\n" + std::string(2 * depth_, ' '); }
+void JsonWriter::beginLine() {
+    text_ += '\n';
+    text_.append(2 * depth_, ' ');
+}
 
 } // namespace frimbolate

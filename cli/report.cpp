@@ -105,11 +105,14 @@ std::string findingLines(const AgentSource& source, bool colors) {
     std::string lines;
     for (std::size_t i = 0; i < source.overview.findings.size(); ++i) {
         const auto& finding = source.overview.findings[i];
-        const auto line = source.lines[i] ? ":" + std::to_string(*source.lines[i]) : "";
+        std::string place = path;
+        if (source.lines[i])
+            place.append(":").append(std::to_string(*source.lines[i]));
         const bool isNote = finding.severity == Severity::Note;
         const auto color = finding.severity == Severity::Refused ? red : isNote ? faint : yellow;
-        const auto severity = "[" + std::string(severityName(finding.severity)) + "]";
-        lines += colored(path + line, bold, colors) + ": ";
+        std::string severity = "[";
+        severity.append(severityName(finding.severity)).append("]");
+        lines += colored(place, bold, colors) + ": ";
         if (!finding.key.empty())
             lines += printable(finding.key) + ": ";
         lines += printable(finding.text) + " " + colored(severity, color, colors) + "\n";
