@@ -17,6 +17,7 @@ ROLES = {
     "row": (pyatspi.ROLE_TABLE_CELL,),
     "segment": (pyatspi.ROLE_RADIO_BUTTON,),
     "slider": (pyatspi.ROLE_SLIDER,),
+    "table": (pyatspi.ROLE_TABLE,),
     "time": (pyatspi.ROLE_SPIN_BUTTON,),
     "window": (pyatspi.ROLE_FRAME, pyatspi.ROLE_WINDOW),
 }
@@ -31,6 +32,22 @@ def has(node, state):
         return node.getState().contains(wanted)
     except Exception:  # the binding raises whatever the bus answered
         return False
+
+
+def is_a(node, *kinds):
+    """Whether a control is of one of those kinds; False if it no longer exists."""
+    try:
+        return any(node.getRole() in ROLES[kind] for kind in kinds)
+    except Exception:  # no longer exists
+        return False
+
+
+def name_of(node):
+    """The accessible name of a control; empty if it no longer exists."""
+    try:
+        return node.name
+    except Exception:  # no longer exists
+        return ""
 
 
 def children(node):

@@ -9,7 +9,7 @@ import subprocess
 
 import pyatspi
 
-from accessible import CLOSED, ROLES, children, descendants, has, labels_of
+from accessible import CLOSED, ROLES, children, descendants, has, is_a, labels_of
 from waiting import wait_until
 from xdotool import Xdotool
 
@@ -85,10 +85,9 @@ class Driver:
 
     def showing(self, *kinds):
         """All showing controls of those kinds in the active window, in tree order."""
-        roles = [role for kind in kinds for role in ROLES[kind]]
         return [node for window in self.front_windows()
                 for node, _ in descendants(window, self.closed)
-                if node.getRole() in roles and has(node, "SHOWING")]
+                if is_a(node, *kinds) and has(node, "SHOWING")]
 
     def dump_ui(self):
         """All showing controls, for the message of a failed search."""
@@ -274,11 +273,15 @@ class Driver:
         raise AssertionError(f"Tab does not reach '{node.name}' in:\n{self.dump_ui()}")
 
     def focused(self):
-        """Waits for a control with the focus and returns it."""
+        """Waits for a control with the focus and returns it.
+
+        Not a row: the current one keeps that state when the focus leaves its table.
+        """
         return self.wait_until(lambda: next(
             (node for window in self.front_windows()
              for node, depth in descendants(window, self.closed)
-             if depth and has(node, "FOCUSED")), None), "a control with the focus")
+             if depth and has(node, "FOCUSED") and not is_a(node, "row")), None),
+            "a control with the focus")
 
     def wait_for_menu(self):
         """Waits until a menu of the menu bar is open."""
