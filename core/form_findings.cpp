@@ -30,9 +30,9 @@ constexpr Origin origins[] = {
     {"StartCalendarInterval", "The schedule", FormRow::Schedule},
     {"RunAtLoad", "The loading", FormRow::Schedule},
     {"Nice", "The nice level", drawer},
-    {"QueueDirectories", "The queue directory", drawer},
-    {"RootDirectory", "The root directory", drawer},
-    {"WorkingDirectory", "The working directory", drawer},
+    {"QueueDirectories", "The queue folder", drawer},
+    {"RootDirectory", "The root folder", drawer},
+    {"WorkingDirectory", "The working folder", drawer},
     {"StandardInPath", "The standard input", drawer},
     {"StandardOutPath", "The standard output", drawer},
     {"StandardErrorPath", "The standard error", drawer},
@@ -50,8 +50,15 @@ Row rowOf(const Origin& origin, const AgentForm& form) {
     return origin.key == "WatchPaths" && form.alsoRunOnPathChange ? drawer : origin.row;
 }
 
-/// The arguments of a chosen file are the file alone, or its interpreter and the file.
-std::string_view nameOf(const Origin& origin, const Finding& finding) {
+/// The arguments are a chosen file alone, or an interpreter and what it runs.
+bool hasInterpreter(const AgentPlist& file) {
+    const auto* arguments = file.at("ProgramArguments").array();
+    return arguments && arguments->size() > 1;
+}
+
+std::string_view nameOf(const Origin& origin, const Finding& finding, const AgentPlist& file) {
+    if (finding.key == "ProgramArguments[0]" && hasInterpreter(file))
+        return "The interpreter";
     if (finding.key == "ProgramArguments[1]")
         return "The script";
     if (finding.key == "StartCalendarInterval.Day")
@@ -74,15 +81,17 @@ std::vector<FormFinding> formFindings(const AgentForm& form, const Faults& fault
     machine.pathState = context.pathState;
     const auto label = std::string(labelPrefix) + form.name;
     std::vector<FormFinding> result;
-    for (auto& finding : checkAgent(buildAgentPlist(form, label), machine)) {
+    const auto file = buildAgentPlist(form, label);
+    for (auto& finding : checkAgent(file, machine)) {
         const auto* origin = originOf(finding.key);
         if (!origin || isOfIncompleteForm(finding, form, faults))
             continue;
         const Row row = rowOf(*origin, form);
         if (row && faultOfRow(faults, *row))
             continue;
-        auto text = std::string(nameOf(*origin, finding)).append(" ").append(finding.text);
-        result.push_back({row, std::move(text), std::move(finding)});
+        const std::string name(nameOf(*origin, finding, file));
+        auto text = name + " " + finding.text;
+        result.push_back({row, std::move(text), std::move(finding), name});
     }
     return result;
 }

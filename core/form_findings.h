@@ -14,10 +14,11 @@ namespace frimbolate {
 struct FormFinding {
     /// The row of the form that the value is from; nothing for the drawer.
     std::optional<FormRow> row;
-    /// What is wrong, in the words of the form: "The working directory begins with …". One or more
+    /// What is wrong, in the words of the form: "The working folder begins with …". One or more
     /// clauses without a final full stop.
     std::string text;
-    Finding finding; ///< the same, for the agent file
+    Finding finding;       ///< the same, for the agent file
+    std::string name = {}; ///< what the text begins with: "The working folder"
     friend bool operator==(const FormFinding&, const FormFinding&) = default;
 };
 

@@ -87,6 +87,10 @@ std::vector<FormRowCase> formRowCases() {
         {"ScriptMissing",
          [](AgentForm& f) { f.targetPath = "/opt/none.sh"; },
          {{FormRow::Target, "The script does not exist on this machine"}}},
+        {"InterpreterMissing",
+         [](AgentForm& f) { f.targetPath = "/opt/run.rb"; },
+         {{FormRow::Target, "The interpreter does not exist on this machine"},
+          {FormRow::Target, "The script does not exist on this machine"}}},
         {"ScriptFound", [](AgentForm& f) { f.targetPath = "/opt/run.sh"; }, {}},
         {"ProgramOnDesktop",
          [](AgentForm& f) { f.targetPath = "/Users/maya/Desktop/x"; },
@@ -151,7 +155,7 @@ std::vector<FormRowCase> formRowCases() {
          {{drawer, "The nice level is -1; below 0 it needs root, and an agent runs as the user"}}},
         {"Root",
          [](AgentForm& f) { f.rootDirectory = "/srv"; },
-         {{drawer, "The root directory needs root, and an agent runs as the user"}}},
+         {{drawer, "The root folder needs root, and an agent runs as the user"}}},
         {"PathsOfTheDrawer",
          [](AgentForm& f) {
              f.workingDirectory = "~/x";
@@ -160,8 +164,8 @@ std::vector<FormRowCase> formRowCases() {
              f.standardOutPath = "~/x";
              f.standardErrorPath = "~/x";
          },
-         {{drawer, "The working directory" + tilde},
-          {drawer, "The queue directory" + tilde},
+         {{drawer, "The working folder" + tilde},
+          {drawer, "The queue folder" + tilde},
           {drawer, "The standard input" + tilde},
           {drawer, "The standard output" + tilde},
           {drawer, "The standard error" + tilde}}},
