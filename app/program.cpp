@@ -21,6 +21,7 @@ Program::Program(const std::string& preferencePath, const QProcessEnvironment& e
     window_.formBinder().setHomeFolder(system_.homeFolder());
     window_.connectTo(delegate_);
     window_.setWallClock(localWallClock);
+    window_.setPathLookup(localPathState);
     window_.setAgentListReader(agentListReader_);
     queue_.setAfterCompletion([this] { window_.mirror(); });
 }

@@ -6,6 +6,7 @@
 #include "core/launchctl_command.h"
 #include "core/next_run.h"
 #include "core/schedule_text.h"
+#include "core/sentence_words.h"
 
 namespace frimbolate {
 
@@ -29,6 +30,23 @@ CommandPresentation presentCommand(const std::string& command) {
     return {isUnloadCommand(command), std::string(afterLast(path, "/")), commandWarning(path)};
 }
 
+std::vector<FormFinding> presentFindings(const FormPresentation& form, const TextStyle& style,
+                                         const PathLookup& lookUp) {
+    CheckContext context;
+    context.home = style.home;
+    context.pathState = lookUp;
+    return shownFindings(form.record, form.faults, context);
+}
+
+/// Adds what is wrong to a hint that says none; where it does not fit, it is shown alone.
+void addFinding(RowPresentation& row, const FormFinding* finding) {
+    if (!finding || row.warns)
+        return;
+    row.hint.append("; ").append(uncapitalized(finding->text));
+    row.shortHint = finding->text;
+    row.warns = true;
+}
+
 } // namespace
 
 std::string nextRunOf(const AgentForm& form, const WallClock& now, ClockFormat clock) {
@@ -36,10 +54,11 @@ std::string nextRunOf(const AgentForm& form, const WallClock& now, ClockFormat c
     return run ? nextRunText(*run, now.now(), clock) : "";
 }
 
-FormPresentation present(const FormModel& model, const TextStyle& style) {
+FormPresentation present(const FormModel& model, const TextStyle& style, const PathLookup& lookUp) {
     FormPresentation result;
     result.record = agentForm(model);
     result.faults = validate(result.record);
+    result.findings = presentFindings(result, style, lookUp);
     result.summary = summary(result.record, result.faults, style);
     if (style.now && result.summary.isComplete)
         result.nextRun = nextRunOf(result.record, *style.now, style.clock);
@@ -58,7 +77,8 @@ FormPresentation present(const FormModel& model, const TextStyle& style) {
         auto& shown = result.rows[index];
         // A marker stays until the next validation; the row stops looking faulty once corrected.
         shown.isFaulty = marked[index] && faultOfRow(result.faults, row);
-        shown.warns = shown.isFaulty || (row == FormRow::Target && hints.targetWarns);
+        shown.warns = shown.isFaulty || (row == FormRow::Target && hints.targetWarns) ||
+                      (row == FormRow::Action && hints.actionWarns);
         shown.hint = std::move(*lines[index]);
         if (row == FormRow::Schedule && !result.unreadableTime.empty()) {
             shown.hint =
@@ -66,6 +86,7 @@ FormPresentation present(const FormModel& model, const TextStyle& style) {
             shown.shortHint.clear();
             shown.warns = true;
         }
+        addFinding(shown, findingOfRow(result.findings, row));
     }
     return result;
 }

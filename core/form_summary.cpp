@@ -164,6 +164,7 @@ void addShortHints(RowHints& hints, const AgentForm& form, const Faults& faults,
     if (hints.targetWarns)
         hints.shortTarget = "macOS no longer has " + std::string(removedInterpreter) +
                             "; choose a script without .py, or type one";
+    hints.actionWarns = waitsForDemand(form) && !hasDemand(form);
     if (waitsForDemand(form))
         hints.shortAction = keptRunning(form, "started");
     else if (usesSchedule(form))
@@ -196,6 +197,7 @@ RowHints rowHints(const AgentForm& form, const Faults& faults, const RowFlags& m
                    {},
                    {},
                    {},
+                   false,
                    false};
     addShortHints(hints, form, faults, style);
     constexpr std::array<std::string RowHints::*, formRows.size()> members = {

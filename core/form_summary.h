@@ -47,6 +47,7 @@ struct RowHints {
 
     std::string shortTarget, shortAction, shortSchedule; ///< empty without a shorter wording
     bool targetWarns = false; ///< the target's hint says why launchd could not start the target
+    bool actionWarns = false; ///< the action's hint says that nothing starts the agent
 };
 
 /// A flag per row, by FormRow.

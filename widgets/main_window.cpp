@@ -191,6 +191,12 @@ void MainWindow::bringToFront() {
     activateWindow();
 }
 
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && binder_.looksUpPaths())
+        mirror();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     binder_.finishTyping();
     binder_.edit([](FormModel& form) {

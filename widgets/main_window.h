@@ -35,6 +35,9 @@ class MainWindow : public QMainWindow {
     void connectTo(AppDelegate& delegate) { binder_.connectTo(delegate); }
     /// The clock of the next run in the status line; without one it shows none.
     void setWallClock(std::function<WallClock()> clock) { binder_.setWallClock(std::move(clock)); }
+    /// What the window asks about the paths of the form, at each update and whenever it becomes
+    /// active, since programs are installed elsewhere. Without it no path is looked at.
+    void setPathLookup(PathLookup lookUp) { binder_.setPathLookup(std::move(lookUp)); }
     /// The reader of the list of agents, which reads while the list is shown. Not owned; it may end
     /// before the window.
     void setAgentListReader(AgentListReader& reader);
@@ -44,6 +47,7 @@ class MainWindow : public QMainWindow {
     void bringToFront();
 
   protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:

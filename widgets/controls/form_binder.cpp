@@ -46,7 +46,7 @@ void FormBinder::mirror() {
     TextStyle style{home, localeClockFormat()};
     if (wallClock_)
         style.now = wallClock_();
-    const FormPresentation presentation = present(form, style);
+    const FormPresentation presentation = present(form, style, lookUp_);
     for (const auto& update : updaters_)
         update(form, presentation);
 }

@@ -5,7 +5,9 @@
 // no control knows another, and none holds a rule.
 #pragma once
 
+#ifndef Q_MOC_RUN // which cannot parse the concepts of the standard library
 #include "core/form_presentation.h"
+#endif
 #include "ui/app_delegate.h"
 
 #include <QObject>
@@ -41,6 +43,9 @@ class FormBinder : public QObject {
 
     /// The clock by which the presentation gets the next run; without one it has none.
     void setWallClock(std::function<WallClock()> clock) { wallClock_ = std::move(clock); }
+    /// What the presentation asks about the paths of the form; without it none is looked at.
+    void setPathLookup(PathLookup lookUp) { lookUp_ = std::move(lookUp); }
+    bool looksUpPaths() const { return static_cast<bool>(lookUp_); }
     /// For an updater that shows more than model and presentation; null before connectTo().
     AppDelegate* delegate() const { return delegate_; }
     /// Sets the folder that "~" stands for. Without a call it is that of the environment.
@@ -87,6 +92,7 @@ class FormBinder : public QObject {
     AppDelegate* delegate_ = nullptr;
     bool updating_ = false;
     std::function<WallClock()> wallClock_;
+    PathLookup lookUp_;
     std::string homeFolder_; ///< empty for that of the environment
     std::vector<std::function<void(const FormModel&, const FormPresentation&)>> updaters_;
     std::vector<TimeField*> pendingFields_; ///< owned by the window

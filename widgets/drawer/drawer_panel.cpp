@@ -6,6 +6,7 @@
 #include "widgets/controls/elided_label.h"
 #include "widgets/controls/form_binder.h"
 #include "widgets/controls/image_well_button.h"
+#include "widgets/controls/long_text.h"
 #include "widgets/controls/pop_up_button.h"
 #include "widgets/controls/text.h"
 #include "widgets/controls/tip_button.h"
@@ -41,25 +42,38 @@ struct PathRow {
     std::string_view outlet;
     TextField FormModel::*member;
     const char* caption;
+    std::string_view key; ///< of the agent file
 };
 constexpr PathRow pathFields[] = {
-    {"standardInPathField", &FormModel::standardInPathField, "Stan&dard input"},
-    {"standardOutPathField", &FormModel::standardOutPathField, "Standard o&utput"},
-    {"standardErrorPathField", &FormModel::standardErrorPathField, "Standard e&rror"},
-    {"workingDirectoryField", &FormModel::workingDirectoryField, "Wor&king folder"},
-    {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder"},
-    {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder"},
+    {"standardInPathField", &FormModel::standardInPathField, "Stan&dard input", "StandardInPath"},
+    {"standardOutPathField", &FormModel::standardOutPathField, "Standard o&utput",
+     "StandardOutPath"},
+    {"standardErrorPathField", &FormModel::standardErrorPathField, "Standard e&rror",
+     "StandardErrorPath"},
+    {"workingDirectoryField", &FormModel::workingDirectoryField, "Wor&king folder",
+     "WorkingDirectory"},
+    {"rootDirectoryField", &FormModel::rootDirectoryField, "Root fo&lder", "RootDirectory"},
+    {"queueDirectoryField", &FormModel::queueDirectoryField, "&Queue folder", "QueueDirectories"},
 };
 
 QString tildeHint(const std::string& path, std::string_view home) {
     return text(pathHint(path, home));
 }
 
-QString hintOf(const PathRow& row, const FormModel& form, std::string_view home) {
+/// What is wrong with a value of the drawer; empty without a finding.
+QString findingHint(const FormPresentation& shown, std::string_view key) {
+    const auto* finding = drawerFindingOf(shown.findings, key);
+    return finding ? text(finding->text) : QString();
+}
+
+QString hintOf(const PathRow& row, const FormModel& form, const FormPresentation& shown,
+               std::string_view home) {
     const std::string& path = (form.*row.member).stringValue;
     const QString tilde = tildeHint(path, home);
-    const bool needsRoot = tilde.isEmpty() && row.member == &FormModel::rootDirectoryField;
-    return needsRoot ? text(rootFolderHint(path)) : tilde;
+    if (!tilde.isEmpty())
+        return tilde;
+    const bool needsRoot = row.member == &FormModel::rootDirectoryField && !path.empty();
+    return needsRoot ? text(rootFolderHint(path)) : findingHint(shown, row.key);
 }
 
 /// The title line's words about the first hint of the drawer; empty without any.
@@ -223,7 +237,8 @@ void DrawerPanel::addNiceLevel() {
     place(value, controlX + controlWidth - valueWidth, niceY, valueWidth, fieldHeight);
 
     binder_.addUpdater([slider, value](const FormModel&, const FormPresentation& shown) {
-        const QString hint = text(niceLevelHint(shown.record.niceLevel));
+        const auto needsRoot = niceLevelHint(shown.record.niceLevel);
+        const QString hint = needsRoot.empty() ? findingHint(shown, "Nice") : text(needsRoot);
         style::setFaulty(value, !hint.isEmpty());
         for (QWidget* control : QList<QWidget*>{slider, value}) {
             control->setToolTip(hint);
@@ -241,9 +256,10 @@ void DrawerPanel::addPathFields() {
         place(field, controlX, y, controlWidth - chooserSide - chooserGap, fieldHeight);
         QWidget* chooser = makeChooseButton(binder_, row.outlet, field->accessibleName(), this);
         place(chooser, controlX + controlWidth - chooserSide, y, chooserSide, chooserSide);
-        binder_.addUpdater([this, field, &row](const FormModel& form) {
-            field->setHint(hintOf(row, form, binder_.homeFolder()));
-        });
+        binder_.addUpdater(
+            [this, field, &row](const FormModel& form, const FormPresentation& shown) {
+                field->setHint(hintOf(row, form, shown, binder_.homeFolder()));
+            });
         y += pitch;
     }
 }
@@ -255,8 +271,12 @@ void DrawerPanel::addPathHint() {
     place(hint, pathHintX, titleY, controlX + controlWidth - 28 - pathHintX, fieldHeight);
     binder_.addUpdater([this, hint](const FormModel& form, const FormPresentation& shown) {
         const QString words = firstHint(form, shown.record, binder_.homeFolder());
-        hint->setVisible(!words.isEmpty());
-        hint->setWholeText(words);
+        const auto* finding = words.isEmpty() ? firstOfDrawer(shown.findings) : nullptr;
+        hint->setVisible(!words.isEmpty() || finding);
+        if (finding)
+            hint->setWholeText(text(finding->text), text(shortWords(*finding)));
+        else
+            hint->setWholeText(words);
     });
 }
 
@@ -269,6 +289,14 @@ QCheckBox* DrawerPanel::addCheckBox(int x, int y, const QString& title) {
     return box;
 }
 
+void DrawerPanel::showFinding(QWidget* control, std::string_view key) {
+    binder_.addUpdater([control, key](const FormModel&, const FormPresentation& shown) {
+        const QString hint = findingHint(shown, key);
+        control->setToolTip(labelText(hint));
+        updateAccessibleDescription(control, hint);
+    });
+}
+
 void DrawerPanel::addOptions() {
     binder_.bind("enableGlobbingCheckbox",
                  addCheckBox(controlX, globbingY, tr("E&xpand wildcards in arguments")),
@@ -279,11 +307,13 @@ void DrawerPanel::addOptions() {
     addCaption(alsoRunY - 2, tr("Also run when"), nullptr);
     binder_.bind("alsoRunAtLoadCheckbox", addCheckBox(controlX, alsoRunY, tr("A&gent loads")),
                  &FormModel::alsoRunAtLoadCheckbox);
-    binder_.bind("alsoRunVolumeCheckbox", addCheckBox(secondX, alsoRunY, tr("Volu&me mounts")),
-                 &FormModel::alsoRunVolumeCheckbox);
-    binder_.bind("alsoRunPathChangeCheckbox",
-                 addCheckBox(controlX, alsoRunSecondY, tr("Path &changes")),
-                 &FormModel::alsoRunPathChangeCheckbox, &AppDelegate::chooseAdditionalWathPath);
+    QCheckBox* mount = addCheckBox(secondX, alsoRunY, tr("Volu&me mounts"));
+    binder_.bind("alsoRunVolumeCheckbox", mount, &FormModel::alsoRunVolumeCheckbox);
+    showFinding(mount, "StartOnMount");
+    QCheckBox* pathChange = addCheckBox(controlX, alsoRunSecondY, tr("Path &changes"));
+    binder_.bind("alsoRunPathChangeCheckbox", pathChange, &FormModel::alsoRunPathChangeCheckbox,
+                 &AppDelegate::chooseAdditionalWathPath);
+    showFinding(pathChange, "WatchPaths");
 
     auto* well = new ImageWellButton(24, style::Surface::drawer, this);
     well->setAccessibleName(tr("Additional watched path"));

@@ -9,6 +9,8 @@
 
 #include <QWidget>
 
+#include <string_view>
+
 class QCheckBox;
 class QLineEdit;
 class QPropertyAnimation;
@@ -57,6 +59,8 @@ class DrawerPanel : public QWidget {
     void addPathHint();
     void addOptions();
     QCheckBox* addCheckBox(int x, int y, const QString& title);
+    /// Describes what is wrong with the value of a key.
+    void showFinding(QWidget* control, std::string_view key);
     QPoint openPosition() const;
     QPoint closedPosition() const;
     void slideEnded();
