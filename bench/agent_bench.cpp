@@ -1,9 +1,11 @@
 // Measures the steps between the form and the file. Run frimbolate_bench of an optimised build.
 #include "core/agent_plist.h"
+#include "core/finding_hints.h"
 #include "core/form_summary.h"
 #include "core/validation.h"
 #include "plist/property_list_reader.h"
 #include "plist/xml_writer.h"
+#include "posix/local_agent_folder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -49,6 +51,18 @@ void sentencesOfForm(benchmark::State& state) {
     }
 }
 BENCHMARK(sentencesOfForm);
+
+/// The findings of the form, also at every key press.
+void findingsOfForm(benchmark::State& state) {
+    const auto form = fullForm();
+    const auto faults = validate(form);
+    CheckContext context;
+    context.home = "/Users/ada";
+    context.pathState = localPathState;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(shownFindings(form, faults, context));
+}
+BENCHMARK(findingsOfForm);
 
 void formToAgentFile(benchmark::State& state) {
     const auto form = fullForm();

@@ -52,6 +52,13 @@ const HintRow hintRows[] = {
          form.agentTargetImageWell.toolTip = "/Users/maya/tool.py";
      },
      true},
+    {"Finding", "targetHint",
+     [](FormModel& form) {
+         form.agentTargetButton.selectedItem = TargetType::File;
+         form.agentTargetImageWell.toolTip =
+             "/Users/maya/Library/Application Scripts/holidays/$USER/back up photos.sh";
+     },
+     true},
     {"KeptRunning", "actionHint", [](FormModel& form) { keepRunning(form, false); }, false},
     {"KeptRunningUntilItSucceeds", "actionHint", [](FormModel& form) { keepRunning(form, true); },
      true},

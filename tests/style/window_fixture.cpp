@@ -130,6 +130,14 @@ void unsafeCopiedCommand(WindowFixture& fixture) {
     fixture.delegate.copyCommand();
 }
 
+/// A hint of a row and the title of the drawer that report findings.
+void findings(WindowFixture& fixture) {
+    fixture.window.setPathLookup([](const std::string& path) {
+        return path == "/Users" ? PathState::Folder : PathState::Missing;
+    });
+    drawer(fixture);
+}
+
 void application(WindowFixture& fixture) {
     filled(fixture);
     fixture.delegate.evaluateScriptExtension("/Applications/Mail.app/Contents/MacOS/Mail");
@@ -290,6 +298,7 @@ constexpr UiState formStates[] = {
     {"fault_alert", faultAlert},
     {"drawer", drawer},
     {"narrow_drawer", narrowDrawer},
+    {"findings", findings},
     {"typed_script", typedScript},
     {"larger_script", largerScript},
     {"welcome", welcome},
