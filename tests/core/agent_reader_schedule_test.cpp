@@ -30,8 +30,8 @@ Snapshot atTime(const std::string& time) {
 }
 
 /// The properties that a readable calendar sets.
-const Snapshot shown = {{"agentScheduleDatePicker.hidden", "no"},
-                        {"agentScheduleTypeButton.width", "160"}};
+const Snapshot shownCalendar = {{"agentScheduleDatePicker.hidden", "no"},
+                                {"agentScheduleTypeButton.width", "160"}};
 
 Snapshot selected(int item) {
     return {{"agentScheduleTypeButton.selectedItem", std::to_string(item)}};
@@ -70,7 +70,7 @@ const Snapshot atLoad =
 std::vector<ReaderRow> calendarDays() {
     const Lines everyDay = {"log: Agent runs on every day on a schedule"};
     const auto daily = [](const std::string& time) {
-        return atTime(time) + shown + selected(ScheduleType::EveryDay) +
+        return atTime(time) + shownCalendar + selected(ScheduleType::EveryDay) +
                Snapshot{{"onMonthTextBox.hidden", "yes"}};
     };
     const auto row = [&](const char* name, Value hour, Value minute, const std::string& time) {
@@ -100,14 +100,14 @@ ReaderRow weekly(const char* name, Value weekday, const Snapshot& selection) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a week on day : " + description(weekday)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Weekday", weekday}}),
-            atTime("7:5") + shown + selection, lines};
+            atTime("7:5") + shownCalendar + selection, lines};
 }
 
 ReaderRow monthly(const char* name, Value day, const std::string& text) {
     const auto lines = hourAndMinute("7", "5") + specificDay +
                        Lines{"log: Agent runs once a month " + description(day)};
     return {name, calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Day", day}}),
-            atTime("7:5") + shown + selected(ScheduleType::OnceAMonth) +
+            atTime("7:5") + shownCalendar + selected(ScheduleType::OnceAMonth) +
                 Snapshot{{"onMonthTextField.stringValue", '"' + text + '"'},
                          {"onMonthTextBox.hidden", "no"},
                          {"agentScheduleDatePicker.width", "90"}},
@@ -132,7 +132,7 @@ std::vector<ReaderRow> weekdays() {
             weekly("Fraction", 5.9, selected(ScheduleType::EveryFriday)),
             weekly("Boolean", true, selected(ScheduleType::EveryMonday)),
             {"NoWeekday", calendar(Dictionary{{"Hour", 7}, {"Minute", 5}, {"Month", 2}}),
-             atTime("7:5") + shown + selected(ScheduleType::EverySunday),
+             atTime("7:5") + shownCalendar + selected(ScheduleType::EverySunday),
              hourAndMinute("7", "5") + specificDay +
                  Lines{"log: Agent runs once a week on day : (null)"}}};
 }
