@@ -159,5 +159,26 @@ TEST_F(AgentListReaderTest, FollowsAFileThatIsChangedInPlace) {
     }));
 }
 
+TEST_F(AgentListReaderTest, FollowsAFileThatIsChangedBetweenItsReadingAndItsWatch) {
+    const QTemporaryDir disk;
+    const QString file = disk.filePath("a.plist");
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly));
+    platform.defaults.contents["Bookmark"] = bookmarkOf(disk.path().toStdString());
+    folder.put(file.toStdString(), listed("a", "Runs a."));
+    int readings = 0;
+    // The watches are added behind this signal.
+    QObject::connect(&reader, &AgentListReader::finished, &reader, [&] {
+        if (++readings > 1)
+            return;
+        folder.put(file.toStdString(), listed("b", "Runs b."));
+        made.write("x");
+        made.flush();
+    });
+    showAgents();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return names().front() == "b"; }));
+    EXPECT_EQ(readings, 2);
+}
+
 } // namespace
 } // namespace frimbolate::test

@@ -5,7 +5,9 @@
 #include "widgets/controls/text.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMetaObject>
+#include <QSet>
 
 #include <algorithm>
 #include <chrono>
@@ -106,27 +108,28 @@ AgentListReader::Outcome AgentListReader::readFolder(const Reading& reading, con
     const TextStyle style{.home = reading.home, .clock = reading.format, .now = reading.clock};
     const LocalMinute now = reading.clock.now();
     AgentRows rows;
+    QList<FileState> files;
     for (const std::string& path : *paths) {
         if (*stop)
             return Outcome::Stopped;
+        files.append(stateOf(text(path))); // before the reading, so that no change is missed
         rows.push_back(makeAgentRow(folder_.read(path, style), now, style.clock));
         if (rows.size() == batchSize)
-            post(std::exchange(rows, {}), stop);
+            post(std::exchange(rows, {}), std::exchange(files, {}), stop);
     }
-    post(std::move(rows), stop);
+    post(std::move(rows), std::move(files), stop);
     return Outcome::Complete;
 }
 
-void AgentListReader::post(AgentRows rows, const StopFlag& stop) {
+void AgentListReader::post(AgentRows rows, QList<FileState> files, const StopFlag& stop) {
     QMetaObject::invokeMethod(
         this,
-        [this, stop, rows = std::move(rows)] {
+        [this, stop, rows = std::move(rows), files = std::move(files)] {
             if (*stop || rows.empty())
                 return;
-            for (const auto& row : rows) {
-                files_.append(text(row->overview.path));
+            files_.append(files);
+            for (const auto& row : rows)
                 passes_ = std::min(passes_, row->overview.nextRun.value_or(passes_));
-            }
             emit rowsRead(rows);
         },
         Qt::QueuedConnection);
@@ -159,14 +162,30 @@ void AgentListReader::readWhenPassed() {
         start();
 }
 
+AgentListReader::FileState AgentListReader::stateOf(const QString& path) {
+    const QFileInfo file(path);
+    return {path, file.lastModified(), file.size()};
+}
+
 void AgentListReader::watchFiles() {
-    const qsizetype space = mostWatchedFiles - watcher_.files().size();
+    const QStringList before = watcher_.files();
+    const qsizetype space = mostWatchedFiles - before.size();
     const qsizetype count = std::min<qsizetype>({files_.size(), space, batchSize});
     if (count <= 0)
         return watching_.stop();
-    // A file that was replaced has lost its watch; one that is watched already is left alone.
-    watcher_.addPaths(files_.mid(0, count));
+    const QList<FileState> files = files_.mid(0, count);
     files_.remove(0, count);
+    QStringList paths;
+    for (const FileState& file : files)
+        paths.append(file.path);
+    // A file that was replaced has lost its watch; one that is watched already is left alone.
+    watcher_.addPaths(paths);
+    // The watch does not tell of a change between the reading and itself.
+    const QSet<QString> watched(before.begin(), before.end());
+    if (std::ranges::any_of(files, [&](const FileState& file) {
+            return !watched.contains(file.path) && stateOf(file.path) != file;
+        }))
+        debounce_.start();
 }
 
 } // namespace frimbolate

@@ -7,8 +7,11 @@
 #include "widgets/pages/agent_row.h"
 #endif
 
+#include <QDateTime>
 #include <QFileSystemWatcher>
+#include <QList>
 #include <QObject>
+#include <QString>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -61,9 +64,18 @@ class AgentListReader : public QObject {
         WallClock clock;
     };
 
+    /// What tells whether a file was changed since it was read.
+    struct FileState {
+        QString path;
+        QDateTime modified; ///< invalid where the file is not there
+        qint64 size;
+        friend bool operator==(const FileState&, const FileState&) = default;
+    };
+
     void read();
     Outcome readFolder(const Reading& reading, const StopFlag& stop);
-    void post(AgentRows rows, const StopFlag& stop);
+    void post(AgentRows rows, QList<FileState> files, const StopFlag& stop);
+    static FileState stateOf(const QString& path);
     void readingEnded(Outcome outcome);
     void watch(const QStringList& paths);
     void watchFiles();
@@ -76,10 +88,10 @@ class AgentListReader : public QObject {
     std::optional<std::string> opened_; ///< the folder while a reading runs
     StopFlag stop_ = std::make_shared<std::atomic<bool>>(false); ///< of the last reading
     bool isReading_ = false;
-    bool isWanted_ = false; ///< between start() and stop()
-    bool again_ = false;    ///< another reading follows
-    LocalMinute passes_;    ///< the first of the next runs, or the midnight before it
-    QStringList files_;     ///< of the last reading, still to be watched
+    bool isWanted_ = false;  ///< between start() and stop()
+    bool again_ = false;     ///< another reading follows
+    LocalMinute passes_;     ///< the first of the next runs, or the midnight before it
+    QList<FileState> files_; ///< of the last reading, still to be watched
     QFileSystemWatcher watcher_;
     QTimer debounce_;
     QTimer minute_{this}; ///< looks whether a next run has passed
