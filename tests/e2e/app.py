@@ -11,8 +11,8 @@ NAME = "Frimbolate"
 CREATED = "Your launch agent was created."
 LOAD = "Load the agent"
 EMPTY_FORM = "Still needs a name, something to launch and a choice of when to launch it."
-# Agents whose form is saved as a picture, and the one whose script pop-over is.
-PICTURED, FIRST_SCRIPT = ("tidy_sh", "advanced"), "daily"
+# The agent whose form is saved as a picture, and the one whose script pop-over is.
+PICTURED, FIRST_SCRIPT = "advanced", "daily"
 # The kind of each control of the form; the others are fields.
 KINDS = {
     "What to launch": "pop-up", "When to launch": "pop-up", "Schedule": "pop-up",
@@ -135,7 +135,7 @@ class App:
     def make(self, method, agent):
         """Enters and saves an agent; the sheet with the load command is still open afterwards."""
         self.enter_agent(method, agent)
-        if agent.name in PICTURED:
+        if agent.name == PICTURED:
             self.keep_picture(f"made-{agent.name}")
         self.save(method)
         method.reply(CREATED, "Continue")

@@ -193,6 +193,7 @@ def make_a_new_one(app, keyboard, expected):
     keyboard.choose("When to launch", "Launch on schedule")
     keyboard.set_time("Time of day", "06:30")
     driver.find("label", THUMBNAILS)
+    app.keep_picture("thumbnails")
     driver.press("ctrl+2")
     driver.wait_for_focus(view)
     shown = driver.text(view)
