@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr TextStyle hintStyle{.home = "/Users/maya"};
+const TextStyle hintStyle{.home = "/Users/maya"};
 
 /// A daily agent without a finding.
 FormModel dailyModel() {
