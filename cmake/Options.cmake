@@ -36,4 +36,4 @@ endif()
 # finds a missing include.
 option(FRIMBOLATE_BATCHES "Compile several sources at once" OFF)
 set(CMAKE_UNITY_BUILD ${FRIMBOLATE_BATCHES})
-set(CMAKE_UNITY_BUILD_BATCH_SIZE 6)
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
