@@ -221,7 +221,7 @@ TEST_P(AgentKinds, AreToldApartByThePath) {
     EXPECT_EQ(overview.path, GetParam().path);
 }
 
-const KindRow kinds[] = {
+const KindRow overviewKinds[] = {
     {"Own", "/a/com.frimbolate.Backup.plist", "com.frimbolate.Backup", AgentKind::Own, "Backup"},
     {"OwnWithoutLabel", "/a/com.frimbolate.Backup.plist", nullptr, AgentKind::Own, "Backup"},
     {"OwnUnlikeItsFile", "/a/com.frimbolate.Backup.plist", "com.frimbolate.Sync", AgentKind::Own,
@@ -236,7 +236,7 @@ const KindRow kinds[] = {
      "com.frimbolate.Backup"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Table, AgentKinds, testing::ValuesIn(kinds), NamedAfterRow());
+INSTANTIATE_TEST_SUITE_P(Table, AgentKinds, testing::ValuesIn(overviewKinds), NamedAfterRow());
 
 TEST(AgentOverviews, HoldStateSentenceRunAndFindings) {
     const Dictionary agent = {{"Label", "org.example.sync"},
