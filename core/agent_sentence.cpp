@@ -35,7 +35,7 @@ Words textsOf(const Dictionary& agent, std::string_view key) {
 }
 
 /// Programs that run the file or the text that follows them.
-bool isInterpreter(std::string_view path) {
+bool runsItsArgument(std::string_view path) {
     constexpr std::array<std::string_view, 14> names = {
         "sh",   "bash", "zsh",  "dash",      "ksh", "python",    "python3",
         "ruby", "perl", "node", "osascript", "php", "automator", "env"};
@@ -44,14 +44,14 @@ bool isInterpreter(std::string_view path) {
 
 /// The words of a command line; an interpreter is named by what it runs.
 std::string commandName(const Words& command) {
-    if (!isInterpreter(command.front()))
+    if (!runsItsArgument(command.front()))
         return programName(command.front());
     for (std::size_t i = 1; i < command.size(); ++i) {
         const auto& argument = command[i];
         if ((argument == "-c" || argument == "-e" || argument == "-lc") && i + 1 < command.size())
             return command[i + 1].empty() ? "an empty script" : "a script";
         if (!argument.empty() && !argument.starts_with('-'))
-            return isInterpreter(argument)
+            return runsItsArgument(argument)
                        ? commandName({command.begin() + static_cast<long>(i), command.end()})
                        : programName(argument);
     }
