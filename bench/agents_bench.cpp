@@ -1,6 +1,7 @@
 // Measures the list of agents: how long until it shows a folder of real files, and the longest time
 // that the window handles no event meanwhile. The limits: 0.2 seconds for 1,000 agents, and 50
 // milliseconds without an event for 10,000.
+#include "bench/toolkit.h"
 #include "core/agent_plist.h"
 #include "posix/local_agent_folder.h"
 #include "posix/local_clock.h"
@@ -10,7 +11,7 @@
 #include "widgets/pages/agents_model.h"
 
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -22,16 +23,6 @@
 namespace frimbolate {
 
 namespace {
-
-void startToolkitForAgents() {
-    static int argc = 1;
-    static char name[] = "frimbolate_bench";
-    static char* argv[] = {name, nullptr};
-    if (qApp)
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QApplication(argc, argv);
-}
 
 void fill(const QTemporaryDir& folder, int count) {
     for (int i = 0; i < count; ++i) {
@@ -52,7 +43,7 @@ void fill(const QTemporaryDir& folder, int count) {
 }
 
 void showAgents(benchmark::State& state) {
-    startToolkitForAgents();
+    startToolkit();
     const int count = static_cast<int>(state.range(0));
     const QTemporaryDir folder;
     fill(folder, count);
@@ -102,7 +93,7 @@ BENCHMARK(showAgents)
 
 /// A key typed into the filter of a long list.
 void filterAgents(benchmark::State& state) {
-    startToolkitForAgents();
+    startToolkit();
     const int count = static_cast<int>(state.range(0));
     AgentRows rows;
     for (int i = 0; i < count; ++i) {

@@ -1,9 +1,9 @@
 // Measures how long the window takes to show an agent with one text of a million characters, from
 // the choice of its file to the painted window. The limit is half a second.
+#include "bench/toolkit.h"
 #include "tests/widgets/scripted_window.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QPlainTextEdit>
 
 #include <benchmark/benchmark.h>
@@ -15,17 +15,6 @@ namespace frimbolate {
 namespace {
 
 constexpr std::size_t million = 1'000'000;
-
-/// Constructs the application, without a display, once. Never destroyed.
-void startToolkit() {
-    static int argc = 1;
-    static char name[] = "frimbolate_bench";
-    static char* argv[] = {name, nullptr};
-    if (qApp)
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QApplication(argc, argv);
-}
 
 Dictionary usualAgent() {
     return {{"Label", "com.frimbolate.Backup"},
