@@ -40,11 +40,7 @@ int writeRandom(const char* seed, const std::string& path) {
 int switchAgent(const std::string& path) {
     test::ScriptedPlatform user;
     LocalFiles files(user);
-    const auto scripted = user.services();
-    Services services{
-        scripted.alerts,       scripted.sheets,   scripted.filePanels,  files,
-        scripted.folderAccess, scripted.defaults, scripted.pasteboard,  scripted.workspace,
-        scripted.clock,        scripted.log,      scripted.application, scripted.trash};
+    Services services = user.services({.files = &files});
     AgentSwitch agentSwitch(services);
     agentSwitch.onOffLaunchAgent();
     user.choose(path);

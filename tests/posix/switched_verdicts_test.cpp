@@ -39,11 +39,7 @@ class SwitchedVerdict : public testing::TestWithParam<VerdictRow> {
     bool switchFile() {
         ScriptedPlatform user;
         LocalFiles files(user);
-        const auto scripted = user.services();
-        Services services{
-            scripted.alerts,       scripted.sheets,   scripted.filePanels,  files,
-            scripted.folderAccess, scripted.defaults, scripted.pasteboard,  scripted.workspace,
-            scripted.clock,        scripted.log,      scripted.application, scripted.trash};
+        Services services = user.services({.files = &files});
         AgentSwitch agentSwitch(services);
         agentSwitch.onOffLaunchAgent();
         user.choose(path);

@@ -163,9 +163,19 @@ ScriptedPlatform::~ScriptedPlatform() {
     EXPECT_EQ(questions_.size(), 0U) << "a question was left unanswered";
 }
 
-Services ScriptedPlatform::services() {
-    return {*this, *this, *this, files, folderAccess, defaults,
-            *this, *this, *this, *this, *this,        trash};
+Services ScriptedPlatform::services(const OwnServices& own) {
+    return {.alerts = *this,
+            .sheets = own.sheets ? *own.sheets : *this,
+            .filePanels = own.filePanels ? *own.filePanels : *this,
+            .files = own.files ? *own.files : files,
+            .folderAccess = folderAccess,
+            .defaults = defaults,
+            .pasteboard = *this,
+            .workspace = *this,
+            .clock = *this,
+            .log = *this,
+            .application = *this,
+            .trash = trash};
 }
 
 template <typename Kind>

@@ -131,6 +131,13 @@ struct Question {
     std::variant<AlertQuestion, OpenQuestion, SaveQuestion> what;
 };
 
+/// Services that stand in for the scripted ones. A null pointer replaces none.
+struct OwnServices {
+    Sheets* sheets = nullptr;
+    FilePanels* filePanels = nullptr;
+    Files* files = nullptr;
+};
+
 class ScriptedPlatform : public Alerts,
                          public Sheets,
                          public FilePanels,
@@ -144,8 +151,8 @@ class ScriptedPlatform : public Alerts,
     /// Fails the running test if a question is left unanswered.
     ~ScriptedPlatform() override;
 
-    /// The services refer to this object, which must outlive them.
-    Services services();
+    /// The services refer to this object and to those of the test, which must outlive them.
+    Services services(const OwnServices& own = {});
 
     Journal journal;
     ScriptedFiles files{journal};

@@ -57,24 +57,7 @@ class ScriptedWindow {
     MainWindow window;
     SheetQueue queue{window};
     QtSheets sheets{queue, window};
-    AppDelegate delegate{services()};
-
-  private:
-    Services services() {
-        const Services all = platform.services();
-        return {.alerts = all.alerts,
-                .sheets = sheets,
-                .filePanels = all.filePanels,
-                .files = all.files,
-                .folderAccess = all.folderAccess,
-                .defaults = all.defaults,
-                .pasteboard = all.pasteboard,
-                .workspace = all.workspace,
-                .clock = all.clock,
-                .log = all.log,
-                .application = all.application,
-                .trash = all.trash};
-    }
+    AppDelegate delegate{platform.services({.sheets = &sheets})};
 };
 
 } // namespace frimbolate::test

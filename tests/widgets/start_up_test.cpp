@@ -54,25 +54,8 @@ class StartUp : public testing::Test {
     SheetQueue queue{window};
     QtFilePanels panels{queue, window};
     QtSheets sheets{queue, window};
-    AppDelegate delegate{services()};
+    AppDelegate delegate{platform.services({.sheets = &sheets, .filePanels = &panels})};
     Shown shown;
-
-  private:
-    Services services() {
-        const Services all = platform.services();
-        return {.alerts = all.alerts,
-                .sheets = sheets,
-                .filePanels = panels,
-                .files = all.files,
-                .folderAccess = all.folderAccess,
-                .defaults = all.defaults,
-                .pasteboard = all.pasteboard,
-                .workspace = all.workspace,
-                .clock = all.clock,
-                .log = all.log,
-                .application = all.application,
-                .trash = all.trash};
-    }
 };
 
 TEST_F(StartUp, ShowsTheWindowBeforeThePanelThatAsksForTheFolder) {
