@@ -18,6 +18,7 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
 WITH_TOOLKIT = ("qt", "widgets", "app")
+BATCH = 16
 EXCLUDED = re.compile(r'if\(APPLE\)[^()]*list\(FILTER sources EXCLUDE\s+REGEX\s+"([^"]+)"\)')
 # Clang presets __nonnull for macOS, and the C library of Linux has another macro of this name.
 # The other names bring out what macOS always declares, and no macros in place of functions.
@@ -88,10 +89,7 @@ class Plan:
 
     def run(self, ninja, folder):
         folder.mkdir(parents=True, exist_ok=True)
-        plan = folder / "build.ninja"
-        text = "\n".join(self.lines) + "\n"
-        if not plan.exists() or plan.read_text("utf-8") != text:
-            plan.write_text(text, "utf-8")
+        written(folder / "build.ninja", "\n".join(self.lines) + "\n")
         return subprocess.run([ninja, "-C", folder, "-k", "0", "-j", "1"], check=False).returncode
 
 
@@ -113,14 +111,34 @@ def module(options, plan, build):
     found = sources_of(name)
     if not found:
         sys.exit(f"{name} has no sources")
-    for source in found:
+    for output, sources in batches(name, found).items():
+        source, *rest = sources
         # A precompiled header is of one language.
         first = (["-include", HERE / "missing_names.h"] if source.suffix == ".mm"
                  else ["-include-pch", precompiled])
-        output = build / name / (source.relative_to(ROOT).as_posix().replace("/", ".") + ".checked")
-        plan.add(output, [source, precompiled], source.relative_to(ROOT),
+        if rest:
+            source = written(build / name / f"{output}.cpp",
+                             "".join(f'#include "{path}"\n' for path in sources))
+        plan.add(build / name / f"{output}.checked", [source, precompiled], f"{name} {output}",
                  [options.clang, *common_flags(options), *flags, *first, *language(source),
                   "-fsyntax-only", source], touches=True)
+
+
+def batches(module_name, sources):
+    """The sources that are checked at once, by the name of their output: as the build does it, most
+    of the time goes to the headers that they share."""
+    together = [path for path in sources
+                if path.suffix == ".cpp" and module_name != "faults"]
+    named = {f"batch_{i // BATCH}": together[i:i + BATCH] for i in range(0, len(together), BATCH)}
+    alone = [path for path in sources if path not in together]
+    return named | {path.relative_to(ROOT).as_posix().replace("/", "."): [path] for path in alone}
+
+
+def written(path, text):
+    path.parent.mkdir(parents=True, exist_ok=True)
+    if not path.exists() or path.read_text("utf-8") != text:
+        path.write_text(text, "utf-8")
+    return path
 
 
 def main():
