@@ -83,6 +83,8 @@ std::optional<std::string> writeFileAtomically(const std::string& path, std::str
     removeAbandonedFiles(folder.number(), std::time(nullptr));
 
     const FileDescriptor original(exists ? openOriginal(folder.number(), target.name) : -1);
+    if (exists && !original && isFaultOfSystem(errno))
+        return errnoMessage();
     // Other users must not read the content before the rights of the original are set.
     TemporaryFile temporary(folder.number(), exists ? 0600 : newFileMode);
     if (!temporary.isOpen())

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <memory>
+#include <optional>
 #include <string>
 #include <sys/acl.h>
 #include <type_traits>
@@ -25,22 +26,27 @@ struct FreeList {
 };
 using AccessList = std::unique_ptr<std::remove_pointer_t<acl_t>, FreeList>;
 
+/// The rights where a list can be neither read nor set; nothing after a fault of the system.
+std::optional<FileRights> rightsUnlessFault(const FileRights& before) {
+    return isFaultOfSystem(errno) ? std::nullopt : std::optional(rightsWithoutList(before));
+}
+
 #ifdef __APPLE__
 
-void copyAttributes(int original, int file) {
-    static_cast<void>(::fcopyfile(original, file, nullptr, COPYFILE_XATTR));
+bool copyAttributes(int original, int file) {
+    return ::fcopyfile(original, file, nullptr, COPYFILE_XATTR) == 0 || !isFaultOfSystem(errno);
 }
 
 /// On macOS the list is separate from the mode and names users and groups, independent of the
 /// owner.
-FileRights copyRights(int original, const FileRights& before, int file, bool sameOwner,
-                      bool sameGroup) {
+std::optional<FileRights> copyRights(int original, const FileRights& before, int file,
+                                     bool sameOwner, bool sameGroup) {
     AccessList list(::acl_get_fd_np(original, ACL_TYPE_EXTENDED));
     // An empty list removes the entries inherited from the folder.
     if (!list && errno == ENOENT)
         list.reset(::acl_init(0));
     if (list ? ::acl_set_fd_np(file, list.get(), ACL_TYPE_EXTENDED) != 0 : errno != ENOTSUP)
-        return rightsWithoutList(before);
+        return rightsUnlessFault(before);
     return rightsOfReplacement(before, sameOwner, sameGroup);
 }
 
@@ -48,22 +54,26 @@ FileRights copyRights(int original, const FileRights& before, int file, bool sam
 
 constexpr std::size_t maximumAttributeBytes = 65536; // of a value, and of all names, on Linux
 
-void copyAttributes(int original, int file) {
+bool copyAttributes(int original, int file) {
     std::string names(maximumAttributeBytes, '\0');
     std::string value(maximumAttributeBytes, '\0');
     const ssize_t size = ::flistxattr(original, names.data(), names.size());
-    names.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+    if (size < 0)
+        return !isFaultOfSystem(errno);
+    names.resize(static_cast<std::size_t>(size));
     for (std::size_t start = 0; start < names.size();) {
         const char* name = names.c_str() + start;
         start += std::char_traits<char>::length(name) + 1;
         if (!isAttributeCarriedOver(name))
             continue;
         const ssize_t length = ::fgetxattr(original, name, value.data(), value.size());
-        // Not every attribute is readable.
-        if (length >= 0)
-            static_cast<void>(
-                ::fsetxattr(file, name, value.data(), static_cast<std::size_t>(length), 0));
+        const bool isCopied = length >= 0 && ::fsetxattr(file, name, value.data(),
+                                                         static_cast<std::size_t>(length), 0) == 0;
+        // Not every attribute may be read and set.
+        if (!isCopied && isFaultOfSystem(errno))
+            return false;
     }
+    return true;
 }
 
 /// The rights of a class of users that an entry sets; nullptr for named users and groups.
@@ -102,12 +112,12 @@ void visitEntries(acl_t list, FileRights& rights, Visit visit) {
 
 /// Gives the new file the list of the original, narrowed where owner or group differ. A list
 /// without named users and groups is set, too: it removes the entries inherited from the folder.
-FileRights copyRights(int original, const FileRights& before, int file, bool sameOwner,
-                      bool sameGroup) {
+std::optional<FileRights> copyRights(int original, const FileRights& before, int file,
+                                     bool sameOwner, bool sameGroup) {
     const AccessList list(::acl_get_fd(original));
     if (!list)
         return errno == ENOTSUP ? rightsOfReplacement(before, sameOwner, sameGroup)
-                                : rightsWithoutList(before);
+                                : rightsUnlessFault(before);
     FileRights rights = before;
     visitEntries(list.get(), rights, [](acl_permset_t set, unsigned& bits) {
         bits = 0;
@@ -122,29 +132,53 @@ FileRights copyRights(int original, const FileRights& before, int file, bool sam
             if (bits & permission)
                 ::acl_add_perm(set, permission);
     });
-    return ::acl_set_fd(file, list.get()) == 0 ? rights : rightsWithoutList(before);
+    return ::acl_set_fd(file, list.get()) == 0 ? rights : rightsUnlessFault(before);
 }
 
 #endif
 
 } // namespace
 
+bool isFaultOfSystem(int error) {
+    switch (error) {
+    case EACCES:
+    case EPERM:
+    case EINVAL: // also a user that this system cannot represent
+    case ENOENT:
+    case ELOOP:
+    case ENXIO:
+    case ENOTSUP:
+    case ENOSYS:
+    case E2BIG:
+    case ERANGE:
+#ifdef ENODATA
+    case ENODATA:
+#endif
+        return false;
+    default:
+        return true;
+    }
+}
+
 bool copyMetadata(int original, const struct stat& status, int file, mode_t kept) {
     // The owner first: changing it clears bits of the mode.
-    if (::fchown(file, status.st_uid, status.st_gid) != 0)
-        static_cast<void>(!::fchown(file, uid_t(-1), status.st_gid));
+    if (::fchown(file, status.st_uid, status.st_gid) != 0 &&
+        (isFaultOfSystem(errno) ||
+         (::fchown(file, uid_t(-1), status.st_gid) != 0 && isFaultOfSystem(errno))))
+        return false;
     struct stat now {};
     if (::fstat(file, &now) != 0)
         return false;
     const FileRights before = rightsInMode(status.st_mode);
-    FileRights after = rightsWithoutList(before);
+    std::optional<FileRights> after = rightsWithoutList(before);
     if (original >= 0) {
         // Before the mode, which may deny writing to the owner.
-        copyAttributes(original, file);
+        if (!copyAttributes(original, file))
+            return false;
         after = copyRights(original, before, file, now.st_uid == status.st_uid,
                            now.st_gid == status.st_gid);
     }
-    return ::fchmod(file, modeOf(after) & kept) == 0;
+    return after && ::fchmod(file, modeOf(*after) & kept) == 0;
 }
 
 } // namespace frimbolate

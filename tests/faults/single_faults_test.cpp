@@ -1,0 +1,69 @@
+// Faults that once lost something or told the wrong result, each by its name.
+#include "cli/command_line.h"
+#include "plist/xml_writer.h"
+#include "posix/atomic_file.h"
+#include "posix/local_files.h"
+#include "posix/plist_defaults.h"
+#include "tests/cli/terminal_run.h"
+#include "tests/faults/one_fault.h"
+#include "tests/support/child_process.h"
+#include "tests/support/file_status.h"
+#include "tests/support/recording_log.h"
+#include "tests/support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/xattr.h>
+
+namespace frimbolate::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SingleFault : public testing::Test {
+  protected:
+    void putOld(mode_t mode = 0644) {
+        writeBytes(file, "old");
+        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
+    }
+    std::optional<std::string> write(std::string_view function, FaultKind kind,
+                                     std::uint32_t call = 1) {
+        const OneFault fault(folder.path(), function, kind, call);
+        auto reason = writeFileAtomically(file, "new");
+        EXPECT_TRUE(fault.tookPlace());
+        return reason;
+    }
+
+    TemporaryFolder folder;
+    RecordingLog log;
+    std::string file = folder / "a.plist";
+};
+
+TEST_F(SingleFault, AnOriginalThatCannotBeOpenedForAFaultRefusesTheSave) {
+    for (const FaultKind kind :
+         {FaultKind::tooManyOpen, FaultKind::inputOutput, FaultKind::interrupted}) {
+        putOld();
+        EXPECT_NE(write("openat", kind, 2), std::nullopt);
+        EXPECT_EQ(bytesOf(file), "old");
+        EXPECT_EQ(modeOfFile(file), 0644U);
+        EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+    }
+}
+
+TEST_F(SingleFault, AnAttributeThatFindsNoSpaceRefusesTheSave) {
+    putOld();
+    ::setxattr(file.c_str(), "user.tag", "green", 5, 0); // the lists are attributes, too
+    for (const char* function : {"fsetxattr", "fgetxattr", "flistxattr", "fchown", "fchmod"}) {
+        EXPECT_NE(write(function, FaultKind::noSpace), std::nullopt) << function;
+        EXPECT_EQ(bytesOf(file), "old");
+        EXPECT_EQ(modeOfFile(file), 0644U);
+    }
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+}
+
+} // namespace
+
+} // namespace frimbolate::test
