@@ -15,17 +15,27 @@ namespace frimbolate {
 
 namespace {
 
-/// The new file under its temporary name. Removed with this object unless it was moved.
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// The new file under its temporary name, locked (see temporary_files.h). Removed with this object
+/// unless it was moved.
+///
+/// The answer of a file server can get lost after it did what it was asked for. So an error of
+/// creating or moving does not say that nothing was done.
 class TemporaryFile {
   public:
-    TemporaryFile(int folder, mode_t mode)
-        : folder_(folder), name_(temporaryName()),
-          file_(::openat(folder, name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode)),
-          created_(static_cast<bool>(file_)) {}
+    TemporaryFile(int folder, mode_t mode) : folder_(folder) {
+        // Another save that removes what killed ones left may take the file before it is locked.
+        constexpr int tries = 100;
+        for (int i = 0; i < tries && create(mode) && !lock(); ++i) {
+        }
+    }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (created_)
+        if (mayExist_)
             ::unlinkat(folder_, name_.c_str(), 0);
     }
 
@@ -36,17 +46,45 @@ class TemporaryFile {
                file_.close();
     }
     bool moveTo(const std::string& name) {
-        if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0)
-            return false;
-        created_ = false;
-        return true;
+        const bool isMoved =
+            ::renameat(folder_, name_.c_str(), folder_, name.c_str()) == 0 || hasName(name);
+        mayExist_ = !isMoved;
+        return isMoved;
     }
 
   private:
+    bool create(mode_t mode) {
+        name_ = temporaryName();
+        file_ = FileDescriptor(
+            ::openat(folder_, name_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode));
+        mayExist_ = file_ || errno != EEXIST;
+        return isOpen();
+    }
+    /// Returns whether the file is there to stay. Not being able to lock it is no reason to fail.
+    bool lock() {
+        // A duplicate keeps the lock while the file is closed, which can report a failed write.
+        lock_ = FileDescriptor(::fcntl(file_.number(), F_DUPFD_CLOEXEC, 0));
+        struct stat status {};
+        return !lock_ || (lockTemporaryFile(lock_.number()) != TemporaryLock::ofAnother &&
+                          (::fstat(lock_.number(), &status) != 0 || status.st_nlink > 0));
+    }
+    /// Keeps errno.
+    bool hasName(const std::string& name) const {
+        const int error = errno;
+        struct stat own {};
+        struct stat named {};
+        const bool has = lock_ && ::fstat(lock_.number(), &own) == 0 &&
+                         ::fstatat(folder_, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+                         isSameFile(own, named);
+        errno = error;
+        return has;
+    }
+
     int folder_;
     std::string name_;
-    FileDescriptor file_;
-    bool created_;
+    FileDescriptor file_{-1};
+    FileDescriptor lock_{-1};
+    bool mayExist_ = false;
 };
 
 /// O_NONBLOCK: another program may have put a pipe in its place meanwhile.

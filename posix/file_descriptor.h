@@ -36,6 +36,8 @@ inline bool writeWholly(int file, std::string_view content) {
         const ssize_t written = ::write(file, content.data(), content.size());
         if (written < 0 && errno == EINTR)
             continue;
+        if (written == 0)
+            errno = EIO; // no error of its own, and the next try would be the same
         if (written <= 0)
             return false;
         content.remove_prefix(static_cast<std::size_t>(written));

@@ -32,10 +32,11 @@ bool rewind(int file) { return ::lseek(file, 0, SEEK_SET) == 0; }
 /// The old content under a temporary name. Removed with this object unless it is kept.
 class SafetyCopy {
   public:
+    /// Not under a temporary name alone: nothing may remove what can be the only copy.
     explicit SafetyCopy(const std::string& folder)
-        : path_(folder + '/' + temporaryName()),
+        : path_(folder + '/' + temporaryName() + "-copy"),
           file_(::open(path_.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600)),
-          exists_(static_cast<bool>(file_)) {}
+          exists_(file_ || errno != EEXIST) {}
     SafetyCopy(const SafetyCopy&) = delete;
     SafetyCopy& operator=(const SafetyCopy&) = delete;
     ~SafetyCopy() {
@@ -45,7 +46,7 @@ class SafetyCopy {
 
     /// Copies the whole file and flushes the copy to the disk.
     bool copy(int file) {
-        return exists_ && rewind(file) && copyRest(file, file_.number()) &&
+        return file_ && rewind(file) && copyRest(file, file_.number()) &&
                ::fsync(file_.number()) == 0;
     }
     /// Puts the content back, and the mode.

@@ -19,8 +19,8 @@ namespace frimbolate {
 /// and
 ///   the reason names it.
 /// - A crash or power cut in between leaves the file half written and the copy in `copyFolder`,
-/// named
-///   as temporary files are (see temporary_files.h); nothing restores it by itself.
+///   under a temporary name (see temporary_files.h) that ends with "-copy"; nothing restores or
+///   removes it by itself.
 /// A file that does not exist yet is created, and removed again where writing fails.
 /// \param path        absolute, its links resolved; not followed if it is a link after all
 /// \param newFileMode mode of a file that does not exist yet; the umask applies

@@ -1,11 +1,14 @@
 #include "posix/temporary_files.h"
 
+#include "posix/file_descriptor.h"
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 #include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,10 +25,20 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-bool isAbandoned(int folder, const char* name, std::time_t now) {
+/// Removes the file of a killed save. Its lock is held meanwhile: a save that created the file just
+/// now and has no lock yet then finds out.
+void removeIfAbandoned(int folder, const char* name, std::time_t now) {
     struct stat status {};
-    return ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode) &&
-           status.st_uid == ::geteuid() && status.st_mtime < now - day;
+    if (::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_uid != ::geteuid())
+        return;
+    // O_NONBLOCK: another program may have put a pipe in its place.
+    const FileDescriptor file(
+        ::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const auto lock = file ? lockTemporaryFile(file.number()) : TemporaryLock::unavailable;
+    if (lock == TemporaryLock::held ||
+        (lock == TemporaryLock::unavailable && status.st_mtime < now - day))
+        ::unlinkat(folder, name, 0);
 }
 
 } // namespace
@@ -44,6 +57,16 @@ bool isTemporaryName(std::string_view name) {
            name.find_first_not_of("0123456789abcdef", prefix.size()) == std::string_view::npos;
 }
 
+TemporaryLock lockTemporaryFile(int file) {
+    int result = -1;
+    do
+        result = ::flock(file, LOCK_EX | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    if (result == 0)
+        return TemporaryLock::held;
+    return errno == EWOULDBLOCK ? TemporaryLock::ofAnother : TemporaryLock::unavailable;
+}
+
 void removeAbandonedFiles(int folder, std::time_t now) {
     // Opened again: copies of a descriptor share the position that reading moves.
     const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -54,8 +77,8 @@ void removeAbandonedFiles(int folder, std::time_t now) {
         return;
     }
     while (const dirent* entry = ::readdir(entries.get()))
-        if (isTemporaryName(entry->d_name) && isAbandoned(folder, entry->d_name, now))
-            ::unlinkat(folder, entry->d_name, 0);
+        if (isTemporaryName(entry->d_name))
+            removeIfAbandoned(folder, entry->d_name, now);
 }
 
 } // namespace frimbolate

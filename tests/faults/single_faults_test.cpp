@@ -42,6 +42,36 @@ class SingleFault : public testing::Test {
     std::string file = folder / "a.plist";
 };
 
+TEST_F(SingleFault, AMoveThatWasDoneIsASuccess) {
+    putOld();
+    EXPECT_EQ(write("renameat", FaultKind::doneButError), std::nullopt);
+    EXPECT_EQ(bytesOf(file), "new");
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+}
+
+TEST_F(SingleFault, ATemporaryFileThatWasMadeIsRemoved) {
+    EXPECT_EQ(write("openat", FaultKind::doneButError, 2), "Input/output error");
+    EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST_F(SingleFault, AWriteOfNothingHasAReason) {
+    EXPECT_EQ(write("write", FaultKind::zeroTransfer), "Input/output error");
+    EXPECT_THAT(folder.names(), IsEmpty());
+}
+
+TEST_F(SingleFault, TheNextSaveRemovesWhatAKilledOneLeft) {
+    putOld();
+    const int status = statusOfChild([this] {
+        write("fsync", FaultKind::killBefore);
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(folder.names().size(), 2U);
+    EXPECT_EQ(bytesOf(file), "old");
+    EXPECT_EQ(writeFileAtomically(folder / "b.plist", "x"), std::nullopt);
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist", "b.plist"));
+}
+
 TEST_F(SingleFault, AnOriginalThatCannotBeOpenedForAFaultRefusesTheSave) {
     for (const FaultKind kind :
          {FaultKind::tooManyOpen, FaultKind::inputOutput, FaultKind::interrupted}) {

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -71,15 +72,34 @@ TEST_F(TemporaryFiles, HaveNamesOfTheirOwn) {
     EXPECT_NE(temporaryName(), first);
 }
 
-TEST_F(TemporaryFiles, AreRemovedWhenOlderThanADay) {
-    put(".frimbolate-0000000000000001", day + 1);
-    put(".frimbolate-0000000000000002", 30 * day);
-    put(".frimbolate-0000000000000003", day);
-    put(".frimbolate-0000000000000004", 0);
-    put(".frimbolate-0000000000000005", -day);
-    EXPECT_THAT(namesAfterRemoval(),
-                ElementsAre(".frimbolate-0000000000000003", ".frimbolate-0000000000000004",
-                            ".frimbolate-0000000000000005"));
+TEST_F(TemporaryFiles, AreRemovedUnlessASaveHoldsThem) {
+    for (const std::time_t age : {std::time_t{0}, -day, day, 30 * day}) {
+        put(leftOver, age);
+        {
+            const FileDescriptor held(::open((folder / leftOver).c_str(), O_WRONLY));
+            ASSERT_EQ(lockTemporaryFile(held.number()), TemporaryLock::held);
+            EXPECT_THAT(namesAfterRemoval(), ElementsAre(leftOver));
+        }
+        EXPECT_THAT(namesAfterRemoval(), IsEmpty()) << age;
+    }
+}
+
+TEST(TemporaryFilesOfOrdinaryUser, AreRemovedAfterADayWhereTheyCannotBeLocked) {
+    const OrdinaryUser user;
+    const TemporaryFolder folder;
+    const auto namesAfter = [&](std::time_t age) {
+        writeBytes(folder / leftOver, "half of an agent");
+        const std::array<timespec, 2> times = {timespec{now - age, 0}, timespec{now - age, 0}};
+        EXPECT_EQ(::utimensat(AT_FDCWD, (folder / leftOver).c_str(), times.data(), 0), 0);
+        EXPECT_EQ(::chmod((folder / leftOver).c_str(), 0), 0);
+        const FileDescriptor open(::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY));
+        removeAbandonedFiles(open.number(), now);
+        auto rest = folder.names();
+        std::filesystem::remove(folder / leftOver);
+        return rest;
+    };
+    EXPECT_THAT(namesAfter(day), ElementsAre(leftOver));
+    EXPECT_THAT(namesAfter(day + 1), IsEmpty());
 }
 
 TEST_F(TemporaryFiles, StayUnderOtherNames) {
@@ -110,13 +130,9 @@ TEST_F(TemporaryFiles, StayWhenTheyBelongToAnotherUser) {
 }
 
 TEST_F(TemporaryFiles, AreRemovedByTheNextSaveInTheFolder) {
-    // Ages relative to the current time: on every clock, the first file is older than a day and the
-    // second one is not.
-    const std::string younger = ".frimbolate-0000000000000001";
-    put(leftOver, now);
-    put(younger, -now);
+    put(leftOver, 0);
     EXPECT_EQ(writeFileAtomically(folder / "a.plist", "x"), std::nullopt);
-    EXPECT_THAT(folder.names(), ElementsAre(younger, "a.plist"));
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
 } // namespace
