@@ -61,6 +61,9 @@ PropertyListFile contentOf(int file, const struct stat& status, std::string* con
         return refused(FileCondition::inaccessible, errnoMessage());
     if (bytes->size() > maximumPlistBytes)
         return refused(FileCondition::damaged, tooLarge);
+    // Half of a file is not a damaged one, which the caller may set aside.
+    if (bytes->size() < static_cast<std::uint64_t>(status.st_size))
+        return refused(FileCondition::inaccessible, "it became shorter while it was read");
     PropertyListFile result = parsed(*bytes);
     if (content)
         *content = std::move(*bytes);

@@ -94,6 +94,20 @@ TEST_F(SingleFault, AnAttributeThatFindsNoSpaceRefusesTheSave) {
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
+TEST_F(SingleFault, ThePreferencesThatEndEarlyAreNotSetAside) {
+    writeBytes(file, xmlPropertyList({{"a", 1}}));
+    const auto before = bytesOf(file);
+    {
+        const OneFault fault(folder.path(), "read", FaultKind::zeroTransfer);
+        PlistDefaults defaults(file, log);
+        EXPECT_TRUE(fault.tookPlace());
+    }
+    EXPECT_THAT(log.lines, ElementsAre("Could not read the preferences " + file +
+                                       ": it became shorter while it was read"));
+    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
+}
+
 } // namespace
 
 } // namespace frimbolate::test
