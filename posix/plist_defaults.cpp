@@ -23,6 +23,25 @@ void createFolderOf(const std::string& path) {
         ::mkdir(path.substr(0, slash).c_str(), 0700);
 }
 
+bool areOneFile(const std::string& path, const std::string& other) {
+    struct stat one {};
+    struct stat two {};
+    return ::lstat(path.c_str(), &one) == 0 && ::lstat(other.c_str(), &two) == 0 &&
+           one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+}
+
+/// Removes the first of the two names of a file, or else the second one.
+/// \returns whether the first one is gone
+bool removeFirstName(const std::string& path, const std::string& name) {
+    if (::unlink(path.c_str()) == 0)
+        return true;
+    // An error does not say that nothing was done: the second name may be the last one.
+    if (areOneFile(path, name))
+        ::unlink(name.c_str());
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+}
+
 /// Renames a damaged file within its folder. Never replaces another file.
 /// \returns the new name, or nothing where it keeps its own
 std::optional<std::string> renamedDamagedFile(const std::string& path) {
@@ -32,12 +51,10 @@ std::optional<std::string> renamedDamagedFile(const std::string& path) {
     constexpr int maximumNames = 10000;
     for (int i = 1; i <= maximumNames; ++i) {
         const std::string name = stem + ".damaged-" + std::to_string(i) + std::string(extension);
-        if (::linkat(AT_FDCWD, path.c_str(), AT_FDCWD, name.c_str(), 0) == 0) {
-            if (::unlink(path.c_str()) == 0)
-                return name;
-            ::unlink(name.c_str());
-            return std::nullopt;
-        }
+        // The same file: a process that was killed in between had linked it already.
+        if (::linkat(AT_FDCWD, path.c_str(), AT_FDCWD, name.c_str(), 0) == 0 ||
+            (errno == EEXIST && areOneFile(path, name)))
+            return removeFirstName(path, name) ? std::optional(name) : std::nullopt;
         if (errno != EEXIST)
             return std::nullopt;
     }

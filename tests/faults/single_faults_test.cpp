@@ -108,6 +108,26 @@ TEST_F(SingleFault, ThePreferencesThatEndEarlyAreNotSetAside) {
     EXPECT_THAT(folder.names(), ElementsAre("a.plist"));
 }
 
+TEST_F(SingleFault, DamagedPreferencesKeepTheirLastName) {
+    writeBytes(file, "rubbish");
+    const OneFault fault(folder.path(), "unlink", FaultKind::doneButError);
+    const PlistDefaults defaults(file, log);
+    EXPECT_TRUE(fault.tookPlace());
+    EXPECT_EQ(bytesOf(folder / "a.damaged-1.plist"), "rubbish");
+}
+
+TEST_F(SingleFault, DamagedPreferencesAreSetAsideOnce) {
+    writeBytes(file, "rubbish");
+    const int status = statusOfChild([this] {
+        const OneFault fault(folder.path(), "unlink", FaultKind::killBefore);
+        const PlistDefaults defaults(file, log);
+        return 0;
+    });
+    ASSERT_TRUE(WIFSIGNALED(status));
+    PlistDefaults(file, log).set("a", 1);
+    EXPECT_THAT(folder.names(), ElementsAre("a.damaged-1.plist", "a.plist", "a.plist.lock"));
+}
+
 } // namespace
 
 } // namespace frimbolate::test
