@@ -99,7 +99,8 @@ int writeNewFile(const std::string& path, const AgentPlist& agent, bool replaces
     ErrorLog log(services.err);
     LocalFiles files(log);
     const auto whole = absolutePath(path);
-    if (!replaces && files.exists(whole)) {
+    // A path that cannot be looked at may hold a file.
+    if (!replaces && localPathState(whole) != PathState::Missing) {
         services.err << path << ": it exists already; --force replaces it\n";
         return ExitCode::Failed;
     }

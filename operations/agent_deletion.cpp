@@ -40,8 +40,8 @@ void AgentDeletion::remove(const std::string& path) {
         if (!services_.files.isWritable(path))
             throw pathNotWritable(path);
         services_.log.line("Writable status: " + path + "\n1");
-        services_.files.remove(path);
-        if (services_.files.exists(path))
+        // Not by exists(), which is false also where the disk cannot tell.
+        if (!services_.files.remove(path))
             throw pathNotDeletable(path);
     } catch (const NamedError& error) {
         services_.alerts.show(

@@ -35,7 +35,8 @@ class Files {
     virtual bool exists(const std::string& path) = 0;
     /// Whether the user may write to this file or folder; false where it does not exist.
     virtual bool isWritable(const std::string& path) = 0;
-    /// Removes an item. Returns whether it is gone; a failure leaves it in place.
+    /// Removes an item. Returns whether nothing is there afterwards, also where nothing was before;
+    /// a failure leaves it in place.
     virtual bool remove(const std::string& path) = 0;
     /// The dictionary of a property list of any form; nothing where the file cannot be read, is
     /// over 16 MiB, damaged, nested too deeply or no dictionary. The caller informs the user; the

@@ -32,9 +32,14 @@ bool LocalFiles::isWritable(const std::string& path) {
 
 bool LocalFiles::remove(const std::string& path) {
     struct stat status {};
-    if (!isPath(path) || ::lstat(path.c_str(), &status) != 0 || S_ISDIR(status.st_mode))
+    if (!isPath(path))
         return false;
-    return ::unlink(path.c_str()) == 0;
+    if (::lstat(path.c_str(), &status) != 0)
+        return errno == ENOENT;
+    if (S_ISDIR(status.st_mode))
+        return false;
+    // An error does not say that nothing was done.
+    return ::unlink(path.c_str()) == 0 || (::lstat(path.c_str(), &status) != 0 && errno == ENOENT);
 }
 
 std::optional<Dictionary> LocalFiles::readDictionary(const std::string& path) {

@@ -128,6 +128,28 @@ TEST_F(SingleFault, DamagedPreferencesAreSetAsideOnce) {
     EXPECT_THAT(folder.names(), ElementsAre("a.damaged-1.plist", "a.plist", "a.plist.lock"));
 }
 
+TEST_F(SingleFault, ARemovalIsToldAsItWent) {
+    LocalFiles files(log);
+    putOld();
+    {
+        const OneFault fault(folder.path(), "unlink", FaultKind::doneButError);
+        EXPECT_TRUE(files.remove(file)) << "it is gone";
+    }
+    putOld();
+    const OneFault fault(folder.path(), "lstat", FaultKind::inputOutput);
+    EXPECT_FALSE(files.remove(file)) << "nobody knows";
+    EXPECT_EQ(bytesOf(file), "old");
+}
+
+TEST_F(SingleFault, AFileThatCannotBeLookedAtIsNotReplaced) {
+    putOld();
+    const OneFault fault(folder.path(), "stat", FaultKind::inputOutput);
+    const auto result =
+        run({"new", "--name", "Backup", "--script", "true", "--at-load", "--output", file});
+    EXPECT_EQ(result.code, ExitCode::Failed);
+    EXPECT_EQ(bytesOf(file), "old");
+}
+
 } // namespace
 
 } // namespace frimbolate::test

@@ -55,7 +55,10 @@ bool ScriptedFiles::isWritable(const std::string& path) {
 
 bool ScriptedFiles::remove(const std::string& path) {
     journal_.add("remove", path);
-    return !removalFails && contents.erase(path) > 0;
+    if (removalFails || folders.contains(path))
+        return false;
+    contents.erase(path);
+    return true;
 }
 
 std::optional<Dictionary> ScriptedFiles::readDictionary(const std::string& path) {
