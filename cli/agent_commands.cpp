@@ -23,7 +23,7 @@ namespace {
 class ErrorLog : public Log {
   public:
     explicit ErrorLog(std::ostream& out) : out_(out) {}
-    void line(const std::string& text) override { out_ << text << "\n"; }
+    void line(const std::string& text) override { out_ << printable(text) << "\n"; }
 
   private:
     std::ostream& out_;
@@ -101,7 +101,7 @@ int writeNewFile(const std::string& path, const AgentPlist& agent, bool replaces
     const auto whole = absolutePath(path);
     // A path that cannot be looked at may hold a file.
     if (!replaces && localPathState(whole) != PathState::Missing) {
-        services.err << path << ": it exists already; --force replaces it\n";
+        services.err << printable(path) << ": it exists already; --force replaces it\n";
         return ExitCode::Failed;
     }
     return files.writeDictionary(whole, agent) ? ExitCode::Nothing : ExitCode::Failed;
@@ -133,7 +133,7 @@ int listCommand(const std::string& folder, bool json, const CommandLineServices&
     const auto chosen = folder.empty() ? services.home + "/Library/LaunchAgents" : folder;
     const auto files = LocalAgentFolder().list(chosen);
     if (!files) {
-        services.err << chosen << ": it is no folder that can be read\n";
+        services.err << printable(chosen) << ": it is no folder that can be read\n";
         return ExitCode::Failed;
     }
     const Sources sources = readAll(*files, services);
@@ -203,7 +203,8 @@ int newCommand(const NewAgentOptions& options, const NewAgentOutput& output, boo
         return ExitCode::Nothing;
     } catch (const NamedError& error) {
         const bool isOption = error.name().starts_with("--");
-        services.err << "new: " << (isOption ? error.name() + ": " : "") << error.reason() << "\n";
+        services.err << "new: " << (isOption ? error.name() + ": " : "")
+                     << printable(error.reason()) << "\n";
         return ExitCode::Findings;
     }
 }

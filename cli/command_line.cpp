@@ -2,11 +2,13 @@
 
 #include "cli/agent_commands.h"
 #include "cli/agent_source.h"
+#include "cli/report.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 
 namespace frimbolate {
 
@@ -160,7 +162,7 @@ int runCommandLine(const std::vector<std::string>& arguments, const CommandLineS
     addWords(app, parsed, services, code);
     if (arguments.empty() || !isKnown(arguments.front())) {
         services.err << "frimbolate: there is no command \u201c"
-                     << (arguments.empty() ? "" : arguments.front())
+                     << (arguments.empty() ? "" : printable(arguments.front()))
                      << "\u201d; there are check, explain, new, on, off, list and command\n";
         return ExitCode::Failed;
     }
@@ -169,7 +171,10 @@ int runCommandLine(const std::vector<std::string>& arguments, const CommandLineS
         std::ranges::reverse(words); // the parser takes its arguments from the end
         app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        if (app.exit(error, services.out, services.err) != 0)
+        std::ostringstream message;
+        const int failure = app.exit(error, services.out, message);
+        services.err << printableLines(message.str());
+        if (failure != 0)
             return ExitCode::Failed;
     }
     return code;

@@ -98,6 +98,18 @@ std::string printable(std::string_view text) {
     return line;
 }
 
+std::string printableLines(std::string_view text) {
+    std::string lines;
+    for (;;) {
+        const auto end = text.find('\n');
+        lines += printable(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return lines;
+        lines += '\n';
+        text.remove_prefix(end + 1);
+    }
+}
+
 std::string findingLines(const AgentSource& source, bool colors) {
     const auto path = printable(source.overview.path);
     if (!source.error.empty())

@@ -9,8 +9,11 @@
 
 namespace frimbolate {
 
-/// A text from a file, harmless in a terminal: each control character is shown as "?".
+/// A text from a file or an argument, harmless in a terminal: each control character is shown as "?".
 std::string printable(std::string_view text);
+
+/// The same for a text of several lines, whose ends stay.
+std::string printableLines(std::string_view text);
 
 /// "file:line: key: what is wrong [severity]" for each finding, and "file: why" for an error.
 std::string findingLines(const AgentSource& source, bool colors);

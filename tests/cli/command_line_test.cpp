@@ -124,6 +124,35 @@ TEST_F(CommandLine, KeepsControlCharactersFromTheTerminal) {
     EXPECT_THAT(run({"explain", label}).out, StartsWith("a?1mb\u00e9 ("));
 }
 
+TEST_F(CommandLine, KeepsControlCharactersOfArgumentsFromTheTerminal) {
+    const std::string hostile = "\x1b[31m";
+    const auto inside = folder_.path() + "/" + hostile;
+    std::filesystem::create_directory(inside);
+    writeBytes(inside + "/a.plist", "{Label=a;}");
+    const std::vector<std::string> agent = {"new", "--name", "A", "--script", "true"};
+    const auto made = [&](const std::vector<std::string>& rest) {
+        auto call = agent;
+        call.insert(call.end(), rest.begin(), rest.end());
+        return call;
+    };
+    const std::vector<std::vector<std::string>> calls = {
+        {hostile},
+        {"check", "a", "--" + hostile},
+        {"check", inside + "/none.plist"},
+        {"list", inside + "/a.plist"},
+        {"command", "load", inside + "/none.plist"},
+        made({"--at", hostile}),
+        made({"--at-load", "--output", inside + "/a.plist"}),
+        made({"--at-load", "--output", inside + "/none/a.plist"}),
+    };
+    for (const auto& call : calls) {
+        const auto result = run(call);
+        EXPECT_NE(result.code, 0);
+        EXPECT_THAT(result.err, HasSubstr("?[31m"));
+        EXPECT_THAT(result.err, Not(HasSubstr("\x1b")));
+    }
+}
+
 TEST_F(CommandLine, ExplainSaysWhatTheAgentDoesAndWhenNext) {
     const auto result = run({"explain", sound()});
     EXPECT_EQ(result.code, 0);
