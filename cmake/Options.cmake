@@ -22,6 +22,10 @@ endif()
 if(FRIMBOLATE_SANITIZE)
   # "undefined" does not include float-cast-overflow.
   set(sanitizers address,undefined,float-cast-overflow)
+  if(FRIMBOLATE_FUZZ)
+    list(APPEND sanitizers fuzzer-no-link)
+    list(JOIN sanitizers "," sanitizers)
+  endif()
   target_compile_options(frimbolate_options INTERFACE
     -fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(frimbolate_options INTERFACE -fsanitize=${sanitizers})
