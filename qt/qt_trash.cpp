@@ -11,16 +11,34 @@ namespace frimbolate {
 namespace {
 
 /// Creates the trash of the home folder, to which Qt falls back. Qt does not create its parent
-/// folder, which a new user lacks. Without a trash, Qt 6.4 moves files to the working directory.
-/// \return whether the trash exists
-bool makeHomeTrash() {
+/// folder, which a new user lacks.
+/// \return its path, or nothing where it does not exist
+std::optional<QString> makeHomeTrash() {
     constexpr auto ownerAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     QDir data(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     if (!data.mkpath("."))
-        return false;
+        return std::nullopt;
     data.mkdir("Trash", ownerAlone);
-    return QFileInfo(data.filePath("Trash")).isDir();
+    const QString trash = data.filePath("Trash");
+    return QFileInfo(trash).isDir() ? std::optional(trash) : std::nullopt;
 }
+
+/// Makes the trash the working directory while it exists. Where Qt 6.4 finds no trash after all, as
+/// after a fault of the disk, it takes the working directory for one, with the same folders.
+class TrashAsWorkingDirectory {
+  public:
+    explicit TrashAsWorkingDirectory(const QString& trash)
+        : before_(QDir::currentPath()), isSet_(QDir::setCurrent(trash)) {}
+    TrashAsWorkingDirectory(const TrashAsWorkingDirectory&) = delete;
+    TrashAsWorkingDirectory& operator=(const TrashAsWorkingDirectory&) = delete;
+    ~TrashAsWorkingDirectory() { QDir::setCurrent(before_); }
+
+    bool isSet() const { return isSet_; }
+
+  private:
+    QString before_;
+    bool isSet_;
+};
 
 } // namespace
 
@@ -32,10 +50,14 @@ std::optional<std::string> QtTrash::moveToTrash(const std::string& path) {
     const QFileInfo file(name);
     if (file.isDir() && !file.isSymLink())
         return std::nullopt;
-    QString place;
-    if (!makeHomeTrash() || !QFile::moveToTrash(name, &place))
+    const auto homeTrash = makeHomeTrash();
+    if (!homeTrash)
         return std::nullopt;
-    return place.toStdString();
+    const TrashAsWorkingDirectory current(*homeTrash);
+    QString place;
+    if (!current.isSet() || !QFile::moveToTrash(name, &place))
+        return std::nullopt;
+    return QDir(*homeTrash).absoluteFilePath(place).toStdString();
 }
 
 } // namespace frimbolate

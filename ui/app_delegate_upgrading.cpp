@@ -82,10 +82,15 @@ void AppDelegate::writeUpgraded(const AgentPlist& agent, const std::string& path
 /// only copy of the agent.
 void AppDelegate::moveToTrash(const std::string& oldPath) {
     const auto place = services_.trash.moveToTrash(oldPath);
-    log(place ? "The upgraded agent was not written, the old one is now " + *place
-              : "The upgraded agent was not written, and the trash did not take the old one, which "
-                "stays: " +
-                    oldPath);
+    if (place)
+        log("The upgraded agent was not written, the old one is now " + *place);
+    else if (services_.files.exists(oldPath))
+        log("The upgraded agent was not written, and the trash did not take the old one, which "
+            "stays: " +
+            oldPath);
+    else // a move that was done but told as failed
+        log("The upgraded agent was not written, and the old one is in the trash or lost: " +
+            oldPath);
 }
 
 } // namespace frimbolate

@@ -1,7 +1,7 @@
 // What a test tells the library of faults, and what the library counted. Lies in memory that
 // several processes share: those that a test forks, or the program and the test that drives it.
 //
-// tests/faults/fault_control.py reads and writes the same bytes: keep both alike.
+// tests/e2e/fault_control.py reads and writes the same bytes: keep both alike.
 #pragma once
 
 #include <array>

@@ -72,6 +72,7 @@ TEST_F(SingleFault, TheNextSaveRemovesWhatAKilledOneLeft) {
     EXPECT_THAT(folder.names(), ElementsAre("a.plist", "b.plist"));
 }
 
+/// Too many open files are no reason to lose the rights of others and the attributes.
 TEST_F(SingleFault, AnOriginalThatCannotBeOpenedForAFaultRefusesTheSave) {
     for (const FaultKind kind :
          {FaultKind::tooManyOpen, FaultKind::inputOutput, FaultKind::interrupted}) {
