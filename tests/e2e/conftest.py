@@ -8,6 +8,7 @@ import re
 import shutil
 import signal
 import tempfile
+from dataclasses import dataclass
 from pathlib import Path
 
 import pytest
@@ -27,6 +28,14 @@ def pytest_addoption(parser):
                     help="the window from which files are dragged")
     group.addoption("--pictures", type=Path, default=BUILD / "tests" / "e2e" / "pictures",
                     help="folder for the pictures")
+    group.addoption("--fault-library", type=Path,
+                    default=BUILD / "tests" / "faults" / "libfrimbolate_faults.so",
+                    help="the library that makes calls of the program fail")
+    group.addoption("--fault-points", default="7",
+                    help="the number of faults for each scenario with faults, or 'all'")
+    group.addoption("--fault-seed", type=int, default=1, help="chooses the faults")
+    group.addoption("--fault-report", type=Path,
+                    help="gets a line for each scenario: its name, points and failures")
 
 
 def pytest_configure():
@@ -73,6 +82,28 @@ def program(request):
 @pytest.fixture(scope="session")
 def drag_source(request):
     return existing(request.config.getoption("--drag-source"))
+
+
+@dataclass
+class FaultOptions:
+    library: Path
+    count: int  # 0 for all
+    seed: int
+    report_file: Path
+
+    def report(self, scenario, points, failures):
+        print(f"{scenario}: {points} points, {failures} failures")
+        if self.report_file:
+            with open(self.report_file, "a", encoding="utf-8") as file:
+                file.write(f"{scenario}\t{points}\t{failures}\n")
+
+
+@pytest.fixture
+def fault_options(request):
+    option = request.config.getoption
+    count = option("--fault-points")
+    return FaultOptions(existing(option("--fault-library")), 0 if count == "all" else int(count),
+                        option("--fault-seed"), option("--fault-report"))
 
 
 @pytest.fixture
