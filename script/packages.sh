@@ -17,6 +17,8 @@
     test_packages=('clang-{14}' 'clang-format-14?' dbus-daemon libbenchmark-dev 'libc++-{16}-dev'
         'libclang-rt-{clang}-dev|libclang-common-{clang}-dev' libgmock-dev libgtest-dev
         libxml2-utils python3 python3-yaml)
+    # What script/bench counts with, and what it compares with beside Python's own.
+    bench_packages=(libexpat1-dev valgrind)
     # The tools that build the package and check it.
     package_packages=(appstream desktop-file-utils dpkg-dev lintian man-db mandoc python3)
     # On macOS, beside Xcode's command line tools.

@@ -11,9 +11,9 @@ import yaml
 PROJECT = Path(__file__).resolve().parents[2]
 
 PLAIN = """appstream at-spi2-core cmake dbus-daemon desktop-file-utils dpkg-dev fonts-dejavu-core
-    fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libcli11-dev libgmock-dev libgtest-dev
-    libxcb1-dev libxml2-utils lintian man-db mandoc ninja-build openbox python3 python3-pyatspi
-    python3-pytest python3-yaml qt6-base-dev x11-utils xdotool xvfb""".split()
+    fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libcli11-dev libexpat1-dev libgmock-dev
+    libgtest-dev libxcb1-dev libxml2-utils lintian man-db mandoc ninja-build openbox python3 python3-pyatspi
+    python3-pytest python3-yaml qt6-base-dev valgrind x11-utils xdotool xvfb""".split()
 
 # The packages in which the systems differ, and what is chosen of them.
 SYSTEMS = {
@@ -38,7 +38,7 @@ SYSTEMS = {
         "clang-15 libc++-15-dev libclang-rt-15-dev libqt6svg6 qt6-svg-dev"),
 }
 
-ALL = '"${program_packages[@]}" "${desktop_packages[@]}" "${test_packages[@]}" "${package_packages[@]}"'
+ALL = " ".join(f'"${{{kind}_packages[@]}}"' for kind in ("program", "desktop", "test", "package", "bench"))
 
 
 def bash(command: str, given: str = "", **environment: str) -> subprocess.CompletedProcess:
