@@ -48,34 +48,70 @@ double defaultPoints() {
 }
 
 std::optional<QFont> desktopFont;
+std::optional<double> desktopFontScale; ///< computed once for each desktop font
+
+/// The families that the program prefers, as far as they are installed.
+struct InstalledFamilies {
+    bool inter = false, interDisplay = false, dejaVuSansMono = false;
+};
+
+/// Looks through the toolkit's list of families, since QFontDatabase::hasFamily() has the system's
+/// font configuration substitute the name at each call: that took two fifths of the processor time
+/// of a start.
+InstalledFamilies findFamilies() {
+    InstalledFamilies found;
+    for (const QString& family : QFontDatabase::families()) {
+        // A family of several foundries is listed once for each: "Inter [rsms]".
+        const QString name = family.section(" [", 0, 0);
+        found.inter |= name == "Inter";
+        found.interDisplay |= name == "Inter Display";
+        found.dejaVuSansMono |= name == "DejaVu Sans Mono";
+    }
+    return found;
+}
+
+/// Found once, and again when fonts were installed or removed.
+const InstalledFamilies& installed() {
+    static std::optional<InstalledFamilies> known;
+    static const QMetaObject::Connection change =
+        QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, [] { known.reset(); });
+    Q_UNUSED(change)
+    if (!known)
+        known = findFamilies();
+    return *known;
+}
 
 QString familyFor(FontRole role) {
-    const auto installed = [](const QString& family) { return QFontDatabase::hasFamily(family); };
     if (role == FontRole::mono) {
 #ifndef Q_OS_MACOS
-        if (const QString mono = "DejaVu Sans Mono"; installed(mono))
-            return mono;
+        if (installed().dejaVuSansMono)
+            return "DejaVu Sans Mono";
 #endif
         return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
     }
-    if (const QString display = "Inter Display";
-        role == FontRole::welcomeTitle && installed(display))
-        return display;
-    if (const QString inter = "Inter"; installed(inter))
-        return inter;
+    if (role == FontRole::welcomeTitle && installed().interDisplay)
+        return "Inter Display";
+    if (installed().inter)
+        return "Inter";
     return desktopFont.value_or(QGuiApplication::font()).family();
 }
 
 } // namespace
 
-void setDesktopFont(const QFont& font) { desktopFont = font; }
+void setDesktopFont(const QFont& font) {
+    desktopFont = font;
+    desktopFontScale.reset();
+}
 
 double fontScale() {
     if (!desktopFont)
         return 1;
-    // 96 pixels per inch at 1x. A higher resolution setting enlarges the texts too.
-    const double usual = defaultPoints() * 96 / 72;
-    return std::clamp(QFontInfo(*desktopFont).pixelSize() / usual, 1.0, 2.0);
+    if (!desktopFontScale) {
+        // 96 pixels per inch at 1x. A higher resolution setting enlarges the texts too.
+        const double usual = defaultPoints() * 96 / 72;
+        desktopFontScale = std::clamp(QFontInfo(*desktopFont).pixelSize() / usual, 1.0, 2.0);
+    }
+    return *desktopFontScale;
 }
 
 int scaled(int pixels) { return static_cast<int>(std::lround(pixels * fontScale())); }
