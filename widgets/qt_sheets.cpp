@@ -18,26 +18,47 @@
 
 namespace frimbolate {
 
-QtSheets::QtSheets(SheetQueue& queue, MainWindow& window)
-    : queue_(queue), window_(window), sheets_{new WelcomeSheet(window.formBinder(), window),
-                                              new PreferencesSheet(window.formBinder(), window),
-                                              new CommandSheetView(window.formBinder(), window)} {
+namespace {
+
+AppSheet* makeSheet(Sheet which, FormBinder& binder, MainWindow& window) {
+    switch (which) {
+    case Sheet::welcomeWindow:
+        return new WelcomeSheet(binder, window);
+    case Sheet::preferencesWindow:
+        return new PreferencesSheet(binder, window);
+    case Sheet::executeScriptWindow:
+        break;
+    }
+    return new CommandSheetView(binder, window);
+}
+
+} // namespace
+
+QtSheets::QtSheets(SheetQueue& queue, MainWindow& window) : queue_(queue), window_(window) {
     QObject::connect(window.aboutAction(), &QAction::triggered, &queue, [this] { showAbout(); });
 }
 
-void QtSheets::begin(Sheet which) {
-    // The sheet computes its size when it is shown, so its content must be current by then.
-    window_.mirror();
-    for (auto* button : sheet(which)->findChildren<QPushButton*>())
-        if (button->isDefault())
-            button->setFocus();
-    queue_.present(sheet(which));
+AppSheet& QtSheets::sheet(Sheet which) {
+    AppSheet*& built = sheets_[static_cast<std::size_t>(which)];
+    if (!built)
+        built = makeSheet(which, window_.formBinder(), window_);
+    return *built;
 }
 
-void QtSheets::end(Sheet which) { queue_.dismiss(sheet(which)); }
+void QtSheets::begin(Sheet which) {
+    AppSheet& shown = sheet(which);
+    // The sheet computes its size when it is shown, so its content must be current by then.
+    window_.mirror();
+    for (auto* button : shown.findChildren<QPushButton*>())
+        if (button->isDefault())
+            button->setFocus();
+    queue_.present(&shown);
+}
+
+void QtSheets::end(Sheet which) { queue_.dismiss(&sheet(which)); }
 
 void QtSheets::makeFirstResponder(Sheet which, std::string_view outlet) {
-    if (auto* control = sheet(which)->findChild<QWidget*>(text(outlet)))
+    if (auto* control = sheet(which).findChild<QWidget*>(text(outlet)))
         control->setFocus();
 }
 

@@ -3,6 +3,8 @@
 
 #include "platform/services.h"
 
+#include <array>
+
 namespace frimbolate {
 
 class MainWindow;
@@ -12,20 +14,23 @@ class SheetQueue;
 
 class QtSheets : public Sheets {
   public:
-    /// Builds the sheets and binds their controls; both arguments must outlive it.
+    /// Both arguments must outlive it. A sheet is built, and its controls are bound, when it is
+    /// used for the first time: most starts show none.
     QtSheets(SheetQueue& queue, MainWindow& window);
 
     void begin(Sheet sheet) override;
     void end(Sheet sheet) override;
     void makeFirstResponder(Sheet sheet, std::string_view outlet) override;
 
+    /// The sheet, which is built if it was not used yet. Owned by the window.
+    AppSheet& sheet(Sheet which);
+
   private:
-    AppSheet* sheet(Sheet which) const { return sheets_[static_cast<int>(which)]; }
     void showAbout();
 
     SheetQueue& queue_;
     MainWindow& window_;
-    AppSheet* sheets_[3]; ///< in the order of Sheet; owned by the window
+    std::array<AppSheet*, 3> sheets_{}; ///< in the order of Sheet; owned by the window
 };
 
 } // namespace frimbolate

@@ -24,6 +24,10 @@ class ScriptedWindow {
         platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
         window.connectTo(delegate);
         queue.setAfterCompletion([this] { window.mirror(); });
+        // They are built when they are used; tests look at their controls at any time.
+        for (const Sheet which :
+             {Sheet::welcomeWindow, Sheet::preferencesWindow, Sheet::executeScriptWindow})
+            sheets.sheet(which);
     }
 
     void start() {

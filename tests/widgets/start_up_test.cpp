@@ -6,7 +6,10 @@
 #include "widgets/qt_sheets.h"
 #include "widgets/sheets/sheet_queue.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QTest>
 
@@ -78,6 +81,35 @@ TEST_F(StartUp, ShowsOnlyTheWindowIfTheFolderIsGranted) {
     start();
     QCoreApplication::processEvents();
     EXPECT_THAT(shown.names, testing::ElementsAre("mainWindow"));
+}
+
+TEST_F(StartUp, BuildsASheetWhenItIsUsed) {
+    platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
+    platform.defaults.contents["AutoCopyScriptsKey"] = Value("True");
+    platform.defaults.contents["Bookmark"] = test::bookmarkOf("/Users/maya/Library/LaunchAgents");
+    start();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(window.findChildren<QDialog*>(), testing::IsEmpty());
+
+    delegate.openPreferencesWindow();
+    ASSERT_TRUE(comes("preferencesWindow"));
+    EXPECT_THAT(window.findChildren<QDialog*>(), testing::SizeIs(1));
+    EXPECT_TRUE(window.findChild<QCheckBox*>("autoCopyScriptCheckbox")->isChecked())
+        << "it shows the model that there was before it";
+}
+
+TEST_F(StartUp, MakesTheListOfAPopUpWhenItIsUsed) {
+    platform.defaults.contents["ShowWelcomeWindow"] = Value("False - 3.0");
+    platform.defaults.contents["Bookmark"] = test::bookmarkOf("/Users/maya/Library/LaunchAgents");
+    start();
+    QCoreApplication::processEvents();
+    auto* schedule = window.findChild<QComboBox*>("agentActionButton");
+    EXPECT_EQ(schedule->findChild<QAbstractItemView*>(), nullptr);
+    schedule->setCurrentIndex(AgentAction::OnSchedule);
+    emit schedule->activated(AgentAction::OnSchedule);
+    schedule->showPopup();
+    EXPECT_EQ(schedule->view()->currentIndex().row(), AgentAction::OnSchedule);
+    QTest::keyClick(schedule->view(), Qt::Key_Escape);
 }
 
 } // namespace

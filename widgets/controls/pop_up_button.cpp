@@ -25,10 +25,37 @@ PopUpButton::PopUpButton(std::span<const PopUpItem> items, QWidget* parent) : QC
     colourPlaceholders();
     setMaxVisibleItems(count());
     connect(this, &QComboBox::currentIndexChanged, this, &PopUpButton::selectCurrentInList);
-    selectCurrentInList();
+}
+
+QAbstractItemView* PopUpButton::view() {
+    QAbstractItemView* list = QComboBox::view();
+    followList();
+    return list;
+}
+
+bool PopUpButton::hasList() const { return findChild<QAbstractItemView*>() != nullptr; }
+
+void PopUpButton::followList() {
+    if (followsList_ || !hasList())
+        return;
+    followsList_ = true;
+    const QItemSelectionModel* selection = QComboBox::view()->selectionModel();
+    // An assistive tool may have selected an item of the list that it has just had made.
+    if (selection->hasSelection())
+        chooseSelectedInList();
+    else
+        selectCurrentInList();
     // Queued: keys and mouse select an item before it becomes the current one.
-    connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+    connect(selection, &QItemSelectionModel::selectionChanged, this,
             &PopUpButton::chooseSelectedInList, Qt::QueuedConnection);
+}
+
+void PopUpButton::childEvent(QChildEvent* event) {
+    QComboBox::childEvent(event);
+    // The toolkit itself makes the list when it opens it or when an assistive tool looks at it.
+    // Queued: the child is still under construction.
+    if (event->added() && !followsList_)
+        QMetaObject::invokeMethod(this, &PopUpButton::followList, Qt::QueuedConnection);
 }
 
 void PopUpButton::setDisabledItems(const std::set<int>& indexes) {
@@ -73,7 +100,7 @@ void PopUpButton::changeEvent(QEvent* event) {
 }
 
 void PopUpButton::hidePopup() {
-    const bool wasOpen = view()->isVisible();
+    const bool wasOpen = hasList() && view()->isVisible();
     QComboBox::hidePopup();
     // A highlighted item that was not chosen must not stay selected. Queued: a key or click that
     // chooses hides the list before it takes the highlighted item.
@@ -82,7 +109,7 @@ void PopUpButton::hidePopup() {
 }
 
 void PopUpButton::selectCurrentInList() {
-    if (!view()->isVisible())
+    if (hasList() && !view()->isVisible())
         view()->setCurrentIndex(model()->index(currentIndex(), modelColumn()));
 }
 

@@ -29,15 +29,23 @@ class PopUpButton : public QComboBox {
     /// a pop-up and take its purpose from its label only, so it gets a hidden label.
     void setUnlabelledName(const QString& name);
 
+    /// The list, which the toolkit makes when it is first asked for. Ask here rather than through
+    /// the base class: then what is selected in the list is chosen at once.
+    QAbstractItemView* view();
     void hidePopup() override;
 
   protected:
+    void childEvent(QChildEvent* event) override;
     void changeEvent(QEvent* event) override;
     void initStyleOption(QStyleOptionComboBox* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    /// Whether the list has been made; most starts need none.
+    bool hasList() const;
+    /// Connects the list once it is made.
+    void followList();
     /// Selects the current item in the closed list.
     void selectCurrentInList();
     /// Assistive tools choose by selecting in the closed list; users cannot do that.
@@ -50,6 +58,7 @@ class PopUpButton : public QComboBox {
     QString shownTitle_;
     std::set<int> placeholders_;
     std::set<int> disabledItems_;
+    bool followsList_ = false;
 };
 
 } // namespace frimbolate
