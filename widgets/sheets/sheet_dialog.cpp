@@ -8,11 +8,11 @@
 #include <QGuiApplication>
 #include <QPushButton>
 #include <QShowEvent>
-#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QVariantAnimation>
 
+#include <cmath>
 #include <utility>
 
 namespace frimbolate {
@@ -33,6 +33,8 @@ class SlideInOverlay : public QWidget {
         : QWidget(&sheet), sheet_(sheet), content_(sheet.grab(sheet.panelRect())) {
         setObjectName("sheetCurtain");
         setAttribute(Qt::WA_TransparentForMouseEvents);
+        // It covers the sheet, whose controls therefore need not be painted below it.
+        setAttribute(Qt::WA_OpaquePaintEvent);
         setGeometry(sheet.rect());
     }
 
@@ -46,7 +48,8 @@ class SlideInOverlay : public QWidget {
     void paintEvent(QPaintEvent*) override {
         const QRect panel = sheet_.panelRect();
         const double hidden = (1 - slide_->currentValue().toDouble()) * panel.height();
-        style::paintSlidingSheet(*this, sheet_.backdrop(), QRectF(panel).translated(0, -hidden),
+        style::paintSlidingSheet(*this, sheet_.backdrop(),
+                                 panel.translated(0, -static_cast<int>(std::lround(hidden))),
                                  content_);
     }
 
@@ -122,24 +125,22 @@ void SheetDialog::placeOverMainWindow() {
     move(mainWindow_->mapToGlobal(corner));
 }
 
-void SheetDialog::grabBackdropSoon() {
-    if (std::exchange(grabsSoon_, true))
-        return;
-    QTimer::singleShot(0, this, &SheetDialog::grabBackdrop);
+void SheetDialog::renewBackdrop() {
+    isBackdropOld_ = true;
+    update();
 }
 
-void SheetDialog::grabBackdrop() {
-    grabsSoon_ = false;
-    if (!paintsFrame_ || !isVisible())
-        return;
-    backdrop_ = mainWindow_->grab(QRect(mainWindow_->mapFromGlobal(pos()), size()));
-    update();
+const QPixmap& SheetDialog::backdrop() {
+    // When it is painted, not when the window changes: the window changes several times until then.
+    if (paintsFrame_ && std::exchange(isBackdropOld_, false))
+        backdrop_ = mainWindow_->grab(QRect(mainWindow_->mapFromGlobal(pos()), size()));
+    return backdrop_;
 }
 
 void SheetDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     placeOverMainWindow();
-    grabBackdrop();
+    renewBackdrop();
     if (paintsFrame_ && !event->spontaneous() && style::animationsEnabled(*this))
         slideOut();
 }
@@ -172,7 +173,7 @@ bool SheetDialog::event(QEvent* event) {
         if (event->type() == QEvent::LayoutRequest)
             placeOverMainWindow();
         if (event->type() == QEvent::Resize || event->type() == QEvent::PaletteChange)
-            grabBackdropSoon();
+            renewBackdrop();
     }
     return QDialog::event(event);
 }
@@ -184,14 +185,14 @@ bool SheetDialog::eventFilter(QObject* watched, QEvent* event) {
         // The window's content behind the sheet has changed: the window is updated after the action
         // that has shown the sheet.
         if (event->type() == QEvent::Resize || event->type() == QEvent::UpdateRequest)
-            grabBackdropSoon();
+            renewBackdrop();
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void SheetDialog::paintEvent(QPaintEvent*) {
     if (paintsFrame_)
-        style::paintSheet(*this, backdrop_, panelRect());
+        style::paintSheet(*this, backdrop(), panelRect());
     else
         style::paintPlainSheet(*this);
 }

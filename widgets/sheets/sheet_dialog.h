@@ -49,8 +49,8 @@ class SheetDialog : public QDialog {
     /// The rectangle of the panel, in the dialog's coordinates.
     QRect panelRect() const;
 
-    /// The main window's content behind the sheet.
-    const QPixmap& backdrop() const { return backdrop_; }
+    /// The main window's content behind the sheet, as it is now.
+    const QPixmap& backdrop();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -61,14 +61,13 @@ class SheetDialog : public QDialog {
 
   private:
     void placeOverMainWindow();
-    void grabBackdropSoon();
-    void grabBackdrop();
+    void renewBackdrop();
     void slideOut();
 
     QWidget* mainWindow_;
     QVBoxLayout* body_;
     bool paintsFrame_; ///< false where the desktop draws the frame
-    bool grabsSoon_ = false;
+    bool isBackdropOld_ = true;
     QPixmap backdrop_;
     QPointer<QWidget> overlay_; ///< only while the sheet slides in
 };

@@ -65,6 +65,20 @@ void softShadow(QPainter& painter, int reach, float strength,
     }
 }
 
+void inBands(QPainter& painter, const QRect& area, const std::function<void()>& draw) {
+    // At most three spans in a line, and less than 96 in all.
+    constexpr double devicePixels = 24;
+    const int height =
+        std::max(1, static_cast<int>(devicePixels / painter.device()->devicePixelRatioF()));
+    for (int top = area.top(); top <= area.bottom(); top += height) {
+        painter.save();
+        painter.setClipRect(area & QRect(area.left(), top, area.width(), height),
+                            Qt::IntersectClip);
+        draw();
+        painter.restore();
+    }
+}
+
 void drawControlBox(QPainter& painter, const QStyleOption& option, const QWidget* widget,
                     const QColor& fill) {
     const Tokens& t = tokens(option.palette);

@@ -37,6 +37,10 @@ void chevrons(QPainter& painter, const QPointF& centre, const QColor& up, const 
 /// drawLayer(step) draws the layer that extends `step` pixels.
 void softShadow(QPainter& painter, int reach, float strength,
                 const std::function<void(int step)>& drawLayer);
+/// Calls draw() for each of the bands, clipped to it, into which an area is cut. They are so low
+/// that the toolkit fills them by itself: it divides a larger antialiased shape between threads,
+/// which it starts for that, and waking them takes many times as long as the filling.
+void inBands(QPainter& painter, const QRect& area, const std::function<void()>& draw);
 void checkMark(QPainter& painter, const QRectF& box, const QColor& colour);
 
 /// The box of a field or pop-up by its state: plain, focused, faulty or disabled.

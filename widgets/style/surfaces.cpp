@@ -2,6 +2,7 @@
 
 #include "widgets/style/fonts.h"
 #include "widgets/style/icons.h"
+#include "widgets/style/painting.h"
 #include "widgets/style/tokens.h"
 
 #include <QAbstractButton>
@@ -16,7 +17,10 @@ void paintCard(QWidget& card, int rows) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(t.hairline);
     painter.setBrush(t.surface);
-    painter.drawRoundedRect(QRectF(card.rect()).adjusted(.5, .5, -.5, -.5), scaled(10), scaled(10));
+    inBands(painter, card.rect(), [&] {
+        painter.drawRoundedRect(QRectF(card.rect()).adjusted(.5, .5, -.5, -.5), scaled(10),
+                                scaled(10));
+    });
     for (int row = 1; row < rows; ++row)
         painter.fillRect(scaled(cardMargin), row * scaled(cardRowHeight),
                          card.width() - 2 * scaled(cardMargin), 1, t.hairline);

@@ -51,9 +51,9 @@ constexpr int sheetShadowReach = 26, sheetShadowDrop = 6;
 void paintPlainSheet(QWidget& sheet);
 /// A sheet with its own frame: the backdrop, the shadow, and the panel, with square corners at the
 /// toolbar and round corners below.
-void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRectF& panel);
+void paintSheet(QWidget& sheet, const QPixmap& backdrop, const QRect& panel);
 /// The same while it slides out from under the toolbar, with an image of its content.
-void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRectF& panel,
+void paintSlidingSheet(QWidget& overlay, const QPixmap& backdrop, const QRect& panel,
                        const QPixmap& content);
 
 } // namespace frimbolate::style
