@@ -45,7 +45,8 @@ std::string changedBesides(const Seen& seen, const std::vector<std::string>& pat
         // What earlier kills left may be removed by any save.
         return isOutside(path) || std::ranges::find(paths, path) != paths.end() ||
                (isTemporaryName(nameOf(path)) &&
-                (seen.killed || !seen.now.contains(path) || seen.before.contains(path)));
+                (seen.killed || seen.twice || !seen.now.contains(path) ||
+                 seen.before.contains(path)));
     };
     for (const auto& [path, item] : seen.now)
         if (!isExpected(path) && !isOld(seen, path))
@@ -57,7 +58,7 @@ std::string changedBesides(const Seen& seen, const std::vector<std::string>& pat
 }
 
 std::string untrueAbout(const Seen& seen, const std::string& path) {
-    if (seen.killed)
+    if (seen.killed || (seen.unknowable && !seen.told.success))
         return isOld(seen, path) || isNew(seen, path) ? "" : "neither old nor new: " + path;
     if (seen.told.success)
         return isNew(seen, path) ? "" : "success told, but not new: " + path;

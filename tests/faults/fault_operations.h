@@ -36,6 +36,10 @@ struct Seen {
     const FolderState& now;
     const Told& told; ///< empty where the process was killed
     bool killed = false;
+    /// After a first fault a second one took place, possibly of the removal of a temporary file.
+    bool twice = false;
+    /// A call was done but told as failed, and a second fault kept the program from finding out.
+    bool unknowable = false;
 };
 
 struct Operation {
@@ -70,10 +74,11 @@ bool isOld(const Seen& seen, const std::string& path);
 bool isNew(const Seen& seen, const std::string& path);
 
 /// Nothing but these paths may have changed, and what is below the folders "home" and "tmp" and
-/// temporary files of a killed process.
+/// temporary files of a killed process or of one that met two faults.
 std::string changedBesides(const Seen& seen, const std::vector<std::string>& paths);
 
-/// The path is new if success was told, and old if a failure was; either if nothing was told.
+/// The path is new if success was told, and old if a failure was; either if nothing was told or
+/// nobody could know.
 std::string untrueAbout(const Seen& seen, const std::string& path);
 
 /// The paths of the temporary files in a state.

@@ -100,25 +100,41 @@ std::string problemOfLeftOvers(const Point& point, const FolderState& before,
 }
 
 /// The next save in the same folders works and leaves nothing of a killed one.
-std::string problemOfNextSave(const Operation& operation, const UserFolders& place) {
+std::string problemOfNextSave(const Operation& operation, const UserFolders& place,
+                              const FolderState& before) {
     try {
         operation.nextSave(place);
     } catch (const std::exception& error) {
         return error.what();
     }
-    const auto rest = leftOvers(place.state());
-    return rest.empty() ? "" : "still there after the next save: " + rest.front();
+    // Older ones may be in folders in which this operation does not save.
+    for (const auto& path : leftOvers(place.state()))
+        if (!before.contains(path))
+            return "still there after the next save: " + path;
+    return {};
+}
+
+/// What the operation did, with the metadata that a permission may cost taken as kept.
+FolderState stateForRules(const Point& point, const UserFolders& place, const FolderState& before,
+                          const FolderState& after) {
+    FolderState now = place.state();
+    if (hit(point, concernsMetadata))
+        for (const FolderState* known : {&before, &after})
+            for (const auto& [path, item] : *known)
+                takeMetadata(now, *known, path);
+    return now;
 }
 
 /// Once the disk works again, what the program still held is written.
-std::string problemOfRest(const Operation& operation, const UserFolders& place, Told& told,
+std::string problemOfRest(const Point& point, const UserFolders& place, Told& told,
                           const FolderState& after) {
     if (!told.kept)
         return {};
     told.kept.reset();
-    const FolderState now = place.state();
+    const FolderState now = stateForRules(point, place, after, after);
     const Told rest{true, told.text, nullptr};
-    const auto problem = operation.problem({place, after, after, now, rest});
+    const auto problem = point.counted->operation->problem(
+        {place, after, after, now, rest, false, point.faults[1].call != 0});
     return problem.empty() ? "" : "once the disk works again: " + problem;
 }
 
@@ -128,26 +144,26 @@ std::string problemOfKilled(const Point& point, UserFolders& place, const Folder
     const int status = statusOfChild([&] { return operation.run(place).success ? 0 : 1; });
     if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL)
         return point.faults[1].call != 0 ? "" : "was not killed";
-    const FolderState now = place.state();
+    const FolderState now = stateForRules(point, place, before, after);
     const auto problem = operation.problem({place, before, after, now, {}, true});
-    return problem.empty() ? problemOfNextSave(operation, place) : problem;
+    return problem.empty() ? problemOfNextSave(operation, place, before) : problem;
 }
 
 std::string problemOfFailed(const Point& point, UserFolders& place, const FolderState& before,
                             const FolderState& after) {
     const auto& operation = *point.counted->operation;
+    const bool twice = point.faults[1].call != 0;
     Told told = operation.run(place);
-    FolderState now = place.state();
-    if (hit(point, concernsMetadata))
-        for (const auto& [path, item] : after)
-            takeMetadata(now, after, path);
-    std::string problem = operation.problem({place, before, after, now, told});
+    const FolderState now = stateForRules(point, place, before, after);
+    std::string problem =
+        operation.problem({place, before, after, now, told, false, twice,
+                           twice && point.faults[0].kind == FaultKind::doneButError});
     if (problem.empty())
         problem = problemOfLeftOvers(point, before, now);
     if (problem.empty())
-        problem = problemOfRest(operation, place, told, after);
+        problem = problemOfRest(point, place, told, after);
     if (problem.empty())
-        problem = problemOfNextSave(operation, place);
+        problem = problemOfNextSave(operation, place, before);
     return problem.empty() ? "" : problem + "\n  told: " + told.text;
 }
 

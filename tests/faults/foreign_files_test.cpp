@@ -13,6 +13,7 @@
 #include <optional>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/un.h>
 
 namespace frimbolate::test {
@@ -100,6 +101,12 @@ const ForeignRow foreignRows[] = {
          std::filesystem::create_symlink(targetOfLink, place.agent());
      }),
      no, no, no, yes},
+    {"Device", simply([](UserFolders& place) {
+         // Without the privilege to make one, a link to one.
+         if (::mknod(place.agent().c_str(), S_IFCHR | 0666, ::makedev(1, 5)) != 0)
+             std::filesystem::create_symlink("/dev/zero", place.agent());
+     }),
+     no, no, no, yes},
     {"LinkToTheNullDevice", linkTo("/dev/null"), no, no, no, yes},
     {"LinkToAnEndlessDevice", linkTo("/dev/zero"), no, no, no, yes},
     {"LinkToAFullDevice", linkTo("/dev/full"), no, no, no, yes},
@@ -142,6 +149,18 @@ const ForeignRow foreignRows[] = {
     {"AppendOnly", flagged(FileFlag::appendOnly), yes, no, no, no},
     // Only the folder decides who may put another file in the place of one.
     {"ReadOnlyFileOfAnotherUser", ofMode(0444), yes, yes, no, no, {}, true},
+    {"FileThatItsAccessListDenies",
+     simply([](UserFolders& place) {
+         putForeignAgent(place.agent());
+         succeed(::chmod(place.agent().c_str(), 0044));
+         setAccessList(place.agent(), "u::---,u:65534:---,g::r--,m::r--,o::r--", ACL_TYPE_ACCESS);
+     }),
+     no,
+     yes,
+     no,
+     no,
+     {},
+     true},
     {"UnreadableFile", ofMode(0), no, yes, no, no, {}, true},
     {"FolderOfAnotherUser",
      simply([](UserFolders& place) {

@@ -44,14 +44,6 @@ struct FreeAccessList {
     void operator()(acl_t list) const { ::acl_free(list); }
 };
 
-/// Without effect where the file system keeps no lists.
-void setAccessList(const std::string& path, const char* text, acl_type_t type) {
-    const std::unique_ptr<std::remove_pointer_t<acl_t>, FreeAccessList> list(::acl_from_text(text));
-    if (!list)
-        throw std::runtime_error("no access list");
-    static_cast<void>(::acl_set_file(path.c_str(), type, list.get()));
-}
-
 void setMode(const std::string& path, mode_t mode) {
     if (::chmod(path.c_str(), mode) != 0)
         throw std::runtime_error("no mode of " + path);
@@ -75,6 +67,13 @@ void fillFolder(UserFolders& place) {
 }
 
 } // namespace
+
+void setAccessList(const std::string& path, const char* text, acl_type_t type) {
+    const std::unique_ptr<std::remove_pointer_t<acl_t>, FreeAccessList> list(::acl_from_text(text));
+    if (!list)
+        throw std::runtime_error("no access list");
+    static_cast<void>(::acl_set_file(path.c_str(), type, list.get()));
+}
 
 FolderState stateOf(const std::string& folder) {
     FolderState state;

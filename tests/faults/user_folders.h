@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <sys/acl.h>
 #include <sys/types.h>
 #include <vector>
 
@@ -58,6 +59,9 @@ class UserFolders {
     Variable data_{"XDG_DATA_HOME", root_ / "home/data"};
     Variable temporary_{"TMPDIR", root_ / "tmp"};
 };
+
+/// \param text as acl_from_text() reads it. Without effect where the file system keeps no lists.
+void setAccessList(const std::string& path, const char* text, acl_type_t type);
 
 /// A circumstance under which the operations run.
 struct Variation {
