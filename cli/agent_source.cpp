@@ -67,12 +67,12 @@ AgentSource inaccessible(const std::string& path, const std::string& reason) {
     return source;
 }
 
-AgentSource described(const Dictionary& agent, AgentOverview overview) {
+AgentSource described(Dictionary agent, AgentOverview overview) {
     AgentSource source;
     source.overview = std::move(overview);
     source.lines.resize(source.overview.findings.size());
-    source.agent = agent;
     source.program = agentProgram(agent);
+    source.agent = std::move(agent);
     return source;
 }
 
@@ -105,7 +105,7 @@ AgentSource readInput(const CommandLineServices& services) {
     const std::string path(standardInput);
     const std::string text = allOf(services.in);
     try {
-        const Value value = readPropertyList(text);
+        Value value = readPropertyList(text);
         if (!value.dictionary())
             return damaged(path, "it holds no dictionary, but: " + std::string(value.kind()), text);
         CheckContext context;
@@ -116,7 +116,7 @@ AgentSource readInput(const CommandLineServices& services) {
         overview.path = path;
         if (overview.name == fileNameByLabel({}))
             overview.name = path;
-        AgentSource source = described(*value.dictionary(), std::move(overview));
+        AgentSource source = described(std::move(*value.dictionary()), std::move(overview));
         findLines(source, text);
         return source;
     } catch (const NamedError& error) {
@@ -130,15 +130,16 @@ AgentSource readAgent(const std::string& path, const CommandLineServices& servic
     if (path == standardInput)
         return readInput(services);
     std::string text;
-    const PropertyListFile file = readPropertyListFile(path, &text);
+    PropertyListFile file = readPropertyListFile(path, &text);
     if (file.condition == FileCondition::damaged)
         return damaged(path, file.reason, text);
     if (file.condition != FileCondition::read)
         return inaccessible(path, file.reason);
     auto context = localCheckContext(path, file, services.home);
     context.pathState = services.pathState;
-    AgentSource source = described(
-        file.dictionary, agentOverview(file.dictionary, path, context, styleOf(services)));
+    Value agent(std::move(file.dictionary));
+    auto overview = agentOverview(agent, path, context, styleOf(services));
+    AgentSource source = described(std::move(*agent.dictionary()), std::move(overview));
     findLines(source, text);
     return source;
 }

@@ -117,8 +117,9 @@ void readConditions(const Dictionary& conditions, Keeping& keeping, std::string_
         keeping.ending = ", and keeps it running";
     }
     const Value* paths = find(conditions, "PathState");
-    for (const auto& [path, exists] :
-         paths && paths->dictionary() ? *paths->dictionary() : Dictionary{})
+    if (!paths || !paths->dictionary())
+        return;
+    for (const auto& [path, exists] : *paths->dictionary())
         keeping.conditions.push_back("as long as " + shownPath(path, home) +
                                      (toBoolOrFalse(exists) ? " exists" : " does not exist"));
 }

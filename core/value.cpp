@@ -48,42 +48,79 @@ std::string describedData(const Data& data) {
     return result + '>';
 }
 
-std::string described(const Value& value, int depth);
+/// Writes a description into one text. An agent of deeply nested containers would take thousands of
+/// times its size for the blanks before its lines, so the text ends early.
+class Describer {
+  public:
+    std::string text(const Value& value) {
+        if (const auto* text = value.string())
+            return *text;
+        append(value);
+        return std::move(text_);
+    }
 
-std::string describedArray(const Array& array, int depth) {
-    const std::string indent(static_cast<std::size_t>(depth) * 4, ' ');
-    std::string result = "(";
-    for (std::size_t i = 0; i < array.size(); ++i)
-        result += (i == 0 ? "\n" : ",\n") + indent + "    " + described(array[i], depth + 1);
-    return result + "\n" + indent + ")";
+  private:
+    bool isFull() {
+        constexpr std::size_t most = std::size_t{1} << 20;
+        return text_.size() > most;
+    }
+    void beginLine() { text_.append(std::string_view("\n")).append(4 * depth_, ' '); }
+    void append(const Value& value);
+    void append(const Array& array);
+    void append(const Dictionary& dictionary);
+
+    std::string text_;
+    std::size_t depth_ = 0;
+};
+
+void Describer::append(const Array& array) {
+    text_ += '(';
+    ++depth_;
+    for (std::size_t i = 0; i < array.size() && !isFull(); ++i) {
+        text_ += i == 0 ? "" : ",";
+        beginLine();
+        append(array[i]);
+    }
+    --depth_;
+    beginLine();
+    text_ += isFull() ? "\u2026)" : ")";
 }
 
-std::string describedDictionary(const Dictionary& dictionary, int depth) {
-    const std::string indent(static_cast<std::size_t>(depth) * 4, ' ');
-    std::string result = "{\n";
-    for (const auto& [key, value] : dictionary)
-        result += indent + "    " + quoted(key) + " = " + described(value, depth + 1) + ";\n";
-    return result + indent + "}";
+void Describer::append(const Dictionary& dictionary) {
+    text_ += '{';
+    ++depth_;
+    for (const auto& [key, value] : dictionary) {
+        if (isFull())
+            break;
+        beginLine();
+        text_.append(quoted(key)).append(" = ");
+        append(value);
+        text_ += ';';
+    }
+    --depth_;
+    beginLine();
+    text_ += isFull() ? "\u2026}" : "}";
 }
 
-std::string described(const Value& value, int depth) {
+void Describer::append(const Value& value) {
     if (const auto* text = value.string())
-        return depth == 0 ? *text : quoted(*text);
-    if (const auto* truth = value.boolean())
-        return *truth ? "1" : "0";
-    if (const auto* number = value.integer())
-        return std::to_string(*number);
-    if (const auto* number = value.bigInteger())
-        return std::to_string(*number);
-    if (const auto* number = value.real())
-        return shortestReal(*number);
-    if (const auto* data = value.data())
-        return describedData(*data);
-    if (const auto* date = value.date())
-        return utcText(*date, ' ', " +0000");
-    if (const auto* array = value.array())
-        return describedArray(*array, depth);
-    return describedDictionary(*value.dictionary(), depth);
+        text_ += quoted(*text);
+    else if (const auto* truth = value.boolean())
+        text_ += *truth ? "1" : "0";
+    else if (const auto* number = value.integer())
+        text_ += std::to_string(*number);
+    else if (const auto* bigNumber = value.bigInteger())
+        text_ += std::to_string(*bigNumber);
+    else if (const auto* real = value.real())
+        text_ += shortestReal(*real);
+    else if (const auto* data = value.data())
+        text_ += describedData(*data);
+    else if (const auto* date = value.date())
+        text_ += utcText(*date, ' ', " +0000");
+    else if (const auto* array = value.array())
+        append(*array);
+    else
+        append(*value.dictionary());
 }
 
 } // namespace
@@ -117,8 +154,8 @@ const Value* find(const Dictionary& dictionary, std::string_view key) {
     return found == dictionary.end() ? nullptr : &found->second;
 }
 
-std::string description(const Value& value) { return described(value, 0); }
+std::string description(const Value& value) { return Describer().text(value); }
 
-std::string description(const Value* value) { return value ? described(*value, 0) : "(null)"; }
+std::string description(const Value* value) { return value ? description(*value) : "(null)"; }
 
 } // namespace frimbolate

@@ -65,6 +65,7 @@ class Value {
     const Date* date() const { return std::get_if<Date>(&content_); }
     const Array* array() const { return std::get_if<Array>(&content_); }
     const Dictionary* dictionary() const { return std::get_if<Dictionary>(&content_); }
+    Dictionary* dictionary() { return std::get_if<Dictionary>(&content_); }
 
     /// Booleans count as numbers, as they do on the platform.
     bool isNumber() const { return boolean() || integer() || bigInteger() || real(); }
@@ -89,7 +90,8 @@ class Value {
 const Value* find(const Dictionary& dictionary, std::string_view key);
 
 /// The text of a value in the log: a string at the top level without quotes, numbers in decimal,
-/// booleans as 1 and 0, arrays as "( … )" and dictionaries as "{ … }" over several lines.
+/// booleans as 1 and 0, arrays as "( … )" and dictionaries as "{ … }" over several lines. Ends
+/// early, with "…", where the lines of a container take over a MiB.
 std::string description(const Value& value);
 /// The same for an optional value; nullptr gives "(null)".
 std::string description(const Value* value);

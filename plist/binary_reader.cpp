@@ -5,6 +5,7 @@
 #include "plist/limits.h"
 #include "plist/value_builder.h"
 
+#include <limits>
 #include <vector>
 
 namespace frimbolate {
@@ -14,8 +15,6 @@ namespace {
 constexpr std::string_view magic = "bplist0";
 constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
-/// Bytes of a map node around one entry, and of the allocator per allocation.
-constexpr std::size_t nodeOverhead = 48;
 
 struct Trailer {
     explicit Trailer(std::string_view file);
@@ -77,7 +76,8 @@ class BinaryReader {
     std::string_view objects_; ///< the file up to the table of offsets
     std::vector<Container> containers_;
     std::vector<bool> isOpen_; ///< by offset: a container being read; detects cycles
-    ValueBuilder builder_{DuplicateKeys::first};
+    /// account() counts what its arrays and texts take, before they are read.
+    ValueBuilder builder_{DuplicateKeys::first, std::numeric_limits<std::size_t>::max()};
     std::size_t budget_;
 };
 
@@ -117,7 +117,7 @@ void BinaryReader::step() {
     }
     const std::size_t index = container.next++;
     if (!container.keys.empty()) {
-        account(sizeof(Dictionary::value_type) + nodeOverhead);
+        account(sizeof(Dictionary::value_type) + plistNodeOverhead);
         BinaryCursor in = at(offsetOf(reference(container.keys, index)));
         const BinaryObject key = in.object();
         if (!key.isText())
@@ -173,7 +173,7 @@ void BinaryReader::open(BinaryObject object, std::size_t offset, BinaryCursor in
     if (isDictionary) {
         builder_.beginDictionary();
     } else {
-        account(count * sizeof(Value) + (count > 0 ? nodeOverhead : 0));
+        account(count * sizeof(Value) + (count > 0 ? plistNodeOverhead : 0));
         builder_.beginArray(count);
     }
     isOpen_[offset] = true;

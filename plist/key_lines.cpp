@@ -2,6 +2,7 @@
 
 #include "core/named_error.h"
 #include "plist/binary_reader.h"
+#include "plist/limits.h"
 #include "plist/text_cursor.h"
 #include "plist/text_encoding.h"
 
@@ -14,12 +15,18 @@ namespace {
 
 /// Deeper keys of an agent carry no meaning for launchd.
 constexpr std::size_t mostLevels = 4;
+/// No key of launchd is that long. Without a limit a long key would be repeated in the path of each
+/// key below it.
+constexpr std::size_t longestPath = 1000;
+/// In bytes, for all paths. What follows in a larger file has no line.
+constexpr std::size_t mostMemory = std::size_t{32} << 20;
 
 /// An open array or dictionary.
 struct KeyLevel {
     std::string path;
     bool isArray;
     std::size_t elements; ///< of an array, begun so far
+    bool hasPath;         ///< neither too deep nor too long
 };
 
 class KeyLineScanner {
@@ -78,26 +85,40 @@ class KeyLineScanner {
         const auto end = isEmpty ? first : in_.find('<');
         // A key in CDATA or with a reference is left without a line: it is no key of launchd.
         key_ = end == std::string_view::npos ? "" : std::string(in_.between(first, end));
-        if (!levels_.empty() && levels_.size() <= mostLevels)
-            lines_.insert_or_assign(childPath(levels_.back()), lineAt(begin));
+        if (hasChildPath())
+            record(childPath(levels_.back()), begin);
     }
 
     void beginValue(std::string_view name, std::size_t begin, bool isEmpty) {
         std::string path;
-        if (!levels_.empty() && levels_.size() <= mostLevels) {
+        const bool hasPath = levels_.empty() || hasChildPath();
+        if (!levels_.empty() && hasPath) {
             path = childPath(levels_.back());
             if (levels_.back().isArray)
-                lines_.insert_or_assign(path, lineAt(begin));
+                record(path, begin);
         }
         if (!levels_.empty())
             ++levels_.back().elements;
         if (!isEmpty && (name == "dict" || name == "array"))
-            levels_.push_back({std::move(path), name == "array", 0});
+            levels_.push_back({std::move(path), name == "array", 0, hasPath});
     }
 
     void endValue(std::string_view name) {
         if ((name == "dict" || name == "array") && !levels_.empty())
             levels_.pop_back();
+    }
+
+    bool hasChildPath() const {
+        return !levels_.empty() && levels_.size() <= mostLevels && levels_.back().hasPath &&
+               levels_.back().path.size() + key_.size() <= longestPath;
+    }
+
+    void record(const std::string& path, std::size_t begin) {
+        constexpr std::size_t node = sizeof(KeyLines::value_type) + plistNodeOverhead;
+        if (memory_ < path.size() + node)
+            return;
+        memory_ -= path.size() + node;
+        lines_.insert_or_assign(path, lineAt(begin));
     }
 
     std::string childPath(const KeyLevel& level) const {
@@ -118,6 +139,7 @@ class KeyLineScanner {
     KeyLines lines_;
     std::vector<KeyLevel> levels_;
     std::string key_;
+    std::size_t memory_ = mostMemory; ///< that is left
     std::size_t line_ = 1;
     std::size_t counted_ = 0;
 };

@@ -14,8 +14,9 @@ namespace frimbolate {
 /// The first line is 1.
 using KeyLines = std::map<std::string, std::size_t, std::less<>>;
 
-/// The lines of the outermost levels of a file that readPropertyList() accepts. Empty for any form
-/// but XML. Never throws for a damaged one; takes linear time.
+/// The lines of the outermost levels of a file that readPropertyList() accepts. Keys of over a
+/// thousand bytes have none, nor has what follows very many keys. Empty for any form but XML. Never
+/// throws for a damaged one; takes linear time.
 KeyLines keyLines(std::string_view bytes);
 
 /// The line of a key path, or of the innermost part of it that the file has.

@@ -192,6 +192,8 @@ std::string OldStyleReader::content(const Token& token) const {
 /// Reads one element, one entry, or the end of the innermost container.
 void OldStyleReader::step() {
     const Kind kind = levels_.back().kind;
+    if (builder_ && builder_->isTooLarge())
+        in_.fail(tooMuchMemory);
     const bool isMore = skipSpace();
     if (kind == Kind::array ? in_.take(')') : kind == Kind::dictionary && in_.take('}'))
         return end();
@@ -312,7 +314,7 @@ Value readOldStylePlist(std::string_view text) {
     std::vector<std::uint32_t> counts;
     OldStyleReader(text, counts, nullptr).document();
     counts.shrink_to_fit();
-    ValueBuilder builder(DuplicateKeys::last);
+    ValueBuilder builder(DuplicateKeys::last, maximumPlistMemory(text.size()));
     OldStyleReader(text, counts, &builder).document();
     return builder.take();
 }

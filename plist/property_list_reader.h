@@ -17,7 +17,8 @@ namespace frimbolate {
 /// Strict where the platform is strict: no character is replaced and no number rounded to fit.
 /// A UID is read as the dictionary {"CF$UID": number}, its XML form.
 ///
-/// Takes time linear in the size, and memory of at most `maximumPlistMemory()` (plist/limits.h).
+/// Takes time linear in the size, and memory of at most `maximumPlistMemory()` (plist/limits.h);
+/// rejects a file whose value would take more.
 /// \throws NamedError "Unreadable property list". For a text form the reason ends with the line of
 ///         the error, "… (line 12)".
 Value readPropertyList(std::string_view bytes);

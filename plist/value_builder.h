@@ -16,7 +16,8 @@ enum class DuplicateKeys { first, last };
 
 class ValueBuilder {
   public:
-    explicit ValueBuilder(DuplicateKeys duplicates);
+    /// \param memory in bytes that the value may take
+    ValueBuilder(DuplicateKeys duplicates, std::size_t memory);
 
     /// \param elements number of elements to reserve memory for; 0 where unknown
     void beginArray(std::size_t elements = 0);
@@ -28,6 +29,8 @@ class ValueBuilder {
     /// Adds an element, the value of an entry, or the root.
     void value(Value&& value);
 
+    /// Whether the value would take more than the memory. From then on nothing is added.
+    bool isTooLarge() const { return isTooLarge_; }
     /// The number of open containers.
     std::size_t depth() const { return levels_.size(); }
     /// Moves the root out. Needs every container to be ended.
@@ -41,9 +44,15 @@ class ValueBuilder {
         std::string key;
     };
 
+    void addElement(Array& array, Value&& value);
+    void addEntry(Level& level, Value&& value);
+    bool account(std::size_t bytes);
+
     std::vector<Level> levels_;
     Value root_;
     DuplicateKeys duplicates_;
+    std::size_t memory_; ///< that is left
+    bool isTooLarge_ = false;
 };
 
 } // namespace frimbolate

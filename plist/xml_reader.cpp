@@ -56,7 +56,8 @@ struct Tag {
 
 class XmlReader {
   public:
-    explicit XmlReader(TextCursor& in) : in_(in) {}
+    explicit XmlReader(TextCursor& in)
+        : in_(in), builder_(DuplicateKeys::last, maximumPlistMemory(in.rest().size())) {}
 
     Value document();
 
@@ -79,7 +80,7 @@ class XmlReader {
 
     TextCursor& in_;
     std::vector<Level> levels_;
-    ValueBuilder builder_{DuplicateKeys::last};
+    ValueBuilder builder_;
 };
 
 Value XmlReader::document() {
@@ -91,6 +92,8 @@ Value XmlReader::document() {
             closeElement();
         else
             openElement();
+        if (builder_.isTooLarge())
+            in_.fail(tooMuchMemory);
     }
     return builder_.take();
 }

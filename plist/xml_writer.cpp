@@ -1,6 +1,7 @@
 #include "plist/xml_writer.h"
 
 #include "core/named_error.h"
+#include "plist/limits.h"
 #include "plist/written_scalars.h"
 
 #include <algorithm>
@@ -49,10 +50,19 @@ class Writer {
     std::string document(const Dictionary& dictionary) {
         text_ = header;
         write(dictionary);
-        return text_ + "</plist>\n";
+        text_ += "</plist>\n";
+        requireSize();
+        return std::move(text_);
     }
 
   private:
+    /// Also while it writes: the tabs before deeply nested elements take hundreds of times their
+    /// size.
+    void requireSize() const {
+        if (text_.size() > maximumPlistBytes)
+            throw NamedError(tooLargeContent,
+                             "it would be over 16 MiB and could not be read again");
+    }
     void line(std::string_view content) { text_.append(depth_, '\t').append(content) += '\n'; }
     void element(std::string_view name, std::string_view content) {
         begin(name);
@@ -104,8 +114,10 @@ void Writer::write(const Array& array) {
         return line("<array/>");
     line("<array>");
     ++depth_;
-    for (const Value& element : array)
+    for (const Value& element : array) {
+        requireSize();
         write(element);
+    }
     --depth_;
     line("</array>");
 }
@@ -116,6 +128,7 @@ void Writer::write(const Dictionary& dictionary) {
     line("<dict>");
     ++depth_;
     for (const auto& [key, value] : dictionary) {
+        requireSize();
         escapedElement("key", key);
         write(value);
     }

@@ -45,10 +45,11 @@ std::optional<std::vector<std::string>> LocalAgentFolder::list(const std::string
 }
 
 AgentOverview LocalAgentFolder::read(const std::string& path, const TextStyle& style) {
-    const PropertyListFile file = readPropertyListFile(path);
+    PropertyListFile file = readPropertyListFile(path);
     if (file.condition != FileCondition::read)
         return unreadableOverview(path, file.reason);
-    return agentOverview(file.dictionary, path, localCheckContext(path, file, style.home), style);
+    const CheckContext context = localCheckContext(path, file, style.home);
+    return agentOverview(Value(std::move(file.dictionary)), path, context, style);
 }
 
 CheckContext localCheckContext(const std::string& path, const PropertyListFile& file,

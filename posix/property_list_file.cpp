@@ -41,9 +41,9 @@ std::optional<std::string> readBytes(int file) {
 
 PropertyListFile parsed(const std::string& bytes) {
     try {
-        const Value value = readPropertyList(bytes);
-        if (const auto* dictionary = value.dictionary())
-            return {FileCondition::read, *dictionary, {}};
+        Value value = readPropertyList(bytes);
+        if (auto* dictionary = value.dictionary())
+            return {FileCondition::read, std::move(*dictionary), {}};
         return refused(FileCondition::damaged,
                        "it holds no dictionary, but: " + std::string(value.kind()));
     } catch (const NamedError& error) {
@@ -91,10 +91,13 @@ PropertyListFile readPropertyListFile(const std::string& path, std::string* byte
 std::optional<std::string> writePropertyListFile(const std::string& path,
                                                  const Dictionary& dictionary, mode_t newFileMode,
                                                  mode_t keptMode) {
-    const std::string text = xmlPropertyList(dictionary);
-    if (text.size() > maximumPlistBytes)
-        return "it would be over 16 MiB and could not be read again";
-    return writeFileAtomically(path, text, newFileMode, keptMode);
+    try {
+        return writeFileAtomically(path, xmlPropertyList(dictionary), newFileMode, keptMode);
+    } catch (const NamedError& error) {
+        if (error.name() == tooLargeContent)
+            return error.reason();
+        throw;
+    }
 }
 
 } // namespace frimbolate

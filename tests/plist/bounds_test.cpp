@@ -256,6 +256,9 @@ TEST(MemoryMeter, SeesWhatIsTaken) {
     { const std::string large(1000000, 'a'); }
     EXPECT_GE(meter.peak(), 1000000U);
     EXPECT_LT(meter.peak(), 1100000U);
+    { const std::string again(1000000, 'a'); }
+    EXPECT_LT(meter.peak(), 1100000U);
+    EXPECT_GE(meter.total(), 2000000U);
 }
 
 } // namespace

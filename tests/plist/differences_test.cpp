@@ -65,6 +65,10 @@ TEST_P(RefusedHere, ThoughThePlatformReadsIt) {
 
 const RefusedRow refusedRows[] = {
     {"Over16MiB", "memory is bounded", "<string>" + sixteenMiB + "a</string>", "over 16 MiB"},
+    {"OldStyleOver160MiBOfMemory", "memory is bounded", "(" + repeated("a,", 3100000) + ")",
+     "too much memory (line 1)"},
+    {"XmlOver160MiBOfMemory", "memory is bounded",
+     "<array>" + repeated("<true/>", (1U << 21) + 1) + "</array>", "too much memory (line 1)"},
     {"OldStyleOver512Levels", "the stack is bounded where a value is copied or destroyed",
      repeated("(", 513) + repeated(")", 513), "nested too deeply (line 1)"},
     {"BinaryOver512Levels", "the stack is bounded where a value is copied or destroyed",

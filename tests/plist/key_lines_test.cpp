@@ -1,6 +1,7 @@
 #include "plist/key_lines.h"
 
 #include "plist/xml_writer.h"
+#include "tests/plist/memory_meter.h"
 #include "tests/support/rows.h"
 
 #include <gtest/gtest.h>
@@ -91,6 +92,31 @@ TEST(KeyLines, LeaveOutDeepLevels) {
     const auto lines = keyLines(text);
     EXPECT_EQ(lineOfKey(lines, "a.a"), 2U);
     EXPECT_LE(lines.size(), 5U);
+}
+
+TEST(KeyLines, DoNotRepeatALongKeyBeforeEveryKeyBelowIt) {
+    const std::string longKey(100000, 'k');
+    std::string file = "<dict><key>a</key><true/><key>" + longKey + "</key><dict>";
+    constexpr std::size_t inner = 1000;
+    for (std::size_t i = 0; i < inner; ++i)
+        file += "<key>" + std::to_string(i) + "</key><array><true/></array>";
+    file += "</dict>\n<key>b</key><true/></dict>";
+    const MemoryMeter meter;
+    const KeyLines lines = keyLines(file);
+    EXPECT_LT(meter.total(), 20 * file.size());
+    EXPECT_EQ(lines, (KeyLines{{"a", 1}, {"b", 2}}));
+}
+
+TEST(KeyLines, OfVeryManyKeysAreThoseOfTheFirst) {
+    std::string file = "<array>";
+    constexpr std::size_t elements = 300000;
+    for (std::size_t i = 0; i < elements; ++i)
+        file += "<x/>";
+    const MemoryMeter meter;
+    const KeyLines lines = keyLines(file + "</array>");
+    EXPECT_LT(meter.peak(), std::size_t{64} << 20);
+    EXPECT_TRUE(lines.contains("[0]"));
+    EXPECT_FALSE(lines.contains("[299999]"));
 }
 
 } // namespace

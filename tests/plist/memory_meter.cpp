@@ -9,6 +9,7 @@ namespace {
 
 std::atomic<std::size_t> allocated = 0;
 std::atomic<std::size_t> mostAllocated = 0;
+std::atomic<std::size_t> everAllocated = 0;
 
 /// Precedes each allocation and has the size that keeps it aligned.
 struct alignas(std::max_align_t) Header {
@@ -23,6 +24,7 @@ void* operator new(std::size_t size) {
         throw std::bad_alloc();
     header->size = size;
     allocated += size;
+    everAllocated += size;
     mostAllocated = std::max(mostAllocated.load(), allocated.load());
     return header + 1;
 }
@@ -39,8 +41,12 @@ void operator delete(void* memory, std::size_t) noexcept { operator delete(memor
 
 namespace frimbolate::test {
 
-MemoryMeter::MemoryMeter() : before_(allocated) { mostAllocated = before_; }
+MemoryMeter::MemoryMeter() : before_(allocated), totalBefore_(everAllocated) {
+    mostAllocated = before_;
+}
 
 std::size_t MemoryMeter::peak() const { return mostAllocated - before_; }
+
+std::size_t MemoryMeter::total() const { return everAllocated - totalBefore_; }
 
 } // namespace frimbolate::test
