@@ -1,6 +1,7 @@
 #include "cli/report.h"
 
 #include "cli/json_text.h"
+#include "core/control_characters.h"
 #include "core/next_run.h"
 
 #include <algorithm>
@@ -86,29 +87,9 @@ void writeAgent(JsonWriter& json, const AgentSource& source) {
 
 } // namespace
 
-std::string printable(std::string_view text) {
-    std::string line;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto unit = static_cast<unsigned char>(text[i]);
-        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
-        const bool isC1 = unit == 0xc2 && next >= 0x80 && next < 0xa0;
-        line += unit < ' ' || unit == 0x7f || isC1 ? '?' : text[i];
-        i += isC1 ? 1 : 0;
-    }
-    return line;
-}
+std::string printable(std::string_view text) { return maskedControls(text); }
 
-std::string printableLines(std::string_view text) {
-    std::string lines;
-    for (;;) {
-        const auto end = text.find('\n');
-        lines += printable(text.substr(0, end));
-        if (end == std::string_view::npos)
-            return lines;
-        lines += '\n';
-        text.remove_prefix(end + 1);
-    }
-}
+std::string printableLines(std::string_view text) { return maskedControls(text, "\n"); }
 
 std::string findingLines(const AgentSource& source, bool colors) {
     const auto path = printable(source.overview.path);

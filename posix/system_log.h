@@ -16,6 +16,7 @@ class SystemLog : public Log {
     /// \param socket path of the socket of the system log's daemon
     explicit SystemLog(int file = STDERR_FILENO, std::string socket = _PATH_LOG)
         : terminal_(file), syslog_(std::move(socket)) {}
+    /// Control characters, but for line ends and tabs, are masked.
     void line(const std::string& text) override;
 
   private:

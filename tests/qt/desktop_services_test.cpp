@@ -136,7 +136,7 @@ TEST(SystemLogTest, WritesEachEntryInOnePiece) {
     SystemLog log(ends[0], folder / "log");
     for (const std::string& text :
          {"Saving launch agent, logging all saved values..."s, ""s, "100 %s %n"s,
-          "{\n    a = 1;\n}"s, "é\0😀"s, std::string(20000, 'x')}) {
+          "{\n    a = 1;\n}"s, "é😀"s, std::string(20000, 'x')}) {
         log.line(text);
         std::string message(30000, '\0');
         const auto size = ::recv(ends[1], message.data(), message.size(), MSG_DONTWAIT);
@@ -144,6 +144,19 @@ TEST(SystemLogTest, WritesEachEntryInOnePiece) {
         message.resize(static_cast<std::size_t>(size));
         EXPECT_EQ(message, text + "\n");
     }
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+
+TEST(SystemLogTest, MasksWhatATerminalWouldActOn) {
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_DGRAM, 0, ends), 0);
+    const TemporaryFolder folder;
+    SystemLog(ends[0], folder / "log").line("\x1b[31m\r\u009b1m\0\n\ta"s);
+    std::string message(100, '\0');
+    const auto size = ::recv(ends[1], message.data(), message.size(), MSG_DONTWAIT);
+    ASSERT_GE(size, 0);
+    EXPECT_EQ(message.substr(0, static_cast<std::size_t>(size)), "?[31m??1m?\n\ta\n");
     ::close(ends[0]);
     ::close(ends[1]);
 }
