@@ -6,6 +6,7 @@ from pathlib import Path
 
 import check_files
 import check_layers
+import check_security
 import check_words
 from sources import MODULES
 
@@ -142,6 +143,30 @@ class Words(Project):
 
     def test_data_is_not_read(self):
         self.assertEqual(self.found({"tests/plist/corpus/house.txt": "house"}), [])
+
+
+class Security(Project):
+    def faults(self, rows, header=check_security.HEADER):
+        tests = {"tests/posix/a_test.cpp": "TEST_F(Socket, IsPrivate) {\n}\nTEST(\n    Lock, IsHeld) {\n",
+                 "tests/b_test.py": "class Other(Base):\n    def test_it(self):\n        pass\n"}
+        text = "\n".join(("# Security", "", header, "|---|---|", *rows, "", "| a | b |", ""))
+        return check_security.faults(self.project({**tests, check_security.DOCUMENT: text}))
+
+    def test_tests_of_each_kind_are_found(self):
+        self.assertEqual(self.faults(["| It is. | `Socket.IsPrivate` `Lock.IsHeld` |",
+                                      "| It has. | `Other.test_it` `b_test.py::test_it` |"]), [])
+
+    def test_a_test_that_is_not_there_is_found(self):
+        for name in ("Socket.IsPublic", "IsPrivate", "Other.test_that", "a_test.py::test_it"):
+            self.assertEqual(self.faults([f"| It is. | `Socket.IsPrivate` `{name}` |"]),
+                             [f"docs/security.md:5: there is no test {name}"])
+
+    def test_a_claim_without_a_test_is_found(self):
+        for cell in ("", "Socket.IsPrivate"):
+            self.assertEqual(self.faults([f"| It is. | {cell} |"]), ["docs/security.md:5: no test for “It is.”"])
+
+    def test_a_page_without_claims_is_found(self):
+        self.assertEqual(self.faults([], "| Other | table |"), ["docs/security.md: it claims nothing"])
 
 
 class List(unittest.TestCase):
