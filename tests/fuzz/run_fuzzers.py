@@ -35,15 +35,15 @@ HASH = re.compile("[0-9a-f]{40}")
 # The part of the runs that each target has, so that none takes much longer than the others: a run of
 # the time field takes microseconds, one that writes files a millisecond.
 SHARES = {
-    "time_of_day": 45,
-    "old_style": 15,
-    "binary": 14,
-    "xml": 12,
-    "any_form": 6,
-    "agent_reader": 4,
-    "checks": 2,
-    "preferences": 1.5,
-    "command_line": 0.5,
+    "time_of_day": 60,
+    "old_style": 16,
+    "binary": 10,
+    "xml": 7,
+    "any_form": 4,
+    "agent_reader": 1.5,
+    "checks": 0.8,
+    "preferences": 0.5,
+    "command_line": 0.2,
 }
 # Words that a fuzzer would take long to find.
 TOKENS = ("<plist>", "</plist>", "<dict>", "</dict>", "<key>", "</key>", "<array>", "</array>", "<string>",
