@@ -1,8 +1,8 @@
 #include "widgets/style/fonts.h"
 
 #include <QFontDatabase>
-#include <QFontInfo>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -45,6 +45,14 @@ double defaultPoints() {
         if (names.contains(row.desktop))
             return row.points;
     return toolkitDefaultPoints;
+}
+
+/// The size in whole pixels. QFontInfo would load the font for it, which nothing else uses.
+double pixelsOf(const QFont& font) {
+    if (font.pixelSize() > 0)
+        return font.pixelSize();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return std::round(font.pointSizeF() * (screen ? screen->logicalDotsPerInchY() : 96) / 72);
 }
 
 std::optional<QFont> desktopFont;
@@ -109,7 +117,7 @@ double fontScale() {
     if (!desktopFontScale) {
         // 96 pixels per inch at 1x. A higher resolution setting enlarges the texts too.
         const double usual = defaultPoints() * 96 / 72;
-        desktopFontScale = std::clamp(QFontInfo(*desktopFont).pixelSize() / usual, 1.0, 2.0);
+        desktopFontScale = std::clamp(pixelsOf(*desktopFont) / usual, 1.0, 2.0);
     }
     return *desktopFontScale;
 }
