@@ -7,7 +7,7 @@
 class QAbstractButton;
 class QLabel;
 class QPixmap;
-class QRectF;
+class QRect;
 class QWidget;
 
 namespace frimbolate::style {
