@@ -241,7 +241,7 @@ std::optional<Date> parsePlistDate(std::string_view text) {
     if (!year)
         return std::nullopt;
     constexpr std::string_view separators = "-T::Z";
-    std::array<int, 5> parts{};
+    std::array<std::int64_t, 5> parts{};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const auto part = takeTwoDigits(text, separators[i]);
         if (!part)

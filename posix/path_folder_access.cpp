@@ -23,7 +23,9 @@ Data PathFolderAccess::createBookmark(const std::string& folder) {
     if (!isFolder(folder))
         throw NamedError("Bookmark not created", "There is no folder " + folder);
     const std::string text = std::string(tag) + folder;
-    return Data{{text.begin(), text.end()}};
+    Data bookmark;
+    bookmark.bytes.assign(text.begin(), text.end());
+    return bookmark;
 }
 
 std::optional<std::string> PathFolderAccess::resolve(const Data& bookmark) {

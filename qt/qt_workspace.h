@@ -16,8 +16,9 @@ inline constexpr const char* newInstanceArgument = "--new-instance";
 class QtWorkspace : public Workspace {
   public:
     /// \param environment of the started programs; by default that of this process
-    explicit QtWorkspace(QProcessEnvironment environment = QProcessEnvironment::InheritFromParent)
-        : environment_(std::move(environment)) {}
+    explicit QtWorkspace(
+        const QProcessEnvironment& environment = QProcessEnvironment::InheritFromParent)
+        : environment_(environment) {}
 
     /// The commands that can open a terminal, in the order of the attempts: the desktop's choice
     /// first.

@@ -64,7 +64,7 @@ void addSchedule(std::vector<std::string>& arguments, const AgentForm& form) {
     if (form.scheduleType == ScheduleType::OnInterval)
         arguments.push_back("--every=" + form.intervalText + units[form.intervalUnit]);
     else if (form.scheduleType == ScheduleType::AtLoad)
-        arguments.push_back("--at-load");
+        arguments.emplace_back("--at-load");
     else
         arguments.insert(arguments.end(), {"--at", time});
     if (form.scheduleType == ScheduleType::OnceAMonth)

@@ -22,9 +22,11 @@ Change set(Field AgentForm::*field, Field value) {
     return [=](AgentForm& form) { form.*field = value; };
 }
 
-Change text(std::string AgentForm::*field, std::string value) { return set(field, value); }
+Change text(std::string AgentForm::*field, std::string value) {
+    return set(field, std::move(value));
+}
 
-Change all(std::vector<Change> changes) {
+Change all(const std::vector<Change>& changes) {
     return [=](AgentForm& form) {
         for (const auto& change : changes)
             change(form);

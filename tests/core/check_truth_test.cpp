@@ -58,9 +58,9 @@ TEST(CheckTruth, TellsTheDayOnWhichLaunchdRunsAMissingOne) {
                 continue;
             }
             ASSERT_THAT(findings, testing::SizeIs(1)) << month << ' ' << day;
-            const auto told = common == leap || comesInLeapYear
-                                  ? common
-                                  : common + " (" + leap + " in a leap year)";
+            auto told = common;
+            if (common != leap && !comesInLeapYear)
+                told.append(" (").append(leap).append(" in a leap year)");
             EXPECT_TRUE(findings[0].text.ends_with("launchd runs it on " + told))
                 << findings[0].text;
             EXPECT_EQ(findings[0].rule,

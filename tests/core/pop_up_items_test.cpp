@@ -46,10 +46,8 @@ TEST_P(Menu, FindsNoOtherTitle) {
 }
 
 TEST_P(Menu, SparesThePlaceholdersColourForNothingChosen) {
-    for (std::size_t i = 0; i < GetParam().items.size(); ++i)
-        EXPECT_EQ(GetParam().items[i].isPlaceholder,
-                  GetParam().items[i].title == "None" ||
-                      GetParam().items[i].title == "Choose\u2026");
+    for (const auto& item : GetParam().items)
+        EXPECT_EQ(item.isPlaceholder, item.title == "None" || item.title == "Choose\u2026");
 }
 
 const MenuRow menus[] = {

@@ -1,4 +1,5 @@
 #include "posix/atomic_file.h"
+#include "posix/file_descriptor.h"
 #include "tests/support/file_status.h"
 #include "tests/support/temporary_folder.h"
 
@@ -151,11 +152,12 @@ TEST_F(AtomicFile, RefusesLinksInACircle) {
 TEST_F(AtomicFile, RefusesWhatIsNoRegularFile) {
     std::filesystem::create_directory(folder / "folder");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     (folder / "socket").copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::bind(socket.number(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
+              0);
     for (const char* name : {"folder", "pipe", "socket"}) {
         expectRefused(folder / name);
         std::filesystem::create_symlink(name, folder / "link");
@@ -165,7 +167,6 @@ TEST_F(AtomicFile, RefusesWhatIsNoRegularFile) {
     EXPECT_TRUE(std::filesystem::is_directory(folder / "folder"));
     EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe"));
     EXPECT_TRUE(std::filesystem::is_socket(folder / "socket"));
-    ::close(socket);
 }
 
 TEST_F(AtomicFile, RefusesPathsThatLeadNowhere) {

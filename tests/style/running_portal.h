@@ -64,6 +64,8 @@ class RunningPortal {
             Qt::BlockingQueuedConnection);
         EXPECT_TRUE(isThere);
     }
+    RunningPortal(const RunningPortal&) = delete;
+    RunningPortal& operator=(const RunningPortal&) = delete;
     ~RunningPortal() {
         QMetaObject::invokeMethod(
             portal_,

@@ -143,7 +143,7 @@ std::vector<CheckRow> fileRows() {
         return CheckRow{name, "program-not-found", withProgram(program), std::move(texts),
                         machine()};
     };
-    const auto ran = [](const char* name, std::vector<std::string> arguments,
+    const auto ran = [](const char* name, const std::vector<std::string>& arguments,
                         std::vector<std::string> texts) {
         return CheckRow{name, "script-not-found", running(arguments), std::move(texts), machine()};
     };

@@ -196,7 +196,9 @@ std::vector<CheckRow> demandRows() {
 }
 
 std::vector<CheckRow> onceRows() {
-    const auto once = [](Dictionary agent) { return edited(agent, {{"LaunchOnlyOnce", true}}); };
+    const auto once = [](Dictionary agent) {
+        return edited(std::move(agent), {{"LaunchOnlyOnce", true}});
+    };
     const auto never = [](const std::string& key) {
         return "launch-once " + key +
                ": never starts it a second time: LaunchOnlyOnce holds until the machine restarts";

@@ -230,7 +230,7 @@ std::vector<std::string> differences(const Snapshot& was, const Snapshot& is) {
     std::vector<std::string> lines;
     for (const auto& [name, value] : was)
         if (is.at(name) != value)
-            lines.push_back(name + ": " + value + " -> " + is.at(name));
+            lines.emplace_back(name).append(": ").append(value).append(" -> ").append(is.at(name));
     return lines;
 }
 

@@ -70,8 +70,8 @@ void FormBinder::finishTyping() {
 }
 
 void FormBinder::addUpdater(std::function<void(const FormModel&)> updater) {
-    updaters_.push_back([updater = std::move(updater)](const FormModel& form,
-                                                       const FormPresentation&) { updater(form); });
+    updaters_.emplace_back([updater = std::move(updater)](
+                               const FormModel& form, const FormPresentation&) { updater(form); });
 }
 
 void FormBinder::addUpdater(

@@ -115,6 +115,8 @@ void ScriptEditor::keyPressEvent(QKeyEvent* event) {
     // Qt swaps Control and Meta on macOS; both leave the field.
     const bool isControlled = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
     if (isBackwards || (event->key() == Qt::Key_Tab && isControlled))
+        // QPlainTextEdit would type a tab.
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QWidget::focusNextPrevChild(!isBackwards);
     else
         QPlainTextEdit::keyPressEvent(event);

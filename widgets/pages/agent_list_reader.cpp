@@ -170,7 +170,7 @@ AgentListReader::FileState AgentListReader::stateOf(const QString& path) {
 void AgentListReader::watchFiles() {
     const QStringList before = watcher_.files();
     const qsizetype space = mostWatchedFiles - before.size();
-    const qsizetype count = std::min<qsizetype>({files_.size(), space, batchSize});
+    const auto count = std::min<qsizetype>({files_.size(), space, batchSize});
     if (count <= 0)
         return watching_.stop();
     const QList<FileState> files = files_.mid(0, count);

@@ -321,7 +321,7 @@ void PanelDialog::choose(const QString& path) {
     chosenPath_ = path;
     chosenName_ = QFileInfo(path).fileName();
     // Not QFileDialog::accept(): it asks in a nested event loop.
-    QDialog::accept();
+    QDialog::accept(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void PanelDialog::showRejection(const QString& reason) {

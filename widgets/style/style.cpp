@@ -221,7 +221,6 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
     case CT_LineEdit:
         return {size.width() + 20, height};
     case CT_ComboBox:
-        return {size.width() + 14 + stepperWidth, height};
     case CT_SpinBox:
         return {size.width() + 14 + stepperWidth, height};
     case CT_MenuItem:
