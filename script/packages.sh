@@ -13,9 +13,9 @@
     # A virtual desktop, and the tools that drive the program on it.
     desktop_packages=(at-spi2-core dbus-daemon imagemagick openbox python3-pyatspi
         python3-pytest x11-utils xdotool xvfb)
-    # Another version of clang-format formats otherwise.
-    test_packages=('clang-{14}' 'clang-format-14?' dbus-daemon libbenchmark-dev 'libc++-{16}-dev'
-        'libclang-rt-{clang}-dev|libclang-common-{clang}-dev' libgmock-dev libgtest-dev
+    # Other versions of clang-format, clang-tidy and cppcheck decide otherwise.
+    test_packages=('clang-{14}' 'clang-format-14?' 'clang-tidy-14?' 'cppcheck?' dbus-daemon
+        libbenchmark-dev 'libc++-{16}-dev' 'libclang-rt-{clang}-dev|libclang-common-{clang}-dev' libgmock-dev libgtest-dev
         libxml2-utils python3 python3-yaml)
     # What script/bench counts with, and what it compares with beside Python's own.
     bench_packages=(libexpat1-dev valgrind)

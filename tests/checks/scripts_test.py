@@ -10,19 +10,20 @@ import yaml
 
 PROJECT = Path(__file__).resolve().parents[2]
 
-PLAIN = """appstream at-spi2-core cmake dbus-daemon desktop-file-utils dpkg-dev fonts-dejavu-core
-    fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libcli11-dev libexpat1-dev libgmock-dev
-    libgtest-dev libxcb1-dev libxml2-utils lintian man-db mandoc ninja-build openbox python3 python3-pyatspi
-    python3-pytest python3-yaml qt6-base-dev valgrind x11-utils xdotool xvfb""".split()
+PLAIN = """appstream at-spi2-core cmake cppcheck dbus-daemon desktop-file-utils dpkg-dev
+    fonts-dejavu-core fonts-inter g++ imagemagick libacl1-dev libbenchmark-dev libcli11-dev
+    libexpat1-dev libgmock-dev libgtest-dev libxcb1-dev libxml2-utils lintian man-db mandoc ninja-build
+    openbox python3 python3-pyatspi python3-pytest python3-yaml qt6-base-dev valgrind x11-utils xdotool
+    xvfb""".split()
 
 # The packages in which the systems differ, and what is chosen of them.
 SYSTEMS = {
     "the system that the project is developed on": (
-        "clang-13 clang-14 clang-16 clang-format-14 libc++-14-dev libc++-16-dev libclang-rt-14-dev"
-        " libclang-rt-16-dev libclang-common-14-dev libqt6svg6 qt6-svg-dev",
-        "clang-14 clang-format-14 libc++-16-dev libclang-rt-14-dev libqt6svg6 qt6-svg-dev"),
+        "clang-13 clang-14 clang-16 clang-format-14 clang-tidy-14 libc++-14-dev libc++-16-dev"
+        " libclang-rt-14-dev libclang-rt-16-dev libclang-common-14-dev libqt6svg6 qt6-svg-dev",
+        "clang-14 clang-format-14 clang-tidy-14 libc++-16-dev libclang-rt-14-dev libqt6svg6 qt6-svg-dev"),
     "a newer one, without clang 14": (
-        "clang-9 clang-17 clang-19 clang-format-19 libc++-17-dev libc++-19-dev libclang-rt-17-dev"
+        "clang-9 clang-17 clang-19 clang-format-19 clang-tidy-19 libc++-17-dev libc++-19-dev libclang-rt-17-dev"
         " libclang-rt-19-dev libqt6svg6 qt6-svg-dev",
         "clang-19 libc++-19-dev libclang-rt-19-dev libqt6svg6 qt6-svg-dev"),
     "one whose libraries were renamed": (
