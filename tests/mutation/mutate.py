@@ -18,11 +18,13 @@ from pathlib import Path
 
 from equivalents import entry_text, outdated, read_equivalents
 from mutants import mutants_of, ordered, shares
-from results import Results, percent, print_table, summary
-from test_programs import SUITES, Runner, in_order, read_programs, split
+from results import Results, digest, percent, print_table, summary
+from test_programs import QUICK, SUITES, Runner, in_order, nearest, read_programs, split
 
 ROOT = Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / "mutation"
+# The output of each program without a mutant, so that it is not run again before it changes.
+PASSED = BUILD / "passed"
 LISTED = ROOT / "docs" / "mutants.md"
 MODULES = ("core", "plist", "posix", "settings", "operations", "ui", "cli")
 
@@ -79,66 +81,103 @@ def prefix_header(commands, folder, sources):
 class Session:
     """What the processes share: the queue of each file, and the results."""
 
-    def __init__(self, options, sources, results, listed):
+    def __init__(self, options, sources, results, listed, commands, header):
         self.lock = threading.Lock()
+        self.commands = commands
+        self.header = header
         self.results = results
         self.listed = listed
         self.sources = sources
         self.queues = {name: iter(ordered(mutants_of(name, text), options.seed))
                        for name, text in sources.items()}
-        self.failure = None
 
     def next_of(self, name):
         with self.lock:
             return next(self.queues[name], None)
 
 
-def try_mutant(runner, mutant, session, command, header, order):
-    """Its outcome: invalid, same, caught or survived; and the first failed test."""
+def compiled(runner, mutant, session, command):
+    """Whether the mutant compiles to another object than its source: invalid, same, or nothing."""
     source = session.sources[mutant.file]
-    if not runner.compile(command["command"], command["file"], command["directory"],
-                          mutant.applied(source), header):
-        return "invalid", ""
-    if runner.object.read_bytes() == runner.originals[mutant.file]:
-        return "same", ""
+    arguments = (command["command"], command["file"], command["directory"])
+    if mutant.file not in runner.headers:
+        # A name of the source may mean another function beside headers that it does not include.
+        header = next((one for one in (session.header, None) if runner.compile(*arguments, source, one)), "")
+        if header == "":
+            raise RuntimeError(f"{mutant.file} does not compile")
+        runner.headers[mutant.file] = header
+        runner.originals[mutant.file] = runner.object.read_bytes()
+    if not runner.compile(*arguments, mutant.applied(source), runner.headers[mutant.file]):
+        return "invalid"
+    return "same" if runner.object.read_bytes() == runner.originals[mutant.file] else ""
+
+
+def caught_by(runner, order):
+    """The first failed test, or nothing."""
+    linked = {}
     for program in order:
-        outcome, _ = runner.run(program, runner.link(program))
+        if program.target not in linked:
+            linked[program.target] = runner.link(program)
+        outcome, _ = runner.run(program, linked[program.target])
         if outcome.caught:
-            return "caught", outcome.by
-    return "survived", ""
+            return outcome.by
+    return ""
 
 
-def work(runner, programs, name, session, commands, header):
-    """Tries mutants of a file until one of them compiles. Returns after that one."""
-    command = commands[name]
+def orders(programs, name):
+    """The quick programs for a source, and the others."""
     order = in_order(programs, name.split("/")[0])
-    if name not in runner.originals:
-        compiles = runner.compile(command["command"], command["file"], command["directory"],
-                                  session.sources[name], header)
-        if not compiles:
-            raise RuntimeError(f"{name} does not compile")
-        runner.originals[name] = runner.object.read_bytes()
+    quick = [program for program in order if program.target in QUICK and not program.slow]
+    return [*nearest(programs, name, ROOT / "tests"), *quick], [one for one in order if one not in quick]
+
+
+def try_quickly(runner, programs, name, session):
+    """Tries mutants of a source on the quick tests until one of them compiles. Returns that one if
+    they do not catch it."""
     while (mutant := session.next_of(name)) is not None:
         known = session.results.known(mutant)
         if known in ("invalid", "same"):
             continue
         if known == "caught" or (known == "survived" and mutant.key in session.listed):
-            return
+            return None
         before = time.monotonic()
-        outcome, by = try_mutant(runner, mutant, session, command, header, order)
-        session.results.add(mutant, outcome, by, time.monotonic() - before)
-        if outcome not in ("invalid", "same"):
-            return
+        outcome = compiled(runner, mutant, session, session.commands[name])
+        by = "" if outcome else caught_by(runner, orders(programs, name)[0])
+        if by:
+            outcome = "caught"
+        session.results.add(mutant, outcome or "quick", by, time.monotonic() - before)
+        if not outcome:
+            return mutant
+        if by:
+            return None
+    return None
+
+
+def try_slowly(runner, programs, mutant, session):
+    """Tries a mutant on the tests that try_quickly() left out."""
+    before = time.monotonic()
+    compiled(runner, mutant, session, session.commands[mutant.file])
+    by = caught_by(runner, orders(programs, mutant.file)[1])
+    session.results.add(mutant, "caught" if by else "survived", by, time.monotonic() - before)
 
 
 def unmutated(runner, program):
     """Runs a program without a mutant. It must pass. Returns it with bounds of time, and slow suites
     apart."""
     runner.object.unlink(missing_ok=True)
-    outcome, seconds = runner.run(program, runner.link(program))
-    log = runner.log.read_text(encoding="utf-8", errors="replace")
-    if outcome.caught:
-        raise RuntimeError(f"{program.target} fails without a mutant: {outcome.by}\n{log[-4000:]}")
+    path = runner.link(program)
+    parts = [path, *(Path(word) for word in program.run if Path(word).is_file())]
+    passed = PASSED / f"{program.target}-{digest(b''.join(part.read_bytes() for part in parts))}"
+    if passed.exists():
+        text, _, log = passed.read_text(encoding="utf-8").partition("\n")
+        seconds = float(text)
+    else:
+        outcome, seconds = runner.run(program, path)
+        log = runner.log.read_text(encoding="utf-8", errors="replace")
+        if outcome.caught:
+            raise RuntimeError(f"{program.target} fails without a mutant: {outcome.by}\n{log[-4000:]}")
+        PASSED.mkdir(exist_ok=True)
+        passed.write_text(f"{seconds}\n{log}", encoding="utf-8")
     # Generous: other programs may take the processors meanwhile.
     program.processor_seconds = 10 + int(4 * seconds)
     program.seconds = 60 + int(20 * seconds)
@@ -166,7 +205,7 @@ class Pool:
         try:
             return list(self.threads.map(call, values))
         except BaseException:
-            self.threads.shutdown(wait=False, cancel_futures=True)
+            self.threads.shutdown(cancel_futures=True)
             raise
 
 
@@ -174,8 +213,8 @@ def run_all(options, sources, results, listed, folder):
     commands = {str(Path(entry["file"]).relative_to(ROOT)): entry
                 for entry in json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8"))
                 if Path(entry["file"]).is_relative_to(ROOT)}
-    session = Session(options, sources, results, listed)
-    header = prefix_header(commands, folder, sources)
+    session = Session(options, sources, results, listed, commands,
+                      prefix_header(commands, folder, sources))
     runners = []
     for number in range(options.jobs):
         scratch = folder / str(number)
@@ -187,7 +226,8 @@ def run_all(options, sources, results, listed, folder):
     slots = [name for name, share in shares(sizes, options.count).items() for _ in range(share)]
     # So that a run that is ended early has tried some of every module.
     random.Random(options.seed).shuffle(slots)
-    pool.map(lambda runner, name: work(runner, programs, name, session, commands, header), slots)
+    left = pool.map(lambda runner, name: try_quickly(runner, programs, name, session), slots)
+    pool.map(lambda runner, mutant: try_slowly(runner, programs, mutant, session), filter(None, left))
 
 
 def main():

@@ -22,8 +22,8 @@ class Figures:
     survived: int = 0
 
 
-def digest(text):
-    return hashlib.sha256(text.encode("utf-8")).hexdigest()[:12]
+def digest(content):
+    return hashlib.sha256(content).hexdigest()[:12]
 
 
 class Results:
@@ -31,7 +31,7 @@ class Results:
 
     def __init__(self, path, sources, fresh=False):
         self.path = path
-        self.digests = {name: digest(text) for name, text in sources.items()}
+        self.digests = {name: digest(text.encode("utf-8")) for name, text in sources.items()}
         self.outcomes = {}
         self.rows = []
         if fresh or not path.exists():
@@ -46,7 +46,7 @@ class Results:
     def known(self, mutant):
         """The outcome of an earlier run, or None. It becomes one of this run."""
         outcome, by = self.outcomes.get(mutant.key, (None, ""))
-        if outcome:
+        if outcome and outcome != "quick":
             self.rows.append(Row(mutant, outcome, by))
         return outcome
 

@@ -15,6 +15,7 @@ from pathlib import Path
 # tests take longest.
 SUITES = ("core_test", "plist_test", "posix_test", "settings_test", "operations_test", "ui_test",
           "cli_test", "qt_test", "widgets_test")
+QUICK = SUITES[:-2]
 # The trash depends on the mounted file systems, which the folder of a mutant is one of.
 LEFT_OUT = {"qt_test": "*Trash*"}
 # Tests that run another program: its target, and a part of the name in ctest.
@@ -98,6 +99,34 @@ def in_order(programs, module):
     return sorted(holding, key=distance)
 
 
+def nearest_suites(tests, file):
+    """The suites of a module's tests that probably tell most of a source: those of the test files
+    that include its header or share a word of its name."""
+    stem = Path(file).stem
+    header = f'#include "{Path(file).with_suffix(".h")}"'
+    words = set(stem.split("_")) - {"agent", "form", "plist", "app", "delegate", "local", "file"}
+    suites = set()
+    for path in sorted(Path(tests).glob("*.cpp")):
+        text = path.read_text(encoding="utf-8")
+        if header in text or words & set(path.stem.split("_")):
+            suites.update(re.findall(r"^(?:TYPED_)?TEST(?:_[FP])?\((\w+),", text, re.MULTILINE))
+    return sorted(suites)
+
+
+def nearest(programs, file, tests):
+    """The program that runs the nearest quick suites of a source alone, in a list; or none."""
+    module = file.split("/")[0]
+    suites = nearest_suites(Path(tests, module), file)
+    for program in programs:
+        if suites and program.target == f"{module}_test" and not program.slow:
+            pattern = ":".join(f"{suite}.*:*/{suite}.*:{suite}/*" for suite in suites)
+            without = [word for word in program.run if word.startswith("--gtest_filter=-")]
+            left_out = without[0].removeprefix("--gtest_filter=") if without else ""
+            return [replace(program, run=["{}", "--gtest_fail_fast",
+                                          f"--gtest_filter={pattern}{left_out}"])]
+    return []
+
+
 def split(program, text):
     """The program as two: its quick suites, and those that took over a second by its output."""
     times = re.findall(r"^\[-+\] \d+ tests? from (\S+) \((\d+) ms total\)", text, re.MULTILINE)
@@ -125,6 +154,7 @@ class Runner:
         self.build = Path(build).resolve()
         self.scratch = Path(scratch)
         self.originals = {}  # the objects of unchanged sources
+        self.headers = {}  # the precompiled header of each source
         self.object = self.scratch / "mutant.o"
         self.log = self.scratch / "output.txt"
         self.linker = faster_linker()
@@ -139,7 +169,7 @@ class Runner:
             words = words[1:]
         words[words.index("-o") + 1] = str(self.object)
         words = [str(changed) if word == source else word for word in words]
-        words += ["-w", "-I", str(Path(source).parent)]
+        words += ["-w", "-iquote", str(Path(source).parent)]
         if header:
             words += ["-include", str(header)]
         self.object.unlink(missing_ok=True)
