@@ -284,6 +284,7 @@ TEST_P(Calls, AreAnswered) {
 
 const CallRow calls[] = {
     {"NoWord", {}, 2, "there is no command"},
+    {"EmptyWord", {""}, 2, "there is no command \u201c\u201d"},
     {"UnknownWord", {"frobnicate"}, 2, "there is no command \u201cfrobnicate\u201d"},
     {"NoFile", {"check"}, 2, "is required"},
     {"UnknownOption", {"list", "--frob"}, 2, "--frob"},
