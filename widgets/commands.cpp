@@ -42,13 +42,23 @@ constexpr Edit edits[] = {
     {"selectAll", QT_TRANSLATE_NOOP("Commands", "Select &All"), QKeySequence::SelectAll},
 };
 
-/// The object that receives typed text: the focused widget, or the field inside it.
-QObject* focusedField() {
+/// Whether a widget may get a call of this slot. The slots of a line change its text even where the
+/// user may not.
+bool takes(const QWidget* widget, const QByteArray& slot) {
+    const auto* line = qobject_cast<const QLineEdit*>(widget);
+    const bool changes = slot == "cut" || slot == "paste";
+    return widget && widget->metaObject()->indexOfSlot(slot + "()") >= 0 &&
+           !(changes && line && line->isReadOnly());
+}
+
+/// The focused widget or the field inside it; null where neither takes the slot. A list has some of
+/// the slots of a text field.
+QObject* focusedReceiver(const QByteArray& slot) {
     QWidget* focused = QApplication::focusWidget();
-    if (focused && focused->metaObject()->indexOfSlot("selectAll()") < 0)
-        return focused->findChild<QLineEdit*>();
-    auto* inner = focused ? focused->findChild<QLineEdit*>() : nullptr;
-    return inner ? static_cast<QObject*>(inner) : focused;
+    QWidget* inner = focused ? focused->findChild<QLineEdit*>() : nullptr;
+    if (takes(inner, slot))
+        return inner;
+    return takes(focused, slot) ? focused : nullptr;
 }
 
 /// A toolbar has neither margins nor a height of its own; gap widgets give it both.
@@ -149,8 +159,8 @@ void Commands::addEditMenu() {
         if (edit.key == QKeySequence::Undo || edit.key == QKeySequence::Redo)
             continue; // UndoCommands handles them
         connect(action, &QAction::triggered, this, [slot = edit.slot] {
-            if (QObject* field = focusedField())
-                QMetaObject::invokeMethod(field, slot);
+            if (QObject* receiver = focusedReceiver(slot))
+                QMetaObject::invokeMethod(receiver, slot);
         });
     }
 }

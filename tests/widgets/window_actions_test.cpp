@@ -6,8 +6,10 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QCursor>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -237,6 +239,37 @@ TEST_F(WindowTest, EditCommandsActOnTheFocusedField) {
     EXPECT_EQ(form().agentNameTextField.stringValue, "");
     find<QAction>("redo")->trigger();
     EXPECT_EQ(form().agentNameTextField.stringValue, "backup");
+}
+
+TEST_F(WindowTest, EditCommandsLeaveAFieldThatCannotBeEdited) {
+    window.activateWindow();
+    show([](FormModel& model) { model.advancedDrawer.open = true; });
+    auto* field = find<QLineEdit>("niceLevelTextField");
+    field->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([field] { return field->hasFocus(); }));
+    QGuiApplication::clipboard()->setText("7");
+    for (const char* command : {"selectAll", "paste", "cut"}) {
+        find<QAction>(command)->trigger();
+        EXPECT_EQ(field->text(), "0") << command;
+        EXPECT_EQ(form().niceLevelTextField.stringValue, "0") << command;
+    }
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "7");
+    find<QAction>("copy")->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "0");
+}
+
+TEST_F(WindowTest, EditCommandsFindNothingToEditInAList) {
+    static int warnings;
+    warnings = 0;
+    window.activateWindow();
+    find<QAction>("showAgents")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return find("agents")->hasFocus(); }));
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { ++warnings; });
+    for (const char* command : {"cut", "copy", "paste", "selectAll"})
+        find<QAction>(command)->trigger();
+    qInstallMessageHandler(before);
+    EXPECT_EQ(warnings, 0) << "the list has no such command";
 }
 
 TEST_F(WindowTest, APopUpIsNotHoveredAfterTheMouseLeftDuringItsList) {
