@@ -9,7 +9,8 @@
 
 namespace frimbolate {
 
-/// A text from a file or an argument, harmless in a terminal: each control character is shown as "?".
+/// A text from a file or an argument, harmless in a terminal: each control character is shown as
+/// "?".
 std::string printable(std::string_view text);
 
 /// The same for a text of several lines, whose ends stay.

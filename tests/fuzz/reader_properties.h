@@ -12,8 +12,8 @@ namespace frimbolate::test {
 bool isSame(const Value& a, const Value& b);
 
 /// The value that a reader returns, or nothing where it refuses the bytes. Requires that it does
-/// the same again, that a rejection is named and has a reason of printable characters, that a line in
-/// the reason is one of the bytes, and that a value nests no deeper than the limit.
+/// the same again, that a rejection is named and has a reason of printable characters, that a line
+/// in the reason is one of the bytes, and that a value nests no deeper than the limit.
 std::optional<Value> readTwice(Value (*reader)(std::string_view), std::string_view bytes);
 
 /// Requires that XML holds a value or that its writer refuses it for a reason; and that what was
