@@ -296,15 +296,15 @@ Value XmlReader::scalar(Element element, const Tag& tag) {
     expectCloseTag(tag.name);
     if (element == Element::data)
         return decodePlistData(content);
-    if (element == Element::integer) {
-        if (auto number = parsePlistInteger(content))
-            return *std::move(number);
-    } else if (const auto date = parsePlistDate(content)) {
-        return *date;
-    }
-    // cppcheck-suppress missingReturn ; failAt() does not return
-    in_.failAt(start,
-               "this <" + std::string(tag.name) + "> cannot be read: \"" + excerpt(content) + "\"");
+    std::optional<Value> value;
+    if (element == Element::integer)
+        value = parsePlistInteger(content);
+    else if (const auto date = parsePlistDate(content))
+        value = *date;
+    if (!value)
+        in_.failAt(start, "this <" + std::string(tag.name) + "> cannot be read: \"" +
+                              excerpt(content) + "\"");
+    return *std::move(value);
 }
 
 } // namespace

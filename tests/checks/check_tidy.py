@@ -120,7 +120,7 @@ def run_clang_tidy(entries, folder, jobs):
 
 
 def run_cppcheck(files, jobs):
-    names = [str(file) for file in files if Path(file).suffix in (".cpp", ".h")]
+    names = [str(file) for file in files if Path(file).suffix == ".cpp"]
     if not names:
         return []
     done = subprocess.run([*CPPCHECK, "-j", str(jobs), *names], cwd=ROOT, capture_output=True,
@@ -154,8 +154,11 @@ def main():
             files = [name for name in (changed_files(ROOT) if options.changed else named)
                      if name in known]
             entries = entries_for(files, entries, folder)
+        # The headers are read through sources, too, since some are written in Objective-C.
+        read = files if options.all else sorted({os.path.relpath(name, ROOT) for entry in entries
+                                                 for name in sources_of(entry["file"])})
         reports = [*run_clang_tidy(entries, folder, options.jobs),
-                   *run_cppcheck(files, options.jobs)]
+                   *run_cppcheck(read, options.jobs)]
     print(*reports, sep="\n")
     found = findings_in(reports)
     print(f"result\ttidy\t{len(files)}\tfiles\t{len(found)}")
