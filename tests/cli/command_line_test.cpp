@@ -221,12 +221,15 @@ TEST_F(CommandLine, SwitchesTheStandardInputToTheStandardOutput) {
 }
 
 TEST_F(CommandLine, ReportsAFileThatCannotBeSwitched) {
-    const auto path = sound();
-    ::chmod(path.c_str(), 0444);
     const OrdinaryUser user;
+    const TemporaryFolder folder; // which this user may enter
+    const auto path = folder / "a.plist";
+    writeBytes(path, xmlPropertyList(soundAgent));
+    ::chmod(path.c_str(), 0444);
     const auto result = run({"off", path});
     EXPECT_EQ(result.code, 2);
-    EXPECT_THAT(result.err, HasSubstr(path + ": "));
+    EXPECT_EQ(result.err, path + ": it cannot be written\n");
+    EXPECT_EQ(bytesOf(path), xmlPropertyList(soundAgent));
 }
 
 TEST_F(CommandLine, ComposesEachLaunchctlCommand) {

@@ -181,7 +181,7 @@ const NewAgentRow newAgentRows[] = {
     {"Monthly", {"--at", "07:05", "--on", "3"}, "on the 3rd of every month at 07:05."},
     {"TwoLettersAreNoWeekday", {"--at", "7", "--on", "we"}, "--on: Day of the month must be", true},
     {"DayOutOfRange", {"--at", "7", "--on", "32"}, "--on: Valid days of the month", true},
-    {"NoTimeOfDay", {"--at", "25:00"}, "--at: \u201c25:00\u201d is not a time", true},
+    {"NoTimeOfDay", {"--at", "25:00"}, "new: --at: \u201c25:00\u201d is not a time", true},
     {"DayWithoutTime", {"--on", "wed"}, "--on requires --at", true},
     {"Seconds", {"--every", "45"}, "every 45 seconds."},
     {"Minutes", {"--every", "15m"}, "every 15 minutes."},
@@ -194,6 +194,9 @@ const NewAgentRow newAgentRows[] = {
     {"NoStart", {}, "--at: Condition for launch not selected", true},
     {"TwoStarts", {"--at", "7:00", "--watch", "/a"}, "excludes", true},
     {"ScriptBesideProgram", {"--script", "x", "--at-load"}, "excludes", true},
+    {"Nicest", {"--at-load", "--nice", "20"}, "when the agent is loaded"},
+    {"LeastNice", {"--at-load", "--nice=-20"}, "when the agent is loaded"},
+    {"NiceBelowRange", {"--at-load", "--nice=-21"}, "--nice: \u201c-21\u201d is no number", true},
     {"NiceOutOfRange", {"--at-load", "--nice", "21"}, "--nice: \u201c21\u201d is no number", true},
     {"NiceThatIsNoNumber", {"--at-load", "--nice", "1x"}, "--nice: \u201c1x\u201d is", true},
 };

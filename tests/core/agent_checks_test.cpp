@@ -58,7 +58,8 @@ TEST(AgentCheckRows, UseEveryVariantOfTheWords) {
     std::vector<std::string> all;
     for (const auto& row : checkRows())
         all.insert(all.end(), row.findings.begin(), row.findings.end());
-    for (const auto& rule : checkRules())
+    for (const auto& rule : checkRules()) {
+        EXPECT_FALSE(rule.words.empty()) << rule.id;
         for (const auto words : rule.words) {
             const std::string start(words.substr(0, words.find('%')));
             const auto uses = [&](const std::string& finding) {
@@ -67,6 +68,7 @@ TEST(AgentCheckRows, UseEveryVariantOfTheWords) {
             };
             EXPECT_TRUE(std::any_of(all.begin(), all.end(), uses)) << rule.id << ": " << words;
         }
+    }
 }
 
 TEST(AgentChecks, FindNothingInBelievableAgents) {

@@ -6,9 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <vector>
 
 namespace frimbolate::test {
 
@@ -94,6 +96,26 @@ TEST_F(AtomicFile, PutsANewFileInPlaceOfTheOldOne) {
     expectWritten(file, {"a.plist"});
     // A reader that opened the old file still reads all of it.
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), original);
+}
+
+TEST_F(AtomicFile, LeavesTheOpenFilesOfTheProcessAsTheyWere) {
+    const auto openFiles = [] {
+        std::vector<int> numbers;
+        for (int number = 0; number < 256; ++number)
+            if (::fcntl(number, F_GETFD) != -1)
+                numbers.push_back(number);
+        return numbers;
+    };
+    // The first numbers belong to the standard streams.
+    const FileDescriptor input(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const auto before = openFiles();
+    EXPECT_EQ(before.front(), 0);
+    expectWritten(file, {"a.plist"});
+    EXPECT_EQ(openFiles(), before);
+    expectWritten(file, {"a.plist"});
+    EXPECT_EQ(openFiles(), before);
+    expectRefused(folder / "gone/a.plist");
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(AtomicFile, WritesNothingAndMuch) {

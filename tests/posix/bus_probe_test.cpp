@@ -9,6 +9,7 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <tuple>
+#include <unistd.h>
 
 namespace frimbolate::test {
 
@@ -64,6 +65,22 @@ TEST_P(ConnectedBus, EndsWhereTheBusFallsSilent) {
     EXPECT_EQ(answer.isUnresponsive, GetParam().isUnresponsive);
     EXPECT_EQ(answer.isAccessibilityUnresponsive, GetParam().isAccessibilityUnresponsive);
     EXPECT_EQ(answer.accessibilityAddress, GetParam().accessibilityAddress);
+}
+
+TEST(BusProbeProtocol, NamesItsUserAndBeginsBeforeItsFirstMessage) {
+    const Watchdog watchdog;
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+    const FileDescriptor bus(ends[0]);
+    ASSERT_TRUE(writeWholly(bus.number(), accepted + welcome + told));
+    probeConnectedBus(FileDescriptor(ends[1]), Question::accessibilityBus, Deadline());
+    std::string user;
+    for (const char digit : std::to_string(::geteuid()))
+        user += std::string("3") + digit;
+    const std::string greeting = "\0AUTH EXTERNAL "s + user + "\r\nBEGIN\r\n";
+    std::string sent(greeting.size(), ' ');
+    ASSERT_EQ(::recv(bus.number(), sent.data(), sent.size(), MSG_WAITALL), ssize_t(sent.size()));
+    EXPECT_EQ(sent, greeting);
 }
 
 INSTANTIATE_TEST_SUITE_P(

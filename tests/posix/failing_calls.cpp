@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/acl.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -13,6 +15,7 @@ namespace {
 bool refusesCreation = false;
 std::string refusedFolder;
 int flushes = 0, firstFailing = 0, lastFailing = 0;
+int listError = 0;
 
 mode_t modeArgument(int flags, va_list arguments) {
     return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
@@ -60,6 +63,15 @@ int fsync(int file) {
     }
     return static_cast<int>(::syscall(SYS_fsync, file));
 }
+
+acl_t acl_get_fd(int file) {
+    if (listError != 0) {
+        errno = listError;
+        return nullptr;
+    }
+    static const auto next = reinterpret_cast<acl_t (*)(int)>(::dlsym(RTLD_NEXT, "acl_get_fd"));
+    return next(file);
+}
 }
 
 namespace frimbolate::test {
@@ -76,5 +88,8 @@ FailingFlush::FailingFlush(int first, int last) {
     lastFailing = last;
 }
 FailingFlush::~FailingFlush() { firstFailing = 0; }
+
+UnreadableAccessLists::UnreadableAccessLists(int error) { listError = error; }
+UnreadableAccessLists::~UnreadableAccessLists() { listError = 0; }
 
 } // namespace frimbolate::test

@@ -34,4 +34,14 @@ class FailingFlush {
     ~FailingFlush();
 };
 
+/// Makes acl_get_fd() fail with an error, while this exists. ENOTSUP stands for a file system that
+/// keeps no access control lists.
+class UnreadableAccessLists {
+  public:
+    explicit UnreadableAccessLists(int error);
+    UnreadableAccessLists(const UnreadableAccessLists&) = delete;
+    UnreadableAccessLists& operator=(const UnreadableAccessLists&) = delete;
+    ~UnreadableAccessLists();
+};
+
 } // namespace frimbolate::test

@@ -1,11 +1,13 @@
 // The metadata that a replaced file keeps. Each test compares before and after, so it also holds
 // where the file system keeps no lists or attributes or the user may not change the owner.
 #include "posix/atomic_file.h"
+#include "tests/posix/failing_calls.h"
 #include "tests/support/file_status.h"
 #include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstring>
 #include <map>
 #include <memory>
@@ -13,6 +15,7 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <type_traits>
+#include <utility>
 
 namespace frimbolate::test {
 
@@ -169,6 +172,18 @@ TEST(FileMetadataOfOrdinaryUser, RightsThatCannotBeReadAreTheOwnersAlone) {
     ASSERT_EQ(::chmod(file.c_str(), 0266), 0);
     EXPECT_EQ(writeFileAtomically(file, "after"), std::nullopt);
     EXPECT_EQ(statusOf(file).st_mode & 07777, 0200U);
+}
+
+TEST(FileMetadataWithoutLists, TheModeTellsAllRightsWhereTheFileSystemKeepsNoLists) {
+    const TemporaryFolder folder;
+    const std::string file = folder / "a.plist";
+    writeBytes(file, "before");
+    ASSERT_EQ(::chmod(file.c_str(), 0644), 0);
+    for (const auto& [error, mode] : {std::pair(ENOTSUP, 0644U), std::pair(EIO, 0600U)}) {
+        const UnreadableAccessLists lists(error);
+        EXPECT_EQ(writeFileAtomically(file, "after"), std::nullopt);
+        EXPECT_EQ(statusOf(file).st_mode & 07777, mode);
+    }
 }
 
 } // namespace

@@ -72,6 +72,15 @@ TEST_F(LocalFilesTest, WritesNoAgentThatOthersThanItsOwnerMayWrite) {
     EXPECT_EQ(files.readDictionary(file), agent);
 }
 
+TEST_F(LocalFilesTest, WritesANewAgentThatAllMayRead) {
+    const mode_t before = ::umask(0);
+    EXPECT_TRUE(files.writeDictionary(file, agent));
+    ::umask(before);
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0644U);
+}
+
 TEST_F(LocalFilesTest, TellsWhyAFileCannotBeRead) {
     expectUnreadable(file, "No such file or directory");
     expectUnreadable(folder.path(), "it is not a regular file");
