@@ -39,11 +39,12 @@ def git(root, *arguments):
 
 def base_of_changes(root):
     """The commit from which the changes count: where the branch left its upstream branch, or the
-    last commit but one. None without a commit before."""
+    last commit but one. In a clone without earlier commits the last one: what it changed is not
+    known there."""
     head = git(root, "rev-parse", "HEAD")
     base = git(root, "merge-base", "HEAD", "@{upstream}")
     if base is None or base == head:
-        base = git(root, "rev-parse", "--verify", "--quiet", "HEAD~1")
+        base = git(root, "rev-parse", "--verify", "--quiet", "HEAD~1") or head
     return base
 
 
@@ -52,7 +53,7 @@ def changed_files(root):
     if git(root, "rev-parse", "HEAD") is None:
         return []
     base = base_of_changes(root)
-    known = git(root, "diff", "--name-only", "--diff-filter=d", base) if base else git(root, "ls-files")
+    known = git(root, "diff", "--name-only", "--diff-filter=d", base)
     new = git(root, "ls-files", "--others", "--exclude-standard")
     names = {*known.splitlines(), *new.splitlines()}
     return sorted(name for name in names if (root / name).is_file())

@@ -41,10 +41,13 @@ class Changed(Folder):
         self.write("a.cpp")
         self.assertEqual(self.changed(), [])
 
-    def test_all_of_a_first_commit(self):
+    def test_what_is_not_committed_where_only_the_last_commit_is_known(self):
         self.git("init", "-q", "-b", "main")
         self.commit("a.cpp", "core/b.h")
-        self.assertEqual(self.changed(), ["a.cpp", "core/b.h"])
+        self.assertEqual(self.changed(), [])
+        self.write("core/b.h", "changed")
+        self.write("new.cpp")
+        self.assertEqual(self.changed(), ["core/b.h", "new.cpp"])
 
     def test_the_last_commit_where_there_is_no_upstream_branch(self):
         self.git("init", "-q", "-b", "main")
