@@ -17,7 +17,7 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
-from plist_differences import DIFFERENCES, Case
+from plist_differences import ALIKE, DIFFERENCES, Case
 from random_plist import XML_TEXTS, Source  # found through the line above
 from value_text import value_text
 
@@ -131,6 +131,14 @@ def examples(dump):
             yield f"{row.name}: its example shows {name_of(case)!r}: {case}"
 
 
+def unlike(dump):
+    """A line for each file of ALIKE that is not read alike."""
+    for content in ALIKE:
+        case = compared(dump, content)
+        if name_of(case) != "":
+            yield f"not alike: {case}"
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("dump")
@@ -140,7 +148,7 @@ def main():
     chosen = parser.parse_args()
     sys.setrecursionlimit(10000)  # for the deepest values
     dump = Dump(chosen.dump)
-    failures = list(examples(dump))
+    failures = [*examples(dump), *unlike(dump)]
     counts = collections.Counter(row.name for row in DIFFERENCES)
     agreed = read = 0
     files = Files(dump, chosen.seed)

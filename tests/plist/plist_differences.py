@@ -154,3 +154,13 @@ DIFFERENCES = (
     Difference("padding of data", "the platform skips what is no base64, and goes on after padding",
                xml(b"<data>AA==AAAA</data>"), both_read(without_data)),
 )
+
+# What both must read alike, or both reject.
+ALIKE = (
+    xml(b"<dict><key>a</key><true/><key>a</key><false/></dict>"),
+    xml(b"<dict><key>b</key><true/><key>a</key><true/><key>b</key><false/></dict>"),
+    xml(b"<array><integer>18446744073709551615</integer><integer>-9223372036854775808</integer></array>"),
+    xml(b"<dict><key>a</key></dict>"),
+    xml(b"<string>a]]&gt;&#65;&amp;</string>"),
+    binary(b"\xa1\x00", [8]),
+)
