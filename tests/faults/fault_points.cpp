@@ -58,17 +58,19 @@ bool isName(const CountedCall& call, std::string_view function) {
     return function == call.function.data();
 }
 
-/// Whether the program was denied what a permission can deny, or could not remove its own file:
-/// then a right or an attribute of the replaced file may be lost, or a temporary file stay.
+/// Whether a fault met such a call of the last run. Not looked for among the counted calls: a first
+/// fault moves those after it.
 bool hit(const Point& point, bool (*condition)(const CountedCall&, FaultKind)) {
+    const FaultControl& control = *frimbolateFaultControl();
+    const auto made = std::min<std::size_t>(control.calls, control.log.size());
     return std::ranges::any_of(point.faults, [&](const Fault& fault) {
-        const auto& calls = point.counted->calls;
-        return fault.call > 0 && fault.call <= calls.size() &&
-               condition(calls[fault.call - 1], fault.kind);
+        return fault.call > 0 && fault.call <= made &&
+               condition(control.log[fault.call - 1], fault.kind);
     });
 }
 
-/// The calls that read or set the rights, the owner and the attributes of a file.
+/// A call that reads or sets the rights, the owner or the attributes of a file, denied as a
+/// permission can deny it: then one of them may be lost with the replaced file.
 bool concernsMetadata(const CountedCall& call, FaultKind kind) {
     return kind == FaultKind::denied &&
            (isName(call, "openat") || isName(call, "fstat") || isName(call, "fchown") ||
@@ -131,6 +133,11 @@ std::string problemOfRest(const Point& point, const UserFolders& place, Told& to
     if (!told.kept)
         return {};
     told.kept.reset();
+    // A reset removes the keys that it could read. After two failed readings it knows none.
+    if (std::string_view(point.counted->operation->name) == "PreferencesReset" &&
+        point.faults[1].call != 0 &&
+        told.text.find("Could not read the preferences") != told.text.npos)
+        return {};
     const FolderState now = stateForRules(point, place, after, after);
     const Told rest{true, told.text, nullptr};
     const auto problem = point.counted->operation->problem(
