@@ -12,3 +12,11 @@ build() {
     cmake --preset "$preset" "$@"
     cmake --build --preset "$preset"
 }
+
+# The two builds that the tests run. The reports of the sanitizers name lines; the rest of the debug
+# information takes a fifth of the build time.
+build_tested() {
+    build dev -DFRIMBOLATE_BATCHES=ON -DCMAKE_CXX_FLAGS_DEBUG=-g0
+    build asan -DFRIMBOLATE_BATCHES=ON -DCMAKE_CXX_FLAGS_DEBUG=-g1 \
+        "-DCMAKE_CXX_COMPILER=$(clang_compiler)"
+}
