@@ -1,6 +1,7 @@
 #include "tests/two_at_once/rounds.h"
 
 #include "core/value.h"
+#include "posix/atomic_file.h"
 #include "posix/file_lock.h"
 #include "posix/property_list_file.h"
 #include "posix/temporary_files.h"
@@ -158,7 +159,7 @@ std::string Rounds::run(int round) {
         flaw += "a reader saw: " + torn + "\n";
     if (wasKilled) {
         ++kills_;
-        backdateLeftovers();
+        flaw += flawOfNextSave();
         end(programs_[victim]);
         start(static_cast<int>(victim));
     }
@@ -209,14 +210,22 @@ std::string Rounds::flawOfFolders(bool wasKilled) const {
     return flaw;
 }
 
-/// Makes what a killed program left look two days old, since a save removes nothing younger: it
-/// could belong to a program that still writes.
-void Rounds::backdateLeftovers() const {
-    for (const auto& folder : {folders_.agents(), folders_.root() + "/config"})
-        for (const auto& entry : fs::directory_iterator(folder))
-            if (isTemporaryName(entry.path().filename().string()))
-                fs::last_write_time(entry.path(),
-                                    fs::file_time_type::clock::now() - std::chrono::hours(48));
+/// The next save in a folder removes what a killed program left there.
+/// \return what such a save leaves behind
+std::string Rounds::flawOfNextSave() {
+    std::string flaw;
+    int left = 0, kept = 0;
+    for (const std::string& path : {folders_.switchedAgent(), folders_.settings()}) {
+        const std::string folder = fs::path(path).parent_path();
+        namesIn(folder, left);
+        if (const auto reason = writeFileAtomically(path, bytesOf(path)))
+            flaw += path + ": " + *reason + "\n";
+        namesIn(folder, kept);
+    }
+    leftovers_ += left;
+    if (kept > 0)
+        flaw += "a save removes no temporary file of a killed program\n";
+    return flaw;
 }
 
 } // namespace frimbolate::test

@@ -22,6 +22,8 @@ class Rounds {
     /// \return what is lost, torn or left behind; empty where nothing is
     std::string run(int round);
     int kills() const { return kills_; }
+    /// The temporary files that killed programs left, until the next save.
+    int leftovers() const { return leftovers_; }
     long readings() const { return reader_.readings(); }
 
   private:
@@ -44,13 +46,13 @@ class Rounds {
     std::string answerOf(Program& program) const;
     std::string flawOf(int number, int round, bool wasKilled) const;
     std::string flawOfFolders(bool wasKilled) const;
-    void backdateLeftovers() const;
+    std::string flawOfNextSave();
 
     SharedFolders folders_;
     RandomValues random_;
     std::vector<Program> programs_;
     ReadingProcess reader_;
-    int kills_ = 0;
+    int kills_ = 0, leftovers_ = 0;
 };
 
 } // namespace frimbolate::test
