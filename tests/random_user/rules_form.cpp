@@ -214,7 +214,7 @@ constexpr Rule always[] = {
 /// since the answer may have changed it.
 bool hasChosen(const Seen& seen, const char* popUp, int item) {
     const auto& arguments = seen.step.arguments;
-    return seen.step.kind == "choose" && arguments[0] == popUp &&
+    return seen.session.hasChosenItem && seen.step.kind == "choose" && arguments[0] == popUp &&
            arguments[1] == std::to_string(item);
 }
 

@@ -29,6 +29,7 @@ template <typename Member>
 struct Control {
     const char* outlet;
     Member FormModel::*member;
+    const char* sheet = nullptr; ///< where it lies; null for the window itself
 };
 
 constexpr Control<TextField> textFields[] = {
@@ -50,8 +51,8 @@ constexpr Control<PopUp> popUps[] = {
     {"agentIntervalTypeButton", &FormModel::agentIntervalTypeButton},
     {"scriptPopOverLanguageButton", &FormModel::scriptPopOverLanguageButton},
     {"priorityLevelButton", &FormModel::priorityLevelButton},
-    {"globalGlobbingCheckbox", &FormModel::globalGlobbingCheckbox},
-    {"globalPriorityCheckbox", &FormModel::globalPriorityCheckbox},
+    {"globalGlobbingCheckbox", &FormModel::globalGlobbingCheckbox, "preferencesWindow"},
+    {"globalPriorityCheckbox", &FormModel::globalPriorityCheckbox, "preferencesWindow"},
 };
 constexpr Control<CheckBox> checkBoxes[] = {
     {"enableGlobbingCheckbox", &FormModel::enableGlobbingCheckbox},
@@ -59,11 +60,11 @@ constexpr Control<CheckBox> checkBoxes[] = {
     {"alsoRunVolumeCheckbox", &FormModel::alsoRunVolumeCheckbox},
     {"alsoRunPathChangeCheckbox", &FormModel::alsoRunPathChangeCheckbox},
     {"allowSuccessfulExitCheckbox", &FormModel::allowSuccessfulExitCheckbox},
-    {"showWelcomeCheckbox", &FormModel::showWelcomeCheckbox},
-    {"showWelcomeWindowCheckbox", &FormModel::showWelcomeWindowCheckbox},
-    {"autoCopyScriptCheckbox", &FormModel::autoCopyScriptCheckbox},
-    {"warnSuccessfulExitCheckbox", &FormModel::warnSuccessfulExitCheckbox},
-    {"autoCopyScriptsCheckbox2", &FormModel::autoCopyScriptsCheckbox2},
+    {"showWelcomeCheckbox", &FormModel::showWelcomeCheckbox, "welcomeWindow"},
+    {"showWelcomeWindowCheckbox", &FormModel::showWelcomeWindowCheckbox, "preferencesWindow"},
+    {"autoCopyScriptCheckbox", &FormModel::autoCopyScriptCheckbox, "preferencesWindow"},
+    {"warnSuccessfulExitCheckbox", &FormModel::warnSuccessfulExitCheckbox, "preferencesWindow"},
+    {"autoCopyScriptsCheckbox2", &FormModel::autoCopyScriptsCheckbox2, "executeScriptWindow"},
 };
 constexpr Control<ImageWell> wells[] = {
     {"agentTargetImageWell", &FormModel::agentTargetImageWell},
@@ -90,11 +91,14 @@ Widget* widget(const Seen& seen, const char* outlet) {
     return seen.session.find<Widget>(outlet);
 }
 
-/// The first control for which a function finds that it differs.
+/// The first control for which a function finds that it differs. A sheet is built when it is shown
+/// first, and then holds all its controls.
 template <typename Widget, typename Rows, typename Differs>
 std::string firstDifference(const Seen& seen, const Rows& rows, Differs differs) {
     for (const auto& row : rows) {
         auto* control = widget<Widget>(seen, row.outlet);
+        if (!control && row.sheet && !widget<QDialog>(seen, row.sheet))
+            continue;
         if (!control || differs(*control, seen.form.*row.member))
             return row.outlet;
     }

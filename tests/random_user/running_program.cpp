@@ -1,5 +1,8 @@
 #include "tests/random_user/running_program.h"
 
+#include "tests/random_user/input.h"
+#include "widgets/controls/pop_up_button.h"
+
 #include <chrono>
 #include <filesystem>
 
@@ -58,6 +61,18 @@ void RunningProgram::reopen() {
     delegate_.applicationShouldHandleReopen();
     window_.mirror();
     window_.bringToFront();
+}
+
+void RunningProgram::buildEverything() {
+    for (const auto sheet :
+         {Sheet::welcomeWindow, Sheet::preferencesWindow, Sheet::executeScriptWindow}) {
+        sheets_.begin(sheet);
+        settle();
+        sheets_.end(sheet);
+        settle();
+    }
+    for (auto* button : window_.findChildren<PopUpButton*>())
+        button->view();
 }
 
 } // namespace frimbolate::test

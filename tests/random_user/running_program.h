@@ -59,6 +59,9 @@ class RunningProgram {
     /// Shows the window again, as a second start does.
     void reopen();
 
+    /// Builds what is otherwise built when it is shown first: every sheet and list of a pop-up.
+    void buildEverything();
+
     MainWindow& window() { return window_; }
     AppDelegate& delegate() { return delegate_; }
     const SheetQueue& queue() const { return queue_; }

@@ -204,6 +204,7 @@ void Session::putInOrder() {
     window().move(0, 0);
     desktop_.time = LocalMinute(firstTime) + std::chrono::hours(9);
     find<QLineEdit>("agentFilter")->clear();
+    program_->buildEverything();
     showEverything();
     fillHistory();
     home_.putBack();

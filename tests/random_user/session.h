@@ -40,6 +40,9 @@ class Session {
     PanelDialog* panel();
     AgentsPage* agentsPage();
 
+    /// Whether the last step has chosen an item of a pop-up, which it may not have reached.
+    bool hasChosenItem = false;
+
     /// Ends the program and starts it again.
     void restart();
     /// Called before the program is ended for a step, not by restart().

@@ -207,6 +207,7 @@ std::vector<StepKind> allStepKinds() {
 void run(Session& session, const Step& step) {
     const auto kinds = allStepKinds();
     const auto row = std::ranges::find(kinds, std::string_view(step.kind), &StepKind::name);
+    session.hasChosenItem = false;
     if (row != kinds.end())
         row->run(session, step.arguments);
 }

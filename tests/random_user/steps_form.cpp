@@ -100,7 +100,7 @@ Drawn drawChoose(Session&, RandomValues& random) {
     return with(with(drawn, std::to_string(index)), random.coin() ? "keys" : "mouse");
 }
 
-void runChoose(Session&, const Arguments& arguments) {
+void runChoose(Session& session, const Arguments& arguments) {
     auto* button = reachable<PopUpButton>(arguments.at(0));
     if (!button)
         return;
@@ -112,6 +112,7 @@ void runChoose(Session&, const Arguments& arguments) {
         return;
     const QModelIndex item = list->model()->index(index, 0);
     const bool canBeChosen = item.flags() & Qt::ItemIsEnabled;
+    session.hasChosenItem = canBeChosen;
     if (!canBeChosen) {
         press(Qt::Key_Escape);
     } else if (arguments.at(2) == "mouse") {
