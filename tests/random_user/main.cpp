@@ -1,4 +1,5 @@
 // random_user [--seed S] [--count N] [--replay FILE] [--plant NAME] [--visits short]
+//             [--shorten no]
 #include "tests/random_user/shrinking.h"
 #include "tests/random_user/trial.h"
 
@@ -33,6 +34,8 @@ Planted plantedOf(const std::string& name) {
         return Planted::Crash;
     if (name == "object")
         return Planted::Object;
+    if (name == "stray")
+        return Planted::Stray;
     if (name == "blocks")
         return Planted::Blocks;
     throw std::runtime_error("no fault of this name can be planted: " + name);
@@ -52,6 +55,8 @@ Trial trialOf(int count, char** arguments) {
             trial.replayed = stepsOfFile(value);
         else if (option == "--visits" && std::strcmp(value, "short") == 0)
             trial.needsShortVisits = true;
+        else if (option == "--shorten" && std::strcmp(value, "no") == 0)
+            trial.isShortened = false;
         else if (option == "--plant")
             trial.planted = plantedOf(value);
         else
@@ -70,7 +75,7 @@ bool canBeShortened(const std::string& fault) {
 void report(const Trial& trial, const Ending& ending) {
     std::printf("seed %u, step %zu: %s\n%s\n", trial.seed, ending.steps.size(),
                 ending.fault.c_str(), ending.detail.c_str());
-    if (!canBeShortened(ending.fault))
+    if (!trial.isShortened || !canBeShortened(ending.fault))
         return;
     Trial replay = trial;
     replay.printsVisits = false;

@@ -5,6 +5,7 @@
 #include "tests/random_user/rules.h"
 #include "tests/random_user/session.h"
 #include "tests/random_user/visits.h"
+#include "tests/random_user/write_guard.h"
 #include "tests/widgets/chosen_font.h"
 #include "tests/widgets/offscreen_screens.h"
 #include "widgets/drawer/drawer_panel.h"
@@ -102,6 +103,8 @@ class Run {
         if (const auto restless = session_.rest())
             return fail("TheProgramComesToRest", *restless);
         visits_.add(session_, step);
+        if (const auto refused = refusedWrites(); !refused.empty())
+            return fail("NothingOutsideIsChanged", refused.front());
         StoredFiles now = session_.home().files(files_);
         if (const auto broken = brokenRule(session_, step, files_, now))
             return fail(broken->name, broken->detail);
@@ -118,7 +121,8 @@ class Run {
     void keepPanelAtHome() {
         auto* panel = session_.panel();
         const QString root = QString::fromStdString(session_.home().root());
-        if (panel && !panel->directory().absolutePath().startsWith(root)) {
+        if (trial_.planted != Planted::Stray && panel &&
+            !panel->directory().absolutePath().startsWith(root)) {
             panel->setDirectory(QString::fromStdString(session_.home().home()));
             settle();
         }
@@ -184,6 +188,7 @@ class Run {
 
 void runTrial(const Trial& trial, const std::string& folder) {
     bool isGood = false;
+    confineWritesTo(folder);
     {
         UserHome home;
         setUpEnvironment(home);
@@ -203,6 +208,10 @@ void runTrial(const Trial& trial, const std::string& folder) {
         isGood = run.run();
         if (trial.printsVisits)
             run.printVisits();
+    }
+    for (const auto& refused : refusedWrites()) { // also those of the program's end
+        isGood = false;
+        std::fprintf(stderr, "outside of the temporary folder: %s\n", refused.c_str());
     }
     std::exit(isGood ? 0 : brokenExit); // then LeakSanitizer looks for what was never freed
 }

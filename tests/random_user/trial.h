@@ -15,6 +15,7 @@ enum class Planted {
     Rule,   ///< a rule forbids the list of agents beside an open drawer
     Crash,  ///< the process ends by a signal there
     Object, ///< an object for each hundred steps is never destroyed
+    Stray,  ///< the user stays where a panel has led, also outside of the home
     Blocks  ///< each step leaves memory behind that no object of the toolkit holds
 };
 
@@ -24,6 +25,7 @@ struct Trial {
     std::optional<Steps> replayed; ///< in place of drawn steps
     Planted planted = Planted::Nothing;
     bool printsVisits = false;
+    bool isShortened = true;       ///< after a fault, to the steps that it needs
     bool needsShortVisits = false; ///< see Visits::missing(); a long run always needs all
 };
 
