@@ -132,6 +132,34 @@ TEST(Value, QuotesInsideAnArrayWhatIsNoBareWord) {
     }
 }
 
+TEST(Value, DescribesSoMuchAndNoMore) {
+    constexpr std::size_t mebibyte = std::size_t{1} << 20;
+    // Its lines begin with as many blanks as they are deep.
+    Array deep(2000, Value(1));
+    for (int level = 0; level < 200; ++level) {
+        Array outer;
+        outer.emplace_back(std::move(deep));
+        deep = std::move(outer);
+    }
+    Dictionary wide;
+    for (std::size_t i = 0; i < mebibyte / 15; ++i)
+        wide.emplace("key" + std::to_string(i), 1);
+    struct Row {
+        Value value;
+        const char* end;
+    };
+    const Row rows[] = {{Array(mebibyte / 6, Value(1)), ",\n    1\n\u2026)"},
+                        {wide, " = 1;\n\u2026}"},
+                        {deep, "\n    \u2026)\n\u2026)"}};
+    for (const auto& [value, end] : rows) {
+        const std::string text = description(value);
+        EXPECT_TRUE(text.ends_with(end)) << text.substr(text.size() - 40);
+        EXPECT_GT(text.size(), mebibyte);
+        EXPECT_LT(text.size(), mebibyte + mebibyte / 4);
+    }
+    EXPECT_TRUE(description(Array(mebibyte / 8, Value(1))).ends_with("\n    1\n)"));
+}
+
 TEST(Value, DescribesWhatIsMissing) {
     const Value* missing = nullptr;
     EXPECT_EQ(description(missing), "(null)");
