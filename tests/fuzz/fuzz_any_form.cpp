@@ -29,8 +29,10 @@ std::string wide(std::string_view text, std::size_t size, bool isBigEndian) {
 
 void fuzzAnyForm(std::string_view input) {
     const auto value = readTwice(readPropertyList, input);
-    if (value)
+    if (value) {
         requireXmlHolds(*value);
+        requireBinaryHolds(*value);
+    }
     // A header could name an encoding, a binary file is no text, and the readers stop at a NUL in
     // one form and not in the other.
     const bool isPlain = isAscii(input) && !input.empty() &&

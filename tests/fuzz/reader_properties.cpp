@@ -1,11 +1,14 @@
 #include "tests/fuzz/reader_properties.h"
 
 #include "core/named_error.h"
+#include "plist/binary_reader.h"
 #include "plist/limits.h"
 #include "plist/property_list_reader.h"
+#include "plist/text_encoding.h"
 #include "plist/written_scalars.h"
 #include "plist/xml_writer.h"
 #include "tests/fuzz/fuzz_target.h"
+#include "tests/plist/binary_file.h"
 #include "tests/plist/value_notation.h"
 
 #include <algorithm>
@@ -26,6 +29,18 @@ std::size_t depthOf(const Value& value) {
     else
         return 0;
     return inner + 1;
+}
+
+bool holdsUtf8(const Value& value) {
+    if (const auto* text = value.string())
+        return isValidUtf8(*text);
+    if (const auto* array = value.array())
+        return std::ranges::all_of(*array, holdsUtf8);
+    if (const auto* dictionary = value.dictionary())
+        return std::ranges::all_of(*dictionary, [](const auto& entry) {
+            return isValidUtf8(entry.first) && holdsUtf8(entry.second);
+        });
+    return true;
 }
 
 bool isWritable(const Value& value) {
@@ -86,8 +101,16 @@ std::optional<Value> readTwice(Value (*reader)(std::string_view), std::string_vi
     if (first.value) {
         require(isSame(*first.value, *second.value), "reading again gives the same value");
         require(depthOf(*first.value) <= maximumPlistDepth, "a value nests within the limit");
+        require(holdsUtf8(*first.value), "every text of a value is valid UTF-8");
     }
     return std::move(first.value);
+}
+
+void requireBinaryHolds(const Value& value) {
+    if (!value.dictionary() && !value.array())
+        return;
+    const auto again = readTwice(readBinaryPlist, binaryPlist(value));
+    require(again && isSame(*again, value), "a value written in binary reads as the same");
 }
 
 void requireXmlHolds(const Value& value) {
