@@ -29,6 +29,13 @@ void* operator new(std::size_t size) {
     return header + 1;
 }
 
+// The sanitizers have one of their own, whose memory the operator below could not free.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
+    return operator new(size);
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
+
 void operator delete(void* memory) noexcept {
     if (!memory)
         return;
@@ -38,6 +45,7 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+void operator delete(void* memory, const std::nothrow_t&) noexcept { operator delete(memory); }
 
 namespace frimbolate::test {
 
