@@ -10,6 +10,7 @@
 #include "tests/widgets/offscreen_screens.h"
 #include "widgets/drawer/drawer_panel.h"
 #include "widgets/pages/agents_page.h"
+#include "widgets/panels/panel_dialog.h"
 #include "widgets/style/install.h"
 
 #include <QApplication>
