@@ -14,16 +14,14 @@ from pathlib import Path
 # The programs of googletest, the one of the lowest module first. The window comes last, since its
 # tests take longest.
 SUITES = ("core_test", "plist_test", "posix_test", "settings_test", "operations_test", "ui_test",
-          "cli_test", "qt_test", "widgets_test")
+          "cli_test", "fuzz_corpus_test", "qt_test", "widgets_test")
 QUICK = SUITES[:-2]
 # The trash depends on the mounted file systems, which the folder of a mutant is one of.
 LEFT_OUT = {"qt_test": "*Trash*"}
 # Tests that run another program: its target, and a part of the name in ctest.
 OTHERS = (("frimbolate", "cli.terminal"), ("property_list_tool", "posix.interop"),
-          ("plist_dump", "plist.interop"), ("replay_plist_xml", "plist.replay_xml"),
-          ("replay_plist_old_style", "plist.replay_old_style"),
-          ("replay_plist_any_form", "plist.replay_any_form"))
-TARGETS = (*SUITES, *(target for target, _ in OTHERS))
+          ("plist_dump", "plist.interop"), ("plist_dump", "plist.differential"))
+TARGETS = tuple(dict.fromkeys((*SUITES, *(target for target, _ in OTHERS))))
 MEMORY = 8 << 30  # bytes of address space: a mutant that asks for more is caught
 
 
