@@ -7,6 +7,35 @@
 
 namespace frimbolate {
 
+namespace {
+
+char withCaseChanged(char c) {
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return isLetter ? static_cast<char>(c ^ 0x20) : c;
+}
+
+/// Whether a key begins with the prefix and differs from the name in the case of letters only,
+/// where the prefix is that of the name in any case. Follows the sorted keys letter by letter, as
+/// an agent may have a million of them. Leaves the prefix as it was.
+bool hasCaseVariant(const Dictionary& keys, std::string_view name, std::string& prefix) {
+    const auto found = keys.lower_bound(prefix);
+    if (found == keys.end() || !found->first.starts_with(prefix))
+        return false;
+    if (prefix.size() == name.size())
+        return found->first == prefix && prefix != name;
+    const char c = name[prefix.size()];
+    for (const char next : {c, withCaseChanged(c)}) {
+        prefix.push_back(next);
+        const bool isFound = hasCaseVariant(keys, name, prefix);
+        prefix.pop_back();
+        if (isFound)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 const std::string* CheckedAgent::string(std::string_view key) const {
     const auto* value = find(keys, key);
     return value ? value->string() : nullptr;
@@ -33,9 +62,8 @@ bool CheckedAgent::isSet(std::string_view key) const {
 }
 
 bool CheckedAgent::hasInAnotherCase(std::string_view key) const {
-    return std::any_of(keys.begin(), keys.end(), [key](const auto& entry) {
-        return entry.first != key && areEqualWithoutCase(entry.first, key);
-    });
+    std::string prefix;
+    return hasCaseVariant(keys, key, prefix);
 }
 
 PathState CheckedAgent::pathState(std::string_view path) const {

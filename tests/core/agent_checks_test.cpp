@@ -33,6 +33,25 @@ TEST_P(AgentChecks, FindExactlyWhatIsWrong) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, AgentChecks, testing::ValuesIn(checkRows()), NamedAfterRow());
 
+TEST(AgentCheckNames, CountInAnotherCaseOfTheirLetters) {
+    const auto rules = [](const char* label, const char* program) {
+        std::set<std::string> found;
+        const Dictionary keys = {{label, "a"}, {program, Array{"/bin/ls"}}, {"Lab", 1}, {"p", 1}};
+        for (const auto& finding : checkAgent(keys))
+            found.insert(finding.rule);
+        return found;
+    };
+    using testing::Not;
+    for (const char* name : {"label", "LABEL", "LaBeL"})
+        EXPECT_THAT(rules(name, "Program"), Not(Contains("label-missing"))) << name;
+    for (const char* name : {"Labe", "Labels", "labels", "Labem", "\x2c\x61\x62\x65\x6c"})
+        EXPECT_THAT(rules(name, "Program"), Contains("label-missing")) << name;
+    for (const char* name : {"programarguments", "PROGRAMArguments", "bundleprogram", "PROGRAM"})
+        EXPECT_THAT(rules("Label", name), Not(Contains("no-program"))) << name;
+    for (const char* name : {"ProgramArgument", "programs", "undleProgram"})
+        EXPECT_THAT(rules("Label", name), Contains("no-program")) << name;
+}
+
 TEST(AgentCheckRows, AreOverTwoHundredDifferentAgents) {
     std::vector<std::pair<Value, std::string>> different;
     for (const auto& row : checkRows()) {
