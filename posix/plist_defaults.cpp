@@ -4,6 +4,7 @@
 #include "plist/xml_writer.h"
 #include "posix/property_list_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -113,8 +114,10 @@ void PlistDefaults::remove(std::string_view key) {
 
 std::vector<std::string> PlistDefaults::keys() {
     auto file = readPropertyListFile(path_);
-    if (file.condition == FileCondition::read)
+    if (file.condition == FileCondition::read) {
         stored_ = std::move(file.dictionary);
+        readBytes_.clear();
+    }
     std::vector<std::string> result;
     for (const auto& [key, value] : current())
         result.push_back(key);
@@ -122,8 +125,14 @@ std::vector<std::string> PlistDefaults::keys() {
 }
 
 void PlistDefaults::synchronize() {
-    if (update(readPropertyListFile(path_)))
+    if (update(readFile()))
         change();
+}
+
+/// A file with the bytes that the known values were read from is not parsed again: that would take
+/// most of the time of a change.
+PropertyListFile PlistDefaults::readFile() {
+    return readChangedPropertyListFile(path_, readBytes_);
 }
 
 Dictionary PlistDefaults::current() const {
@@ -137,12 +146,34 @@ Dictionary PlistDefaults::current() const {
     return result;
 }
 
+/// Whether a pending change is not in the known values.
+bool PlistDefaults::hasChanges() const {
+    return std::ranges::any_of(pending_, [this](const auto& change) {
+        const Value* stored = find(stored_, change.first);
+        return change.second ? !stored || *stored != *change.second : stored != nullptr;
+    });
+}
+
+/// Exchanges the pending changes and the known values of their keys. A second call undoes it.
+void PlistDefaults::swapPending() {
+    for (auto& [key, value] : pending_) {
+        std::optional<Value> before;
+        if (auto node = stored_.extract(key))
+            before = std::move(node.mapped());
+        if (value)
+            stored_.emplace(key, std::move(*value));
+        value = std::move(before);
+    }
+}
+
 /// Updates the known values from the file. Returns whether the file must be written.
 bool PlistDefaults::update(PropertyListFile file) {
     switch (file.condition) {
-    case FileCondition::read: {
+    case FileCondition::read:
         stored_ = std::move(file.dictionary);
-        const bool differs = current() != stored_;
+        [[fallthrough]];
+    case FileCondition::unchanged: {
+        const bool differs = hasChanges();
         if (!differs)
             clearPending();
         return differs;
@@ -171,7 +202,7 @@ void PlistDefaults::change() {
     if (!waits_)
         return logOnce("Could not write the preferences " + path_ + ": another program holds " +
                        lockPath);
-    auto file = readPropertyListFile(path_);
+    auto file = readFile();
     const bool isMissing = file.condition == FileCondition::missing && !stored_.empty();
     if (file.condition == FileCondition::damaged) {
         if (!renameDamagedFile(file.reason))
@@ -200,18 +231,22 @@ bool PlistDefaults::renameDamagedFile(const std::string& reason) {
 }
 
 bool PlistDefaults::write() {
-    Dictionary merged = current();
     std::optional<std::string> problem;
+    swapPending();
     try {
-        problem = writePropertyListFile(path_, merged, 0600);
+        problem = writePropertyListFile(path_, stored_, 0600);
     } catch (const NamedError& error) {
         problem = error.reason();
+    } catch (...) {
+        swapPending();
+        throw;
     }
     if (problem) {
+        swapPending();
         logOnce("Could not write the preferences " + path_ + ": " + *problem);
         return false;
     }
-    stored_ = std::move(merged);
+    readBytes_.clear();
     clearPending();
     return true;
 }

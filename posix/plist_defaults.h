@@ -39,7 +39,10 @@ class PlistDefaults : public Defaults {
     void synchronize() override;
 
   private:
+    PropertyListFile readFile();
     bool update(PropertyListFile file);
+    bool hasChanges() const;
+    void swapPending();
     void change();
     bool renameDamagedFile(const std::string& reason);
     bool write();
@@ -52,7 +55,8 @@ class PlistDefaults : public Defaults {
     FileLock::Patience patience_;
     bool waits_ = true; ///< for the lock
     bool loggedNoLock_ = false;
-    Dictionary stored_; ///< as last read from or written to the disk
+    Dictionary stored_;     ///< as last read from or written to the disk
+    std::string readBytes_; ///< of the file that stored_ was read from; else empty
     /// Changes that are not on the disk yet; nothing marks a key to be removed.
     std::map<std::string, std::optional<Value>, std::less<>> pending_;
     std::string lastLoggedError_;

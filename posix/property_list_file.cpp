@@ -51,7 +51,8 @@ PropertyListFile parsed(const std::string& bytes) {
     }
 }
 
-PropertyListFile contentOf(int file, const struct stat& status, std::string* content) {
+PropertyListFile contentOf(int file, const struct stat& status, std::string* content,
+                           const std::string& known) {
     if (!S_ISREG(status.st_mode))
         return refused(FileCondition::inaccessible, "it is not a regular file");
     if (static_cast<std::uint64_t>(status.st_size) > maximumPlistBytes)
@@ -64,15 +65,16 @@ PropertyListFile contentOf(int file, const struct stat& status, std::string* con
     // Half of a file is not a damaged one, which the caller may set aside.
     if (bytes->size() < static_cast<std::uint64_t>(status.st_size))
         return refused(FileCondition::inaccessible, "it became shorter while it was read");
+    if (!known.empty() && *bytes == known)
+        return refused(FileCondition::unchanged, {});
     PropertyListFile result = parsed(*bytes);
     if (content)
         *content = std::move(*bytes);
     return result;
 }
 
-} // namespace
-
-PropertyListFile readPropertyListFile(const std::string& path, std::string* bytes) {
+PropertyListFile readFileUnless(const std::string& known, const std::string& path,
+                                std::string* bytes) {
     if (path.find('\0') != std::string::npos)
         return refused(FileCondition::missing, "its path holds a NUL");
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
@@ -82,10 +84,26 @@ PropertyListFile readPropertyListFile(const std::string& path, std::string* byte
     struct stat status {};
     if (::fstat(file.number(), &status) != 0)
         return refused(FileCondition::inaccessible, errnoMessage());
-    PropertyListFile result = contentOf(file.number(), status, bytes);
+    PropertyListFile result = contentOf(file.number(), status, bytes, known);
     result.mode = status.st_mode & 07777;
     result.owner = status.st_uid;
     return result;
+}
+
+} // namespace
+
+PropertyListFile readPropertyListFile(const std::string& path, std::string* bytes) {
+    return readFileUnless({}, path, bytes);
+}
+
+PropertyListFile readChangedPropertyListFile(const std::string& path, std::string& known) {
+    std::string bytes;
+    PropertyListFile file = readFileUnless(known, path, &bytes);
+    if (file.condition == FileCondition::read)
+        known = std::move(bytes);
+    else if (file.condition != FileCondition::unchanged)
+        known.clear();
+    return file;
 }
 
 std::optional<std::string> writePropertyListFile(const std::string& path,

@@ -13,7 +13,8 @@ enum class FileCondition {
     read,         ///< the dictionary was read
     missing,      ///< there is no file
     inaccessible, ///< not a regular file, no permission, or an error of the disk
-    damaged       ///< the content is no readable dictionary, or too large
+    damaged,      ///< the content is no readable dictionary, or too large
+    unchanged     ///< has the bytes of the file that was read before
 };
 
 struct PropertyListFile {
@@ -28,6 +29,11 @@ struct PropertyListFile {
 /// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.
 /// \param bytes receives the content of the file where it was read, whether damaged or not
 PropertyListFile readPropertyListFile(const std::string& path, std::string* bytes = nullptr);
+
+/// The same, but does not parse a file that has the known bytes: it is unchanged.
+/// \param known not empty where a file was read before; receives the bytes of a file that is read,
+///        and is empty where it was not
+PropertyListFile readChangedPropertyListFile(const std::string& path, std::string& known);
 
 /// Writes an XML property list atomically (see atomic_file.h, for the modes too).
 /// \returns nothing, or why the file is unchanged

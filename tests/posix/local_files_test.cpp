@@ -44,6 +44,24 @@ class LocalFilesTest : public testing::Test {
     const Dictionary agent = {{"Label", "x"}, {"Nice", -5}};
 };
 
+TEST_F(LocalFilesTest, ParsesOnlyAFileThatHasOtherBytes) {
+    std::string known;
+    const auto condition = [&] { return readChangedPropertyListFile(file, known).condition; };
+    EXPECT_EQ(condition(), FileCondition::missing);
+    writeBytes(file, "{a = 1;}");
+    EXPECT_EQ(condition(), FileCondition::read);
+    EXPECT_EQ(known, "{a = 1;}");
+    EXPECT_EQ(condition(), FileCondition::unchanged);
+    writeBytes(file, "{a = 2;}");
+    EXPECT_EQ(readChangedPropertyListFile(file, known).dictionary, (Dictionary{{"a", "2"}}));
+    for (const char* damaged : {"{a = 3;", ""}) {
+        writeBytes(file, damaged);
+        EXPECT_EQ(condition(), FileCondition::damaged);
+        EXPECT_EQ(condition(), FileCondition::damaged);
+        EXPECT_EQ(known, "");
+    }
+}
+
 TEST_F(LocalFilesTest, ReadsEveryForm) {
     writeBytes(file, xmlPropertyList(agent));
     EXPECT_EQ(files.readDictionary(file), agent);

@@ -70,6 +70,30 @@ TEST_F(PlistDefaultsTest, TwoInstancesKeepEachOthersChanges) {
     EXPECT_EQ(second.object("b"), std::nullopt);
 }
 
+TEST_F(PlistDefaultsTest, SeesAChangeThatLeavesTheSizeAndTheTime) {
+    PlistDefaults defaults(path, log);
+    defaults.set("a", 1);
+    defaults.synchronize();
+    const auto time = std::filesystem::last_write_time(path);
+    writeBytes(path, xmlPropertyList({{"a", 2}}));
+    std::filesystem::last_write_time(path, time);
+    defaults.set("b", 3);
+    EXPECT_EQ(defaults.object("a"), Value(2));
+    EXPECT_EQ(onDisk(), (Dictionary{{"a", 2}, {"b", 3}}));
+}
+
+TEST_F(PlistDefaultsTest, KeepsItsValuesAlsoWhereTheFileWasNotParsedAgain) {
+    PlistDefaults(path, log).set("a", 1);
+    PlistDefaults defaults(path, log);
+    for (int i = 0; i < 3; ++i) {
+        defaults.synchronize();
+        EXPECT_EQ(defaults.object("a"), Value(1));
+    }
+    defaults.set("b", 2);
+    defaults.remove("a");
+    EXPECT_EQ(onDisk(), (Dictionary{{"b", 2}}));
+}
+
 TEST_F(PlistDefaultsTest, TakesNoValueThatNoFileHolds) {
     PlistDefaults defaults(path, log);
     defaults.set("a", "1");
