@@ -123,7 +123,7 @@ def compared(dump, content):
     return Case(content, *dump.read(content), *read_by_plistlib(content))
 
 
-def examples(dump):
+def test_examples(dump):
     """A line for each difference whose own example does not show it."""
     for row in DIFFERENCES:
         case = compared(dump, row.example)
@@ -131,7 +131,7 @@ def examples(dump):
             yield f"{row.name}: its example shows {name_of(case)!r}: {case}"
 
 
-def unlike(dump):
+def test_alike(dump):
     """A line for each file of ALIKE that is not read alike."""
     for content in ALIKE:
         case = compared(dump, content)
@@ -148,7 +148,7 @@ def main():
     chosen = parser.parse_args()
     sys.setrecursionlimit(10000)  # for the deepest values
     dump = Dump(chosen.dump)
-    failures = [*examples(dump), *unlike(dump)]
+    failures = [*test_examples(dump), *test_alike(dump)]
     counts = collections.Counter(row.name for row in DIFFERENCES)
     agreed = read = 0
     files = Files(dump, chosen.seed)
