@@ -49,10 +49,10 @@ std::vector<Finding> findingsOf(std::string_view text) {
 }
 
 /// A file whose content is no agent, which launchd does not load either.
-AgentSource damaged(const std::string& path, std::string reason, std::string_view text) {
+AgentSource damaged(const std::string& path, std::string reason, std::vector<Finding> findings) {
     AgentSource source;
     source.overview = unreadableOverview(path, reason);
-    source.overview.findings = findingsOf(text);
+    source.overview.findings = std::move(findings);
     source.lines = {takeLine(reason)};
     if (source.overview.findings.empty())
         source.overview.findings = {{"damaged-file", Severity::Refused, "", reason}};
@@ -107,7 +107,8 @@ AgentSource readInput(const CommandLineServices& services) {
     try {
         Value value = readPropertyList(text);
         if (!value.dictionary())
-            return damaged(path, "it holds no dictionary, but: " + std::string(value.kind()), text);
+            return damaged(path, "it holds no dictionary, but: " + std::string(value.kind()),
+                           checkAgent(value));
         CheckContext context;
         context.home = services.home;
         context.pathState = services.pathState;
@@ -132,7 +133,9 @@ AgentSource readAgent(const std::string& path, const CommandLineServices& servic
     std::string text;
     PropertyListFile file = readPropertyListFile(path, &text);
     if (file.condition == FileCondition::damaged)
-        return damaged(path, file.reason, text);
+        // What the reader refused would take it as long again.
+        return damaged(path, file.reason,
+                       file.isOtherValue ? findingsOf(text) : std::vector<Finding>());
     if (file.condition != FileCondition::read)
         return inaccessible(path, file.reason);
     auto context = localCheckContext(path, file, services.home);

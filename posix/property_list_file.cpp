@@ -19,7 +19,10 @@ namespace {
 constexpr const char* tooLarge = "it is over 16 MiB";
 
 PropertyListFile refused(FileCondition condition, std::string reason) {
-    return {condition, {}, std::move(reason)};
+    PropertyListFile file;
+    file.condition = condition;
+    file.reason = std::move(reason);
+    return file;
 }
 
 /// Reads until the end or past the size limit, whatever size the file claims; nothing on an error.
@@ -43,9 +46,13 @@ PropertyListFile parsed(const std::string& bytes) {
     try {
         Value value = readPropertyList(bytes);
         if (auto* dictionary = value.dictionary())
-            return {FileCondition::read, std::move(*dictionary), {}};
-        return refused(FileCondition::damaged,
-                       "it holds no dictionary, but: " + std::string(value.kind()));
+            return {.condition = FileCondition::read,
+                    .dictionary = std::move(*dictionary),
+                    .reason = {}};
+        PropertyListFile other = refused(FileCondition::damaged, "it holds no dictionary, but: " +
+                                                                     std::string(value.kind()));
+        other.isOtherValue = true;
+        return other;
     } catch (const NamedError& error) {
         return refused(FileCondition::damaged, error.reason());
     }

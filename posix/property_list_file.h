@@ -24,6 +24,7 @@ struct PropertyListFile {
                            ///< damaged text it ends with the line, "… (line 12)"
     std::optional<mode_t> mode = {}; ///< permission bits; nothing where no file was opened
     std::optional<uid_t> owner = {};
+    bool isOtherValue = false; ///< damaged only in that it holds a value that is no dictionary
 };
 
 /// Reads a property list of any form that plist/ knows. Does not block on a pipe without a writer.
