@@ -54,6 +54,12 @@ std::string flawOf(const Seen& seen, const std::string& path) {
                : path + " is not written as the program writes";
 }
 
+/// Whether the user was asked, and the step may have been the answer. A save panel takes any name.
+bool wasAskedToReplace(const Seen& seen, const std::string& path) {
+    return seen.session.question.starts_with("\u201c" + lastComponent(path) +
+                                             "\u201d already exists.");
+}
+
 bool isFolder(const StoredFiles& files, const std::string& path) { return files.at(path).isFolder; }
 
 constexpr std::string_view knownSettings[] = {
@@ -101,7 +107,7 @@ constexpr Rule ofFiles[] = {
              if (isFolder(seen.before, path) || !path.ends_with(".plist"))
                  return path + " was removed";
          for (const auto& path : changes.changed)
-             if (!path.ends_with(".plist"))
+             if (!path.ends_with(".plist") && !wasAskedToReplace(seen, path))
                  return path + " was changed";
          return std::string();
      }},

@@ -42,6 +42,8 @@ class Session {
 
     /// Whether the last step has chosen an item of a pop-up, which it may not have reached.
     bool hasChosenItem = false;
+    /// The alert that was shown before the last step; empty for none.
+    std::string question;
 
     /// Ends the program and starts it again.
     void restart();

@@ -1,6 +1,7 @@
 #include "tests/random_user/step.h"
 
 #include "tests/random_user/session.h"
+#include "widgets/sheets/qt_alerts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -208,6 +209,8 @@ void run(Session& session, const Step& step) {
     const auto kinds = allStepKinds();
     const auto row = std::ranges::find(kinds, std::string_view(step.kind), &StepKind::name);
     session.hasChosenItem = false;
+    const auto* alert = session.alert();
+    session.question = alert ? alert->windowTitle().toStdString() : "";
     if (row != kinds.end())
         row->run(session, step.arguments);
 }
