@@ -1,4 +1,5 @@
 // Measures the steps between the form and the file. Run frimbolate_bench of an optimised build.
+#include "bench/full_form.h"
 #include "core/agent_plist.h"
 #include "core/finding_hints.h"
 #include "core/form_summary.h"
@@ -12,26 +13,6 @@
 namespace frimbolate {
 
 namespace {
-
-AgentForm fullForm() {
-    AgentForm form;
-    form.name = "Backup";
-    form.targetType = TargetType::File;
-    form.targetPath = "/Users/ada/bin/backup.sh";
-    form.action = AgentAction::KeepRunning;
-    form.scheduleType = ScheduleType::OnceAMonth;
-    form.dayOfMonthText = "31";
-    form.scheduleTime.hour = 7;
-    form.allowSuccessfulExit = true;
-    form.niceLevel = 5;
-    form.standardOutPath = "/Users/ada/Library/Logs/backup.log";
-    form.standardErrorPath = form.standardOutPath;
-    form.workingDirectory = "/Users/ada";
-    form.queueDirectory = "/Users/ada/Queue";
-    form.alsoRunOnPathChange = true;
-    form.alsoRunPath = "/Users/ada/Pictures";
-    return form;
-}
 
 void validateForm(benchmark::State& state) {
     const auto form = fullForm();

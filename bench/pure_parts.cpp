@@ -1,5 +1,6 @@
 #include "bench/pure_parts.h"
 
+#include "bench/full_form.h"
 #include "core/agent_overview.h"
 #include "core/agent_plist.h"
 #include "core/agent_reader.h"
@@ -57,26 +58,6 @@ Dictionary makeAgent() {
         {"WatchPaths", Array{Value("/Users/ada/Pictures"), Value("/Users/ada/B\u00fccher")}},
         {"WorkingDirectory", "/Users/ada"},
     };
-}
-
-AgentForm makeForm() {
-    AgentForm form;
-    form.name = "Backup";
-    form.targetType = TargetType::File;
-    form.targetPath = "/Users/ada/bin/backup.sh";
-    form.action = AgentAction::KeepRunning;
-    form.scheduleType = ScheduleType::OnceAMonth;
-    form.dayOfMonthText = "31";
-    form.scheduleTime.hour = 7;
-    form.allowSuccessfulExit = true;
-    form.niceLevel = 5;
-    form.standardOutPath = "/Users/ada/Library/Logs/backup.log";
-    form.standardErrorPath = form.standardOutPath;
-    form.workingDirectory = "/Users/ada";
-    form.queueDirectory = "/Users/ada/Queue";
-    form.alsoRunOnPathChange = true;
-    form.alsoRunPath = "/Users/ada/Pictures";
-    return form;
 }
 
 /// An editor that holds a form and answers nothing.
@@ -148,7 +129,7 @@ const std::string& benchedBinary() {
 }
 
 std::vector<PurePart> pureParts() {
-    static const AgentForm form = makeForm();
+    static const AgentForm form = fullForm();
     static const Faults faults = validate(form);
     static const CheckContext context = contextOf(path);
     return {
